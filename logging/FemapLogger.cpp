@@ -1,0 +1,140 @@
+#include "logging/FemapLogger.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace logging
+{
+
+namespace
+{
+
+constexpr std::string_view defaultFileName = "VelmarFemapInterfaceLog.log";
+constexpr std::string_view folderWord = "korva";
+
+// Which levels of the run let a message pass. The order is the product's own: "ALWAYS" is the
+// most talkative setting and "ERROR" messages show only there.
+struct Passing
+{
+    std::string_view message;
+    std::array<std::string_view, 5> configured;
+};
+
+// clang-format off
+constexpr Passing passing[] = {
+    {"ALWAYS", {"ALWAYS", "INFO", "DEBUG", "WARN", "ERROR"}},
+    {"INFO",   {"ALWAYS", "INFO", "DEBUG", "WARN", "ERROR"}},
+    {"DEBUG",  {"ALWAYS",         "DEBUG", "WARN", "ERROR"}},
+    {"WARN",   {"ALWAYS",                  "WARN", "ERROR"}},
+};
+constexpr std::array<std::string_view, 1> passingOtherwise = {"ALWAYS"};
+// clang-format on
+
+template <class Words>
+bool holds(const Words& words, std::string_view word)
+{
+    return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+}  // namespace
+
+FemapLogger::~FemapLogger()
+{
+    PendingError ignored;  // nobody is left to be told
+    ignored.attempt([&] { DeinitialiseLogger(); });
+}
+
+void FemapLogger::InitialiseLogger(std::string& strlogfilename, std::string& strlogleval)
+{
+    LogLevel_always = "ALWAYS";
+    LogLevel_info = "INFO";
+    LogLevel_debug = "DEBUG";
+    LogLevel_warning = "WARN";
+    LogLevel_error = "ERROR";
+    LogLevel_nothing = "NOTHING";
+
+    const std::array<std::string_view, 5> known = {LogLevel_info, LogLevel_always, LogLevel_debug,
+                                                   LogLevel_warning, LogLevel_error};
+    if (!holds(known, strlogleval))
+        strlogleval = LogLevel_nothing;
+    DeinitialiseLogger();
+    if (strlogleval == LogLevel_nothing)
+        return;
+
+    configuredLevel_ = strlogleval;
+    if (strlogfilename.empty())
+        strlogfilename = defaultFileName;
+    path_ = PrepareLogFolder(ChooseTempFolder()) + pathSeparator + strlogfilename;
+    file_ = std::make_unique<LineWriter>(system_.files.create(path_), system_.codePage);
+}
+
+std::string FemapLogger::writeLog(std::string_view msgtolog)
+{
+    if (IsInitialised())
+        file_->line(configuredLevel_ + ": " + std::string(msgtolog));
+    return {};
+}
+
+void FemapLogger::writeLogWithLevel(std::string_view level, std::string_view msgtolog)
+{
+    if (!lets(level))
+        return;
+    std::string line;
+    line.reserve(level.size() + 2 + msgtolog.size());
+    line.append(level).append(": ").append(msgtolog);
+    file_->line(line);
+}
+
+void FemapLogger::writeLoghighlighted(std::string_view msgtolog)
+{
+    if (!IsInitialised())
+        return;
+    const std::string rule(70, '-');
+    file_->line(rule);
+    file_->line(msgtolog);
+    file_->line(rule);
+}
+
+void FemapLogger::flush()
+{
+    if (IsInitialised())
+        file_->flush();
+}
+
+void FemapLogger::DeinitialiseLogger()
+{
+    if (!IsInitialised())
+        return;
+    const std::unique_ptr<LineWriter> file = std::move(file_);
+    file->close();
+}
+
+bool FemapLogger::lets(std::string_view level) const
+{
+    if (!IsInitialised())
+        return false;
+    for (const Passing& row : passing)
+        if (row.message == level)
+            return holds(row.configured, configuredLevel_);
+    return holds(passingOtherwise, configuredLevel_);
+}
+
+std::string FemapLogger::ChooseTempFolder() const
+{
+    std::string folder = system_.environment("TEMP");
+    if (folder.empty())
+        folder = system_.environment("TMP");
+    return folder;
+}
+
+// Creates one level only; the temporary folder itself must be there.
+std::string FemapLogger::PrepareLogFolder(const std::string& temporaryFolder)
+{
+    std::string folder = temporaryFolder + pathSeparator + std::string(folderWord);
+    if (!system_.files.folderExists(folder))
+        system_.files.createFolder(folder);
+    return folder;
+}
+
+}  // namespace logging

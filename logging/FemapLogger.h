@@ -1,0 +1,68 @@
+#pragma once
+
+#include "logging/LineWriter.h"
+#include "logging/PendingError.h"
+#include "logging/System.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace logging
+{
+
+/// The log file of one run. Does nothing until it is initialised, and nothing when the level
+/// is none of the level words. A file that can no longer be written raises RuntimeError once; then
+/// the log is off, so that a full disk does not stop the form.
+class FemapLogger
+{
+public:
+    explicit FemapLogger(System& system) : system_(system) {}
+    ~FemapLogger();
+    FemapLogger(const FemapLogger&) = delete;
+    FemapLogger& operator=(const FemapLogger&) = delete;
+
+    // The level words; empty before InitialiseLogger.
+    std::string LogLevel_always;
+    std::string LogLevel_info;
+    std::string LogLevel_debug;
+    std::string LogLevel_warning;
+    std::string LogLevel_error;
+    std::string LogLevel_nothing;
+
+    /// Opens the log file under the temporary folder, emptying the one of the run before.
+    /// Changes an unknown level to "NOTHING" and an empty file name to the default name.
+    /// Raises RuntimeError when the folder or the file cannot be created; then nothing is logged.
+    void InitialiseLogger(std::string& strlogfilename, std::string& strlogleval);
+
+    /// Always writes, after the level word of the run. Returns an empty text.
+    std::string writeLog(std::string_view msgtolog);
+    /// Writes when the level of the run lets this level pass.
+    void writeLogWithLevel(std::string_view level, std::string_view msgtolog);
+    /// Writes the message between two rules, without a level word.
+    void writeLoghighlighted(std::string_view msgtolog);
+
+    /// Brings the lines so far into the file, for those who read it while the run goes on.
+    void flush();
+
+    /// Closes the file; safe when none is open.
+    void DeinitialiseLogger();
+
+    /// Whether a message of that level would be written now.
+    bool lets(std::string_view level) const;
+
+    /// Full path of the log file; empty while no file is open.
+    std::string path() const { return IsInitialised() ? path_ : std::string(); }
+
+private:
+    std::string ChooseTempFolder() const;
+    std::string PrepareLogFolder(const std::string& temporaryFolder);
+    bool IsInitialised() const { return file_ != nullptr && file_->isOpen(); }
+
+    System& system_;
+    std::string configuredLevel_;
+    std::string path_;
+    std::unique_ptr<LineWriter> file_;
+};
+
+}  // namespace logging

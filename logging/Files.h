@@ -1,0 +1,63 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace logging
+{
+
+/// A file that is open for writing. Closing is an operation of its own because it can fail;
+/// destroying an open one closes it without a word.
+class OutputFile
+{
+public:
+    virtual ~OutputFile() = default;
+
+    /// Each raises RuntimeError (FileError) with the path and the system's reason.
+    virtual void write(std::string_view bytes) = 0;
+    /// Brings everything written so far onto the disk.
+    virtual void flush() = 0;
+    virtual void close() = 0;
+};
+
+/// The disk. Paths are UTF-8; contents are bytes.
+class Files
+{
+public:
+    virtual ~Files() = default;
+
+    virtual bool folderExists(const std::string& path) = 0;
+    /// One level only. Raises RuntimeError when the folder cannot be created.
+    virtual void createFolder(const std::string& path) = 0;
+
+    /// Creates the file or empties the one that is there. Raises RuntimeError.
+    virtual std::unique_ptr<OutputFile> create(const std::string& path) = 0;
+    /// The whole content. Raises RuntimeError (FileNotFound, FileError).
+    virtual std::string read(const std::string& path) = 0;
+    /// Puts a file in the place of another in one step. Raises RuntimeError.
+    virtual void replace(const std::string& path, const std::string& by) = 0;
+    /// No error when there is no such file.
+    virtual void remove(const std::string& path) = 0;
+};
+
+/// The real disk.
+class DiskFiles : public Files
+{
+public:
+    bool folderExists(const std::string& path) override;
+    void createFolder(const std::string& path) override;
+    std::unique_ptr<OutputFile> create(const std::string& path) override;
+    std::string read(const std::string& path) override;
+    void replace(const std::string& path, const std::string& by) override;
+    void remove(const std::string& path) override;
+};
+
+/// The character between the parts of a path on this platform.
+#ifdef _WIN32
+constexpr char pathSeparator = '\\';
+#else
+constexpr char pathSeparator = '/';
+#endif
+
+}  // namespace logging

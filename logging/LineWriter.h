@@ -1,0 +1,47 @@
+#pragma once
+
+#include "logging/CodePage.h"
+#include "logging/Files.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace logging
+{
+
+/// Writes lines of text into an open file: 8-bit, each ended by CR LF, gathered into large pieces.
+/// The first operation that fails closes the file for good, so that no file with a hole in it can
+/// be taken for a complete one; what is asked of it afterwards raises again.
+class LineWriter
+{
+public:
+    LineWriter(std::unique_ptr<OutputFile> file, const CodePage& codePage);
+
+    /// One line. Raises RuntimeError when the file cannot take it.
+    void line(std::string_view text);
+
+    void flush();
+    void close();
+    /// Gives up: closes the file without writing what was gathered. Never fails.
+    void discard() { file_.reset(); }
+
+    bool isOpen() const { return file_ != nullptr; }
+
+    /// The number of the first line, counted from 1, that held a character which the code page
+    /// lacks; 0 while there is none.
+    std::size_t firstLossyLine() const { return firstLossyLine_; }
+
+private:
+    // Takes the file out of file_; only an operation that succeeds puts it back.
+    std::unique_ptr<OutputFile> drainedFile();
+
+    std::unique_ptr<OutputFile> file_;
+    const CodePage& codePage_;
+    std::string buffer_;
+    std::size_t lines_ = 0;
+    std::size_t firstLossyLine_ = 0;
+};
+
+}  // namespace logging

@@ -1,0 +1,92 @@
+#include "fake/MemoryFiles.h"
+
+#include "logging/RuntimeError.h"
+
+namespace fake
+{
+
+using logging::ErrorNumber;
+using logging::RuntimeError;
+
+namespace
+{
+
+class MemoryOutputFile : public logging::OutputFile
+{
+public:
+    MemoryOutputFile(MemoryFiles& files, std::string path) : files_(files), path_(std::move(path))
+    {}
+
+    void write(std::string_view bytes) override
+    {
+        std::string& content = files_.contents[path_];
+        const std::size_t before = content.size();
+        content.append(bytes.substr(0, bytes.size() / 2));
+        files_.step(path_);
+        content.resize(before);
+        content.append(bytes);
+    }
+    void flush() override { files_.step(path_); }
+    void close() override { files_.step(path_); }
+
+private:
+    MemoryFiles& files_;
+    std::string path_;
+};
+
+std::string folderOf(const std::string& path)
+{
+    return path.substr(0, path.rfind(logging::pathSeparator));
+}
+
+}  // namespace
+
+bool MemoryFiles::folderExists(const std::string& path)
+{
+    return !missingFolders.contains(path);
+}
+
+void MemoryFiles::createFolder(const std::string& path)
+{
+    if (missingFolders.contains(folderOf(path)))
+        throw RuntimeError(ErrorNumber::PathNotFound, path + " could not be created");
+    missingFolders.erase(path);
+    createdFolders.push_back(path);
+}
+
+std::unique_ptr<logging::OutputFile> MemoryFiles::create(const std::string& path)
+{
+    step(path);
+    if (missingFolders.contains(folderOf(path)))
+        throw RuntimeError(ErrorNumber::FileError, path + " could not be created");
+    contents[path].clear();
+    return std::make_unique<MemoryOutputFile>(*this, path);
+}
+
+std::string MemoryFiles::read(const std::string& path)
+{
+    const auto place = contents.find(path);
+    if (place == contents.end())
+        throw RuntimeError(ErrorNumber::FileNotFound, path + " could not be opened");
+    return place->second;
+}
+
+void MemoryFiles::replace(const std::string& path, const std::string& by)
+{
+    step(path);
+    contents[path] = contents.at(by);
+    contents.erase(by);
+}
+
+void MemoryFiles::remove(const std::string& path)
+{
+    contents.erase(path);
+}
+
+void MemoryFiles::step(const std::string& path)
+{
+    if (++operations == failingOperation)
+        throw RuntimeError(ErrorNumber::FileError, path + " could not be written: " + failure);
+}
+
+}  // namespace fake

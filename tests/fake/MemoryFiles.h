@@ -1,0 +1,39 @@
+#pragma once
+
+#include "logging/Files.h"
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace fake
+{
+
+/// A disk in memory. Every folder exists unless it is in missingFolders; an operation can be told
+/// to fail.
+class MemoryFiles : public logging::Files
+{
+public:
+    std::map<std::string, std::string> contents;  // by path
+    std::set<std::string> missingFolders;
+    std::vector<std::string> createdFolders;
+
+    /// The number of the operation (create, write, flush, close, replace), counted from 1, that
+    /// fails; 0: none. A write fails after half of its bytes.
+    int failingOperation = 0;
+    int operations = 0;
+    std::string failure = "No space left on device";
+
+    bool folderExists(const std::string& path) override;
+    void createFolder(const std::string& path) override;
+    std::unique_ptr<logging::OutputFile> create(const std::string& path) override;
+    std::string read(const std::string& path) override;
+    void replace(const std::string& path, const std::string& by) override;
+    void remove(const std::string& path) override;
+
+    /// Counts an operation and raises when it is the one that fails.
+    void step(const std::string& path);
+};
+
+}  // namespace fake

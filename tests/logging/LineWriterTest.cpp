@@ -1,0 +1,151 @@
+#include "fake/MemoryFiles.h"
+#include "logging/LineWriter.h"
+#include "logging/RuntimeError.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+using logging::LineWriter;
+using logging::RuntimeError;
+
+namespace
+{
+
+class LineWriterTest : public testing::Test
+{
+protected:
+    LineWriter writer() { return {files.create("/out"), logging::windows1252()}; }
+    const std::string& content() { return files.contents.at("/out"); }
+
+    fake::MemoryFiles files;
+};
+
+TEST_F(LineWriterTest, EndsEveryLineWithCarriageReturnAndLineFeed)
+{
+    LineWriter lines = writer();
+
+    lines.line("one");
+    lines.line("");
+    lines.line(" two ");
+    lines.close();
+
+    EXPECT_EQ(content(), "one\r\n\r\n two \r\n");
+}
+
+TEST_F(LineWriterTest, LeavesAnEmptyFileWhenNothingWasWritten)
+{
+    LineWriter lines = writer();
+
+    lines.close();
+
+    EXPECT_EQ(content(), "");
+    EXPECT_FALSE(lines.isOpen());
+}
+
+TEST_F(LineWriterTest, BringsTheLinesSoFarIntoTheFileWhenFlushed)
+{
+    LineWriter lines = writer();
+    lines.line("one");
+    const std::string before = content();
+
+    lines.flush();
+    const std::string flushed = content();
+    lines.line("two");
+    lines.close();
+
+    EXPECT_EQ(before, "");
+    EXPECT_EQ(flushed, "one\r\n");
+    EXPECT_EQ(content(), "one\r\ntwo\r\n");
+}
+
+TEST_F(LineWriterTest, WritesLargeTextInFewPieces)
+{
+    LineWriter lines = writer();
+    const std::string text(98, 'x');
+    std::string expected;
+
+    for (int i = 0; i < 10'000; ++i) {
+        lines.line(text);
+        expected += text + "\r\n";
+    }
+    lines.close();
+
+    EXPECT_EQ(content(), expected);
+    EXPECT_LT(files.operations, 10);
+}
+
+TEST_F(LineWriterTest, KnowsTheFirstLineThatLostACharacter)
+{
+    LineWriter lines = writer();
+
+    lines.line("ä");
+    const std::size_t atFirst = lines.firstLossyLine();
+    lines.line("σ");
+    lines.line("ε");
+
+    EXPECT_EQ(atFirst, 0U);
+    EXPECT_EQ(lines.firstLossyLine(), 2U);
+}
+
+TEST_F(LineWriterTest, DropsWhatWasGatheredWhenDiscarded)
+{
+    LineWriter lines = writer();
+    lines.line("one");
+
+    lines.discard();
+
+    EXPECT_EQ(content(), "");
+    EXPECT_FALSE(lines.isOpen());
+}
+
+TEST_F(LineWriterTest, CannotBeClosedAsIfCompleteAfterAWriteFailed)
+{
+    LineWriter lines = writer();
+    lines.line("one");
+    files.failingOperation = files.operations + 1;
+
+    EXPECT_THROW(lines.flush(), RuntimeError);
+    EXPECT_THROW(lines.flush(), RuntimeError);
+    EXPECT_THROW(lines.close(), RuntimeError);
+
+    EXPECT_FALSE(lines.isOpen());
+}
+
+TEST_F(LineWriterTest, RaisesFromTheLineThatFillsThePieceWhenTheDiskIsFull)
+{
+    LineWriter lines = writer();
+    files.failingOperation = files.operations + 1;
+
+    EXPECT_THROW(lines.line(std::string(1 << 20, 'x')), RuntimeError);
+
+    EXPECT_FALSE(lines.isOpen());
+}
+
+TEST_F(LineWriterTest, RaisesWhenFlushingOrClosingFails)
+{
+    for (const int step : {2, 3}) {
+        LineWriter lines = writer();
+        lines.line("one");
+        files.failingOperation = files.operations + step;
+
+        EXPECT_THROW(
+            {
+                lines.flush();
+                lines.close();
+            },
+            RuntimeError);
+        EXPECT_FALSE(lines.isOpen());
+    }
+}
+
+TEST_F(LineWriterTest, RaisesOnceItIsClosed)
+{
+    LineWriter lines = writer();
+    lines.close();
+
+    EXPECT_THROW(lines.close(), RuntimeError);
+}
+
+}  // namespace
