@@ -1,0 +1,60 @@
+#pragma once
+
+#include "femap/Application.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace femap
+{
+
+/// Hands every call on to another FEMAP; for those who watch or change some of the calls.
+class ForwardingApplication : public Application
+{
+public:
+    explicit ForwardingApplication(std::unique_ptr<Application> real) : real_(std::move(real)) {}
+
+    void feAppVisible(bool visible) override { real_->feAppVisible(visible); }
+    ReturnCode feFileOpen(bool useDialog, const std::string& path) override
+    {
+        return real_->feFileOpen(useDialog, path);
+    }
+    std::string ModelName() override { return real_->ModelName(); }
+    int feAppGetAllModels() override { return real_->feAppGetAllModels(); }
+    int Info_ActiveID(EntityType type) override { return real_->Info_ActiveID(type); }
+    void feAppLock() override { real_->feAppLock(); }
+    void feAppUnlock() override { real_->feAppUnlock(); }
+    void feAppMessage(MessageColour colour, const std::string& text) override
+    {
+        real_->feAppMessage(colour, text);
+    }
+    void feAppStatusShow(bool enable, int maximum) override
+    {
+        real_->feAppStatusShow(enable, maximum);
+    }
+    void feAppStatusUpdate(int current) override { real_->feAppStatusUpdate(current); }
+    int feAppRegisterAddInPane(const AddInPane& pane) override
+    {
+        return real_->feAppRegisterAddInPane(pane);
+    }
+    std::unique_ptr<EntitySet> feSet() override { return real_->feSet(); }
+    std::unique_ptr<Entity> entity(const std::string& word) override { return real_->entity(word); }
+    std::unique_ptr<OutputVector> feOutput() override { return real_->feOutput(); }
+    std::unique_ptr<Function> feFunction() override { return real_->feFunction(); }
+    std::unique_ptr<LoadDefinition> feLoadDefinition() override
+    {
+        return real_->feLoadDefinition();
+    }
+    MassProperties feMeasureMeshMassProp(int elementSet, int coordinateSystem, bool printResults,
+                                         bool printDetails) override
+    {
+        return real_->feMeasureMeshMassProp(elementSet, coordinateSystem, printResults,
+                                            printDetails);
+    }
+
+private:
+    std::unique_ptr<Application> real_;
+};
+
+}  // namespace femap

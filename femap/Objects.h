@@ -1,0 +1,140 @@
+#pragma once
+
+#include "femap/Constants.h"
+#include "femap/Value.h"
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace femap
+{
+
+/// FEMAP ended or can no longer be reached. Not a RuntimeError: no handler carries on without
+/// FEMAP.
+class ConnectionLost : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// Every operation of these objects raises logging::RuntimeError when FEMAP refuses or lacks it and
+// ConnectionLost when FEMAP is gone. A status that FEMAP returns is not an error here: it is handed
+// to the caller.
+
+/// An object whose members are read by name. Names are case-insensitive; an unknown name and an
+/// index that the member lacks raise.
+class MemberObject
+{
+public:
+    virtual ~MemberObject() = default;
+
+    virtual Value member(const std::string& name) = 0;
+    /// The element of an array member, counted from 0.
+    virtual Value member(const std::string& name, int index) = 0;
+};
+
+/// A node, element, property or material ("feNode" …): a place into which FEMAP copies one
+/// entity at a time.
+class Entity : public MemberObject
+{
+public:
+    /// Loads the entity; any code but Ok leaves what was loaded before.
+    virtual ReturnCode Get(int id) = 0;
+    /// The number of the loaded entity's sub-type.
+    virtual int Type() = 0;
+};
+
+/// A sorted set of IDs that FEMAP keeps under an ID of its own.
+class EntitySet
+{
+public:
+    virtual ~EntitySet() = default;
+
+    virtual int ID() = 0;
+    virtual int count() = 0;
+    virtual void Reset() = 0;
+    /// The next ID in ascending order, 0 at the end.
+    virtual int Next() = 0;
+    /// Adds all entities of a kind; output vectors are those of the active output set.
+    virtual ReturnCode AddAll(EntityType type) = 0;
+    /// Becomes a copy of another set.
+    virtual ReturnCode Copy(int setID) = 0;
+    /// Lets the engineer pick entities. The title is shown in FEMAP's dialog.
+    virtual ReturnCode Select(EntityType type, bool clear, const std::string& title) = 0;
+    /// The same with a list of titles; ownerSet is the load or output set the entities live in.
+    virtual ReturnCode SelectMultiID(EntityType type, int ownerSet, const std::string& title) = 0;
+};
+
+/// One vector of results ("feOutput") of the active output set.
+class OutputVector : public MemberObject
+{
+public:
+    virtual ReturnCode Get(int vectorID) = 0;
+    virtual int ID() = 0;
+    virtual std::string Title() = 0;
+    /// The ID in the numbering that sorts vectors by kind (that of FEMAP before 2020.1).
+    virtual int classicID() = 0;
+    /// The value at a node or element. Raises where the vector has none.
+    virtual double Value(int entityID) = 0;
+    virtual double maxval() = 0;
+    virtual double minval() = 0;
+};
+
+struct FunctionPoints
+{
+    std::vector<double> x;
+    std::vector<double> y;  // as many as x
+};
+
+/// A table of X-Y pairs ("feFunction").
+class Function
+{
+public:
+    virtual ~Function() = default;
+
+    /// Lets the engineer pick one function and loads it.
+    virtual ReturnCode SelectID(const std::string& title) = 0;
+    virtual ReturnCode Get(int id) = 0;
+    virtual int ID() = 0;
+    virtual std::string title() = 0;
+    /// The points of the loaded function in FEMAP's order.
+    virtual FunctionPoints GetFunctionList() = 0;
+};
+
+/// A named group of loads ("feLoadDefinition").
+class LoadDefinition
+{
+public:
+    virtual ~LoadDefinition() = default;
+
+    /// Loads the definition from the load set.
+    virtual ReturnCode Get(int loadSet, int id) = 0;
+    virtual std::string title() = 0;
+    virtual int setID() = 0;
+    virtual int ID() = 0;
+    virtual int loadType() = 0;
+    virtual int dataType() = 0;
+    virtual void ResetNextLoad() = 0;
+    /// The next load, whose members follow the data type; nothing at the end.
+    virtual std::unique_ptr<MemberObject> NextLoad() = 0;
+};
+
+/// What FEMAP measures of a set of elements, in model units.
+struct MassProperties
+{
+    double length = 0;
+    double area = 0;
+    double volume = 0;
+    double structuralMass = 0;
+    double nonStructuralMass = 0;
+    double totalMass = 0;
+    std::vector<double> structuralCG = std::vector<double>(3);
+    std::vector<double> nonStructuralCG = std::vector<double>(3);
+    std::vector<double> totalCG = std::vector<double>(3);
+    std::vector<double> inertia = std::vector<double>(6);    // xx, xy, yy, zx, yz, zz at the origin
+    std::vector<double> inertiaCG = std::vector<double>(6);  // the same at the centre of gravity
+};
+
+}  // namespace femap

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+
+namespace femap
+{
+
+/// What a member of a FEMAP object holds: nothing, a boolean, a whole number, a real of single
+/// or double precision, or text (UTF-8).
+using Value = std::variant<std::monostate, bool, std::int64_t, float, double, std::string>;
+
+/// The text that a grid cell shows for the value: "True"/"False", numbers as in NumberText.h,
+/// text with every control character made a blank, empty for nothing.
+std::string toText(const Value& value);
+
+/// Text as FEMAP's titles are read: each control character becomes a blank.
+std::string withoutControlCharacters(std::string text);
+
+}  // namespace femap
