@@ -1,0 +1,231 @@
+#include "femap/embedded/Host.h"
+
+#include "femap/embedded/HostObjects.h"
+#include "femap/embedded/NeutralFile.h"
+#include "logging/CodePage.h"
+#include "logging/Files.h"
+#include "logging/RuntimeError.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace femap::embedded
+{
+
+using logging::ErrorNumber;
+using logging::RuntimeError;
+
+namespace
+{
+
+class HostApplication : public Application
+{
+public:
+    explicit HostApplication(Host& host) : host_(host) {}
+
+    void feAppVisible(bool visible) override { host_.visible = visible; }
+    ReturnCode feFileOpen(bool useDialog, const std::string& path) override
+    {
+        if (useDialog)
+            throw RuntimeError(ErrorNumber::InvalidCall, "The model host has no file dialog");
+        host_.openNeutralFile(path);
+        return ReturnCode::Ok;
+    }
+    std::string ModelName() override
+    {
+        host_.openModel();
+        return host_.modelName;
+    }
+    int feAppGetAllModels() override { return host_.model ? 1 : 0; }
+    int Info_ActiveID(EntityType type) override { return host_.activeID(type); }
+
+    void feAppLock() override { ++host_.lockCount; }
+    void feAppUnlock() override { host_.lockCount = std::max(host_.lockCount - 1, 0); }
+    void feAppMessage(MessageColour colour, const std::string& text) override
+    {
+        host_.messages.push_back({colour, cutToMessage(text)});
+        if (host_.messageShown)
+            host_.messageShown(host_.messages.back());
+    }
+    void feAppStatusShow(bool enable, int maximum) override
+    {
+        host_.statusMaximum = enable ? maximum : 0;
+        host_.statusCurrent = 0;
+    }
+    void feAppStatusUpdate(int current) override { host_.statusCurrent = current; }
+    int feAppRegisterAddInPane(const AddInPane& pane) override
+    {
+        host_.registrations.push_back(pane);
+        return static_cast<int>(ReturnCode::Ok);
+    }
+
+    std::unique_ptr<EntitySet> feSet() override { return std::make_unique<HostSet>(host_); }
+    std::unique_ptr<Entity> entity(const std::string& word) override
+    {
+        return makeEntity(host_, word);
+    }
+    std::unique_ptr<femap::OutputVector> feOutput() override { return makeOutputVector(host_); }
+    std::unique_ptr<femap::Function> feFunction() override { return makeFunction(host_); }
+    std::unique_ptr<femap::LoadDefinition> feLoadDefinition() override
+    {
+        return makeLoadDefinition(host_);
+    }
+
+    MassProperties feMeasureMeshMassProp(int elementSet, int coordinateSystem, bool, bool) override
+    {
+        return host_.measure(elementSet, coordinateSystem);
+    }
+
+private:
+    Host& host_;
+};
+
+std::string fullPathOf(const std::string& path)
+{
+    const std::filesystem::path given = std::u8string(path.begin(), path.end());
+    std::error_code reason;
+    const std::filesystem::path full = std::filesystem::absolute(given, reason);
+    if (reason)  // such as a working folder that was removed
+        throw RuntimeError(ErrorNumber::PathNotFound,
+                           path + " has no full path: " + reason.message());
+    const std::u8string text = full.lexically_normal().u8string();
+    return {text.begin(), text.end()};
+}
+
+/// The row that is named active, the first one while none is; null when there is none.
+template <class Row>
+Row* activeOf(Table<Row>& table, int active)
+{
+    if (active != 0)
+        return table.find(active);
+    return table.empty() ? nullptr : &*table.begin();
+}
+
+template <class Row>
+std::vector<int> definitionIDs(const Row* set)
+{
+    std::vector<int> result;
+    if (set != nullptr)
+        for (const embedded::LoadDefinition& definition : set->definitions)
+            result.push_back(definition.id);
+    return result;
+}
+
+std::vector<int> vectorIDs(const OutputSet* set)
+{
+    return set == nullptr ? std::vector<int>() : set->vectors.ids();
+}
+
+}  // namespace
+
+std::unique_ptr<Application> Host::attach()
+{
+    return std::make_unique<HostApplication>(*this);
+}
+
+std::unique_ptr<Application> Host::create()
+{
+    return attach();
+}
+
+Model& Host::openModel()
+{
+    if (!model)
+        throw RuntimeError(ErrorNumber::ObjectNotSet, "FEMAP has no model open");
+    return *model;
+}
+
+void Host::openNeutralFile(const std::string& path)
+{
+    if (path.empty())
+        throw RuntimeError(ErrorNumber::FileNotFound, "No model file was named");
+    std::string fullPath = fullPathOf(path);
+    Model opened;
+    readNeutralFile(logging::DiskFiles().read(fullPath), fullPath, logging::windows1252(), opened);
+    model = std::move(opened);
+    modelName = std::move(fullPath);
+}
+
+void Host::importNeutralFile(const std::string& path)
+{
+    Model& target = openModel();
+    readNeutralFile(logging::DiskFiles().read(path), path, logging::windows1252(), target);
+}
+
+std::vector<int> Host::idsOf(EntityType type)
+{
+    Model& open = openModel();
+    switch (type) {
+    case EntityType::Node:
+        return open.nodes.ids();
+    case EntityType::Element:
+        return open.elements.ids();
+    case EntityType::Material:
+        return open.materials.ids();
+    case EntityType::Property:
+        return open.properties.ids();
+    case EntityType::LoadSet:
+        return open.loadSets.ids();
+    case EntityType::OutputSet:
+        return open.outputSets.ids();
+    case EntityType::OutputVector:
+        return vectorIDs(activeOutputSet(open));
+    case EntityType::Function:
+        return open.functions.ids();
+    case EntityType::LoadDefinition:
+        return definitionIDs(activeLoadSet(open));
+    }
+    return {};
+}
+
+std::vector<int> Host::idsOf(EntityType type, int ownerSet)
+{
+    Model& open = openModel();
+    if (type == EntityType::OutputVector)
+        return vectorIDs(open.outputSets.find(ownerSet));
+    if (type == EntityType::LoadDefinition)
+        return definitionIDs(open.loadSets.find(ownerSet));
+    return idsOf(type);
+}
+
+int Host::activeID(EntityType type)
+{
+    Model& open = openModel();
+    if (type == EntityType::OutputSet) {
+        const OutputSet* const set = activeOutputSet(open);
+        return set == nullptr ? 0 : set->id;
+    }
+    if (type == EntityType::LoadSet) {
+        const LoadSet* const set = activeLoadSet(open);
+        return set == nullptr ? 0 : set->id;
+    }
+    return 0;
+}
+
+MassProperties Host::measure(int elementSet, int coordinateSystem)
+{
+    if (coordinateSystem != 0)
+        throw RuntimeError(ErrorNumber::InvalidCall,
+                           "The model host measures in the global coordinate system only");
+    if (elementSet < 0)  // one element
+        return measureMassProperties(openModel(), {-elementSet});
+    const auto set = sets.find(elementSet);
+    if (set == sets.end())
+        throw RuntimeError(ErrorNumber::InvalidCall,
+                           "FEMAP has no set with the ID " + std::to_string(elementSet));
+    return measureMassProperties(openModel(), set->second->ids());
+}
+
+OutputSet* activeOutputSet(Model& model)
+{
+    return activeOf(model.outputSets, model.activeOutputSet);
+}
+
+LoadSet* activeLoadSet(Model& model)
+{
+    return activeOf(model.loadSets, model.activeLoadSet);
+}
+
+}  // namespace femap::embedded

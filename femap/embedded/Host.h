@@ -1,0 +1,96 @@
+#pragma once
+
+#include "femap/Application.h"
+#include "femap/SelectionDialogs.h"
+#include "femap/embedded/Model.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace femap::embedded
+{
+
+class HostSet;
+
+/// A FEMAP of our own that lives in the same process: the model, and everything that FEMAP keeps
+/// around it. Behaves as FEMAP does: sets are sorted, Get of a missing ID leaves the data, unknown
+/// members raise, locks are counted.
+class Host : public Connector
+{
+public:
+    /// Selection dialogs are answered by dialogs; its lifetime must cover the host's.
+    explicit Host(SelectionDialogs& dialogs) : dialogs_(dialogs) {}
+
+    /// Both give a fresh handle on this one host.
+    std::unique_ptr<Application> attach() override;
+    std::unique_ptr<Application> create() override;
+
+    /// The open model; none: FEMAP has no model open and reading its name raises.
+    std::optional<Model> model = Model();
+    /// Full path of the model's file; empty: never saved.
+    std::string modelName;
+
+    /// Opens the model of a neutral file. Raises RuntimeError with file, line and reason when it
+    /// cannot be read; then the model that was open stays.
+    void openNeutralFile(const std::string& path);
+    /// Adds what a further neutral file holds to the open model.
+    void importNeutralFile(const std::string& path);
+
+    bool visible = false;
+    int lockCount = 0;
+
+    struct Message
+    {
+        MessageColour colour;
+        std::string text;
+    };
+    std::vector<Message> messages;
+    std::function<void(const Message&)> messageShown;  // called as each one appears
+
+    std::vector<AddInPane> registrations;
+    int statusMaximum = 0;  // 0: the progress bar is off
+    int statusCurrent = 0;
+
+    /// Index beyond an array member: raises (true) or reads as 0 (false).
+    bool indexBeyondArrayRaises = true;
+
+    // For the objects that the host hands out.
+    SelectionDialogs& dialogs() { return dialogs_; }
+    Model& openModel();  // raises when none is open
+    std::vector<int> idsOf(EntityType type);
+    /// The same; what lives in a load or output set is taken from that one.
+    std::vector<int> idsOf(EntityType type, int ownerSet);
+    /// Of the active load set or output set; 0 when there is none.
+    int activeID(EntityType type);
+    MassProperties measure(int elementSet, int coordinateSystem);
+    std::map<int, HostSet*> sets;  // by ID
+    int lastSetID = 0;             // IDs of sets are not used again
+
+private:
+    SelectionDialogs& dialogs_;
+};
+
+/// The value of a member, as an engineer would change it in FEMAP. word is "Node", "Elem", "Prop"
+/// or "Matl"; index is -1 for a plain member. Raises for an ID, member or index that is not there
+/// and for a value that does not fit.
+void putMember(Model& model, const std::string& word, int id, const std::string& member, int index,
+               const std::string& value);
+/// Whether the member takes an index; false also for a member that is not there. Raises for an
+/// unknown word.
+bool isArrayMember(const std::string& word, const std::string& member);
+/// The value of an output vector of the active output set at an entity. Raises when the vector or
+/// the entity is not there. The vector's maximum and minimum follow.
+void putOutputValue(Model& model, int vectorID, int entityID, double value);
+
+/// The output set and the load set that FEMAP would call active; null when there is none.
+OutputSet* activeOutputSet(Model& model);
+LoadSet* activeLoadSet(Model& model);
+
+/// Mass properties of some elements, measured from the mesh.
+MassProperties measureMassProperties(const Model& model, const std::vector<int>& elementIDs);
+
+}  // namespace femap::embedded

@@ -1,0 +1,126 @@
+#include "femap/embedded/Host.h"
+#include "femap/embedded/HostObjects.h"
+#include "femap/embedded/Members.h"
+
+#include <algorithm>
+
+namespace femap::embedded
+{
+
+namespace
+{
+
+// FEMAP's load types come in blocks by what they sit on: 1 to 48 on nodes and elements, then on
+// points, curves and surfaces.
+constexpr int firstOnPoint = 81;
+constexpr int firstOnCurve = 121;
+constexpr int firstOnSurface = 161;
+
+int geometryTypeOf(int loadType)
+{
+    if (loadType >= firstOnSurface)
+        return 5;
+    if (loadType >= firstOnCurve)
+        return 4;
+    return loadType >= firstOnPoint ? 3 : 0;
+}
+
+template <class Data>
+class HostLoad : public MemberObject
+{
+public:
+    HostLoad(Host& host, Data data) : host_(host), data_(data) {}
+
+    Value member(const std::string& name) override
+    {
+        return readMember(data_, name, std::nullopt, host_.indexBeyondArrayRaises);
+    }
+    Value member(const std::string& name, int index) override
+    {
+        return readMember(data_, name, index, host_.indexBeyondArrayRaises);
+    }
+
+private:
+    Host& host_;
+    Data data_;
+};
+
+class HostLoadDefinition : public femap::LoadDefinition
+{
+public:
+    explicit HostLoadDefinition(Host& host) : host_(host) {}
+
+    ReturnCode Get(int loadSet, int id) override
+    {
+        const LoadSet* const set = host_.openModel().loadSets.find(loadSet);
+        if (set == nullptr)
+            return ReturnCode::Fail;
+        const auto found =
+            std::find_if(set->definitions.begin(), set->definitions.end(),
+                         [&](const embedded::LoadDefinition& one) { return one.id == id; });
+        if (found == set->definitions.end())
+            return ReturnCode::Fail;
+        setID_ = loadSet;
+        data_ = *found;
+        ResetNextLoad();
+        return ReturnCode::Ok;
+    }
+    std::string title() override { return withoutControlCharacters(data_.title); }
+    int setID() override { return setID_; }
+    int ID() override { return data_.id; }
+    int loadType() override { return data_.loadType; }
+    int dataType() override { return data_.dataType; }
+    void ResetNextLoad() override { place_ = 0; }
+
+    std::unique_ptr<MemberObject> NextLoad() override
+    {
+        const LoadSet* const set = host_.openModel().loadSets.find(setID_);
+        if (set == nullptr)
+            return nullptr;
+        switch (static_cast<LoadDataType>(data_.dataType)) {
+        case LoadDataType::Mesh:
+            return next(set->meshLoads, [this](const Load& load) {
+                return MeshLoad{load, setID_};
+            });
+        case LoadDataType::Geometry:
+            return next(set->geometryLoads, [this](const Load& load) {
+                return GeometryLoad{load, setID_, geometryTypeOf(load.type)};
+            });
+        case LoadDataType::NodalTemperature:
+            return next(set->nodalTemperatures, [this](const TemperatureLoad& load) {
+                return TemperatureObject{load, setID_};
+            });
+        case LoadDataType::ElementalTemperature:
+            return next(set->elementTemperatures, [this](const TemperatureLoad& load) {
+                return TemperatureObject{load, setID_};
+            });
+        }
+        return nullptr;  // a kind of load that the host does not know
+    }
+
+private:
+    template <class Loads, class Show>
+    std::unique_ptr<MemberObject> next(const Loads& loads, const Show& show)
+    {
+        while (place_ < loads.size()) {
+            const auto& load = loads[place_++];
+            if (load.definitionID == data_.id)
+                return std::make_unique<HostLoad<decltype(show(load))>>(host_, show(load));
+        }
+        return nullptr;
+    }
+
+    Host& host_;
+    int setID_ = 0;
+    embedded::LoadDefinition data_;
+    std::size_t place_ = 0;  // of the next load to look at in its list
+};
+
+}  // namespace
+
+std::unique_ptr<femap::LoadDefinition> makeLoadDefinition(Host& host)
+{
+    return std::make_unique<HostLoadDefinition>(host);
+}
+
+}  // namespace femap::embedded

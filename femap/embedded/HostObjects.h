@@ -1,0 +1,53 @@
+#pragma once
+
+#include "femap/Objects.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace femap::embedded
+{
+
+class Host;
+
+/// A set of IDs, known to the host under its own ID for as long as it lives.
+class HostSet : public EntitySet
+{
+public:
+    explicit HostSet(Host& host);
+    ~HostSet() override;
+    HostSet(const HostSet&) = delete;
+    HostSet& operator=(const HostSet&) = delete;
+
+    int ID() override { return id_; }
+    int count() override { return static_cast<int>(ids_.size()); }
+    void Reset() override;
+    int Next() override;
+    ReturnCode AddAll(EntityType type) override;
+    ReturnCode Copy(int setID) override;
+    ReturnCode Select(EntityType type, bool clear, const std::string& title) override;
+    ReturnCode SelectMultiID(EntityType type, int ownerSet, const std::string& title) override;
+
+    /// Ascending.
+    const std::vector<int>& ids() const { return ids_; }
+
+private:
+    void add(const std::vector<int>& ids);
+    ReturnCode pick(EntityType type, const std::string& title, const std::vector<int>& available);
+
+    Host& host_;
+    int id_;
+    std::vector<int> ids_;
+    int current_ = 0;  // reached by the last Next; 0 before the first one
+    bool ended_ = false;
+    std::size_t next_ = 0;  // place of the next ID
+};
+
+// The other objects that the host's application hands out.
+std::unique_ptr<Entity> makeEntity(Host& host, const std::string& word);
+std::unique_ptr<femap::OutputVector> makeOutputVector(Host& host);
+std::unique_ptr<femap::Function> makeFunction(Host& host);
+std::unique_ptr<femap::LoadDefinition> makeLoadDefinition(Host& host);
+
+}  // namespace femap::embedded

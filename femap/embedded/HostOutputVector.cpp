@@ -1,0 +1,148 @@
+#include "femap/embedded/Host.h"
+#include "femap/embedded/HostObjects.h"
+#include "femap/embedded/Members.h"
+#include "logging/RuntimeError.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace femap::embedded
+{
+
+using logging::ErrorNumber;
+using logging::RuntimeError;
+
+namespace
+{
+
+/// A member of "feOutput" that takes no index.
+struct OutputMember
+{
+    std::string_view name;
+    femap::Value (*read)(const OutputVector& vector, int setID);
+};
+
+// clang-format off
+constexpr OutputMember outputMembers[] = {
+    {"ID",        [](const OutputVector& v, int) { return Value(std::int64_t{v.id}); }},
+    {"setID",     [](const OutputVector&, int setID) { return Value(std::int64_t{setID}); }},
+    {"title",     [](const OutputVector& v, int) { return Value(withoutControlCharacters(v.title)); }},
+    {"location",  [](const OutputVector& v, int) { return Value(static_cast<std::int64_t>(v.location)); }},
+    {"maxval",    [](const OutputVector& v, int) { return Value(v.maxval); }},
+    {"minval",    [](const OutputVector& v, int) { return Value(v.minval); }},
+    {"absmaxval", [](const OutputVector& v, int) { return Value(std::max(std::abs(v.minval), std::abs(v.maxval))); }},
+};
+// clang-format on
+
+/// Remembers which vector was loaded and looks it up anew at each question: a vector may hold a
+/// value for each of a million nodes, too many to copy at each Get.
+class HostOutputVector : public femap::OutputVector
+{
+public:
+    explicit HostOutputVector(Host& host) : host_(host) {}
+
+    ReturnCode Get(int vectorID) override
+    {
+        const OutputSet* const set = activeOutputSet(host_.openModel());
+        const int id = vectorID == 0 ? vectorID_ : vectorID;
+        if (set == nullptr || set->vectors.find(id) == nullptr)
+            return ReturnCode::Fail;
+        setID_ = set->id;
+        vectorID_ = id;
+        return ReturnCode::Ok;
+    }
+    int ID() override { return loaded().id; }
+    std::string Title() override { return withoutControlCharacters(loaded().title); }
+    // A neutral file carries the numbering of the FEMAP that wrote it; those read here are older
+    // than 2020.1.
+    int classicID() override { return loaded().id; }
+    double Value(int entityID) override
+    {
+        const embedded::OutputVector& vector = loaded();
+        const auto place = std::lower_bound(vector.ids.begin(), vector.ids.end(), entityID);
+        if (place == vector.ids.end() || *place != entityID)
+            throw RuntimeError(ErrorNumber::ObjectFailed,
+                               "Output vector " + std::to_string(vector.id) +
+                                   " has no value at the entity " + std::to_string(entityID));
+        return vector.values[static_cast<std::size_t>(place - vector.ids.begin())];
+    }
+    double maxval() override { return loaded().maxval; }
+    double minval() override { return loaded().minval; }
+
+    femap::Value member(const std::string& name) override
+    {
+        for (const OutputMember& candidate : outputMembers)
+            if (isSameName(candidate.name, name))
+                return candidate.read(loaded(), setID_);
+        if (isSameName(name, "Value"))
+            throw RuntimeError(ErrorNumber::InvalidCall, name + " of feOutput needs an index");
+        throw RuntimeError(ErrorNumber::NoSuchMember, "feOutput has no member " + name);
+    }
+    femap::Value member(const std::string& name, int index) override
+    {
+        if (isSameName(name, "Value"))
+            return Value(index);
+        member(name);  // raises for an unknown name
+        throw RuntimeError(ErrorNumber::InvalidCall, name + " of feOutput takes no index");
+    }
+
+private:
+    /// An empty vector before the first Get.
+    const embedded::OutputVector& loaded() const
+    {
+        static const embedded::OutputVector nothing;
+        if (vectorID_ == 0)
+            return nothing;
+        Model& model = host_.openModel();
+        const OutputSet* const set = model.outputSets.find(setID_);
+        const embedded::OutputVector* const vector =
+            set == nullptr ? nullptr : set->vectors.find(vectorID_);
+        if (vector == nullptr)
+            throw RuntimeError(
+                ErrorNumber::ObjectFailed,
+                "Output vector " + std::to_string(vectorID_) + " is no longer in the model");
+        return *vector;
+    }
+
+    Host& host_;
+    int setID_ = 0;
+    int vectorID_ = 0;
+};
+
+}  // namespace
+
+std::unique_ptr<femap::OutputVector> makeOutputVector(Host& host)
+{
+    return std::make_unique<HostOutputVector>(host);
+}
+
+void putOutputValue(Model& model, int vectorID, int entityID, double value)
+{
+    OutputSet* const set = activeOutputSet(model);
+    OutputVector* const vector = set == nullptr ? nullptr : set->vectors.find(vectorID);
+    if (vector == nullptr)
+        throw RuntimeError(ErrorNumber::InvalidCall,
+                           "FEMAP has no output vector " + std::to_string(vectorID));
+    const bool isOnNodes = vector->location == EntityType::Node;
+    const bool isThere = isOnNodes ? model.nodes.find(entityID) != nullptr
+                                   : model.elements.find(entityID) != nullptr;
+    const auto id = std::lower_bound(vector->ids.begin(), vector->ids.end(), entityID);
+    const auto at = vector->values.begin() + (id - vector->ids.begin());
+    if (id != vector->ids.end() && *id == entityID) {
+        *at = value;
+    }
+    else if (isThere) {
+        vector->values.insert(at, value);
+        vector->ids.insert(id, entityID);
+    }
+    else {
+        throw RuntimeError(ErrorNumber::InvalidCall,
+                           std::string("FEMAP has no ") + (isOnNodes ? "Node" : "Elem") +
+                               " with the ID " + std::to_string(entityID));
+    }
+    const auto [least, most] = std::minmax_element(vector->values.begin(), vector->values.end());
+    vector->minval = *least;
+    vector->maxval = *most;
+}
+
+}  // namespace femap::embedded

@@ -1,0 +1,187 @@
+#pragma once
+
+#include "femap/Constants.h"
+#include "femap/embedded/Members.h"
+
+#include <array>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace femap::embedded
+{
+
+/// Where the value of a member lies in an object's data.
+template <class Data>
+using Place = std::variant<bool Data::*, int Data::*, double Data::*, std::string Data::*,
+                           std::array<bool, 6> Data::*, std::array<int, 20> Data::*,
+                           std::array<double, 3> Data::*, std::array<double, 5> Data::*,
+                           std::array<double, 6> Data::*, std::vector<double> Data::*>;
+
+/// One member by its name.
+template <class Data>
+struct Member
+{
+    std::string_view name;
+    Place<Data> place;
+    int element = -1;  // the number of an array that has this name of its own
+    bool (*appliesTo)(const Data&) = nullptr;  // entities that it says nothing of read as 0
+};
+
+inline bool isPlanar(const Element& element)
+{
+    return element.type >= elementShear && element.type <= elementAxisymmetricParabolic;
+}
+
+// clang-format off
+inline constexpr Member<Node> nodeMembers[] = {
+    {"ID",      &Node::id},
+    {"x",       &Node::x},
+    {"y",       &Node::y},
+    {"z",       &Node::z},
+    {"defCSys", &Node::defCSys},
+    {"outCSys", &Node::outCSys},
+    {"layer",   &Node::layer},
+    {"color",   &Node::color},
+    {"type",    &Node::type},
+    {"permBC",  &Node::permBC},
+};
+
+inline constexpr Member<Element> elementMembers[] = {
+    {"ID",            &Element::id},
+    {"type",          &Element::type},
+    {"propID",        &Element::propID},
+    {"color",         &Element::color},
+    {"layer",         &Element::layer},
+    {"topology",      &Element::topology},
+    {"geomID",        &Element::geomID},
+    {"orientID",      &Element::orientID},
+    {"orient",        &Element::orient},
+    {"node",          &Element::node},
+    {"offset",        &Element::offset},
+    {"MaterialAngle", &Element::orient, 0, isPlanar},  // other elements have a vector there
+    {"PlateOffset",   &Element::offset, 0},
+};
+
+inline constexpr Member<Property> propertyMembers[] = {
+    {"ID",     &Property::id},
+    {"title",  &Property::title},
+    {"color",  &Property::color},
+    {"layer",  &Property::layer},
+    {"type",   &Property::type},
+    {"matlID", &Property::matlID},
+    {"refCS",  &Property::refCS},
+    {"pval",   &Property::pval},
+};
+
+inline constexpr Member<Material> materialMembers[] = {
+    {"ID",                &Material::id},
+    {"title",             &Material::title},
+    {"color",             &Material::color},
+    {"layer",             &Material::layer},
+    {"type",              &Material::type},
+    {"subtype",           &Material::subtype},
+    {"mval",              &Material::mval},
+    {"Ex",                &Material::mval, 0},
+    {"Ey",                &Material::mval, 1},
+    {"Ez",                &Material::mval, 2},
+    {"Gx",                &Material::mval, 3},
+    {"Gy",                &Material::mval, 4},
+    {"Gz",                &Material::mval, 5},
+    {"Nuxy",              &Material::mval, 6},
+    {"Nuyz",              &Material::mval, 7},
+    {"Nuxz",              &Material::mval, 8},
+    {"Alphaxx",           &Material::mval, 36},
+    {"Alphaxy",           &Material::mval, 37},
+    {"Alphazx",           &Material::mval, 38},  // there is no Alphaxz
+    {"Alphayy",           &Material::mval, 39},
+    {"Alphayz",           &Material::mval, 40},
+    {"Alphazz",           &Material::mval, 41},
+    {"Kxx",               &Material::mval, 42},
+    {"Kxy",               &Material::mval, 43},
+    {"Kzx",               &Material::mval, 44},  // there is no Kxz
+    {"Kyy",               &Material::mval, 45},
+    {"Kyz",               &Material::mval, 46},
+    {"Kzz",               &Material::mval, 47},
+    {"Cp",                &Material::mval, 48},
+    {"Density",           &Material::mval, 49},
+    {"Damping",           &Material::mval, 50},
+    {"RefTemp",           &Material::mval, 51},
+    {"TensionLimit1",     &Material::mval, 52},
+    {"TensionLimit2",     &Material::mval, 53},
+    {"CompressionLimit1", &Material::mval, 54},
+    {"CompressionLimit2", &Material::mval, 55},
+    {"ShearLimit",        &Material::mval, 56},
+    {"TsaiWu",            &Material::mval, 57},
+};
+
+inline constexpr Member<MeshLoad> meshLoadMembers[] = {
+    {"ID",               &MeshLoad::id},
+    {"setID",            &MeshLoad::setID},
+    {"meshID",           &MeshLoad::entityID},
+    {"LoadDefinitionID", &MeshLoad::definitionID},
+    {"type",             &MeshLoad::type},
+    {"subtype",          &MeshLoad::subtype},
+    {"load",             &MeshLoad::load},
+    {"FaceNumber",       &MeshLoad::faceNumber},
+    {"color",            &MeshLoad::color},
+    {"layer",            &MeshLoad::layer},
+    {"expanded",         &MeshLoad::expanded},
+};
+
+inline constexpr Member<GeometryLoad> geometryLoadMembers[] = {
+    {"ID",               &GeometryLoad::id},
+    {"setID",            &GeometryLoad::setID},
+    {"geomID",           &GeometryLoad::entityID},
+    {"geomTYPE",         &GeometryLoad::geomTYPE},
+    {"LoadDefinitionID", &GeometryLoad::definitionID},
+    {"type",             &GeometryLoad::type},
+    {"subtype",          &GeometryLoad::subtype},
+    {"load",             &GeometryLoad::load},
+    {"FaceNumber",       &GeometryLoad::faceNumber},
+    {"color",            &GeometryLoad::color},
+    {"layer",            &GeometryLoad::layer},
+    {"expanded",         &GeometryLoad::expanded},
+};
+
+inline constexpr Member<TemperatureObject> temperatureMembers[] = {
+    {"ID",               &TemperatureObject::entityID},  // FEMAP numbers them by their entity
+    {"setID",            &TemperatureObject::setID},
+    {"LoadDefinitionID", &TemperatureObject::definitionID},
+    {"temp",             &TemperatureObject::temp},
+    {"phase",            &TemperatureObject::phase},
+};
+// clang-format on
+
+inline std::span<const Member<Node>> membersOf(const Node&)
+{
+    return nodeMembers;
+}
+inline std::span<const Member<Element>> membersOf(const Element&)
+{
+    return elementMembers;
+}
+inline std::span<const Member<Property>> membersOf(const Property&)
+{
+    return propertyMembers;
+}
+inline std::span<const Member<Material>> membersOf(const Material&)
+{
+    return materialMembers;
+}
+inline std::span<const Member<MeshLoad>> membersOf(const MeshLoad&)
+{
+    return meshLoadMembers;
+}
+inline std::span<const Member<GeometryLoad>> membersOf(const GeometryLoad&)
+{
+    return geometryLoadMembers;
+}
+inline std::span<const Member<TemperatureObject>> membersOf(const TemperatureObject&)
+{
+    return temperatureMembers;
+}
+
+}  // namespace femap::embedded

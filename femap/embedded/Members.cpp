@@ -1,0 +1,288 @@
+#include "femap/embedded/Members.h"
+
+#include "femap/NumberText.h"
+#include "femap/embedded/Host.h"
+#include "femap/embedded/MemberTables.h"
+#include "logging/RuntimeError.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <span>
+#include <variant>
+
+namespace femap::embedded
+{
+
+using logging::ErrorNumber;
+using logging::RuntimeError;
+
+namespace
+{
+
+// FEMAP's arrays of numbers of properties and materials have this many places, however many of
+// them a file carries.
+constexpr int numberPlaces = 200;
+
+template <class Held>
+constexpr int placesOf = 0;  // no array
+template <class Number, std::size_t size>
+constexpr int placesOf<std::array<Number, size>> = static_cast<int>(size);
+template <>
+constexpr int placesOf<std::vector<double>> = numberPlaces;
+
+/// How many places the member's index counts; 0 for a member that takes none.
+template <class Data>
+int indexedPlaces(const Member<Data>& member)
+{
+    if (member.element >= 0)
+        return 0;
+    return std::visit([]<class Held>(Held Data::*const&) { return placesOf<Held>; }, member.place);
+}
+
+/// Whether the member means something for this entity.
+template <class Data>
+bool tellsOf(const Member<Data>& member, const Data& data)
+{
+    return member.appliesTo == nullptr || member.appliesTo(data);
+}
+
+template <class Data>
+const Member<Data>* findMember(const Data& data, std::string_view name)
+{
+    const auto members = membersOf(data);
+    const auto found =
+        std::find_if(members.begin(), members.end(),
+                     [&](const Member<Data>& member) { return isSameName(member.name, name); });
+    return found == members.end() ? nullptr : &*found;
+}
+
+template <class Data>
+const Member<Data>& requireMember(const Data& data, const std::string& name)
+{
+    const Member<Data>* const member = findMember(data, name);
+    if (member == nullptr)
+        throw RuntimeError(ErrorNumber::NoSuchMember,
+                           std::string(Kind<Data>::object) + " has no member " + name);
+    return *member;
+}
+
+/// A member that a caller asks for.
+struct Request
+{
+    std::string_view object;
+    const std::string& name;
+    std::optional<int> index;
+};
+
+std::string nameOf(const Request& request)
+{
+    return request.name + " of " + std::string(request.object);
+}
+
+/// Raises when there is an index and the member takes none, or the other way round.
+void checkForm(const Request& request, int places)
+{
+    if (places > 0 && !request.index)
+        throw RuntimeError(ErrorNumber::InvalidCall, nameOf(request) + " needs an index");
+    if (places == 0 && request.index)
+        throw RuntimeError(ErrorNumber::InvalidCall, nameOf(request) + " takes no index");
+}
+
+bool isBeyond(const Request& request, int places)
+{
+    return request.index && (*request.index < 0 || *request.index >= places);
+}
+
+[[noreturn]] void refuseIndex(const Request& request)
+{
+    throw RuntimeError(ErrorNumber::SubscriptOutOfRange,
+                       nameOf(request) + " has no place " + std::to_string(*request.index));
+}
+
+/// Where an entity that the member says nothing of, or an index beyond the array, leads to.
+constexpr std::size_t noPlace = static_cast<std::size_t>(-1);
+
+// What a member holds, ready to be read.
+using Content =
+    std::variant<Value, std::span<const bool>, std::span<const int>, std::span<const double>>;
+
+Value toValue(bool flag)
+{
+    return flag;
+}
+Value toValue(int number)
+{
+    return std::int64_t{number};
+}
+Value toValue(double number)
+{
+    return number;
+}
+Value toValue(const std::string& text)
+{
+    return withoutControlCharacters(text);
+}
+
+template <class Plain>
+Content contentOf(const Plain& plain)
+{
+    return toValue(plain);
+}
+template <class Number, std::size_t size>
+Content contentOf(const std::array<Number, size>& numbers)
+{
+    return std::span<const Number>(numbers);
+}
+Content contentOf(const std::vector<double>& numbers)
+{
+    return std::span<const double>(numbers);
+}
+
+/// One of the numbers; what a file did not carry of a property or material is 0.
+struct ReadAt
+{
+    std::size_t place;
+
+    Value operator()(const Value& plain) const { return plain; }
+    template <class Number>
+    Value operator()(std::span<const Number> numbers) const
+    {
+        return toValue(place < numbers.size() ? numbers[place] : Number());
+    }
+};
+
+// What a member holds, ready to be changed.
+using Target = std::variant<bool*, int*, double*, std::string*>;
+
+template <class Plain>
+Target targetOf(Plain& plain, std::size_t)
+{
+    return &plain;
+}
+template <class Number, std::size_t size>
+Target targetOf(std::array<Number, size>& numbers, std::size_t place)
+{
+    return &numbers[place];
+}
+Target targetOf(std::vector<double>& numbers, std::size_t place)
+{
+    if (place >= numbers.size())
+        numbers.resize(place + 1);
+    return &numbers[place];
+}
+
+[[noreturn]] void refuseText(const std::string& text, const std::string& kind)
+{
+    throw RuntimeError(ErrorNumber::InvalidCall, "\"" + text + "\" is no " + kind);
+}
+
+void assign(int& target, const std::string& text)
+{
+    const std::optional<int> number = wholeNumber(text);
+    if (!number)
+        refuseText(text, "whole number");
+    target = *number;
+}
+void assign(double& target, const std::string& text)
+{
+    const char* const end = text.data() + text.size();
+    double number = 0;
+    const auto [parsed, problem] = std::from_chars(text.data(), end, number);
+    if (problem != std::errc() || parsed != end || !std::isfinite(number))
+        refuseText(text, "number");
+    target = number;
+}
+void assign(bool& target, const std::string& text)
+{
+    const bool isTrue = isSameName(text, "True");
+    if (!isTrue && !isSameName(text, "False"))
+        refuseText(text, "True or False");
+    target = isTrue;
+}
+void assign(std::string& target, const std::string& text)
+{
+    target = text;
+}
+
+/// Raises as reading does, also for an ID, which cannot be changed, and for a text that does not
+/// fit.
+template <class Data>
+void writeMember(Data& data, const std::string& name, std::optional<int> index,
+                 const std::string& text)
+{
+    const Request request{Kind<Data>::object, name, index};
+    const Member<Data>& member = requireMember(data, name);
+    const int places = indexedPlaces(member);
+    checkForm(request, places);
+    if (isBeyond(request, places))
+        refuseIndex(request);
+    if (isSameName(name, "ID") || !tellsOf(member, data))
+        throw RuntimeError(ErrorNumber::InvalidCall,
+                           nameOf(request) + " " + std::to_string(data.id) + " cannot be changed");
+    const auto place = static_cast<std::size_t>(index.value_or(member.element));
+    const Target target = std::visit(
+        [&](const auto& pointer) { return targetOf(data.*pointer, place); }, member.place);
+    std::visit([&](auto* held) { assign(*held, text); }, target);
+}
+
+}  // namespace
+
+bool isSameName(std::string_view one, std::string_view other)
+{
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
+                      [&](char a, char b) { return lower(a) == lower(b); });
+}
+
+void refuseWord(const std::string& word)
+{
+    throw RuntimeError(ErrorNumber::NoSuchMember, "FEMAP has no object fe" + word);
+}
+
+template <class Data>
+Value readMember(const Data& data, const std::string& name, std::optional<int> index,
+                 bool indexBeyondArrayRaises)
+{
+    const Request request{Kind<Data>::object, name, index};
+    const Member<Data>& member = requireMember(data, name);
+    const int places = indexedPlaces(member);
+    checkForm(request, places);
+    const bool beyond = isBeyond(request, places);
+    if (beyond && indexBeyondArrayRaises)
+        refuseIndex(request);
+    const auto place = static_cast<std::size_t>(index.value_or(member.element));
+    const Content content =
+        std::visit([&](const auto& pointer) { return contentOf(data.*pointer); }, member.place);
+    return std::visit(ReadAt{beyond || !tellsOf(member, data) ? noPlace : place}, content);
+}
+
+void putMember(Model& model, const std::string& word, int id, const std::string& member, int index,
+               const std::string& value)
+{
+    withKind(word, [&]<class Data>(Kind<Data>) {
+        Data* const entity = (model.*Kind<Data>::table).find(id);
+        if (entity == nullptr)
+            throw RuntimeError(ErrorNumber::InvalidCall,
+                               "FEMAP has no " + word + " with the ID " + std::to_string(id));
+        writeMember(*entity, member, index == -1 ? std::nullopt : std::optional(index), value);
+    });
+}
+
+bool isArrayMember(const std::string& word, const std::string& member)
+{
+    return withKind(word, [&]<class Data>(Kind<Data>) {
+        const Member<Data>* const found = findMember(Data(), member);
+        return found != nullptr && indexedPlaces(*found) > 0;
+    });
+}
+
+template Value readMember(const Node&, const std::string&, std::optional<int>, bool);
+template Value readMember(const Element&, const std::string&, std::optional<int>, bool);
+template Value readMember(const Property&, const std::string&, std::optional<int>, bool);
+template Value readMember(const Material&, const std::string&, std::optional<int>, bool);
+template Value readMember(const MeshLoad&, const std::string&, std::optional<int>, bool);
+template Value readMember(const GeometryLoad&, const std::string&, std::optional<int>, bool);
+template Value readMember(const TemperatureObject&, const std::string&, std::optional<int>, bool);
+
+}  // namespace femap::embedded

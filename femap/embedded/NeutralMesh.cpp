@@ -1,0 +1,95 @@
+#include "femap/embedded/NeutralBlocks.h"
+
+namespace femap::embedded
+{
+
+namespace
+{
+
+constexpr std::size_t linesOfElement = 7;
+constexpr int releaseFlags = 12;
+constexpr int listFlags = 4;
+
+template <std::size_t size>
+void readIntegers(Fields fields, std::array<int, size>& values, std::size_t first,
+                  std::size_t count)
+{
+    values[first] = fields.integer();
+    for (std::size_t i = first + 1; i < first + count && !fields.atEnd(); ++i)
+        values[i] = fields.integer();
+}
+
+template <std::size_t size>
+void readReals(Fields fields, std::array<double, size>& values, std::size_t first,
+               std::size_t count)
+{
+    values[first] = fields.real();
+    for (std::size_t i = first + 1; i < first + count && !fields.atEnd(); ++i)
+        values[i] = fields.real();
+}
+
+// The nodes of rigid and interpolation elements stand in lists behind the element.
+void skipNodeLists(Lines& lines, Fields flags)
+{
+    for (int i = 0; i < releaseFlags; ++i)
+        flags.integerOr(0);
+    for (int i = 0; i < listFlags; ++i) {
+        if (flags.integerOr(0) == 0)
+            continue;
+        while (!lines.takeListEnd())
+            lines.record().id();
+    }
+}
+
+void readElementHead(Fields fields, Element& element)
+{
+    element.id = fields.id();
+    element.color = fields.integer();
+    element.propID = fields.integer();
+    element.type = fields.integer();
+    element.topology = fields.integer();
+    element.layer = fields.integerOr(element.layer);
+    element.orientID = fields.integerOr(0);
+    fields.integerOr(0);  // whether a material orientation is given
+    element.geomID = fields.integerOr(0);
+}
+
+}  // namespace
+
+void readNodes(BlockReading& block)
+{
+    makeRoom(block.contents.nodes, block.lineCount);
+    while (!block.lines.atEnd()) {
+        Fields fields = block.lines.record();
+        Node& node = block.contents.nodes.emplace_back();
+        node.id = fields.id();
+        node.defCSys = fields.integer();
+        node.outCSys = fields.integer();
+        node.layer = fields.integer();
+        node.color = fields.integer();
+        for (bool& constrained : node.permBC)
+            constrained = fields.integer() != 0;
+        node.x = fields.real();
+        node.y = fields.real();
+        node.z = fields.real();
+        node.type = fields.integerOr(0);
+    }
+}
+
+void readElements(BlockReading& block)
+{
+    makeRoom(block.contents.elements, block.lineCount / linesOfElement);
+    Lines& lines = block.lines;
+    while (!lines.atEnd()) {
+        Element& element = block.contents.elements.emplace_back();
+        readElementHead(lines.record(), element);
+        readIntegers(lines.record(), element.node, 0, 10);
+        readIntegers(lines.record(), element.node, 10, 10);
+        readReals(lines.record(), element.orient, 0, 3);
+        readReals(lines.record(), element.offset, 0, 3);
+        readReals(lines.record(), element.offset, 3, 3);
+        skipNodeLists(lines, lines.record());
+    }
+}
+
+}  // namespace femap::embedded
