@@ -1,0 +1,90 @@
+#include "app/form/Progress.h"
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+namespace form
+{
+
+namespace
+{
+
+constexpr std::size_t stepsBetweenLooks = 256;  // at the clock
+constexpr double quietSeconds = 1;              // a shorter walk shows nothing
+constexpr double secondsBetweenShows = 0.2;
+constexpr int percentDone = 100;
+
+}  // namespace
+
+Progress::Progress(Context& context, std::string what, std::size_t total)
+    : context_(context),
+      what_(std::move(what)),
+      total_(total),
+      nextShow_(context.system.monotonicSeconds() + quietSeconds)
+{}
+
+Progress::~Progress()
+{
+    try {
+        finish();
+    }
+    catch (const std::exception&) {
+        // FEMAP is gone, and its bar with it; whoever calls FEMAP next reports that.
+    }
+}
+
+void Progress::step()
+{
+    ++done_;
+    if (done_ % stepsBetweenLooks != 0)
+        return;
+    const double now = context_.system.monotonicSeconds();
+    if (now <= nextShow_)
+        return;
+    nextShow_ = now + secondsBetweenShows;
+    show();
+}
+
+void Progress::finish()
+{
+    std::string& caption = context_.form.StatusLine.Caption;
+    if (!shownCaption_.empty() && caption == shownCaption_)
+        caption = captionBefore_;
+    shownCaption_.clear();
+    if (std::exchange(barIsOn_, false))
+        tryBar([&] { context_.femap().feAppStatusShow(false, percentDone); });
+}
+
+void Progress::show()
+{
+    const std::size_t part = total_ == 0 ? percentDone : done_ * percentDone / total_;
+    const int percent = static_cast<int>(std::min<std::size_t>(part, percentDone));
+
+    std::string& caption = context_.form.StatusLine.Caption;
+    if (caption != shownCaption_)
+        captionBefore_ = caption;
+    shownCaption_ = what_ + " … " + std::to_string(percent) + " %";
+    caption = shownCaption_;
+    context_.host.showProgress();
+
+    if (!barIsOn_ && barIsUsable_)
+        barIsOn_ = tryBar([&] { context_.femap().feAppStatusShow(true, percentDone); });
+    if (barIsOn_ && barIsUsable_)
+        tryBar([&] { context_.femap().feAppStatusUpdate(percent); });
+}
+
+// A FEMAP that refuses its bar is not asked again: the walk matters more. The error stays out of
+// the handler's own.
+template <class Step>
+bool Progress::tryBar(Step&& step)
+{
+    logging::PendingError error;
+    barIsUsable_ = error.attempt(std::forward<Step>(step));
+    if (!barIsUsable_)
+        context_.log.writeLogWithLevel(context_.log.LogLevel_error,
+                                       "FEMAP refused its progress bar: " + error.description());
+    return barIsUsable_;
+}
+
+}  // namespace form
