@@ -1,0 +1,163 @@
+#include "selection/InputSelection.h"
+
+#include "logging/Module1.h"
+#include "selection/FunctionInputs.h"
+#include "selection/InputList.h"
+#include "selection/LoadDefinitionInputs.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace selection
+{
+
+using femap::EntityType;
+using logging::logDebug;
+
+namespace
+{
+
+struct EntityKind
+{
+    std::string_view choice;
+    EntityType type;
+    std::string_view prefix;
+};
+
+struct OwnProcedure
+{
+    std::string_view choice;
+    void (*run)(form::Context&);
+};
+
+struct PropertyTypeName
+{
+    int type;
+    std::string_view name;  // of the field list
+};
+
+// clang-format off
+constexpr EntityKind entityKinds[] = {
+    {"Nodes",      EntityType::Node,     "Node"},
+    {"Elements",   EntityType::Element,  "Elem"},
+    {"Properties", EntityType::Property, "Prop"},
+    {"Materials",  EntityType::Material, "Matl"},
+};
+
+constexpr OwnProcedure ownProcedures[] = {
+    {"Functions",      FetchFunctionData},
+    {"LoadDefinition", UpdateLoadDefinitionInputs},
+};
+
+constexpr PropertyTypeName propertyTypeNames[] = {
+    {femap::elementShear,          "Shear"},  // on purpose: there is no list of that name
+    {femap::elementShearParabolic, "Shear"},
+    {femap::elementBar,            "Bar"},
+    {femap::elementBeam,           "Beam"},
+    {femap::elementPlate,          "Plate"},
+    {femap::elementPlateParabolic, "Plate"},
+    {femap::elementRod,            "Rod"},
+};
+// clang-format on
+
+constexpr std::string_view propertyPrefix = "Prop";
+
+template <class Table>
+auto findChoice(const Table& table, const std::string& choice)
+{
+    const auto place =
+        std::ranges::find_if(table, [&](const auto& row) { return row.choice == choice; });
+    return place == std::end(table) ? nullptr : &*place;
+}
+
+// Empty, for the list of undefined properties, when the type has no name here.
+std::string propertyTypeName(int type)
+{
+    const auto place = std::ranges::find(propertyTypeNames, type, &PropertyTypeName::type);
+    return place == std::end(propertyTypeNames) ? "" : std::string(place->name);
+}
+
+// The types of the properties in the set, each once, in the order of their first appearance.
+std::vector<int> distinctTypes(form::Context& context, femap::EntitySet& set)
+{
+    std::vector<int> types;
+    const std::string prefix(propertyPrefix);
+    const std::unique_ptr<femap::Entity> entity = context.femap().entity(prefix);
+    while (const int id = set.Next()) {
+        if (!load(context, *entity, prefix, id))
+            continue;
+        logDebug(context.log, "Got entity of id = ", id);
+        context.error.attempt([&] {
+            const int type = entity->Type();
+            if (std::ranges::find(types, type) == types.end())
+                types.push_back(type);
+        });
+        reportPendingError(context, "After reading the type of a property");
+    }
+    return types;
+}
+
+void showAndUpdate(form::Context& context, frmPropertyList& dialog, const std::string& prefix,
+                   femap::EntitySet& set, int type)
+{
+    dialog.Show();
+    UpdateInputList(context, prefix, set, dialog.selectedFields, dialog.fieldMembers,
+                    dialog.fieldIndexes, type);
+}
+
+// The fields of one type of property, and the rows of the properties that have this type. Whatever
+// goes wrong, the next type has its turn.
+void offerPropertyType(form::Context& context, frmPropertyList& dialog, femap::EntitySet& set,
+                       int type)
+{
+    const std::string prefix(propertyPrefix);
+    bool isFilled =
+        context.error.attempt([&] { dialog.GetPropertyList(prefix, propertyTypeName(type)); });
+    logDebug(context.log, "Called the Form Property List for entity type=", prefix);
+    if (!isFilled) {
+        context.error.clear();
+        isFilled = context.error.attempt([&] { dialog.GetPropertyList(prefix, ""); });
+    }
+    if (isFilled)
+        context.error.attempt([&] { showAndUpdate(context, dialog, prefix, set, type); });
+    reportPendingError(context, "After selecting property fields");
+}
+
+void selectEntities(form::Context& context, frmPropertyList& dialog, const EntityKind& kind)
+{
+    const std::unique_ptr<femap::EntitySet> set = context.femap().feSet();
+    const std::string title = "Select " + std::string(kind.choice) + " to Control";
+    context.form.returnCode = static_cast<int>(set->Select(kind.type, true, title));
+    if (set->count() <= 0)
+        return;
+
+    if (kind.type == EntityType::Property) {
+        for (const int type : distinctTypes(context, *set))
+            offerPropertyType(context, dialog, *set, type);
+        return;
+    }
+    const std::string prefix(kind.prefix);
+    dialog.GetPropertyList(prefix, "");
+    logDebug(context.log, "Called the Form Property List for entity type=", prefix);
+    showAndUpdate(context, dialog, prefix, *set, everyType);
+}
+
+}  // namespace
+
+void InputsButton_Click(form::Context& context, frmPropertyList& dialog)
+{
+    logDebug(context.log, "Before click of Select for input parameter");
+    const std::string& choice = context.form.InputSelection.Text;
+    logDebug(context.log, "input selection is ", choice);
+
+    if (const EntityKind* const kind = findChoice(entityKinds, choice))
+        selectEntities(context, dialog, *kind);
+    else if (const OwnProcedure* const procedure = findChoice(ownProcedures, choice))
+        procedure->run(context);
+    else
+        form::tellEngineer(context, choice + " type not currently supported");
+
+    logDebug(context.log, "After click of Select for input parameter");
+}
+
+}  // namespace selection

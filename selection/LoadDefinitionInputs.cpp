@@ -1,0 +1,365 @@
+#include "selection/LoadDefinitionInputs.h"
+
+#include "femap/NumberText.h"
+#include "logging/Module1.h"
+#include "selection/EntityReading.h"
+#include "selection/ParameterRows.h"
+
+#include <algorithm>
+#include <array>
+#include <initializer_list>
+#include <iterator>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace selection
+{
+
+using femap::LoadDataType;
+using femap::MemberObject;
+using femap::ReturnCode;
+using form::Context;
+using logging::ErrorNumber;
+using logging::logDebug;
+using logging::RuntimeError;
+
+namespace
+{
+
+class LoadTypes
+{
+public:
+    constexpr LoadTypes(std::initializer_list<int> types) : count_(types.size())
+    {
+        std::copy(types.begin(), types.end(), types_.begin());
+    }
+    constexpr bool contains(int type) const
+    {
+        const auto end = types_.begin() + static_cast<std::ptrdiff_t>(count_);
+        return std::find(types_.begin(), end, type) != end;
+    }
+
+private:
+    std::array<int, 12> types_{};
+    std::size_t count_;
+};
+
+struct ComponentNames
+{
+    LoadTypes loadTypes;
+    std::array<std::string_view, 4> prefixes;
+    std::string_view logText;
+};
+
+// clang-format off
+constexpr ComponentNames componentNames[] = {
+    {{1, 81, 121, 122, 123, 161, 162, 163},
+        {"Fx", "Fy", "Fz"}, "Found force"},
+    {{2, 82, 124, 125, 126, 164, 165, 166},
+        {"Mx", "My", "Mz"}, "Found moment"},
+    {{10, 44, 90, 134, 135, 136, 140, 174, 175, 176, 180},
+        {"Flux"}, "Found flux"},
+    {{11, 47, 91, 137, 143, 177, 183},
+        {"Generation"}, "Found generation"},
+    {{45, 141, 181},
+        {"Coefficient", "Temperature"}, "Found convection"},
+    {{46, 142, 182},
+        {"Emissivity", "Absorptivity", "Temperature", "View Factor"}, "Found radiation"},
+    {{13, 14, 42, 92, 93, 144, 145, 138, 184, 185, 178, 101},  // 101: periodic condition at a point
+        {"Pressure"}, "Found pressure"},
+    {{3, 83, 127, 167},
+        {"Tx", "Ty", "Tz"}, "Found displacement"},
+    {{4, 84, 128, 168},
+        {"Rx", "Ry", "Rz"}, "Found rotational displacement"},
+    {{5, 85, 129, 169},
+        {"Vx", "Vy", "Vz"}, "Found velocity"},
+    {{6, 86, 130, 170},
+        {"VRx", "VRy", "VRz"}, "Found rotational velocity"},
+    {{7, 87, 131, 171},
+        {"Ax", "Ay", "Az"}, "Found acceleration"},
+    {{8, 88, 132, 172},
+        {"ARx", "ARy", "ARz"}, "Found roataional acceleration"},  // sic
+};
+// clang-format on
+
+constexpr int plainMember = -1;
+
+struct LoggedField
+{
+    std::string_view text;
+    const char* member;
+    int index = plainMember;
+};
+
+// clang-format off
+constexpr LoggedField meshLoadFields[] = {
+    {"loadMesh_ID ",         "ID"},
+    {"SetID = ",             "setID"},
+    {"MeshID = ",            "meshID"},
+    {"LoadDefinitionId  = ", "LoadDefinitionID"},
+    {"Type = ",              "type"},
+    {"SubType = ",           "subtype"},
+    {"Load_0 = ",            "load", 0},
+    {"Load_1 = ",            "load", 1},
+    {"Load_2 = ",            "load", 2},
+    {"Load_3 = ",            "load", 3},
+    {"FaceNumber = ",        "FaceNumber"},
+};
+constexpr LoggedField geometryLoadFields[] = {
+    {"GeomID = ",   "geomID"},
+    {"GeomType = ", "geomTYPE"},
+};
+constexpr LoggedField temperatureFields[] = {
+    {"Load Id = ", "ID"},
+    {"Temp = ",    "temp"},
+    {"Phase = ",   "phase"},
+};
+// clang-format on
+
+enum class Parameters
+{
+    EachComponent,   // one row for each prefix that is not empty
+    TheTemperature,  // one row
+};
+
+struct LoadKind
+{
+    LoadDataType dataType;
+    std::string_view logText;
+    std::span<const LoggedField> fields;
+    Parameters parameters;
+    std::string_view kind;
+};
+
+// clang-format off
+constexpr LoadKind loadKinds[] = {
+    {LoadDataType::Mesh,                 "Found Surface load",
+        meshLoadFields,     Parameters::EachComponent,  "LoadMesh"},
+    {LoadDataType::Geometry,             "Found Geometry load",
+        geometryLoadFields, Parameters::EachComponent,  "LoadGeom"},
+    {LoadDataType::ElementalTemperature, "Found Elemental Thermal load",
+        temperatureFields,  Parameters::TheTemperature, "LoadETemp"},
+    {LoadDataType::NodalTemperature,     "Found Nodal Thermal load",
+        temperatureFields,  Parameters::TheTemperature, "LoadNTemp"},
+};
+// clang-format on
+
+/// What the rows of a load definition have in common.
+struct Definition
+{
+    std::string title;
+    int id = 0;
+    int loadType = 0;
+    int dataType = 0;
+};
+
+struct SignBlankText
+{
+    std::string operator()(std::int64_t number) const { return femap::signBlankText(number); }
+    std::string operator()(float number) const { return femap::signBlankText(number); }
+    std::string operator()(double number) const { return femap::signBlankText(number); }
+    template <class Other>
+    std::string operator()(const Other&) const
+    {
+        throw RuntimeError(ErrorNumber::InvalidCall, "The value of a load is not a number");
+    }
+};
+
+femap::Value read(MemberObject& load, const char* member, int index)
+{
+    return index == plainMember ? load.member(member) : load.member(member, index);
+}
+
+// A field that is only logged: nobody reads it while the log is off, and one that FEMAP refuses
+// costs nothing but its text.
+void logField(Context& context, MemberObject& load, const LoggedField& field)
+{
+    if (!context.log.lets(context.log.LogLevel_debug))
+        return;
+    std::string value;
+    context.error.attempt([&] { value = femap::toText(read(load, field.member, field.index)); });
+    reportPendingError(context, std::string("Reading ") + field.member + " of a load");
+    logDebug(context.log, field.text, value);
+}
+
+void addRow(Context& context, const Definition& definition, std::string_view prefix,
+            const std::string& value, std::string_view kind)
+{
+    const std::string id = femap::signBlankText(std::int64_t{definition.id});
+    std::string rawName = definition.title;
+    rawName.append("_").append(id).append("_").append(prefix);
+    logDebug(context.log, "Trying to alter the name ", rawName);
+    const std::string name = without(rawName, " []./");
+    logDebug(context.log, "Altered the name ", rawName, " to ", name);
+
+    std::string row = name;
+    for (const std::string_view cell : {std::string_view(value), kind, std::string_view(id),
+                                        std::string_view("0"), std::string_view("0")})
+        row.append("\t").append(cell);
+    context.form.InputsList.AddItem(row);
+    logDebug(context.log, "Added variable to Input list Variable Name=", name, " value=", value,
+             " Entity type=", kind, " ID=", definition.id);
+}
+
+// Adds the row of one value and returns how many rows that made. A value that FEMAP refuses costs
+// its row only.
+int addValue(Context& context, const Definition& definition, std::string_view prefix,
+             std::string_view kind, MemberObject& load, const char* member, int index)
+{
+    std::string value;
+    const bool known = context.error.attempt(
+        [&] { value = std::visit(SignBlankText{}, read(load, member, index)); });
+    if (!known) {
+        reportPendingError(context, "Reading a load of " + definition.title);
+        return 0;
+    }
+    addRow(context, definition, prefix, value, kind);
+    return 1;
+}
+
+int addComponents(Context& context, const Definition& definition, std::string_view kind,
+                  MemberObject& load)
+{
+    logDebug(context.log, "Before adding params to Input List");
+    const form::MainForm& form = context.form;
+    const std::string* const prefixes[] = {&form.firstPrefix, &form.secondPrefix, &form.thirdPrefix,
+                                           &form.fourthPrefix};
+    int rows = 0;
+    int index = 0;
+    for (const std::string* const prefix : prefixes) {
+        if (!prefix->empty())
+            rows += addValue(context, definition, *prefix, kind, load, "load", index);
+        ++index;
+    }
+    return rows;
+}
+
+int addLoad(Context& context, const Definition& definition, MemberObject& load)
+{
+    const auto place =
+        std::find_if(std::begin(loadKinds), std::end(loadKinds), [&](const LoadKind& loadKind) {
+            return static_cast<int>(loadKind.dataType) == definition.dataType;
+        });
+    if (place == std::end(loadKinds)) {
+        logDebug(context.log, "Load definition of load type = ", definition.loadType,
+                 "and data type = ", definition.dataType, " not supported");  // sic: no blank
+        return 0;
+    }
+    logDebug(context.log, place->logText);
+    for (const LoggedField& field : place->fields)
+        logField(context, load, field);
+    if (place->parameters == Parameters::TheTemperature)
+        return addValue(context, definition, "Temperature", place->kind, load, "temp", plainMember);
+    return addComponents(context, definition, place->kind, load);
+}
+
+void addDefinition(Context& context, femap::LoadDefinition& loaded)
+{
+    Definition definition;
+    definition.title = loaded.title();
+    const int setID = loaded.setID();
+    definition.id = loaded.ID();
+    definition.loadType = loaded.loadType();
+    definition.dataType = loaded.dataType();
+    logDebug(context.log, "Load Defination: Title = ", definition.title, " SetId = ", setID,
+             " ID = ", definition.id, " Load Type = ", definition.loadType,
+             " Data Type = ", definition.dataType);
+    initialisePrefix(context, definition.loadType);
+
+    logDebug(context.log, "Start iterating over loadDef.NextLoad");
+    int rows = 0;
+    loaded.ResetNextLoad();
+    while (const auto load = loaded.NextLoad())
+        rows += addLoad(context, definition, *load);
+    if (rows == 0)
+        form::tellEngineer(context, "Load definition selection failed...");
+}
+
+void selectAndAdd(Context& context)
+{
+    const auto definition = context.femap().feLoadDefinition();
+    logDebug(context.log, "intialize feLoadDefinition");  // sic
+    const auto selected = context.femap().feSet();
+    logDebug(context.log, "intialize loadDefSet");  // sic
+    logDebug(context.log, "Before getting active loadset ID");
+    const int loadSet = context.femap().Info_ActiveID(femap::EntityType::LoadSet);
+    logDebug(context.log, "After getting active loadset ID. Active loadset id=", loadSet);
+
+    const ReturnCode answer = selected->SelectMultiID(femap::EntityType::LoadDefinition, loadSet,
+                                                      "Select Load Definition ");
+    context.form.returnCode = static_cast<int>(answer);
+    if (answer == ReturnCode::Cancel) {
+        form::showMessage(context, "Load Definition selection cancelled...");
+        logDebug(context.log, "Load definition selection cancelled...");
+        return;
+    }
+    if (answer != ReturnCode::Ok) {
+        form::showMessage(context, "Load Definition  selection failed...");  // sic: two blanks
+        logDebug(context.log, "Load definition selection failed...");
+        return;
+    }
+
+    logDebug(context.log, selected->count(), " Load definitions selected");
+    while (const int id = selected->Next()) {
+        if (definition->Get(loadSet, id) == ReturnCode::Ok)
+            addDefinition(context, *definition);
+        else
+            context.log.writeLogWithLevel(
+                context.log.LogLevel_error,
+                "FEMAP has no load definition with the ID " + std::to_string(id));
+    }
+    logDebug(context.log, "Check for blank variable in Input List");
+    if (removeBlankFirstRow(context.form.InputsList))
+        logDebug(context.log, "Blank row found in Input List and hence deleted");
+}
+
+void release(Context& context)
+{
+    form::unlockFemap(context);
+    logDebug(context.log, "Released femap lock before getting load definition data");
+}
+
+}  // namespace
+
+void initialisePrefix(Context& context, std::int32_t loadType)
+{
+    logDebug(context.log, "At start of initialisePrefix");
+    form::MainForm& form = context.form;
+    const auto place = std::find_if(
+        std::begin(componentNames), std::end(componentNames),
+        [&](const ComponentNames& names) { return names.loadTypes.contains(loadType); });
+    const bool found = place != std::end(componentNames);
+    std::array<std::string_view, 4> prefixes;
+    if (found)
+        prefixes = place->prefixes;
+    form.firstPrefix = prefixes[0];
+    form.secondPrefix = prefixes[1];
+    form.thirdPrefix = prefixes[2];
+    form.fourthPrefix = prefixes[3];
+    if (found)
+        logDebug(context.log, place->logText);
+    logDebug(context.log, "Selected Load Type=", loadType, " firstPrefix=", form.firstPrefix,
+             " secondPrefix=", form.secondPrefix, " thirdPrefix=", form.thirdPrefix,
+             " fourthPrefix=", form.fourthPrefix);
+    logDebug(context.log, "At end of initialisePrefix");
+}
+
+void UpdateLoadDefinitionInputs(Context& context)
+{
+    logDebug(context.log, "Before fetching load definition data");
+    form::lockFemap(context);
+    logDebug(context.log, "Acquired femap lock before getting load definition data");
+    try {
+        selectAndAdd(context);
+    }
+    catch (const RuntimeError&) {
+        release(context);
+        throw;
+    }
+    release(context);
+    logDebug(context.log, "After fetching load definition data");
+}
+
+}  // namespace selection

@@ -1,0 +1,240 @@
+#include "selection/OutputList.h"
+
+#include "app/form/Progress.h"
+#include "femap/NumberText.h"
+#include "logging/Module1.h"
+#include "selection/MassQuantities.h"
+#include "selection/ParameterRows.h"
+
+#include <cstddef>
+
+namespace selection
+{
+
+using femap::numberText;
+using logging::logDebug;
+using logging::logPositionAndClearErrorIfAny;
+
+namespace
+{
+
+// How much of a vector's title goes into a name, in characters.
+constexpr std::size_t titleOfValue = 10;
+constexpr std::size_t titleOfExtreme = 14;
+
+struct Extreme
+{
+    std::string_view suffix;
+    std::string_view tag;
+    double (femap::OutputVector::*read)();
+    std::string_view listName;  // in the log line of a removed row
+};
+
+// clang-format off
+constexpr Extreme extremes[] = {
+    {"MaxAt", "maxval", &femap::OutputVector::maxval, "Output List"},
+    {"MinAt", "minval", &femap::OutputVector::minval, "Input List"},  // sic
+};
+// clang-format on
+
+std::string shortTitle(femap::OutputVector& vector)
+{
+    return without(vector.Title(), " -/");
+}
+
+// Removes the rows of that name. False when that was refused.
+bool removeDuplicates(form::Context& context, const std::string& name, std::string_view listName)
+{
+    logDebug(context.log, "Before checking for duplicate entry in Output List");
+    const form::ParameterGrid::NameScan scan = context.form.OutputsList.removeRowsNamed(name);
+    for (int i = 0; i < scan.removed; ++i)
+        logDebug(context.log, "Deleted entry for ", name, "from ", listName);  // sic
+    logDebug(context.log, "After checking for duplicate entry in Output List");
+    return !scan.removalRefused;
+}
+
+// Adds a row unless its value cannot be read. keys: the cells after the value.
+template <class Read>
+void addRow(form::Context& context, const std::string& name, std::string_view listName,
+            const std::string& keys, Read&& read)
+{
+    if (!removeDuplicates(context, name, listName))
+        return;
+    std::string value;
+    if (!context.error.attempt([&] { value = numberText(read()); })) {
+        context.error.clear();  // nothing unusual: the vector has no value there
+        return;
+    }
+    context.form.OutputsList.AddItem(name + '\t' + value + '\t' + keys);
+    logDebug(context.log, "Added variable to Output list Variable Name=", name, " value=", value);
+}
+
+void addExtremes(form::Context& context, femap::OutputVector& vector, const std::string& entityWord)
+{
+    const std::string title = shortTitle(vector);
+    const std::string id = std::to_string(vector.ID());
+    for (const Extreme& extreme : extremes) {
+        std::string name(firstCharacters(title, titleOfExtreme));
+        name.append(extreme.suffix).append(entityWord).append(id);
+        addRow(context, name, extreme.listName, id + '\t' + id + '\t' + std::string(extreme.tag),
+               [&] { return (vector.*extreme.read)(); });
+    }
+}
+
+class VectorRows
+{
+public:
+    VectorRows(form::Context& context, const std::string& entityWord, int elementType)
+        : context_(context),
+          entityWord_(entityWord),
+          elementType_(elementType),
+          vector_(context.femap().feOutput())
+    {
+        logFreshVector();
+        entity_ = context.femap().entity(entityWord);
+    }
+
+    void add(femap::EntitySet* set, const std::vector<std::string>& vectorIDs)
+    {
+        const auto entities = static_cast<std::size_t>(set == nullptr ? 1 : set->count());
+        form::Progress progress(context_, "Reading outputs", entities * vectorIDs.size());
+        for (const std::string& text : vectorIDs) {
+            const int vectorID = wholeNumberIn(text);
+            if (!load(context_, *vector_, vectorID))
+                continue;
+            logDebug(context_.log, "Got entity of id = ", vectorID);
+            if (set != nullptr)
+                addValues(*set, progress);
+            else
+                addExtremes(context_, *vector_, entityWord_);
+            progress.step();
+        }
+        progress.finish();
+    }
+
+private:
+    // What FEMAP puts into an object that holds no vector yet is up to FEMAP.
+    void logFreshVector()
+    {
+        std::string title;
+        int id = 0;
+        context_.error.attempt([&] {
+            title = vector_->Title();
+            id = vector_->ID();
+        });
+        logDebug(context_.log, " Output title is ", title, " And Id is ", id);
+        reportPendingError(context_, "After reading the title of a fresh output vector");
+    }
+
+    void addValues(femap::EntitySet& set, form::Progress& progress)
+    {
+        const std::string vectorID = std::to_string(vector_->ID());
+        std::string nameStart(firstCharacters(shortTitle(*vector_), titleOfValue));
+        nameStart.append(vectorID).append("At").append(entityWord_);
+        const std::string keysEnd = '\t' + vectorID + "\tOutput";
+
+        set.Reset();
+        while (const int id = set.Next()) {
+            if (isWanted(id)) {
+                const std::string idText = std::to_string(id);
+                addRow(context_, nameStart + idText, "Output List", idText + keysEnd,
+                       [&] { return vector_->Value(id); });
+            }
+            progress.step();
+        }
+    }
+
+    bool isWanted(int id)
+    {
+        if (!load(context_, *entity_, entityWord_, id))
+            return false;
+        logDebug(context_.log, "Got entity of id = ", id);
+        return elementType_ == everyType || entity_->Type() == elementType_;
+    }
+
+    form::Context& context_;
+    const std::string& entityWord_;
+    int elementType_;
+    std::unique_ptr<femap::OutputVector> vector_;
+    std::unique_ptr<femap::Entity> entity_;
+};
+
+void logMassQuantity(form::Context& context, const MassQuantity& quantity,
+                     const std::vector<std::string>& values)
+{
+    constexpr std::string_view added = "Added variable to Output list Variable Name=";
+    const std::string_view name = quantity.name;
+    if (quantity.isScalar())
+        logDebug(context.log, added, name, "  value=", values[0]);
+    else if (values.size() == 3)
+        logDebug(context.log, added, name, "  value: x=", values[0], " y=", values[1],
+                 " z=", values[2]);
+    else
+        for (std::size_t i = 0; i < values.size(); ++i)
+            logDebug(context.log, added, name, quantity.suffixes[i], " value=", values[i]);
+}
+
+void addMassQuantity(form::Context& context, const MassQuantity& quantity,
+                     const femap::MassProperties& measured)
+{
+    std::vector<std::string> values;
+    for (std::size_t i = 0; i < quantity.suffixes.size(); ++i)
+        values.push_back(numberText(massValue(quantity, measured, static_cast<int>(i))));
+
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        std::string row(quantity.name);
+        row.append(quantity.suffixes[i]).append("\t").append(values[i]).append("\t");
+        row.append(quantity.tag).append("\t");
+        row.append(quantity.isScalar() ? "" : std::to_string(i)).append("\tMassProperties");
+        context.form.OutputsList.AddItem(row);
+    }
+    logMassQuantity(context, quantity, values);
+}
+
+void addMassProperties(form::Context& context, const std::vector<std::string>& chosenEntries)
+{
+    logDebug(context.log, "Found MeshMass entity type");
+    const std::unique_ptr<femap::EntitySet> elements = context.femap().feSet();
+    elements->AddAll(femap::EntityType::Element);
+    logDebug(context.log, "Called elemSet.AddAll(8)");
+    const femap::MassProperties measured =
+        context.femap().feMeasureMeshMassProp(elements->ID(), 0, false, false);
+    logDebug(context.log, "Called feMeasureMeshMassProp to compute total mass values");
+    for (const std::string& entry : chosenEntries) {
+        const auto place = static_cast<std::size_t>(wholeNumberIn(entry));
+        if (place < massQuantities().size())
+            addMassQuantity(context, massQuantities()[place], measured);
+    }
+}
+
+void tidy(form::ParameterGrid& grid)
+{
+    grid.Row = 1;
+    grid.RowSel = 1;
+    grid.Col = form::ParameterGrid::nameColumn;
+    removeBlankFirstRow(grid);
+}
+
+}  // namespace
+
+void UpdateOutputList(form::Context& context, const std::string& entityWord, femap::EntitySet* set,
+                      const std::vector<std::string>& chosenEntries, int elementType)
+{
+    logPositionAndClearErrorIfAny(context.log, context.error, "Before updating output list");
+    form::lockFemap(context);
+    logDebug(context.log, "Acquired Femap lock");
+    context.form.setMousePointers(form::pointerHourglass);
+
+    if (entityWord == massWord)
+        addMassProperties(context, chosenEntries);
+    else
+        VectorRows(context, entityWord, elementType).add(set, chosenEntries);
+    tidy(context.form.OutputsList);
+
+    form::unlockFemap(context);
+    logDebug(context.log, "Released FEMAP lock");
+    context.form.setMousePointers(form::pointerDefault);
+    logDebug(context.log, "After updating output list");
+}
+
+}  // namespace selection

@@ -1,0 +1,173 @@
+#include "selection/ValueRefresh.h"
+
+#include "app/form/Progress.h"
+#include "logging/Module1.h"
+#include "selection/EntityReading.h"
+#include "selection/MassQuantities.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace selection
+{
+
+using form::Context;
+using form::ParameterGrid;
+using logging::ErrorNumber;
+using logging::logDebug;
+using logging::RuntimeError;
+
+namespace
+{
+
+using Entities = std::map<std::string, std::unique_ptr<femap::Entity>>;  // by kind
+
+constexpr std::string_view keptKinds[] = {"",         "LoadMesh",  "Function",
+                                          "LoadGeom", "LoadETemp", "LoadNTemp"};
+
+int wholeNumberAt(const ParameterGrid& grid, int row, int column)
+{
+    return wholeNumberIn(grid.text(row, column));
+}
+
+// Walks over the parameter rows. One that cannot be refreshed is reported and keeps its value.
+template <class Refresh>
+void refreshRows(Context& context, const ParameterGrid& grid, const std::string& what,
+                 const Refresh& refresh)
+{
+    const int rows = grid.Rows();
+    form::Progress progress(context, what, static_cast<std::size_t>(rows - 1));
+    for (int row = 1; row < rows; ++row) {
+        if (!context.error.attempt([&] { refresh(row); }))
+            reportPendingError(context, "Refreshing " + grid.text(row, ParameterGrid::nameColumn));
+        progress.step();
+    }
+    progress.finish();
+}
+
+void refreshInput(Context& context, Entities& entities, int row)
+{
+    ParameterGrid& grid = context.form.InputsList;
+    const std::string kind = grid.text(row, form::inputColumn::kind);
+    logDebug(context.log, "Entry:  Name=", grid.text(row, ParameterGrid::nameColumn),
+             "  Value=", grid.text(row, ParameterGrid::valueColumn), "  Type=", kind);
+    if (std::find(std::begin(keptKinds), std::end(keptKinds), kind) != std::end(keptKinds))
+        return;
+
+    std::unique_ptr<femap::Entity>& entity = entities[kind];
+    if (entity == nullptr)
+        entity = context.femap().entity(kind);
+    logDebug(context.log, "Called the entity ", kind, " to update");
+    if (!load(context, *entity, kind, wholeNumberAt(grid, row, form::inputColumn::id)))
+        return;
+    const std::string member = grid.text(row, form::inputColumn::member);
+    const bool isPlain = grid.text(row, form::inputColumn::index).empty();
+    const femap::Value value =
+        isPlain ? entity->member(member)
+                : entity->member(member, wholeNumberAt(grid, row, form::inputColumn::index));
+    grid.setText(row, ParameterGrid::valueColumn, femap::toText(value));
+}
+
+void logUpdate(Context& context, int row)
+{
+    logDebug(context.log, "Trying to update Output", context.form.OutputsList.rowText(row));
+}
+
+void refreshOutputValue(Context& context, femap::OutputVector& vector, int row)
+{
+    ParameterGrid& grid = context.form.OutputsList;
+    if (!load(context, vector, wholeNumberAt(grid, row, form::outputColumn::second)))
+        return;
+    logUpdate(context, row);
+    const double value = vector.Value(wholeNumberAt(grid, row, form::outputColumn::first));
+    grid.setText(row, ParameterGrid::valueColumn, femap::toText(value));
+}
+
+// Each row has its own measurement, however many there are.
+void refreshMassProperty(Context& context, int row)
+{
+    ParameterGrid& grid = context.form.OutputsList;
+    const auto elements = context.femap().feSet();
+    elements->AddAll(femap::EntityType::Element);
+    const femap::MassProperties measured =
+        context.femap().feMeasureMeshMassProp(elements->ID(), 0, false, false);
+
+    const std::string tag = grid.text(row, form::outputColumn::first);
+    const MassQuantity* const quantity = findMassQuantity(tag);
+    if (quantity == nullptr)
+        throw RuntimeError(ErrorNumber::InvalidCall, "There is no mass quantity \"" + tag + "\"");
+    const int component =
+        quantity->isScalar() ? 0 : wholeNumberAt(grid, row, form::outputColumn::second);
+    grid.setText(row, ParameterGrid::valueColumn,
+                 femap::toText(massValue(*quantity, measured, component)));
+    logUpdate(context, row);
+}
+
+void refreshOutputMember(Context& context, femap::OutputVector& vector, int row)
+{
+    ParameterGrid& grid = context.form.OutputsList;
+    if (!load(context, vector, wholeNumberAt(grid, row, form::outputColumn::second)))
+        return;
+    const femap::Value value = vector.member(grid.text(row, form::outputColumn::kind));
+    grid.setText(row, ParameterGrid::valueColumn, femap::toText(value));
+    logUpdate(context, row);
+}
+
+void refreshOutput(Context& context, femap::OutputVector& vector, int row)
+{
+    const ParameterGrid& grid = context.form.OutputsList;
+    if (grid.text(row, ParameterGrid::nameColumn).empty())
+        return;
+    const std::string kind = grid.text(row, form::outputColumn::kind);
+    if (kind == "Output")
+        refreshOutputValue(context, vector, row);
+    else if (kind == "MassProperties")
+        refreshMassProperty(context, row);
+    else
+        refreshOutputMember(context, vector, row);
+}
+
+}  // namespace
+
+void RefreshInputs_Click(Context& context)
+{
+    logDebug(context.log, "At the start of RefreshInputs_Click");
+    form::lockFemap(context);
+    logDebug(context.log, "Acquired Femap lock");
+    context.form.setMousePointers(form::pointerHourglass);
+    const ParameterGrid& grid = context.form.InputsList;
+    logDebug(context.log, "Number of rowsto refresh  in input list = ", grid.Rows());  // sic
+
+    Entities entities;
+    refreshRows(context, grid, "Refreshing inputs",
+                [&](int row) { refreshInput(context, entities, row); });
+
+    form::unlockFemap(context);
+    logDebug(context.log, "Released Femap lock");
+    context.form.setMousePointers(form::pointerDefault);
+    logDebug(context.log, "At the end of RefreshInputs_Click");
+}
+
+void RefreshOutputs_Click(Context& context)
+{
+    logDebug(context.log, "At the start of RefreshOutputs_Click");
+    form::lockFemap(context);
+    logDebug(context.log, "Acquired Femap lock");
+    context.form.setMousePointers(form::pointerHourglass);
+
+    const auto vector = context.femap().feOutput();
+    refreshRows(context, context.form.OutputsList, "Refreshing outputs",
+                [&](int row) { refreshOutput(context, *vector, row); });
+
+    form::unlockFemap(context);
+    logDebug(context.log, "Released Femap Lock");  // sic
+    context.form.setMousePointers(form::pointerDefault);
+    logDebug(context.log, "At the end of RefreshOutputs_Click");
+}
+
+}  // namespace selection

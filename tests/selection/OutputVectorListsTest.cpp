@@ -1,0 +1,163 @@
+#include "fake/ForwardingFemap.h"
+#include "selection/FakeConnector.h"
+#include "selection/SelectionFixture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace selection
+{
+namespace
+{
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Texts = std::vector<std::string>;
+
+// One vector of every range.
+void addVectorsOfAllRanges(SelectionFixture& f)
+{
+    f.addVector(1, "Total Translation");
+    f.addVector(3012, "Beam Force");
+    f.addVector(7020, "Plate Stress");
+    f.addVector(60010, "Solid Stress");
+    f.addVector(80001, "Further");
+    f.addVector(90001, "Patran");
+    f.addVector(100031, "Corner Stress");
+    f.addVector(300000, "User");
+}
+
+struct CategoryCase
+{
+    const char* category;
+    const char* caption;
+    Texts items;
+};
+
+const Texts plateVectors = {"7020 - Plate Stress"};
+const Texts elementVectors = {"3012 - Beam Force", "7020 - Plate Stress", "60010 - Solid Stress",
+                              "80001 - Further"};
+const CategoryCase categoryCases[] = {
+    {"Node", "Node Output Properties", {"1 - Total Translation"}},
+    {"LineElement", "Line Element Output Properties", {"3012 - Beam Force"}},
+    {"PlateElement", "Plate Element Output Properties", plateVectors},
+    {"LaminateElement", "Laminate Element Output Properties", plateVectors},
+    {"ShearPanel", "Shear Panel Output Properties", plateVectors},
+    {"SolidElement", "Solid Element Output Properties", {"60010 - Solid Stress"}},
+    {"AllElements", "All Element Output Properties", elementVectors},
+    {"PATRAN", "PATRAN Element Output Properties", {"90001 - Patran"}},
+    {"Corner", "Plate Corner Output Properties", {"100031 - Corner Stress"}},
+    {"", "Undefined Output Property", elementVectors},
+    {"Gap", "Undefined Output Property", elementVectors},
+};
+
+class OutputLists : public testing::TestWithParam<CategoryCase>
+{};
+
+TEST_P(OutputLists, ShowTheVectorsOfTheirCategory)
+{
+    SelectionFixture f;
+    addVectorsOfAllRanges(f);
+    f.dialog.UpdateCollection();
+
+    f.dialog.GetPropertyList("Output", GetParam().category);
+
+    EXPECT_EQ(f.dialog.Label2, GetParam().caption);
+    EXPECT_EQ(itemsOf(f.dialog), GetParam().items);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryCategory, OutputLists, testing::ValuesIn(categoryCases));
+
+TEST(OutputLists, AreEmptyBeforeTheVectorsWereRead)
+{
+    SelectionFixture f;
+    addVectorsOfAllRanges(f);
+
+    f.dialog.GetPropertyList("Output", "AllElements");
+
+    EXPECT_THAT(itemsOf(f.dialog), IsEmpty());
+}
+
+TEST(OutputLists, HandBackTheIdsFollowedByABlank)
+{
+    SelectionFixture f;
+    addVectorsOfAllRanges(f);
+    f.dialog.UpdateCollection();
+    f.dialog.GetPropertyList("Output", "AllElements");
+    f.list.choose({"60010 - Solid Stress", "3012 - Beam Force"});
+
+    f.dialog.Show();
+
+    EXPECT_THAT(f.dialog.chosenEntries(), ElementsAre("3012 ", "60010 "));
+    EXPECT_THAT(f.dialog.selectedFields, IsEmpty());
+    EXPECT_THAT(f.dialog.fieldMembers, IsEmpty());
+}
+
+TEST(OutputLists, FollowTheModelWhenTheyAreReadAgain)
+{
+    SelectionFixture f;
+    f.addVector(1, "Old");
+    f.dialog.UpdateCollection();
+    f.model().outputSets = {};
+    f.addVector(2, "New");
+
+    f.dialog.UpdateCollection();
+
+    f.dialog.GetPropertyList("Output", "Node");
+    EXPECT_THAT(itemsOf(f.dialog), ElementsAre("2 - New"));
+}
+
+// A FEMAP that renumbered its vectors, gives one no old number and cannot load another.
+class RenumberedVector : public femap::OutputVector
+{
+public:
+    femap::ReturnCode Get(int vectorID) override
+    {
+        if (vectorID == 3)
+            return femap::ReturnCode::Fail;
+        id_ = vectorID;
+        return femap::ReturnCode::Ok;
+    }
+    int ID() override { return id_; }
+    std::string Title() override { return "Vector"; }
+    int classicID() override { return id_ == 4 ? 0 : 8000 - id_; }
+    double Value(int) override { return 0; }
+    double maxval() override { return 0; }
+    double minval() override { return 0; }
+    femap::Value member(const std::string&) override { return {}; }
+    femap::Value member(const std::string&, int) override { return {}; }
+
+private:
+    int id_ = 0;
+};
+
+class RenumberedFemap : public fake::ForwardingFemap
+{
+public:
+    using ForwardingFemap::ForwardingFemap;
+
+    std::unique_ptr<femap::OutputVector> feOutput() override
+    {
+        return std::make_unique<RenumberedVector>();
+    }
+};
+
+TEST(OutputLists, GroupByTheOldNumberAndShowTheOneThatFemapGives)
+{
+    SelectionFixture f;
+    for (const int id : {1, 2, 3, 4, 7500})
+        f.addVector(id, "Vector");
+    FakeConnector connector;
+    connector.attached = [&] { return std::make_unique<RenumberedFemap>(f.femap.attach()); };
+    frmPropertyList dialog(connector, f.list);
+
+    dialog.UpdateCollection();
+
+    dialog.GetPropertyList("Output", "PlateElement");
+    EXPECT_THAT(itemsOf(dialog), ElementsAre("1 - Vector", "2 - Vector"));
+    dialog.GetPropertyList("Output", "Node");
+    EXPECT_THAT(itemsOf(dialog), ElementsAre("7500 - Vector"));
+}
+
+}  // namespace
+}  // namespace selection
