@@ -1,0 +1,113 @@
+#include "generate/ExchangeFiles.h"
+
+#include "generate/SolverFormat.h"
+#include "generate/TextTemplate.h"
+#include "logging/TextFile.h"
+
+#include <algorithm>
+
+namespace generate
+{
+
+using form::Context;
+using form::ParameterGrid;
+using logging::TextFile;
+
+namespace
+{
+
+constexpr std::string_view gap = "  ";
+
+constexpr std::string_view caeInputHead = R"text(
+Reference Model (FEMAP) = @model@.@extension@
+Input Deck (@solver@) = @model@.@deck@
+NameValue = InputValues.txt
+)text";
+
+constexpr std::string_view caeOutputHead = R"text(
+Reference Model (FEMAP) = @model@.@extension@
+Results File (@solver@) = @model@.@results@
+OutputNameValue = OutputValues.txt
+)text";
+
+std::string_view trimmed(std::string_view text)
+{
+    const std::size_t first = std::min(text.find_first_not_of(' '), text.size());
+    return text.substr(first, text.find_last_not_of(' ') + 1 - first);
+}
+
+void writeExchange(Context& context, const std::string& folder, const std::string& name,
+                   const ExchangeFormat& format, const ParameterGrid& grid)
+{
+    const auto open = [&](std::string_view fileName) {
+        return TextFile(context.system, context.log, concatenated({folder, fileName}));
+    };
+    TextFile description = open(format.description);
+    TextFile values = open(format.values);
+    TextFile valuesTemplate = open(format.valuesTemplate);
+
+    description.write(exchangeHead(context, format, name));
+    forEachNamedRow(grid, [&](const ParameterRow& row) {
+        description.line(format.parameterLine(row));
+        values.line(nameValueLine(row));
+        valuesTemplate.line(templateLine(row));
+    });
+    valuesTemplate.close();
+    values.close();
+    description.close();
+}
+
+}  // namespace
+
+constinit const ExchangeFormat inputExchange = {"CAEInput.txt", "InputValues.txt",
+                                                "InputValues.txt.template", caeInputHead,
+                                                inputParameterLine};
+constinit const ExchangeFormat outputExchange = {"CAEOutput.txt", "OutputValues.txt",
+                                                 "OutputValues.txt.template", caeOutputHead,
+                                                 outputResponseLine};
+
+std::string inputParameterLine(const ParameterRow& row)
+{
+    return concatenated({row.cell(form::inputColumn::kind), gap, row.name(), gap,
+                         row.cell(form::inputColumn::id), gap, row.cell(form::inputColumn::member),
+                         gap, row.cell(form::inputColumn::index)});
+}
+
+std::string outputResponseLine(const ParameterRow& row)
+{
+    return concatenated({row.cell(form::outputColumn::kind), gap, row.name(), gap,
+                         row.cell(form::outputColumn::first), gap,
+                         row.cell(form::outputColumn::second)});
+}
+
+std::string nameValueLine(const ParameterRow& row)
+{
+    return concatenated({row.name(), gap, row.value()});
+}
+
+std::string templateLine(const ParameterRow& row)
+{
+    return concatenated({row.name(), "  !<", row.name(), "%f!", row.value(), ">!"});
+}
+
+std::string exchangeHead(const Context& context, const ExchangeFormat& format,
+                         const std::string& modelName)
+{
+    const SolverFormat* const solver = findSolverFormat(context.form.Solver.Text);
+    const auto ofSolver = [&](std::string_view SolverFormat::*part) {
+        return solver == nullptr ? Lines{} : Lines{solver->*part};
+    };
+    return fillIn(format.head, {{"model", {modelName}},
+                                {"extension", {trimmed(context.form.fileExtension)}},
+                                {"solver", ofSolver(&SolverFormat::codeName)},
+                                {"deck", ofSolver(&SolverFormat::deck)},
+                                {"results", ofSolver(&SolverFormat::results)}});
+}
+
+void WriteExchangeFiles(Context& context, const std::string& folder, const std::string& name)
+{
+    writeExchange(context, folder, name, inputExchange, context.form.InputsList);
+    writeExchange(context, folder, name, outputExchange, context.form.OutputsList);
+}
+
+}  // namespace generate

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "app/form/Context.h"
+#include "generate/ParameterRow.h"
+
+#include <string>
+#include <string_view>
+
+namespace generate
+{
+
+/// The files through which the optimiser and the model talk about one of the two grids.
+struct ExchangeFormat
+{
+    std::string_view description;     // what each parameter is in the model
+    std::string_view values;          // names and values
+    std::string_view valuesTemplate;  // from which the optimiser makes the values anew
+    std::string_view head;            // of the description, with slots
+    std::string (*parameterLine)(const ParameterRow& row);  // of the description
+};
+
+/// Lines of CAEInput.txt and CAEOutput.txt.
+std::string inputParameterLine(const ParameterRow& row);
+std::string outputResponseLine(const ParameterRow& row);
+/// A line of InputValues.txt and OutputValues.txt, and of their templates.
+std::string nameValueLine(const ParameterRow& row);
+std::string templateLine(const ParameterRow& row);
+
+extern const ExchangeFormat inputExchange;
+extern const ExchangeFormat outputExchange;
+
+/// The head of a description for the chosen solver; lines that end in a line feed.
+std::string exchangeHead(const form::Context& context, const ExchangeFormat& format,
+                         const std::string& modelName);
+
+/// Writes all six exchange files of both grids.
+void WriteExchangeFiles(form::Context& context, const std::string& folder, const std::string& name);
+
+}  // namespace generate

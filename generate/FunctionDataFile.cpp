@@ -1,0 +1,98 @@
+#include "generate/FunctionDataFile.h"
+
+#include "femap/NumberText.h"
+#include "generate/ModelPath.h"
+#include "generate/ParameterRow.h"
+#include "logging/Module1.h"
+#include "logging/TextFile.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace generate
+{
+
+using femap::signBlankText;
+using form::Context;
+using logging::logDebug;
+using logging::TextFile;
+
+namespace
+{
+
+femap::Function& functionObject(Context& context)
+{
+    if (!context.form.function)
+        context.form.function = context.femap().feFunction();
+    return *context.form.function;
+}
+
+// FEMAP's IDs begin at 1; asked for 0 it would give the function that it loaded last.
+bool loadFunction(Context& context, std::optional<int> id)
+{
+    if (!id || *id < 1)
+        return false;
+    const femap::ReturnCode code = functionObject(context).Get(*id);
+    context.form.returnCode = static_cast<int>(code);
+    return code == femap::ReturnCode::Ok;
+}
+
+void writeBlock(TextFile& file, int id, const std::string& title,
+                const femap::FunctionPoints& points)
+{
+    file.line("Function Definition");
+    file.line(signBlankText(std::int64_t{id}) + " ");
+    file.line(title);
+    file.line(signBlankText(static_cast<std::int64_t>(points.x.size())));
+    for (std::size_t i = 0; i < points.x.size(); ++i)
+        file.line(signBlankText(points.x[i]) + "_" + signBlankText(points.y[i]));
+}
+
+void writeFunctionOf(Context& context, const ParameterRow& row, TextFile& file)
+{
+    logDebug(context.log, "At the Start of data fetching for ", row.name());
+    const std::string_view idText = row.cell(form::inputColumn::id);
+    const std::optional<int> id = femap::wholeNumber(idText);
+    if (!loadFunction(context, id)) {
+        form::tellEngineer(context,
+                           concatenated({"Unable to fetch the value for function id = ", idText}));
+        return;
+    }
+
+    femap::Function& function = functionObject(context);
+    const femap::FunctionPoints points = function.GetFunctionList();
+    const std::string title = function.title();
+    logDebug(context.log, "Start iterating to fetch X-Y values for ", title);
+    form::showMessage(context, title + " is selected", femap::MessageColour::Normal);
+    writeBlock(file, *id, title, points);
+    logDebug(context.log, "X-Y values iteration complete");
+    logDebug(context.log, "After X-Y value iteration");
+    logDebug(context.log, "At the End of data fetching for ", row.name());
+}
+
+}  // namespace
+
+void WriteFunctionInputs(Context& context)
+{
+    logDebug(context.log, "Before writing function data");
+    const std::string path = modelFolder(context.femap().ModelName()) + "FunctionsInputvalues.txt";
+    TextFile file(context.system, context.log, path);
+    logDebug(context.log, "Opened file ", path, " to write the function values");
+    logDebug(context.log, "Execution of WriteFunctionInputs started");
+
+    form::lockFemap(context);
+    logDebug(context.log, "Acquired Femap lock before functions data");
+    logDebug(context.log, "Start iteration over InputsList");
+    forEachRow(context.form.InputsList, [&](const ParameterRow& row) {
+        if (row.cell(form::inputColumn::kind) == form::functionKind)
+            writeFunctionOf(context, row, file);
+    });
+    logDebug(context.log, "End iteration over InputsList");
+    form::unlockFemap(context);
+    logDebug(context.log, "Released Femap lock before functions data");  // sic
+    logDebug(context.log, "After writing function data");
+    file.close();
+}
+
+}  // namespace generate

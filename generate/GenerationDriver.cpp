@@ -1,0 +1,136 @@
+#include "generate/GenerationDriver.h"
+
+#include "generate/ControlFile.h"
+#include "generate/ModelPath.h"
+#include "generate/ScanProject.h"
+#include "generate/SolverFormat.h"
+#include "generate/TaskDescription.h"
+#include "logging/Module1.h"
+#include "logging/TextFile.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
+namespace generate
+{
+
+using form::Context;
+using logging::logDebug;
+using logging::logPosition;
+using logging::logPositionAndClearErrorIfAny;
+
+namespace
+{
+
+struct Tool
+{
+    std::string_view name;  // as the Optimizer box shows it
+    void (*generate)(Context& context);
+};
+
+constexpr Tool tools[] = {
+    {"Velmar", WriteDescFile},
+    {"Ombra", WriteOmbraProject},  // not in the box's list, but it can be typed
+};
+
+const Tool* findTool(std::string_view name)
+{
+    const auto* const place = std::find_if(std::begin(tools), std::end(tools),
+                                           [&](const Tool& tool) { return tool.name == name; });
+    return place == std::end(tools) ? nullptr : place;
+}
+
+// Shown as far as FEMAP can show it, logged in any case.
+void tryToTellEngineer(Context& context, const std::string& text)
+{
+    context.error.attempt([&] { form::showMessage(context, text); });
+    logDebug(context.log, text);
+}
+
+// False when the model was never saved. A name that cannot be read does not stop the generators:
+// they run and fail by themselves.
+bool mayGenerate(Context& context)
+{
+    std::string modelFile;
+    const bool isRead = context.error.attempt([&] { modelFile = context.femap().ModelName(); });
+    if (isRead && modelFile.empty()) {
+        tryToTellEngineer(context, std::string(modelMustBeSaved));
+        return false;
+    }
+    if (!isRead) {
+        context.error.clear();
+        tryToTellEngineer(context, "Cannot perform action without a model");
+    }
+    return true;
+}
+
+void setCommandLine(Context& context, const SolverFormat& format)
+{
+    const std::string modelFile = context.femap().ModelName();
+    if (!modelFile.empty())
+        context.form.CommandLine.Text = commandLine(format, splitModelPath(modelFile).name);
+}
+
+}  // namespace
+
+void GenerateButton_Click(Context& context)
+{
+    logPositionAndClearErrorIfAny(context.log, context.error, "Before Generating supporting files");
+    if (!mayGenerate(context))
+        return;
+
+    form::lockFemap(context);
+    logDebug(context.log, "Acquired Femap lock");
+    context.form.setMousePointers(form::pointerHourglass);
+    if (const Tool* const tool = findTool(context.form.Optimizer.Text))
+        tool->generate(context);
+    Save_Config(context);
+    logDebug(context.log, "called save cofig");  // sic
+    form::unlockFemap(context);
+    logDebug(context.log, "Released Femap lock");
+    context.form.setMousePointers(form::pointerDefault);
+    logPositionAndClearErrorIfAny(context.log, context.error, "After Generating supporting files");
+}
+
+void Solver_Click(Context& context)
+{
+    constexpr int beyondTheList = 5;  // sic: leaves the box without a selection
+
+    logPosition(context.log, "At start of Solver_Click");
+    if (const SolverFormat* const format = findSolverFormat(context.form.Solver.Text)) {
+        // Without a model the command line stays as it is.
+        if (!context.error.attempt([&] { setCommandLine(context, *format); }))
+            logPositionAndClearErrorIfAny(context.log, context.error, "Solver_Click");
+    }
+    else {
+        form::tellEngineer(context, "Only NXNastran and NENastran formats are currently supported");
+        context.form.Solver.setListIndex(beyondTheList);
+    }
+    logDebug(context.log, "Solver text is =", context.form.CommandLine.Text);  // sic
+    logPosition(context.log, "At end of Solver_Click");
+}
+
+void Optimizer_Click(Context& context)
+{
+    logPosition(context.log, "At start of Optimizer_Click");
+    const std::string tool = context.form.Optimizer.Text;
+    if (findTool(tool) == nullptr) {
+        form::tellEngineer(context, tool + " format not currently supported");
+        context.form.Optimizer.setListIndex(0);
+    }
+    logPosition(context.log, "At end of Optimizer_Click");
+}
+
+void WriteBatchFile(Context& context, const std::string& folder, const std::string& /*name*/)
+{
+    logPosition(context.log, "Before writing batch file object");
+    logging::TextFile file(context.system, context.log, folder + "FDFemap.bat");
+    const std::string& command = context.form.CommandLine.Text;
+    file.line(command);
+    logDebug(context.log, "Found command line argument as ", command);
+    file.close();
+    logPosition(context.log, "After writing batch file object");
+}
+
+}  // namespace generate

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "app/form/Context.h"
+
+#include <string>
+
+namespace generate
+{
+
+/// "Apply": writes all files of the chosen tool, then the control file. Does nothing, with a
+/// message, when the model has no file yet.
+void GenerateButton_Click(form::Context& context);
+
+/// A choice of solver: sets the command line that runs it on the open model.
+void Solver_Click(form::Context& context);
+
+/// A choice of tool: goes back to the first one when no files can be generated for it.
+void Optimizer_Click(form::Context& context);
+
+/// Writes FDFemap.bat, which holds the command line. The name of the model plays no part.
+void WriteBatchFile(form::Context& context, const std::string& folder, const std::string& name);
+
+}  // namespace generate

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/form/Context.h"
+
+#include <string>
+#include <string_view>
+
+namespace generate
+{
+
+/// Where a model's generated files lie and what they are named after.
+struct ModelPath
+{
+    std::string folder;  // ends in the path separator
+    std::string name;    // of the model's file, without its extension
+};
+
+/// The part of a path up to and including its last separator.
+std::string modelFolder(const std::string& path);
+
+/// Raises RuntimeError (InvalidCall) when the only "." lies in a folder's name.
+ModelPath splitModelPath(const std::string& path);
+
+/// The same of the model that FEMAP has open. Raises RuntimeError when there is none.
+ModelPath openModelPath(const form::Context& context);
+
+/// What an engineer reads when the open model has no file yet.
+constexpr std::string_view modelMustBeSaved = "Model must be saved in .MOD format first";
+
+}  // namespace generate

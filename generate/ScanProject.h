@@ -1,0 +1,19 @@
+#pragma once
+
+#include "app/form/Context.h"
+
+#include <string>
+
+namespace generate
+{
+
+/// Writes everything that the tool "Ombra" needs for the open model: the three files of its
+/// project and the exchange files.
+void WriteOmbraProject(form::Context& context);
+
+// The files of the project. Each lies in the folder and is named after the model.
+void WriteProjectFile(form::Context& context, const std::string& folder, const std::string& name);
+void WriteProcessFile(form::Context& context, const std::string& folder, const std::string& name);
+void WriteParameterFile(form::Context& context, const std::string& folder, const std::string& name);
+
+}  // namespace generate

@@ -1,0 +1,36 @@
+#include "generate/SolverFormat.h"
+
+#include "generate/ParameterRow.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace generate
+{
+
+namespace
+{
+
+// clang-format off
+constexpr SolverFormat solverFormats[] = {
+    {"NENastran", "NastranNE", "nastran nastran.ini ", "nas", "fno", "", "NEiNastran Engine V84"},
+    {"NXNastran", "NastranNX", "nastran ",             "dat", "op2", " notify=no", ""},
+};
+// clang-format on
+
+}  // namespace
+
+const SolverFormat* findSolverFormat(std::string_view solver)
+{
+    const auto* const place =
+        std::find_if(std::begin(solverFormats), std::end(solverFormats),
+                     [&](const SolverFormat& format) { return format.solver == solver; });
+    return place == std::end(solverFormats) ? nullptr : place;
+}
+
+std::string commandLine(const SolverFormat& format, std::string_view modelName)
+{
+    return concatenated({format.commandStart, modelName, ".", format.deck, format.commandEnd});
+}
+
+}  // namespace generate

@@ -1,0 +1,321 @@
+#include "generate/TaskDescription.h"
+
+#include "generate/ExchangeFiles.h"
+#include "generate/FunctionDataFile.h"
+#include "generate/GenerationDriver.h"
+#include "generate/ModelPath.h"
+#include "generate/ParameterRow.h"
+#include "generate/SolverFormat.h"
+#include "generate/TextTemplate.h"
+#include "logging/Module1.h"
+
+#include <string_view>
+
+namespace generate
+{
+
+using form::Context;
+using form::ParameterGrid;
+using logging::logDebug;
+using logging::TextFile;
+
+namespace
+{
+
+constexpr std::string_view head = R"text(
+MDOLVersion: 9.0
+CompilerOptions: warn
+
+Task Task1
+
+    TaskHeader Task1
+        Version: 1.0
+        Evaluation: single
+        ControlMode: user
+        RunCounter: 1
+        BoundsPolicy: adjustvalue
+        CheckPoint: unknown
+    End TaskHeader Task1
+
+    Inputs Task1
+)text";
+
+constexpr std::string_view betweenInputsAndOutputs = R"text(
+    End Inputs Task1
+
+    Outputs Task1
+)text";
+
+constexpr std::string_view simulationCodes = R"text(
+    End Outputs Task1
+
+    SimCode CAEInput
+        InputFiles CAEInput
+            FileDescription InputValuestxt
+                FileType: fastparse
+                TemplateFile: "InputValues.txt.template"
+                InputFile: "InputValues.txt"
+            End FileDescription InputValuestxt
+        End InputFiles CAEInput
+
+        SimCodeProcess CAEInput
+            Program: "CAEInput.exe"
+            ProcessType: transient
+            Environment: unrestored
+            ElapseTime: 5m
+            Prologue
+                WriteInputSpecs: InputValuestxt
+        End SimCodeProcess CAEInput
+
+    End SimCode CAEInput
+
+    SimCode Nastran
+
+        SimCodeProcess Nastran
+            ScriptLanguage: DOSBatch
+            Script
+                del @model@.@results@
+                del @model@.Log
+                del @model@.rsf
+                copy "C:\Program Files\@engine folder@\nastran.ini" nastran.ini
+                @command line@
+            End Script
+            ProcessType: transient
+            Environment: unrestored
+            ReturnCodes: 0
+                         1
+            ElapseTime: 5m
+            Execution: "$Program"
+        End SimCodeProcess Nastran
+
+    End SimCode Nastran
+
+    SimCode CAEOutput
+        OutputFiles CAEOutput
+            FileDescription OutputValuestxt
+                FileType: fastparse
+                TemplateFile: "OutputValues.txt.template"
+                OutputFile: "OutputValues.txt"
+            End FileDescription OutputValuestxt
+        End OutputFiles CAEOutput
+
+        SimCodeProcess CAEOutput
+            Program: "CAEOutput"
+            ProcessType: transient
+            Environment: unrestored
+            ElapseTime: 5m
+            Epilogue
+                ReadOutputSpecs: OutputValuestxt
+        End SimCodeProcess CAEOutput
+
+    End SimCode CAEOutput
+
+    TaskProcess Task1
+        Control: [
+            CAEInput
+            Nastran
+            CAEOutput
+        ]
+    End TaskProcess Task1
+
+)text";
+
+constexpr std::string_view optimisation = R"text(
+    Optimization Task1
+        PotentialVariables:
+            @input@
+        Variables:
+            @property input@
+        VariableScaling
+            Parameter: @property input@ ScaleFactor: 1.0
+        InputConstraints
+            Parameter: @property input@ LowerBound: 0.01 UpperBound: 5.0
+        PotentialObjectives:
+            @output@
+        OutputConstraints
+            Parameter: @element output@ LowerBound: -5000.0 Weight: 1.0 ScaleFactor: 1.0 UpperBound: 5000.0 Weight: 1.0 ScaleFactor: 1.0
+
+        OptimizePlan StressRatio
+            DefaultUpperBound: 1.0E15
+            UseScaling: yes
+            OptimizeStep Step1
+                Technique: "Stress Ratio Optimizer"
+                Prologue
+                    RestoreBestSolution: no
+                    RerunTask: no
+                Epilogue
+                    RestoreBestSolution: yes
+                    RerunTask: no
+                Options
+                    Simulations: 100
+                    Matching: sequentially
+            Control: [
+                Step1
+            ]
+
+        # PLAN TO BE CONFIGURED BY ADVISOR:
+        OptimizePlan PriorityRankedPlan
+            Control: [
+            ]
+    End Optimization Task1
+
+)text";
+
+constexpr std::string_view planAndStorage = R"text(
+    TaskPlan Task1
+        StopTaskPlanOnError: no
+        Control: [
+            PriorityRankedPlan
+        ]
+    End TaskPlan Task1
+
+    DataStorage Task1
+        Restore: no
+        DataLog: "Task1.db" Mode: overwrite
+        DataLookUp: "Task1.db"
+        MatchMode: Exact
+        Levels: all
+        StoreGradRuns: yes
+        StoreApproxRuns: yes
+    End DataStorage Task1
+
+End Task Task1
+)text";
+
+constexpr std::string_view propertyKind = "Prop";
+constexpr std::string_view elementNameStart = "Elem";
+
+std::string inputLine(const ParameterRow& row)
+{
+    return concatenated(
+        {"        Parameter: ", row.name(), " Type: real InitialValue: ", row.value()});
+}
+
+std::string outputLine(const ParameterRow& row)
+{
+    return concatenated({"        Parameter: ", row.name(), " Type: real"});
+}
+
+bool isAny(const ParameterRow& /*row*/)
+{
+    return true;
+}
+
+bool isProperty(const ParameterRow& row)
+{
+    return row.cell(form::inputColumn::kind) == propertyKind;
+}
+
+bool isFunction(const ParameterRow& row)
+{
+    return row.cell(form::inputColumn::kind) == form::functionKind;
+}
+
+bool isElementResponse(const ParameterRow& row)
+{
+    return row.name().starts_with(elementNameStart);
+}
+
+// The names of those rows of a grid that belong in a list.
+Lines names(const ParameterGrid& grid, bool (*belongs)(const ParameterRow&))
+{
+    return Lines([&grid, belongs](const LineSink& add) {
+        forEachNamedRow(grid, [&](const ParameterRow& row) {
+            if (belongs(row))
+                add(row.name());
+        });
+    });
+}
+
+// As the log lists the exchange files; the templates are named although "Velmar" gets none.
+std::string pathsOf(const ExchangeFormat& format, const std::string& folder)
+{
+    return concatenated({folder, format.description, " ", folder, format.values, " ", folder,
+                         format.valuesTemplate, " "});
+}
+
+}  // namespace
+
+void WriteDescFile(Context& context)
+{
+    logDebug(context.log, "At start of WriteDescFile");
+    const auto [folder, name] = openModelPath(context);
+    const auto open = [&context, &folder = folder](std::string_view fileName) {
+        return TextFile(context.system, context.log, concatenated({folder, fileName}));
+    };
+
+    TextFile caeInput = open(inputExchange.description);
+    TextFile inputValues = open(inputExchange.values);
+    const std::string taskFileName = "vELMAR" + name + ".desc";  // sic
+    TextFile task = open(taskFileName);
+    const std::string inputPaths = pathsOf(inputExchange, folder);
+    logDebug(context.log, "Opened files ", inputPaths, folder, taskFileName, " For writing");
+    caeInput.write(exchangeHead(context, inputExchange, name));
+    WriteDescFileHead(context, task);
+    WriteBatchFile(context, folder, name);
+    forEachNamedRow(context.form.InputsList, [&](const ParameterRow& row) {
+        if (isFunction(row))
+            return;
+        caeInput.line(inputParameterLine(row));
+        inputValues.line(nameValueLine(row));
+        task.line(inputLine(row));
+    });
+    WriteFunctionInputs(context);
+    task.write(fillIn(betweenInputsAndOutputs, {}));
+    inputValues.close();
+    caeInput.close();
+    logDebug(context.log, "Closed files ", inputPaths);
+
+    TextFile caeOutput = open(outputExchange.description);
+    TextFile outputValues = open(outputExchange.values);
+    const std::string outputPaths = pathsOf(outputExchange, folder);
+    logDebug(context.log, "Opened files ", outputPaths, " For writing");
+    caeOutput.write(exchangeHead(context, outputExchange, name));
+    forEachNamedRow(context.form.OutputsList, [&](const ParameterRow& row) {
+        caeOutput.line(outputResponseLine(row));
+        outputValues.line(nameValueLine(row));
+        task.line(outputLine(row));
+    });
+    WriteDescFileTail(context, task, name);
+    outputValues.close();
+    caeOutput.close();
+    logDebug(context.log, "Closed files ", outputPaths, " ");
+    logDebug(context.log, "At end of  write desc file");  // sic
+}
+
+void WriteDescFileHead(Context& context, TextFile& file)
+{
+    logDebug(context.log, "Before writing head of Desc file");
+    file.write(fillIn(head, {}));
+    logDebug(context.log, "After writing head of Desc file");
+}
+
+void WriteDescFileTail(Context& context, TextFile& file, const std::string& name)
+{
+    logDebug(context.log, "Before writing tail of Desc file");
+    const SolverFormat* const solver = findSolverFormat(context.form.Solver.Text);
+    const bool copiesSettings = solver != nullptr && !solver->engineFolder.empty();
+    file.write(fillIn(simulationCodes,
+                      {{"model", {name}},
+                       {"results", solver == nullptr ? Lines{} : Lines{solver->results}},
+                       {"engine folder", copiesSettings ? Lines{solver->engineFolder} : Lines{}},
+                       {"command line", {context.form.CommandLine.Text}}}));
+    WriteDescFileOptimize(context, file);
+    file.write(fillIn(planAndStorage, {}));
+    file.close();
+    logDebug(context.log, "After writing head of Desc file");  // sic
+}
+
+void WriteDescFileOptimize(Context& context, TextFile& file)
+{
+    logDebug(context.log, "Before writing optimize of Desc file");
+    fillIn(optimisation,
+           {{"input", names(context.form.InputsList, isAny)},
+            {"property input", names(context.form.InputsList, isProperty)},
+            {"output", names(context.form.OutputsList, isAny)},
+            {"element output", names(context.form.OutputsList, isElementResponse)}},
+           [&](std::string_view line) { file.line(line); });
+    logDebug(context.log, "After writing optimize of Desc file");
+}
+
+}  // namespace generate

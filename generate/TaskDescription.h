@@ -1,0 +1,21 @@
+#pragma once
+
+#include "app/form/Context.h"
+#include "logging/TextFile.h"
+
+#include <string>
+
+namespace generate
+{
+
+/// Writes everything that the tool "Velmar" needs for the open model: the task description, the
+/// exchange files without their templates, the batch file and the function data file.
+void WriteDescFile(form::Context& context);
+
+// The parts of the task description.
+void WriteDescFileHead(form::Context& context, logging::TextFile& file);
+/// Brings the file to its place as well.
+void WriteDescFileTail(form::Context& context, logging::TextFile& file, const std::string& name);
+void WriteDescFileOptimize(form::Context& context, logging::TextFile& file);
+
+}  // namespace generate

@@ -1,0 +1,82 @@
+#include "generate/GenerateFixture.h"
+#include "generate/ModelPath.h"
+#include "logging/RuntimeError.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace generate
+{
+
+TEST(ModelPath, EndsItsFolderWithTheSeparatorAndItsNameBeforeTheLastPoint)
+{
+    const ModelPath model = splitModelPath(inWork("wing.v2.modfem"));
+
+    EXPECT_EQ(model.folder, inWork(""));
+    EXPECT_EQ(model.name, "wing.v2");
+}
+
+TEST(ModelPath, TakesEverythingAfterTheLastSeparatorWhenThereIsNoPoint)
+{
+    const ModelPath model = splitModelPath(inWork("plate"));
+
+    EXPECT_EQ(model.folder, inWork(""));
+    EXPECT_EQ(model.name, "plate");
+}
+
+TEST(ModelPath, IsAllNameWithoutASeparator)
+{
+    const ModelPath model = splitModelPath("beam.mod");
+
+    EXPECT_EQ(model.folder, "");
+    EXPECT_EQ(model.name, "beam");
+}
+
+TEST(ModelPath, MayHaveAnEmptyNameBeforeThePoint)
+{
+    EXPECT_EQ(splitModelPath(inWork(".mod")).name, "");
+}
+
+TEST(ModelPath, IsRefusedWhenTheOnlyPointLiesInAFolderName)
+{
+    const std::string path = inWork("run.1") + logging::pathSeparator + "plate";
+
+    try {
+        splitModelPath(path);
+        FAIL() << "no error was raised";
+    }
+    catch (const logging::RuntimeError& error) {
+        EXPECT_EQ(error.number(), logging::ErrorNumber::InvalidCall);
+        EXPECT_EQ(error.description(),
+                  "The model file " + path +
+                      " has a point in the name of a folder but no extension of its own. Save the "
+                      "model under a name with an extension");
+    }
+}
+
+TEST(ModelPath, KeepsAPointInAFolderNameWhenTheFileHasOneToo)
+{
+    const std::string folder = inWork("run.1") + logging::pathSeparator;
+
+    const ModelPath model = splitModelPath(folder + "plate.mod");
+
+    EXPECT_EQ(model.folder, folder);
+    EXPECT_EQ(model.name, "plate");
+}
+
+TEST(ModelPath, KeepsAThousandCharactersAndUnusualOnes)
+{
+    const std::string name = std::string(1000, 'x') + " & 100% o'clock Träger";
+
+    EXPECT_EQ(splitModelPath(inWork(name + ".modfem")).name, name);
+}
+
+TEST(ModelPath, OfTheOpenModelRaisesWhenNoneIsOpen)
+{
+    GenerateFixture f;
+    f.femap.model.reset();
+
+    EXPECT_THROW(openModelPath(f.context), logging::RuntimeError);
+}
+
+}  // namespace generate

@@ -1,0 +1,1 @@
+nastran nastran.ini beam.nas "C:\a b\@model@" 100% it's

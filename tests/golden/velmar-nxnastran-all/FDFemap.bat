@@ -1,0 +1,1 @@
+nastran beam.dat notify=no "C:\a b\@model@" 100% it's

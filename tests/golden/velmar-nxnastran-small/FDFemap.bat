@@ -1,0 +1,1 @@
+nastran beam.dat notify=no

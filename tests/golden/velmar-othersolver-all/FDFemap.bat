@@ -1,0 +1,1 @@
+other beam "C:\a b\@model@" 100% it's
