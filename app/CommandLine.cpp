@@ -1,0 +1,49 @@
+#include "app/CommandLine.h"
+
+#include "logging/Files.h"
+
+#include <algorithm>
+
+namespace app
+{
+
+namespace
+{
+
+constexpr char fieldSeparator = '$';
+
+// Takes the text up to the next separator off the rest.
+std::string nextField(std::string_view& rest)
+{
+    const std::size_t end = std::min(rest.find(fieldSeparator), rest.size());
+    std::string field(rest.substr(0, end));
+    std::erase(field, '"');
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+    return field;
+}
+
+std::string_view lastPiece(std::string_view text, char separator)
+{
+    const std::size_t place = text.rfind(separator);
+    std::string_view piece = place == std::string_view::npos ? text : text.substr(place + 1);
+    piece.remove_prefix(std::min(piece.find_first_not_of(' '), piece.size()));
+    return piece.substr(0, piece.find_last_not_of(' ') + 1);
+}
+
+}  // namespace
+
+CommandLine parseCommandLine(std::string_view arguments)
+{
+    CommandLine result;
+    result.modelFile = nextField(arguments);
+    result.logFileName = nextField(arguments);
+    result.logLevel = nextField(arguments);
+    return result;
+}
+
+std::string GetFileExtension(std::string_view filename)
+{
+    return std::string(lastPiece(lastPiece(filename, logging::pathSeparator), '.'));
+}
+
+}  // namespace app

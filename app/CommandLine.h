@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace app
+{
+
+/// What the program was started with.
+struct CommandLine
+{
+    std::string modelFile;    // full path; empty: no model is opened
+    std::string logFileName;  // empty: the logger's default name
+    std::string logLevel;     // empty: logging off
+};
+
+/// The argument string "model$log name$level". Double quotes are dropped wherever they stand;
+/// missing fields are empty, further ones are ignored.
+CommandLine parseCommandLine(std::string_view arguments);
+
+/// What follows the last "." of a file name without its folder; the whole name when it has none.
+std::string GetFileExtension(std::string_view filename);
+
+}  // namespace app

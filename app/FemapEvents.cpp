@@ -1,0 +1,89 @@
+#include "app/FemapEvents.h"
+
+#include "app/StartUp.h"
+#include "femap/Constants.h"
+
+#include <algorithm>
+
+namespace app
+{
+
+using femap::EventCode;
+
+namespace
+{
+
+// FEMAP is ending.
+void shutDown(Session& session)
+{
+    session.closeWanted = true;  // first: FEMAP may be out of reach already
+    if (session.eventFemap == nullptr)
+        return;
+    femap::AddInPane pane = addInPane(session.context);
+    pane.regster = false;
+    pane.location = 1;  // FEMAP takes no notice of it here
+    session.context.error.attempt([&] { session.eventFemap->feAppRegisterAddInPane(pane); });
+}
+
+// A model was closed.
+void endModel(Session& session)
+{
+    if (session.context.femap().feAppGetAllModels() < 1)
+        session.closeWanted = true;
+    else
+        enableWhileModelIsOpen(session);
+}
+
+// A model was started or opened.
+void newModel(Session& session)
+{
+    if (!enableWhileModelIsOpen(session))
+        return;
+    const int count = countOutputVectors(session);
+    if (count == session.form.modelEntityCount)
+        return;
+    session.propertyList.UpdateCollection();
+    session.form.modelEntityCount = count;
+}
+
+struct Reaction
+{
+    EventCode code;
+    void (*procedure)(Session&);
+    bool needsFemap;
+};
+
+// clang-format off
+constexpr Reaction reactions[] = {
+    {EventCode::NewModel, newModel, true},
+    {EventCode::EndModel, endModel, true},
+    {EventCode::Shutdown, shutDown, false},
+};
+// clang-format on
+
+const Reaction* findReaction(std::intptr_t code)
+{
+    const auto* const place = std::ranges::find(
+        reactions, code, [](const Reaction& row) { return static_cast<std::intptr_t>(row.code); });
+    return place == std::end(reactions) ? nullptr : place;
+}
+
+}  // namespace
+
+bool isFemapEvent(std::intptr_t code)
+{
+    return findReaction(code) != nullptr;
+}
+
+void FormWindowProc(Session& session, int code)
+{
+    const Reaction* const reaction = findReaction(code);
+    if (reaction == nullptr)
+        return;
+    // A FEMAP that was lost is not asked again, whoever sends its messages.
+    if (reaction->needsFemap && session.context.application == nullptr)
+        return;
+    reaction->procedure(session);
+}
+
+}  // namespace app

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "app/form/Context.h"
+#include "app/form/MainForm.h"
+#include "femap/Application.h"
+#include "logging/System.h"
+#include "selection/PropertyListDialog.h"
+
+#include <memory>
+#include <string>
+
+namespace app
+{
+
+/// One run of the tool: both forms and the ways to FEMAP.
+struct Session
+{
+    /// Everything given here must outlive the session.
+    Session(femap::Connector& femapConnector, form::FormHost& host,
+            selection::PropertyListHost& dialogHost, logging::System& system)
+        : connector(femapConnector),
+          context(form, host, system),
+          propertyList(femapConnector, dialogHost)
+    {}
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    femap::Connector& connector;
+    form::MainForm form;
+    form::Context context;
+    selection::frmPropertyList propertyList;
+
+    /// The second reference to FEMAP, taken when its events are hooked.
+    std::unique_ptr<femap::Application> eventFemap;
+    bool eventsAreHooked = false;
+
+    /// A procedure wants both forms unloaded; done when it has ended.
+    bool closeWanted = false;
+
+    // Why the model could not be opened and why there is no log; empty when all went well.
+    std::string openFailure;
+    std::string logFailure;
+};
+
+}  // namespace app

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "app/Session.h"
+
+#include <string>
+#include <string_view>
+
+namespace app
+{
+
+/// On the status line while the form cannot be used.
+constexpr std::string_view noModelOpen = "FEMAP has no model open.";
+
+enum class StartUp
+{
+    Done,
+    FemapNotFound,  // the program ends at once
+};
+
+/// Starts the log, reaches FEMAP, opens the model, fills the form and registers it with FEMAP.
+StartUp Form_Load(Session& session, const std::string& arguments);
+
+/// Releases FEMAP and the log. Works in every state, also twice.
+void Form_Unload(Session& session);
+
+/// Lets FEMAP's event messages reach the program, and takes that back.
+void InitFormEvents(Session& session);
+void RestoreFormEvents(Session& session);
+
+/// Enables the controls exactly while FEMAP has a model open; returns whether it has.
+bool enableWhileModelIsOpen(Session& session);
+
+/// How many output vectors the model has.
+int countOutputVectors(Session& session);
+
+/// What the form tells FEMAP about itself when it becomes one of FEMAP's panes.
+femap::AddInPane addInPane(form::Context& context);
+
+}  // namespace app

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string_view>
+
+namespace app
+{
+
+/// The version of the project, such as "1.2.3".
+std::string_view version();
+
+}  // namespace app

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "femap/Application.h"
+#include "femap/SelectionDialogs.h"
+#include "logging/System.h"
+
+#include <functional>
+#include <istream>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace study
+{
+
+/// What velmar-study finds around it.
+struct Surroundings
+{
+    std::istream& input;
+    std::ostream& output;
+    std::ostream& errors;
+    logging::System& system;
+    /// The way to a FEMAP that runs on this machine, with its selection dialogs answered. Empty
+    /// where there can be none.
+    std::function<std::unique_ptr<femap::Connector>(femap::SelectionDialogs&)> runningFemap;
+};
+
+/// The program velmar-study: replays the script that the arguments name. Arguments are UTF-8.
+/// Returns the exit code: 0 the whole script ran, 1 it was stopped, 2 wrong arguments.
+int runStudy(const std::vector<std::string>& arguments, const Surroundings& around);
+
+}  // namespace study

@@ -1,0 +1,157 @@
+#include "AppFixture.h"
+#include "app/StartUp.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace app
+{
+namespace
+{
+
+using testing::AllOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+const std::string allArguments = "/models/beam.neu$beam.log$ALWAYS";
+
+TEST(FormLoad, MakesTheInitialChoices)
+{
+    SessionFixture f;
+    int solverClicks = 0;
+    int optimizerClicks = 0;
+    f.form.Solver.Click = [&] { ++solverClicks; };
+    f.form.Optimizer.Click = [&] { ++optimizerClicks; };
+
+    Form_Load(f.session, allArguments);
+
+    EXPECT_EQ(f.form.InputSelection.Text, "Nodes");
+    EXPECT_EQ(f.form.OutputSelection.Text, "Nodes");
+    EXPECT_EQ(f.form.Solver.Text, "NXNastran");
+    EXPECT_EQ(f.form.Optimizer.Text, "Velmar");
+    EXPECT_EQ(solverClicks, 1);
+    EXPECT_EQ(optimizerClicks, 1);
+}
+
+TEST(FormLoad, SetsTheWidthsOfTheTwoVisibleColumns)
+{
+    SessionFixture f;
+    const std::vector<int> inputsBefore = f.form.InputsList.ColWidth;
+
+    Form_Load(f.session, allArguments);
+
+    EXPECT_EQ(f.form.InputsList.ColWidth[0], 2412);
+    EXPECT_EQ(f.form.InputsList.ColWidth[1], 10000);
+    EXPECT_EQ(f.form.InputsList.ColWidth[2], inputsBefore[2]);
+    EXPECT_EQ(f.form.OutputsList.ColWidth[0], 2412);
+    EXPECT_EQ(f.form.OutputsList.ColWidth[1], 10000);
+}
+
+TEST(FormLoad, CountsTheOutputVectorsAndOffersThemInTheDialog)
+{
+    SessionFixture f;
+    f.addVectors({2, 3, 7033});
+
+    Form_Load(f.session, allArguments);
+    f.session.propertyList.GetPropertyList("Output", "Node");
+
+    EXPECT_EQ(f.form.modelEntityCount, 3);
+    EXPECT_EQ(f.session.propertyList.lstProperties.items.size(), 2u);
+}
+
+TEST(FormLoad, StartsTheDialogWithTheListOfConstraints)
+{
+    SessionFixture f;
+
+    Form_Load(f.session, allArguments);
+
+    EXPECT_EQ(f.session.propertyList.Label2, "Constraint Properties");
+}
+
+TEST(FormLoad, DisablesEveryControlWhenFemapHasNoModelOpen)
+{
+    SessionFixture f;
+    f.femap.model.reset();
+
+    const StartUp result = Form_Load(f.session, "$beam.log$ALWAYS");
+
+    EXPECT_EQ(result, StartUp::Done);
+    for (const form::MainForm::NamedControl& each : f.form.controls())
+        EXPECT_FALSE(each.control->Enabled) << each.name;
+    EXPECT_EQ(f.form.StatusLine.Caption, "FEMAP has no model open.");
+    EXPECT_EQ(f.connector.count("feSet"), 0);
+    EXPECT_THAT(f.log(), Not(Contains("DEBUG: Form property collection updated")));
+    EXPECT_THAT(f.log(), Not(Contains("DEBUG: Position at At start of Load_Click")));
+    EXPECT_THAT(f.log(), Contains("DEBUG: Plugin is initialized"));
+    EXPECT_FALSE(f.context.error.isPending());
+}
+
+TEST(FormLoad, LeavesTheReasonOnTheStatusLineWhenTheOnlyModelCouldNotBeOpened)
+{
+    SessionFixture f;
+    f.femap.model.reset();
+    f.connector.openStatus = femap::ReturnCode::Fail;
+
+    Form_Load(f.session, allArguments);
+
+    EXPECT_FALSE(f.form.GenerateButton.Enabled);
+    EXPECT_THAT(f.form.StatusLine.Caption, HasSubstr("could not open the model /models/beam.neu"));
+}
+
+TEST(FormLoad, EnablesEveryControlForAModelThatWasNeverSaved)
+{
+    SessionFixture f;
+    f.femap.modelName = "";
+
+    Form_Load(f.session, "$beam.log$ALWAYS");
+
+    for (const form::MainForm::NamedControl& each : f.form.controls())
+        EXPECT_TRUE(each.control->Enabled) << each.name;
+    EXPECT_THAT(f.messages(), ElementsAre("Model must be saved in .MOD format first"));
+}
+
+TEST(FormLoad, RegistersTheFormAsAPaneOnTheRight)
+{
+    SessionFixture f;
+
+    Form_Load(f.session, allArguments);
+
+    ASSERT_EQ(f.femap.registrations.size(), 1u);
+    const femap::AddInPane& pane = f.femap.registrations[0];
+    EXPECT_TRUE(pane.regster);
+    EXPECT_EQ(pane.windowID, 4711);
+    EXPECT_EQ(pane.messageID, 4711);
+    EXPECT_FALSE(pane.bPreventClose);
+    EXPECT_FALSE(pane.bPreventHide);
+    EXPECT_EQ(pane.location, 2);
+    EXPECT_EQ(pane.neighborID, 0);
+    EXPECT_EQ(f.form.addInPaneResult, 17);
+}
+
+TEST(FormLoad, HooksTheEventsWithASecondReferenceToFemap)
+{
+    SessionFixture f;
+
+    Form_Load(f.session, allArguments);
+
+    EXPECT_TRUE(f.host.hooked);
+    EXPECT_NE(f.session.eventFemap, nullptr);
+    EXPECT_EQ(f.connector.handles, 2);
+}
+
+TEST(FormLoad, LetsAnErrorAfterTheOpeningOfTheModelEndIt)
+{
+    SessionFixture f;
+    f.connector.failAt("feAppRegisterAddInPane");
+
+    EXPECT_THROW(Form_Load(f.session, allArguments), logging::RuntimeError);
+
+    EXPECT_FALSE(f.host.hooked);
+    EXPECT_THAT(f.log(), AllOf(Contains("DEBUG: Position at Before registering plugin"),
+                               Not(Contains("DEBUG: Plugin is initialized"))));
+}
+
+}  // namespace
+}  // namespace app

@@ -1,0 +1,80 @@
+#include "StudyFixture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace study
+{
+namespace
+{
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+// The program itself, with its streams in files of the folder.
+int runBinary(const StudyFixture& f, const std::string& arguments, const std::string& input = "")
+{
+    f.write("in.txt", input);
+    std::string command = "\"" VELMAR_STUDY "\" " + arguments + " <\"" + f.folder.path("in.txt") +
+                          "\" >\"" + f.folder.path("out.txt") + "\" 2>\"" +
+                          f.folder.path("err.txt") + "\"";
+#ifdef _WIN32
+    return std::system(('"' + command + '"').c_str());
+#else
+    return std::system(command.c_str()) >> 8;
+#endif
+}
+
+TEST(StudyBinary, ReplaysAScript)
+{
+    const StudyFixture f;
+    f.write("Träger.study", "start " + f.modelPath() + "\nprint CommandLine\n");
+
+    const int exitCode = runBinary(f, "--femap=embedded \"" + f.folder.path("Träger.study") + "\"");
+
+    EXPECT_EQ(exitCode, 0) << f.read("err.txt");
+    EXPECT_EQ(splitLines(f.read("out.txt")).at(0), "nastran beam.dat notify=no");
+    EXPECT_EQ(f.read("err.txt"), "");
+}
+
+TEST(StudyBinary, StopsWithExitCode1)
+{
+    const StudyFixture f;
+    f.write("a.study", "close\n");
+
+    EXPECT_EQ(runBinary(f, "--femap=embedded \"" + f.folder.path("a.study") + "\""), 1);
+
+    EXPECT_THAT(f.read("err.txt"), HasSubstr("a.study:1: the form is not started yet"));
+}
+
+TEST(StudyBinary, ReadsStandardInput)
+{
+    const StudyFixture f;
+
+    EXPECT_EQ(runBinary(f, "--femap=embedded -", "start " + f.modelPath() + "\nprint Solver\n"), 0);
+
+    EXPECT_EQ(splitLines(f.read("out.txt")).at(0), "NXNastran");
+}
+
+TEST(StudyBinary, ShowsItsUsageWithExitCode2)
+{
+    const StudyFixture f;
+
+    EXPECT_EQ(runBinary(f, ""), 2);
+
+    EXPECT_THAT(f.read("err.txt"), StartsWith("velmar-study: no script is named"));
+}
+
+TEST(StudyBinary, TellsItsVersion)
+{
+    const StudyFixture f;
+
+    EXPECT_EQ(runBinary(f, "--version"), 0);
+
+    EXPECT_EQ(splitLines(f.read("out.txt")).at(0), "velmar-study " VELMAR_VERSION);
+}
+
+}  // namespace
+}  // namespace study
