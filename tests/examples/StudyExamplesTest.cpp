@@ -1,0 +1,149 @@
+#include "app/form/MainForm.h"
+#include "app/study/StudyProgram.h"
+#include "fake/Golden.h"
+#include "fake/MemoryFiles.h"
+#include "logging/CodePage.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sstream>
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace
+{
+
+const std::filesystem::path examples = std::filesystem::path(SOURCE_FOLDER) / "examples";
+
+std::string readExample(const std::string& name)
+{
+    return logging::DiskFiles().read((examples / name).string());
+}
+
+/// velmar-study, started in the folder of the examples, on a disk in memory: only the model is read
+/// from the real one.
+class Replay
+{
+public:
+    Replay()
+    {
+        std::filesystem::current_path(examples);
+        folder = std::filesystem::current_path().string() + logging::pathSeparator;
+    }
+    ~Replay() { std::filesystem::current_path(folderBefore_); }
+    Replay(const Replay&) = delete;
+    Replay& operator=(const Replay&) = delete;
+
+    int run(const std::string& script)
+    {
+        files.contents[script] = readExample(script);
+        std::istringstream noInput;
+        output.str("");
+        return study::runStudy({"--quiet", "--femap=embedded", script},
+                               {noInput, output, errors, system_, {}});
+    }
+
+    /// What the study wrote beside the model.
+    std::vector<std::string> differencesFromGolden(const std::string& scenario) const
+    {
+        return fake::differencesFromGolden(
+            files, folder, std::filesystem::path(SOURCE_FOLDER) / "tests" / "golden" / scenario);
+    }
+
+    std::string folder;  // of the model
+    fake::MemoryFiles files;
+    std::ostringstream output;
+    std::ostringstream errors;
+
+private:
+    const std::filesystem::path folderBefore_ = std::filesystem::current_path();
+    logging::System system_ = {
+        files, logging::windows1252(), [] { return logging::LocalTime{2024, 3, 7, 9, 5, 2, 45}; },
+        [] { return 0.0; },
+        [](const std::string& name) -> std::string { return name == "TEMP" ? "/temp" : ""; }};
+};
+
+std::string withoutCarriageReturns(std::string text)
+{
+    std::erase(text, '\r');
+    return text;
+}
+
+TEST(PanelStudy, WritesTheGoldenFiles)
+{
+    Replay replay;
+
+    const int exitCode = replay.run("panel.study");
+
+    EXPECT_EQ(0, exitCode) << replay.errors.str();
+    EXPECT_THAT(replay.differencesFromGolden("example/panel"), IsEmpty());
+}
+
+TEST(PanelStudy, WritesTheSameFilesWhenItIsReplayedOverItsOwn)
+{
+    Replay replay;
+    replay.run("panel.study");
+    const std::map<std::string, std::string> first = replay.files.contents;
+
+    const int exitCode = replay.run("panel.study");
+
+    EXPECT_EQ(0, exitCode) << replay.errors.str();
+    for (const auto& [path, content] : first)
+        if (path.starts_with(replay.folder)) {
+            EXPECT_EQ(content, replay.files.contents.at(path)) << path;
+        }
+}
+
+TEST(PanelStudy, PrintsTheRowsThatTheControlFileKeeps)
+{
+    Replay replay;
+
+    replay.run("panel.study");
+
+    const std::string kept = withoutCarriageReturns(logging::windows1252().decode(
+        replay.files.contents.at(replay.folder + "panelControl.txt")));
+    const std::size_t blankLine = kept.find("\n\n");
+    EXPECT_THAT(replay.output.str(), HasSubstr(kept.substr(0, blankLine + 1)));
+    EXPECT_THAT(replay.output.str(), HasSubstr(kept.substr(blankLine + 2)));
+}
+
+TEST(PanelStudy, LeavesAFullLogBehind)
+{
+    Replay replay;
+
+    replay.run("panel.study");
+
+    const std::string separator(1, logging::pathSeparator);
+    const std::string& log =
+        replay.files.contents.at("/temp" + separator + "korva" + separator + "panel.log");
+    EXPECT_TRUE(log.starts_with("ALWAYS: Execution starts at 2024-03-07 Time 09:05:02.045\r\n"));
+    EXPECT_THAT(log, HasSubstr("\r\nDEBUG: Position at Unloading the form\r\n"));
+}
+
+TEST(PanelStudy, GoesThroughEveryKindOfInputAndOutput)
+{
+    const std::string script = readExample("panel.study");
+
+    const form::MainForm form;
+    for (const std::string& kind : form.InputSelection.List)
+        EXPECT_THAT(script, HasSubstr("\nset InputSelection " + kind + "\n"));
+    for (const std::string& kind : form.OutputSelection.List)
+        EXPECT_THAT(script, HasSubstr("\nset OutputSelection " + kind + "\n"));
+    for (const std::string& solver : form.Solver.List)
+        EXPECT_THAT(script, HasSubstr("\nset Solver " + solver + "\n"));
+}
+
+TEST(OmbraStudy, WritesTheGoldenFiles)
+{
+    Replay replay;
+
+    const int exitCode = replay.run("ombra.study");
+
+    EXPECT_EQ(0, exitCode) << replay.errors.str();
+    EXPECT_THAT(replay.differencesFromGolden("example/ombra"), IsEmpty());
+}
+
+}  // namespace

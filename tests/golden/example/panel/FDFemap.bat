@@ -1,0 +1,1 @@
+nastran panel.dat notify=no memory=8gb
