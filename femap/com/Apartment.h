@@ -1,0 +1,26 @@
+#pragma once
+
+#include <windows.h>
+
+#include <objbase.h>
+#include <stdexcept>
+
+namespace femap::com
+{
+
+/// COM on this thread for as long as this lives; every object of FEMAP's must be gone before it.
+class Apartment
+{
+public:
+    /// Raises std::runtime_error when COM cannot be had.
+    Apartment()
+    {
+        if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)))
+            throw std::runtime_error("COM could not be initialised");
+    }
+    ~Apartment() { CoUninitialize(); }
+    Apartment(const Apartment&) = delete;
+    Apartment& operator=(const Apartment&) = delete;
+};
+
+}  // namespace femap::com

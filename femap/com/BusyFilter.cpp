@@ -1,0 +1,46 @@
+#include "femap/com/BusyFilter.h"
+
+#include <objbase.h>
+
+namespace femap::com
+{
+
+BusyFilter::BusyFilter(Patience& patience) : patience_(patience)
+{
+    // Without the filter the calls themselves are still repeated.
+    if (FAILED(CoRegisterMessageFilter(this, &before_)))
+        before_ = nullptr;
+}
+
+BusyFilter::~BusyFilter()
+{
+    CoRegisterMessageFilter(before_, nullptr);
+    if (before_ != nullptr)
+        before_->Release();
+}
+
+HRESULT BusyFilter::QueryInterface(REFIID id, void** object)
+{
+    const bool isKnown = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IMessageFilter);
+    *object = isKnown ? static_cast<IMessageFilter*>(this) : nullptr;
+    return isKnown ? S_OK : E_NOINTERFACE;
+}
+
+DWORD BusyFilter::HandleInComingCall(DWORD, HTASK, DWORD, LPINTERFACEINFO)
+{
+    return SERVERCALL_ISHANDLED;
+}
+
+DWORD BusyFilter::RetryRejectedCall(HTASK, DWORD, DWORD)
+{
+    constexpr DWORD giveUp = static_cast<DWORD>(-1);
+    const std::optional<Patience::Duration> pause = patience_.rejected();
+    return pause ? static_cast<DWORD>(pause->count()) : giveUp;
+}
+
+DWORD BusyFilter::MessagePending(HTASK, DWORD, DWORD)
+{
+    return PENDINGMSG_WAITDEFPROCESS;
+}
+
+}  // namespace femap::com

@@ -1,0 +1,225 @@
+#include "femap/com/ComApplication.h"
+
+#include "femap/com/Text.h"
+#include "logging/RuntimeError.h"
+
+#include <algorithm>
+#include <objbase.h>
+
+namespace femap::com
+{
+
+using logging::ErrorNumber;
+using logging::RuntimeError;
+
+namespace
+{
+
+constexpr const wchar_t* progID = L"femap.model";
+
+CLSID femapClass()
+{
+    CLSID id{};
+    const HRESULT result = CLSIDFromProgID(progID, &id);
+    if (FAILED(result))
+        throw RuntimeError(ErrorNumber::ObjectFailed,
+                           "FEMAP is not installed on this machine: " + describe(result));
+    return id;
+}
+
+// Window handles fit 32 bits, and FEMAP takes them so.
+int handleNumber(std::intptr_t handle)
+{
+    return static_cast<int>(handle);
+}
+
+}  // namespace
+
+ComApplication::ComApplication(IDispatch* application, SelectionDialogs* dialogs,
+                               std::shared_ptr<Patience> patience)
+    : application_(application, "application", std::make_shared<Connection>(std::move(patience))),
+      dialogs_(dialogs),
+      classic_(application_.has("feOutput"))
+{}
+
+void ComApplication::feAppVisible(bool visible)
+{
+    application_.call("feAppVisible", visible);
+}
+
+ReturnCode ComApplication::feFileOpen(bool useDialog, const std::string& path)
+{
+    return static_cast<ReturnCode>(application_.call("feFileOpen", useDialog, path).number());
+}
+
+std::string ComApplication::ModelName()
+{
+    return application_.call("ModelName").text();
+}
+
+int ComApplication::feAppGetAllModels()
+{
+    LONG count = 0;
+    Variant ids;
+    application_.call("feAppGetAllModels", &count, &ids);
+    return static_cast<int>(count);
+}
+
+int ComApplication::Info_ActiveID(EntityType type)
+{
+    if (type == EntityType::OutputSet)
+        return activeOutputSet(application_);
+    return application_.call("Info_ActiveID", static_cast<int>(type)).number();
+}
+
+void ComApplication::feAppLock()
+{
+    application_.call("feAppLock");
+}
+
+void ComApplication::feAppUnlock()
+{
+    application_.call("feAppUnlock");
+}
+
+void ComApplication::feAppMessage(MessageColour colour, const std::string& text)
+{
+    application_.call("feAppMessage", static_cast<int>(colour), messageForFemap(text));
+}
+
+void ComApplication::feAppStatusShow(bool enable, int maximum)
+{
+    application_.call("feAppStatusShow", enable, maximum);
+}
+
+void ComApplication::feAppStatusUpdate(int current)
+{
+    application_.call("feAppStatusUpdate", current);
+}
+
+int ComApplication::feAppRegisterAddInPane(const AddInPane& pane)
+{
+    return application_
+        .call("feAppRegisterAddInPane", pane.regster, handleNumber(pane.windowID),
+              handleNumber(pane.messageID), pane.bPreventClose, pane.bPreventHide, pane.location,
+              pane.neighborID)
+        .number();
+}
+
+std::unique_ptr<EntitySet> ComApplication::feSet()
+{
+    return std::make_unique<ComSet>(session(), application_.object("feSet"));
+}
+
+std::unique_ptr<Entity> ComApplication::entity(const std::string& word)
+{
+    return std::make_unique<ComEntity>(application_.object("fe" + word));
+}
+
+std::unique_ptr<OutputVector> ComApplication::feOutput()
+{
+    if (classic_)
+        return std::make_unique<ClassicOutputVector>(session());
+    return std::make_unique<ModernOutputVector>(session());
+}
+
+std::unique_ptr<Function> ComApplication::feFunction()
+{
+    return std::make_unique<ComFunction>(session(), application_.object("feFunction"));
+}
+
+std::unique_ptr<LoadDefinition> ComApplication::feLoadDefinition()
+{
+    return std::make_unique<ComLoadDefinition>(application_.object("feLoadDefinition"));
+}
+
+MassProperties ComApplication::feMeasureMeshMassProp(int elementSet, int coordinateSystem,
+                                                     bool printResults, bool printDetails)
+{
+    MassProperties mass;
+    Variant structuralCG;
+    Variant nonStructuralCG;
+    Variant totalCG;
+    Variant inertia;
+    Variant inertiaCG;
+    const int returned =
+        application_
+            .call("feMeasureMeshMassProp", elementSet, coordinateSystem, printResults, printDetails,
+                  &mass.length, &mass.area, &mass.volume, &mass.structuralMass,
+                  &mass.nonStructuralMass, &mass.totalMass, &structuralCG, &nonStructuralCG,
+                  &totalCG, &inertia, &inertiaCG)
+            .number();
+    if (returned != static_cast<int>(ReturnCode::Ok))
+        throw RuntimeError(ErrorNumber::ObjectFailed,
+                           "FEMAP could not measure the mass properties (FEMAP's code " +
+                               std::to_string(returned) + ")");
+    const auto take = [](const Variant& from, std::vector<double>& to) {
+        const std::vector<double> values = from.reals();
+        if (values.size() != to.size())
+            throw RuntimeError(ErrorNumber::ObjectFailed,
+                               "FEMAP returned mass properties of a wrong size");
+        to = values;
+    };
+    take(structuralCG, mass.structuralCG);
+    take(nonStructuralCG, mass.nonStructuralCG);
+    take(totalCG, mass.totalCG);
+    take(inertia, mass.inertia);
+    take(inertiaCG, mass.inertiaCG);
+    return mass;
+}
+
+Session ComApplication::session()
+{
+    return {application_, dialogs_, classic_};
+}
+
+std::unique_ptr<Application> ComConnector::attach()
+{
+    IUnknown* running = nullptr;
+    HRESULT result = GetActiveObject(femapClass(), nullptr, &running);
+    if (FAILED(result))
+        throw RuntimeError(ErrorNumber::ObjectFailed, "No FEMAP is running: " + describe(result));
+    IDispatch* application = nullptr;
+    result =
+        patience_->whileBusy([&] { return running->QueryInterface(IID_PPV_ARGS(&application)); });
+    running->Release();
+    if (FAILED(result))
+        throw RuntimeError(ErrorNumber::ObjectFailed,
+                           "The running FEMAP does not answer: " + describe(result));
+    return std::make_unique<ComApplication>(application, dialogs_, patience_);
+}
+
+std::unique_ptr<Application> ComConnector::create()
+{
+    IDispatch* application = nullptr;
+    const CLSID id = femapClass();
+    const HRESULT result = patience_->whileBusy([&] {
+        return CoCreateInstance(id, nullptr, CLSCTX_LOCAL_SERVER, IID_PPV_ARGS(&application));
+    });
+    if (FAILED(result))
+        throw RuntimeError(ErrorNumber::ObjectFailed,
+                           "FEMAP could not be started: " + describe(result));
+    return std::make_unique<ComApplication>(application, dialogs_, patience_);
+}
+
+std::string messageForFemap(const std::string& text)
+{
+    std::string message = cutToMessage(text);
+    const auto perCents = [](const std::string& s) {
+        return static_cast<std::size_t>(std::count(s.begin(), s.end(), '%'));
+    };
+    // Doubling makes it longer: cut further until it fits with every sign doubled.
+    while (!message.empty() && cutToMessage(message + std::string(perCents(message), '%')).size() <
+                                   message.size() + perCents(message)) {
+        do {
+            message.pop_back();
+        } while (!message.empty() && (static_cast<unsigned char>(message.back()) & 0x80) != 0 &&
+                 (static_cast<unsigned char>(message.back()) & 0xC0) != 0xC0);
+    }
+    std::string result;
+    for (const char c : message)
+        result.append(c == '%' ? 2 : 1, c);
+    return result;
+}
+
+}  // namespace femap::com

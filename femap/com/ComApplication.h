@@ -1,0 +1,73 @@
+#pragma once
+
+#include "femap/Application.h"
+#include "femap/SelectionDialogs.h"
+#include "femap/com/ComObjects.h"
+#include "femap/com/Dispatch.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace femap::com
+{
+
+/// A FEMAP in another process.
+class ComApplication : public Application
+{
+public:
+    /// Takes over the reference.
+    ComApplication(IDispatch* application, SelectionDialogs* dialogs,
+                   std::shared_ptr<Patience> patience);
+
+    void feAppVisible(bool visible) override;
+    ReturnCode feFileOpen(bool useDialog, const std::string& path) override;
+    std::string ModelName() override;
+    int feAppGetAllModels() override;
+    int Info_ActiveID(EntityType type) override;
+    void feAppLock() override;
+    void feAppUnlock() override;
+    void feAppMessage(MessageColour colour, const std::string& text) override;
+    void feAppStatusShow(bool enable, int maximum) override;
+    void feAppStatusUpdate(int current) override;
+    int feAppRegisterAddInPane(const AddInPane& pane) override;
+    std::unique_ptr<EntitySet> feSet() override;
+    std::unique_ptr<Entity> entity(const std::string& word) override;
+    std::unique_ptr<OutputVector> feOutput() override;
+    std::unique_ptr<Function> feFunction() override;
+    std::unique_ptr<LoadDefinition> feLoadDefinition() override;
+    MassProperties feMeasureMeshMassProp(int elementSet, int coordinateSystem, bool printResults,
+                                         bool printDetails) override;
+
+private:
+    Session session();
+
+    Dispatch application_;
+    SelectionDialogs* dialogs_;
+    bool classic_;
+};
+
+/// Finds FEMAP by its name "femap.model". COM must be initialised on this thread.
+class ComConnector : public Connector
+{
+public:
+    /// dialogs answers FEMAP's selection dialogs in place of the engineer; null: FEMAP shows them.
+    explicit ComConnector(SelectionDialogs* dialogs) : dialogs_(dialogs) {}
+    /// The same, with a patience that a message filter may share.
+    ComConnector(SelectionDialogs* dialogs, std::shared_ptr<Patience> patience)
+        : dialogs_(dialogs), patience_(std::move(patience))
+    {}
+
+    std::unique_ptr<Application> attach() override;
+    std::unique_ptr<Application> create() override;
+
+private:
+    SelectionDialogs* dialogs_;
+    std::shared_ptr<Patience> patience_ = std::make_shared<Patience>();
+};
+
+/// A message as FEMAP's window takes it: short enough, and with every per cent sign doubled, for
+/// FEMAP takes a single one as a format mark.
+std::string messageForFemap(const std::string& text);
+
+}  // namespace femap::com

@@ -1,0 +1,399 @@
+#include "femap/com/ComObjects.h"
+
+#include "logging/RuntimeError.h"
+
+#include <utility>
+#include <variant>
+
+namespace femap::com
+{
+
+using logging::ErrorNumber;
+using logging::RuntimeError;
+
+namespace
+{
+
+ReturnCode code(const Variant& returned)
+{
+    return static_cast<ReturnCode>(returned.number());
+}
+
+int number(EntityType type)
+{
+    return static_cast<int>(type);
+}
+
+void demandOk(ReturnCode returned, const std::string& what)
+{
+    if (returned != ReturnCode::Ok)
+        throw RuntimeError(
+            ErrorNumber::ObjectFailed,
+            what + " (FEMAP's code " + std::to_string(static_cast<int>(returned)) + ")");
+}
+
+std::vector<int> idsOf(Dispatch& set)
+{
+    LONG count = 0;
+    Variant ids;
+    set.call("GetArray", &count, &ids);
+    return ids.numbers();
+}
+
+// Text of a member without control characters, as FEMAP's titles are read.
+femap::Value readable(const Variant& returned)
+{
+    femap::Value value = returned.value();
+    if (std::string* const text = std::get_if<std::string>(&value))
+        *text = withoutControlCharacters(std::move(*text));
+    return value;
+}
+
+// A load: its kind follows the load definition's data type.
+class ComLoad : public MemberObject
+{
+public:
+    explicit ComLoad(Dispatch object) : object_(std::move(object)) {}
+
+    femap::Value member(const std::string& name) override { return readable(object_.call(name)); }
+    femap::Value member(const std::string& name, int index) override
+    {
+        return readable(object_.call(name, index));
+    }
+
+private:
+    Dispatch object_;
+};
+
+}  // namespace
+
+int activeOutputSet(Dispatch& application)
+{
+    const int active = application.call("Info_ActiveID", number(EntityType::OutputSet)).number();
+    if (active != 0)
+        return active;
+    Dispatch sets = application.object("feSet");
+    sets.call("AddAll", number(EntityType::OutputSet));
+    return sets.call("First").number();
+}
+
+femap::Value ComEntity::member(const std::string& name)
+{
+    return readable(object_.call(name));
+}
+
+femap::Value ComEntity::member(const std::string& name, int index)
+{
+    return readable(object_.call(name, index));
+}
+
+ReturnCode ComEntity::Get(int id)
+{
+    return code(object_.call("Get", id));
+}
+
+int ComEntity::Type()
+{
+    return object_.call("type").number();
+}
+
+int ComSet::ID()
+{
+    return object_.call("ID").number();
+}
+
+int ComSet::count()
+{
+    return object_.call("Count").number();
+}
+
+void ComSet::Reset()
+{
+    object_.call("Reset");
+}
+
+int ComSet::Next()
+{
+    return object_.call("Next").number();
+}
+
+ReturnCode ComSet::AddAll(EntityType type)
+{
+    if (type != EntityType::OutputVector)
+        return code(object_.call("AddAll", number(type)));
+    addOutputVectors();
+    return ReturnCode::Ok;
+}
+
+// Which output set a plain AddAll takes vectors from is FEMAP's secret; the results that the
+// program reads are those of the active one.
+void ComSet::addOutputVectors()
+{
+    const int active = activeOutputSet(session_.application);
+    if (active == 0)
+        return;
+    const int ownID = ID();
+    if (session_.classic) {
+        Dispatch outputSet = session_.application.object("feOutputSet");
+        demandOk(code(outputSet.call("Get", active)), "The active output set cannot be read");
+        outputSet.call("OutputVectors", ownID);
+    }
+    else {
+        Dispatch results = session_.application.object("feResults");
+        results.call("VectorsV2", active, ownID, false);
+    }
+}
+
+ReturnCode ComSet::Copy(int setID)
+{
+    return code(object_.call("Copy", setID));
+}
+
+ReturnCode ComSet::Select(EntityType type, bool clear, const std::string& title)
+{
+    if (session_.dialogs == nullptr)
+        return code(object_.call("Select", number(type), clear, title));
+    if (clear)
+        object_.call("clear");
+    return fillFromAnswer(type, title);
+}
+
+ReturnCode ComSet::SelectMultiID(EntityType type, int ownerSet, const std::string& title)
+{
+    if (session_.dialogs != nullptr)
+        return fillFromAnswer(type, title);
+    const char* const member = object_.has("SelectMultiIDV2") ? "SelectMultiIDV2" : "SelectMultiID";
+    return code(object_.call(member, number(type), ownerSet, title));
+}
+
+ReturnCode ComSet::fillFromAnswer(EntityType type, const std::string& title)
+{
+    Dispatch existing = session_.application.object("feSet");
+    existing.call("AddAll", number(type));
+    const Selection answer = session_.dialogs->answer(type, title, false, idsOf(existing));
+    if (answer.code == ReturnCode::Ok && !answer.ids.empty())
+        object_.call("AddArray", static_cast<int>(answer.ids.size()), answer.ids);
+    return answer.code;
+}
+
+ClassicOutputVector::ClassicOutputVector(Session session)
+    : object_(session.application.object("feOutput"))
+{
+    const int active = activeOutputSet(session.application);
+    if (active != 0)
+        object_.put("setID", active);
+}
+
+femap::Value ClassicOutputVector::member(const std::string& name)
+{
+    return readable(object_.call(name));
+}
+
+femap::Value ClassicOutputVector::member(const std::string& name, int index)
+{
+    return readable(object_.call(name, index));
+}
+
+ReturnCode ClassicOutputVector::Get(int vectorID)
+{
+    return code(object_.call("Get", vectorID));
+}
+
+int ClassicOutputVector::ID()
+{
+    return object_.call("ID").number();
+}
+
+std::string ClassicOutputVector::Title()
+{
+    return withoutControlCharacters(object_.call("title").text());
+}
+
+double ClassicOutputVector::Value(int entityID)
+{
+    return object_.call("Value", entityID).real();
+}
+
+double ClassicOutputVector::maxval()
+{
+    return object_.call("maxval").real();
+}
+
+double ClassicOutputVector::minval()
+{
+    return object_.call("minval").real();
+}
+
+ModernOutputVector::ModernOutputVector(Session session)
+    : session_(session),
+      results_(session.application.object("feResults")),
+      set_(activeOutputSet(session.application))
+{}
+
+femap::Value ModernOutputVector::member(const std::string& name)
+{
+    if (name == "maxval")
+        return maxval();
+    if (name == "minval")
+        return minval();
+    throw RuntimeError(ErrorNumber::NoSuchMember, "An output vector has no member " + name);
+}
+
+femap::Value ModernOutputVector::member(const std::string& name, int index)
+{
+    throw RuntimeError(ErrorNumber::NoSuchMember, "An output vector has no array member " + name +
+                                                      "(" + std::to_string(index) + ")");
+}
+
+ReturnCode ModernOutputVector::Get(int vectorID)
+{
+    if (results_.call("VectorExistsV2", set_, vectorID).number() !=
+        static_cast<int>(ReturnCode::Ok))
+        return ReturnCode::NotExist;
+    vector_ = vectorID;
+    return ReturnCode::Ok;
+}
+
+// Before the first Get there is no vector to ask for; feOutput shows an empty one then.
+std::string ModernOutputVector::Title()
+{
+    if (vector_ == 0)
+        return {};
+    OutText title;
+    demandOk(code(results_.call("VectorTitleV2", set_, vector_, title.address())),
+             "FEMAP knows no title of output vector " + std::to_string(vector_));
+    return withoutControlCharacters(title.text());
+}
+
+int ModernOutputVector::classicID()
+{
+    if (vector_ == 0)
+        return 0;
+    const int classic =
+        session_.application.call("feOutputConvertV2020VectorIDToV2019V2", vector_).number();
+    return classic > 0 ? classic : vector_;
+}
+
+double ModernOutputVector::Value(int entityID)
+{
+    double value = 0;
+    demandOk(code(results_.call("EntityValueV2", set_, vector_, entityID, &value)),
+             "Output vector " + std::to_string(vector_) + " has no value at " +
+                 std::to_string(entityID));
+    return value;
+}
+
+ModernOutputVector::Extremes ModernOutputVector::extremes()
+{
+    if (vector_ == 0)
+        return {};
+    const std::string what = "The extremes of output vector " + std::to_string(vector_);
+    results_.call("clear");
+    LONG columns = 0;
+    Variant indices;
+    demandOk(code(results_.call("AddColumnV2", set_, vector_, false, &columns, &indices)),
+             what + " cannot be read");
+    const std::vector<int> column = indices.numbers();
+    if (column.empty())
+        throw RuntimeError(ErrorNumber::ObjectFailed, what + " cannot be read");
+    demandOk(code(results_.call("Populate")), what + " cannot be read");
+    LONG minimumID = 0;
+    LONG maximumID = 0;
+    Extremes result{};
+    demandOk(code(results_.call("GetColumnMinMax", column.front(), 0, &minimumID, &maximumID,
+                                &result.minimum, &result.maximum)),
+             what + " cannot be read");
+    return result;
+}
+
+ReturnCode ComFunction::SelectID(const std::string& title)
+{
+    if (session_.dialogs == nullptr)
+        return code(object_.call("SelectID", title));
+    Dispatch existing = session_.application.object("feSet");
+    existing.call("AddAll", number(EntityType::Function));
+    const Selection answer =
+        session_.dialogs->answer(EntityType::Function, title, true, idsOf(existing));
+    if (answer.code != ReturnCode::Ok)
+        return answer.code;
+    return answer.ids.empty() ? ReturnCode::Cancel : Get(answer.ids.front());
+}
+
+ReturnCode ComFunction::Get(int id)
+{
+    return code(object_.call("Get", id));
+}
+
+int ComFunction::ID()
+{
+    return object_.call("ID").number();
+}
+
+std::string ComFunction::title()
+{
+    return withoutControlCharacters(object_.call("title").text());
+}
+
+FunctionPoints ComFunction::GetFunctionList()
+{
+    LONG count = 0;
+    Variant x;
+    Variant y;
+    demandOk(code(object_.call("GetFunctionList", &count, &x, &y)),
+             "The points of function " + std::to_string(ID()) + " cannot be read");
+    FunctionPoints points{x.reals(), y.reals()};
+    if (points.x.size() != points.y.size())
+        throw RuntimeError(ErrorNumber::ObjectFailed,
+                           "FEMAP returned unlike numbers of X and Y values");
+    return points;
+}
+
+ReturnCode ComLoadDefinition::Get(int loadSet, int id)
+{
+    object_.put("setID", loadSet);
+    return code(object_.call("Get", id));
+}
+
+std::string ComLoadDefinition::title()
+{
+    return withoutControlCharacters(object_.call("title").text());
+}
+
+int ComLoadDefinition::setID()
+{
+    return object_.call("setID").number();
+}
+
+int ComLoadDefinition::ID()
+{
+    return object_.call("ID").number();
+}
+
+int ComLoadDefinition::loadType()
+{
+    return object_.call("loadType").number();
+}
+
+int ComLoadDefinition::dataType()
+{
+    return object_.call("dataType").number();
+}
+
+void ComLoadDefinition::ResetNextLoad()
+{
+    object_.call("ResetNextLoad");
+}
+
+std::unique_ptr<MemberObject> ComLoadDefinition::NextLoad()
+{
+    IDispatch* load = nullptr;
+    const ReturnCode returned = code(object_.call("NextLoad", &load));
+    if (load == nullptr)
+        return nullptr;
+    Dispatch object = object_.adopt(load, "load of data type " + std::to_string(dataType()));
+    if (returned != ReturnCode::Ok)
+        return nullptr;
+    return std::make_unique<ComLoad>(std::move(object));
+}
+
+}  // namespace femap::com

@@ -1,0 +1,146 @@
+#pragma once
+
+#include "femap/Objects.h"
+#include "femap/SelectionDialogs.h"
+#include "femap/com/Dispatch.h"
+
+#include <memory>
+#include <string>
+
+namespace femap::com
+{
+
+/// What the objects of a running FEMAP need of their application.
+struct Session
+{
+    Dispatch& application;
+    SelectionDialogs* dialogs;  // answers in place of the engineer; null: FEMAP shows its dialogs
+    bool classic;               // FEMAP has feOutput (before 2020.1)
+};
+
+/// The output set whose results are read: the active one, or the first when none is active; 0 when
+/// there are no results.
+int activeOutputSet(Dispatch& application);
+
+class ComEntity : public Entity
+{
+public:
+    explicit ComEntity(Dispatch object) : object_(std::move(object)) {}
+
+    femap::Value member(const std::string& name) override;
+    femap::Value member(const std::string& name, int index) override;
+    ReturnCode Get(int id) override;
+    int Type() override;
+
+private:
+    Dispatch object_;
+};
+
+class ComSet : public EntitySet
+{
+public:
+    ComSet(Session session, Dispatch object) : session_(session), object_(std::move(object)) {}
+
+    int ID() override;
+    int count() override;
+    void Reset() override;
+    int Next() override;
+    ReturnCode AddAll(EntityType type) override;
+    ReturnCode Copy(int setID) override;
+    ReturnCode Select(EntityType type, bool clear, const std::string& title) override;
+    ReturnCode SelectMultiID(EntityType type, int ownerSet, const std::string& title) override;
+
+private:
+    void addOutputVectors();
+    ReturnCode fillFromAnswer(EntityType type, const std::string& title);
+
+    Session session_;
+    Dispatch object_;
+};
+
+/// A vector of the active output set through feOutput.
+class ClassicOutputVector : public OutputVector
+{
+public:
+    explicit ClassicOutputVector(Session session);
+
+    femap::Value member(const std::string& name) override;
+    femap::Value member(const std::string& name, int index) override;
+    ReturnCode Get(int vectorID) override;
+    int ID() override;
+    std::string Title() override;
+    int classicID() override { return ID(); }
+    double Value(int entityID) override;
+    double maxval() override;
+    double minval() override;
+
+private:
+    Dispatch object_;
+};
+
+/// The same through feResults, where vectors have no object of their own.
+class ModernOutputVector : public OutputVector
+{
+public:
+    explicit ModernOutputVector(Session session);
+
+    /// Serves the members of a vector that the program reads by name: "maxval", "minval".
+    femap::Value member(const std::string& name) override;
+    femap::Value member(const std::string& name, int index) override;
+    ReturnCode Get(int vectorID) override;
+    int ID() override { return vector_; }
+    std::string Title() override;
+    int classicID() override;
+    double Value(int entityID) override;
+    double maxval() override { return extremes().maximum; }
+    double minval() override { return extremes().minimum; }
+
+private:
+    struct Extremes
+    {
+        double minimum;
+        double maximum;
+    };
+    Extremes extremes();
+
+    Session session_;
+    Dispatch results_;
+    int set_;
+    int vector_ = 0;
+};
+
+class ComFunction : public Function
+{
+public:
+    ComFunction(Session session, Dispatch object) : session_(session), object_(std::move(object)) {}
+
+    ReturnCode SelectID(const std::string& title) override;
+    ReturnCode Get(int id) override;
+    int ID() override;
+    std::string title() override;
+    FunctionPoints GetFunctionList() override;
+
+private:
+    Session session_;
+    Dispatch object_;
+};
+
+class ComLoadDefinition : public LoadDefinition
+{
+public:
+    explicit ComLoadDefinition(Dispatch object) : object_(std::move(object)) {}
+
+    ReturnCode Get(int loadSet, int id) override;
+    std::string title() override;
+    int setID() override;
+    int ID() override;
+    int loadType() override;
+    int dataType() override;
+    void ResetNextLoad() override;
+    std::unique_ptr<MemberObject> NextLoad() override;
+
+private:
+    Dispatch object_;
+};
+
+}  // namespace femap::com

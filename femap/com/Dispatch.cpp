@@ -1,0 +1,167 @@
+#include "femap/com/Dispatch.h"
+
+#include "femap/Objects.h"
+#include "femap/com/Text.h"
+#include "logging/RuntimeError.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace femap::com
+{
+
+using logging::ErrorNumber;
+using logging::RuntimeError;
+
+namespace
+{
+
+constexpr HRESULT goneResults[] = {
+    HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE),
+    HRESULT_FROM_WIN32(RPC_S_CALL_FAILED),
+    HRESULT_FROM_WIN32(RPC_S_CALL_FAILED_DNE),
+    RPC_E_DISCONNECTED,
+    RPC_E_SERVER_DIED,
+    RPC_E_SERVER_DIED_DNE,
+    RPC_E_CONNECTION_TERMINATED,
+    CO_E_OBJNOTCONNECTED,
+};
+
+bool meansGone(HRESULT result)
+{
+    return std::find(std::begin(goneResults), std::end(goneResults), result) !=
+           std::end(goneResults);
+}
+
+// What a failing server says about itself.
+class ExceptionInfo
+{
+public:
+    ExceptionInfo() = default;
+    ExceptionInfo(const ExceptionInfo&) = delete;
+    ExceptionInfo& operator=(const ExceptionInfo&) = delete;
+    ~ExceptionInfo()
+    {
+        SysFreeString(info_.bstrSource);
+        SysFreeString(info_.bstrDescription);
+        SysFreeString(info_.bstrHelpFile);
+    }
+
+    EXCEPINFO* address() { return &info_; }
+
+    std::string reason(HRESULT result)
+    {
+        if (result != DISP_E_EXCEPTION)
+            return describe(result);
+        if (info_.pfnDeferredFillIn != nullptr)
+            info_.pfnDeferredFillIn(&info_);
+        const std::string description = fromBstr(info_.bstrDescription);
+        return description.empty() ? describe(info_.scode) : description;
+    }
+
+private:
+    EXCEPINFO info_{};
+};
+
+}  // namespace
+
+void Connection::demandAlive() const
+{
+    if (!alive_)
+        throw ConnectionLost("FEMAP has ended or cannot be reached");
+}
+
+void Connection::learn(HRESULT result)
+{
+    alive_ = !meansGone(result);
+    demandAlive();
+}
+
+Dispatch::Dispatch(IDispatch* object, std::string kind, std::shared_ptr<Connection> connection)
+    : object_(object), kind_(std::move(kind)), connection_(std::move(connection))
+{
+    if (object_ == nullptr)
+        throw RuntimeError(ErrorNumber::ObjectNotSet, "FEMAP handed out no " + kind_);
+}
+
+Dispatch::Dispatch(Dispatch&& other) noexcept
+    : object_(std::exchange(other.object_, nullptr)),
+      kind_(std::move(other.kind_)),
+      connection_(std::move(other.connection_))
+{}
+
+Dispatch::~Dispatch()
+{
+    if (object_ != nullptr)
+        object_->Release();
+}
+
+bool Dispatch::has(const std::string& name)
+{
+    return find(name).has_value();
+}
+
+void Dispatch::put(const std::string& name, Variant value)
+{
+    invoke(name, DISPATCH_PROPERTYPUT, &value, 1);
+}
+
+Dispatch Dispatch::object(const std::string& name)
+{
+    return adopt(call(name).takeObject(), name);
+}
+
+Dispatch Dispatch::adopt(IDispatch* object, const std::string& kind) const
+{
+    return {object, kind, connection_};
+}
+
+std::optional<DISPID> Dispatch::find(const std::string& name)
+{
+    auto& names = connection_->names(kind_);
+    const auto known = names.find(name);
+    if (known != names.end())
+        return known->second;
+
+    std::wstring wide = toWide(name);
+    LPOLESTR pointer = wide.data();
+    DISPID number = DISPID_UNKNOWN;
+    const HRESULT result = connection_->make([&] {
+        return object_->GetIDsOfNames(IID_NULL, &pointer, 1, LOCALE_SYSTEM_DEFAULT, &number);
+    });
+    if (FAILED(result) && result != DISP_E_UNKNOWNNAME)
+        throw RuntimeError(ErrorNumber::ObjectFailed,
+                           "FEMAP's " + kind_ + "." + name + " failed: " + describe(result));
+    return names[name] = SUCCEEDED(result) ? std::optional(number) : std::nullopt;
+}
+
+Variant Dispatch::invoke(const std::string& name, WORD flags, Variant* arguments, std::size_t count)
+{
+    const std::optional<DISPID> number = find(name);
+    if (!number)
+        throw RuntimeError(ErrorNumber::NoSuchMember,
+                           "FEMAP's " + kind_ + " has no member " + name);
+
+    // The arguments stay in their owners; these are views in the order that COM wants.
+    std::vector<VARIANT> list(count);
+    for (std::size_t i = 0; i < count; ++i)
+        list[count - 1 - i] = *arguments[i].raw();
+    DISPID putName = DISPID_PROPERTYPUT;
+    const bool isPut = flags == DISPATCH_PROPERTYPUT;
+    DISPPARAMS parameters{list.data(), isPut ? &putName : nullptr, static_cast<UINT>(count),
+                          isPut ? 1U : 0U};
+    Variant returned;
+    ExceptionInfo exception;
+    UINT wrongArgument = 0;
+    const HRESULT result = connection_->make([&] {
+        return object_->Invoke(*number, IID_NULL, LOCALE_SYSTEM_DEFAULT, flags, &parameters,
+                               isPut ? nullptr : returned.raw(), exception.address(),
+                               &wrongArgument);
+    });
+    if (FAILED(result))
+        throw RuntimeError(ErrorNumber::ObjectFailed, "FEMAP's " + kind_ + "." + name +
+                                                          " failed: " + exception.reason(result));
+    return returned;
+}
+
+}  // namespace femap::com

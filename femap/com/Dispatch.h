@@ -1,0 +1,98 @@
+#pragma once
+
+#include "femap/com/Patience.h"
+#include "femap/com/Variant.h"
+
+#include <windows.h>
+
+#include <array>
+#include <map>
+#include <memory>
+#include <oleauto.h>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace femap::com
+{
+
+/// What all objects of one running FEMAP share: whether it is still there, how long it is waited
+/// for when it is busy, and the numbers of its members' names. Asking for a name is a call to the
+/// other process of its own, so each is asked once for each kind of object.
+class Connection
+{
+public:
+    /// The patience may be shared with others.
+    explicit Connection(std::shared_ptr<Patience> patience) : patience_(std::move(patience)) {}
+
+    /// Makes a call, and makes it again while FEMAP is busy. Returns how it ended. Raises
+    /// ConnectionLost when that shows, or showed before, that FEMAP is gone.
+    template <class Call>
+    HRESULT make(const Call& call)
+    {
+        demandAlive();
+        const HRESULT result = patience_->whileBusy(call);
+        learn(result);
+        return result;
+    }
+
+    std::map<std::string, std::optional<DISPID>>& names(const std::string& kind)
+    {
+        return names_[kind];
+    }
+
+private:
+    void demandAlive() const;
+    void learn(HRESULT result);
+
+    std::shared_ptr<Patience> patience_;
+    bool alive_ = true;
+    std::map<std::string, std::map<std::string, std::optional<DISPID>>> names_;
+};
+
+/// Owns one reference to an object of FEMAP's and calls its members by name. Every failing call
+/// raises RuntimeError with the member's name and FEMAP's reason; a call that finds FEMAP gone
+/// raises ConnectionLost, and none is made after it.
+class Dispatch
+{
+public:
+    /// Takes over the reference. kind names the sort of object; objects of one kind have the same
+    /// members.
+    Dispatch(IDispatch* object, std::string kind, std::shared_ptr<Connection> connection);
+    Dispatch(Dispatch&& other) noexcept;
+    Dispatch& operator=(Dispatch&&) = delete;
+    Dispatch(const Dispatch&) = delete;
+    Dispatch& operator=(const Dispatch&) = delete;
+    ~Dispatch();
+
+    /// Whether the object has a member of that name.
+    bool has(const std::string& name);
+
+    /// Calls a method or reads a property; it does not matter which of the two it is.
+    template <class... Arguments>
+    Variant call(const std::string& name, Arguments&&... arguments)
+    {
+        // COM wants the last argument first.
+        std::array<Variant, sizeof...(Arguments)> list = {
+            Variant(std::forward<Arguments>(arguments))...};
+        return invoke(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, list.data(), list.size());
+    }
+
+    /// Writes a property.
+    void put(const std::string& name, Variant value);
+
+    /// An object that a property of this one hands out.
+    Dispatch object(const std::string& name);
+    /// Wraps an object that a call of this one returned.
+    Dispatch adopt(IDispatch* object, const std::string& kind) const;
+
+private:
+    std::optional<DISPID> find(const std::string& name);
+    Variant invoke(const std::string& name, WORD flags, Variant* arguments, std::size_t count);
+
+    IDispatch* object_;
+    std::string kind_;
+    std::shared_ptr<Connection> connection_;
+};
+
+}  // namespace femap::com

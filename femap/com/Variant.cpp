@@ -1,0 +1,198 @@
+#include "femap/com/Variant.h"
+
+#include "femap/com/Text.h"
+#include "logging/RuntimeError.h"
+
+#include <algorithm>
+#include <new>
+
+namespace femap::com
+{
+
+using logging::ErrorNumber;
+using logging::RuntimeError;
+
+namespace
+{
+
+[[noreturn]] void failConversion(VARTYPE type)
+{
+    throw RuntimeError(ErrorNumber::ObjectFailed, "FEMAP returned a value of an unexpected kind (" +
+                                                      std::to_string(type) + ")");
+}
+
+// An array's elements for as long as this lives.
+class LockedArray
+{
+public:
+    explicit LockedArray(SAFEARRAY* array) : array_(array)
+    {
+        if (SafeArrayGetDim(array_) != 1 || FAILED(SafeArrayAccessData(array_, &data_)))
+            throw RuntimeError(ErrorNumber::ObjectFailed,
+                               "FEMAP returned an array of a wrong shape");
+    }
+    ~LockedArray() { SafeArrayUnaccessData(array_); }
+    LockedArray(const LockedArray&) = delete;
+    LockedArray& operator=(const LockedArray&) = delete;
+
+    std::size_t size() const
+    {
+        LONG lower = 0;
+        LONG upper = -1;
+        SafeArrayGetLBound(array_, 1, &lower);
+        SafeArrayGetUBound(array_, 1, &upper);
+        return static_cast<std::size_t>(upper - lower + 1);
+    }
+
+    template <class Element>
+    const Element* elements() const
+    {
+        return static_cast<const Element*>(data_);
+    }
+
+private:
+    SAFEARRAY* array_;
+    void* data_ = nullptr;
+};
+
+// Copies an array of one of the given element types; every other kind is refused.
+template <class Result, VARTYPE type, class Element, class Convert>
+std::vector<Result> copyArray(const VARIANT& raw, Convert convert)
+{
+    std::vector<Result> result;
+    if (raw.vt == VT_EMPTY || raw.vt == VT_NULL)
+        return result;
+    if (raw.vt != (VT_ARRAY | type))
+        failConversion(raw.vt);
+    if (raw.parray == nullptr)
+        return result;
+    const LockedArray array(raw.parray);
+    result.reserve(array.size());
+    for (std::size_t i = 0; i < array.size(); ++i)
+        result.push_back(convert(array.elements<Element>()[i]));
+    return result;
+}
+
+// An array that holds a copy of the elements; the caller owns it.
+template <VARTYPE type, class Element, class Source, class Convert>
+SAFEARRAY* newArray(const std::vector<Source>& elements, Convert convert)
+{
+    SAFEARRAY* const array = SafeArrayCreateVector(type, 0, static_cast<ULONG>(elements.size()));
+    if (array == nullptr)
+        throw std::bad_alloc();
+    void* data = nullptr;
+    if (FAILED(SafeArrayAccessData(array, &data)))
+        throw std::bad_alloc();
+    std::transform(elements.begin(), elements.end(), static_cast<Element*>(data), convert);
+    SafeArrayUnaccessData(array);
+    return array;
+}
+
+// The value converted to a type, the way COM does, in the neutral locale.
+Variant changed(const VARIANT& raw, VARTYPE type)
+{
+    VARIANT source = raw;  // a view: COM's declaration wants it writable
+    Variant result;
+    if (FAILED(VariantChangeTypeEx(result.raw(), &source, LOCALE_INVARIANT, 0, type)))
+        failConversion(raw.vt);
+    return result;
+}
+
+}  // namespace
+
+Variant::Variant(std::string_view text) : Variant()
+{
+    set(VT_BSTR).bstrVal = toBstr(text);
+}
+
+Variant::Variant(const std::vector<int>& numbers) : Variant()
+{
+    set(VT_ARRAY | VT_I4).parray =
+        newArray<VT_I4, LONG>(numbers, [](int number) { return static_cast<LONG>(number); });
+}
+
+Variant::Variant(const std::vector<double>& numbers) : Variant()
+{
+    set(VT_ARRAY | VT_R8).parray =
+        newArray<VT_R8, double>(numbers, [](double number) { return number; });
+}
+
+Variant::Variant(const std::vector<std::string>& texts) : Variant()
+{
+    set(VT_ARRAY | VT_BSTR).parray =
+        newArray<VT_BSTR, BSTR>(texts, [](const std::string& text) { return toBstr(text); });
+}
+
+Value Variant::value() const
+{
+    switch (raw_.vt) {
+    case VT_EMPTY:
+    case VT_NULL:
+        return std::monostate();
+    case VT_BOOL:
+        return raw_.boolVal != VARIANT_FALSE;
+    case VT_R4:
+        return raw_.fltVal;
+    case VT_R8:
+        return raw_.dblVal;
+    case VT_BSTR:
+        return fromBstr(raw_.bstrVal);
+    case VT_I1:
+    case VT_I2:
+    case VT_I4:
+    case VT_I8:
+    case VT_INT:
+    case VT_UI1:
+    case VT_UI2:
+    case VT_UI4:
+    case VT_UINT:
+        return static_cast<std::int64_t>(changed(raw_, VT_I8).raw_.llVal);
+    default:
+        failConversion(raw_.vt);
+    }
+}
+
+int Variant::number() const
+{
+    return static_cast<int>(changed(raw_, VT_I4).raw_.lVal);
+}
+
+double Variant::real() const
+{
+    return changed(raw_, VT_R8).raw_.dblVal;
+}
+
+std::string Variant::text() const
+{
+    return fromBstr(changed(raw_, VT_BSTR).raw_.bstrVal);
+}
+
+IDispatch* Variant::takeObject()
+{
+    if (raw_.vt != VT_DISPATCH)
+        failConversion(raw_.vt);
+    raw_.vt = VT_EMPTY;
+    return std::exchange(raw_.pdispVal, nullptr);
+}
+
+std::vector<double> Variant::reals() const
+{
+    return copyArray<double, VT_R8, double>(raw_, [](double number) { return number; });
+}
+
+std::vector<int> Variant::numbers() const
+{
+    return copyArray<int, VT_I4, LONG>(raw_, [](LONG number) { return static_cast<int>(number); });
+}
+
+std::vector<std::string> Variant::texts() const
+{
+    return copyArray<std::string, VT_BSTR, BSTR>(raw_, [](BSTR text) { return fromBstr(text); });
+}
+
+std::string OutText::text() const
+{
+    return fromBstr(text_);
+}
+
+}  // namespace femap::com

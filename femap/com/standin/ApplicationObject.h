@@ -1,0 +1,62 @@
+#pragma once
+
+#include "femap/com/standin/Object.h"
+
+#include <string>
+
+namespace femap::com::standin
+{
+
+/// "femap.model" itself. There is one of it for as long as the server runs. Members whose names
+/// begin with "standin" are not FEMAP's: with them a test says how the calls after them are to go
+/// and reads what came in.
+class ApplicationObject : public ObjectOf<ApplicationObject>
+{
+public:
+    explicit ApplicationObject(Server& server) : ObjectOf(server, "application") {}
+
+    static std::span<const Member<ApplicationObject>> members();
+
+    /// End the server when its last client has gone.
+    void endWithLastClient() { endsWithLastClient_ = true; }
+    ULONG STDMETHODCALLTYPE Release() override;
+
+    std::string modelName();
+    double version();
+    int activeID(EntityType type);
+    int countOf(EntityType type);
+    int nextIDOf(EntityType type);
+    int visible(bool show);
+    int fileOpen(bool useDialog, const std::string& path);
+    int allModels(Arguments& arguments);
+    int lock();
+    int unlock();
+    int message(int colour, const std::string& text);
+    int statusShow(bool enable, int maximum);
+    int statusUpdate(int current);
+    int registerAddInPane(Arguments& arguments);
+    int measure(Arguments& arguments);
+    int convertVectorID(int id);
+
+    int sendEvent(int code);
+    int busy(int count);
+    int failAt(int call);
+    int dieAt(int call);
+    int pick(const std::string& text);
+    int recordTo(const std::string& path);
+    int modelState(const std::string& state);
+    int callCount();
+    int lockCount();
+    int objectCount();
+    std::string messages();
+    std::string registrations();
+    int quit();
+
+protected:
+    void unreferenced() override {}
+
+private:
+    bool endsWithLastClient_ = false;
+};
+
+}  // namespace femap::com::standin

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <cstddef>
+#include <initializer_list>
+#include <oleauto.h>
+#include <stdexcept>
+#include <string_view>
+
+namespace femap::com::standin
+{
+
+/// What a member takes in one place. The out kinds are filled by the member.
+enum class Type
+{
+    I4,
+    R8,
+    Bool,
+    Text,
+    Any,
+    OutI4,
+    OutR8,
+    OutBool,
+    OutText,
+    OutAny,
+    OutObject,
+};
+
+/// A method is refused where only a property is asked for.
+enum class Kind
+{
+    Method,
+    Property,
+};
+
+/// FEMAP before 2020.1, since then, or both.
+enum class Generation
+{
+    All,
+    Classic,
+    Modern,
+};
+
+class Types
+{
+public:
+    static constexpr std::size_t most = 17;
+
+    constexpr Types(std::initializer_list<Type> types)
+    {
+        if (types.size() > most)
+            throw std::length_error("too many arguments");
+        for (const Type type : types)
+            types_[count_++] = type;
+    }
+
+    constexpr std::size_t size() const { return count_; }
+    constexpr Type operator[](std::size_t i) const { return types_[i]; }
+
+private:
+    std::array<Type, most> types_{};
+    std::size_t count_ = 0;
+};
+
+/// How a member is called.
+struct Signature
+{
+    std::string_view name;
+    Kind kind;
+    Types arguments;  // of a property: its indices
+    DISPID number;
+    Generation generation = Generation::All;
+};
+
+}  // namespace femap::com::standin

@@ -1,0 +1,75 @@
+#include "com/StartedStandin.h"
+#include "femap/com/Apartment.h"
+#include "femap/com/BusyFilter.h"
+#include "logging/RuntimeError.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace comtest
+{
+
+using femap::com::Patience;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace
+{
+
+struct BusyFemap : testing::Test
+{
+    BusyFemap()
+    {
+        patience->now = [this] { return time; };
+        patience->wait = [this](Patience::Duration pause) { time += pause; };
+        patience->report = [this](const std::string& text) { reports.push_back(text); };
+        femap->ModelName();  // now its number is known
+    }
+
+    femap::com::Apartment apartment;
+    std::shared_ptr<Patience> patience = std::make_shared<Patience>();
+    femap::com::BusyFilter filter{*patience};
+    StartedStandin standin{"--model \"" + panelModel() + '"'};
+    std::unique_ptr<femap::Application> femap =
+        femap::com::ComConnector(nullptr, patience).attach();
+    Patience::Duration time{};
+    std::vector<std::string> reports;
+};
+
+}  // namespace
+
+TEST_F(BusyFemap, IsAskedAgainUntilItAnswers)
+{
+    for (const int rejections : {1, 5, 20}) {
+        standin.control().call("standinBusy", rejections);
+        const int before = standin.control().call("standinCallCount").number();
+
+        EXPECT_EQ(femap->ModelName(), panelModel());
+
+        EXPECT_EQ(standin.control().call("standinCallCount").number(), before + rejections + 1);
+    }
+    EXPECT_THAT(reports, IsEmpty());
+}
+
+TEST_F(BusyFemap, IsReportedAfterHalfAMinute)
+{
+    standin.control().call("standinBusy", 150);
+
+    EXPECT_EQ(femap->ModelName(), panelModel());
+
+    EXPECT_THAT(reports, ElementsAre("FEMAP is working or shows a dialog. Waiting for it …"));
+}
+
+TEST_F(BusyFemap, IsGivenUpAfterTenMinutesAndAnswersLater)
+{
+    standin.control().call("standinBusy", 1'000'000);
+    patience->wait = [this](Patience::Duration) { time += std::chrono::minutes(3); };
+
+    EXPECT_THROW(femap->ModelName(), logging::RuntimeError);
+
+    standin.control().call("standinBusy", 0);
+    EXPECT_EQ(femap->ModelName(), panelModel());
+}
+
+}  // namespace comtest

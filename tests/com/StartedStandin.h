@@ -1,0 +1,51 @@
+#pragma once
+
+#include "femap/com/ComApplication.h"
+#include "femap/com/Dispatch.h"
+#include "femap/com/Patience.h"
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace comtest
+{
+
+/// "Z:\…\examples\panel.neu": a model with everything that FEMAP hands out.
+std::string panelModel();
+/// A new file name in the system's folder for such.
+std::string temporaryFile(const std::string& name);
+/// The lines of a file that the stand-in writes.
+std::vector<std::string> linesOf(const std::string& path);
+/// Whether the condition came true within five seconds.
+bool comesTrue(const std::function<bool()>& condition);
+
+/// Runs a command of the stand-in program to its end. Returns its exit code.
+DWORD runStandin(const std::string& arguments);
+/// The running femap.model; none when there is none.
+std::optional<femap::com::Dispatch> runningFemap();
+
+/// The stand-in program, from its "ready" until this goes.
+class StartedStandin
+{
+public:
+    explicit StartedStandin(const std::string& arguments);
+    ~StartedStandin();
+    StartedStandin(const StartedStandin&) = delete;
+    StartedStandin& operator=(const StartedStandin&) = delete;
+
+    /// Its application, for the stand-in's own members.
+    femap::com::Dispatch& control() { return *control_; }
+    /// The program has ended by itself within five seconds.
+    bool ends() const { return WaitForSingleObject(process_, 5000) == WAIT_OBJECT_0; }
+
+private:
+    HANDLE process_ = nullptr;
+    std::optional<femap::com::Dispatch> control_;
+};
+
+}  // namespace comtest

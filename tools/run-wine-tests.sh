@@ -1,0 +1,52 @@
+#!/bin/sh
+# Runs the tests of a Windows build under Wine, with a screen that nobody sees and a Wine folder of
+# their own.
+#
+#   tools/run-wine-tests.sh BUILD_DIR [ctest arguments]
+#
+# With the variable RUN_INSTEAD set, that command runs instead of ctest.
+set -eu
+build=$1
+shift
+work=$(mktemp -d)
+export WINEPREFIX="$work/prefix" WINEDEBUG=-all LC_ALL=C.UTF-8
+# No offers to fetch add-ons, and no window when a program crashes: it ends with code 5 at once.
+export WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe="
+screen=
+cleanUp()
+{
+    wineserver -k >/dev/null 2>&1 || true
+    wineserver -w || true
+    if [ -n "$screen" ]; then kill "$screen" 2>/dev/null || true; fi
+    rm -rf "$work"
+}
+trap cleanUp EXIT
+trap 'exit 130' INT TERM
+
+Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
+screen=$!
+tries=0
+while [ ! -s "$work/display" ]; do
+    tries=$((tries + 1))
+    [ "$tries" -le 100 ] || exit 1
+    sleep 0.1
+done
+DISPLAY=":$(cat "$work/display")"
+export DISPLAY
+
+mkdir -p "$WINEPREFIX"
+wine wineboot -i >/dev/null 2>&1 </dev/null
+# The first start leaves two service managers behind, with which starting a COM server may hang.
+wineserver -k || true
+wineserver -w
+ln -s /usr/share/wine/fonts/* "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null || true
+# Wine's background programs start now and not inside a test, whose output they would hold open.
+wineserver -p
+# Without a window manager Wine draws captions and gives the focus itself.
+wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1 </dev/null
+
+if [ -n "${RUN_INSTEAD-}" ]; then
+    sh -c "$RUN_INSTEAD"
+else
+    ctest --test-dir "$build" --output-on-failure "$@"
+fi
