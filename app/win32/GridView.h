@@ -1,0 +1,59 @@
+#pragma once
+
+#include "app/form/ParameterGrid.h"
+#include "app/win32/Controls.h"
+#include "app/win32/Pixels.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <functional>
+#include <string>
+
+namespace win32
+{
+
+/// A parameter grid on the screen: a list view that asks the grid for the cells it shows, so that a
+/// million rows cost nothing. A selection is always one stretch of rows, as the grid knows it.
+class GridView
+{
+public:
+    /// onKey gets the code of each key that is pressed in the grid.
+    GridView(HWND parent, int id, form::ParameterGrid& grid, std::function<void(int)> onKey);
+    ~GridView() { RemoveWindowSubclass(window_, listProcedure, 1); }
+    GridView(const GridView&) = delete;
+    GridView& operator=(const GridView&) = delete;
+
+    HWND window() const { return window_; }
+
+    /// Shows what the grid holds now.
+    void update();
+    void setResolution(Pixels pixels);
+    /// The answer to a notification of the list view or of its header.
+    LRESULT notify(const NMHDR& header);
+    bool sends(const NMHDR& header) const;
+
+private:
+    static LRESULT CALLBACK listProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                          UINT_PTR id, DWORD_PTR self);
+    void addColumns();
+    void takeColumnWidths();
+    void takeSelection();
+    void showSelection();
+    void setItemState(int item, UINT state, UINT mask);
+    void selectAll();
+    void copySelection();
+    template <class Info>
+    void giveCell(Info& info);
+
+    HWND window_;
+    form::ParameterGrid& grid_;
+    std::function<void(int)> onKey_;
+    Pixels pixels_{USER_DEFAULT_SCREEN_DPI};
+    std::wstring cell_;  // lives until the list view has drawn it
+    std::string narrowCell_;
+    bool updating_ = false;       // it is not the engineer who selects
+    bool settingWidths_ = false;  // nor who drags a column
+};
+
+}  // namespace win32

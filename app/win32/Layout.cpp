@@ -1,0 +1,122 @@
+#include "app/win32/Layout.h"
+
+#include <algorithm>
+
+namespace win32
+{
+
+namespace
+{
+
+// All lengths are in twips; 15 are one pixel of an ordinary screen.
+constexpr int margin = 150;         // around frames, and between a frame's edge and what it holds
+constexpr int gap = 105;            // between neighbours
+constexpr int captionHeight = 270;  // of a frame, above its first row
+constexpr int buttonHeight = 375;
+constexpr int fieldHeight = 330;  // combo boxes, text boxes
+constexpr int labelHeight = 225;
+constexpr int statusHeight = 270;
+constexpr int comboWidth = 2400;
+constexpr int selectWidth = 1275;
+constexpr int refreshWidth = 1725;
+constexpr int removeWidth = 1875;
+constexpr int labelWidth = 1350;
+constexpr int applyWidth = 1500;
+
+void place(form::Control& control, int left, int top, int width, int height)
+{
+    control.Left = left;
+    control.Top = top;
+    control.Width = width;
+    control.Height = height;
+}
+
+// A control of another height than its row stands in the row's middle.
+void placeInRow(form::Control& control, int left, int rowTop, int width, int height)
+{
+    place(control, left, rowTop + (buttonHeight - height) / 2, width, height);
+}
+
+struct SelectionFrame
+{
+    form::Frame& frame;
+    form::ComboBox& selection;
+    form::Button& select;
+    form::Button& refresh;
+    form::Button& remove;
+    form::ParameterGrid& grid;
+};
+
+// One row of controls and below it the grid.
+void layOut(const SelectionFrame& part, int top, int width, int height)
+{
+    place(part.frame, margin, top, width, height);
+    const int row = top + captionHeight;
+    int left = 2 * margin;
+    placeInRow(part.selection, left, row, comboWidth, fieldHeight);
+    left += comboWidth + gap;
+    place(part.select, left, row, selectWidth, buttonHeight);
+    left += selectWidth + gap;
+    place(part.refresh, left, row, refreshWidth, buttonHeight);
+    left += refreshWidth + gap;
+    place(part.remove, left, row, removeWidth, buttonHeight);
+
+    const int gridTop = row + buttonHeight + gap;
+    place(part.grid, 2 * margin, gridTop, width - 2 * margin, top + height - margin - gridTop);
+}
+
+constexpr int executionHeight = captionHeight + 2 * buttonHeight + gap + margin;
+
+void layOutExecution(form::MainForm& form, int top, int width)
+{
+    place(form.Execution, margin, top, width, executionHeight);
+    const int left = 2 * margin;
+    const int right = margin + width - margin;
+    const int firstRow = top + captionHeight;
+    const int secondRow = firstRow + buttonHeight + gap;
+
+    placeInRow(form.Label1, left, firstRow, labelWidth, labelHeight);
+    const int fieldLeft = left + labelWidth;
+    placeInRow(form.CommandLine, fieldLeft, firstRow, right - fieldLeft, fieldHeight);
+
+    const int applyLeft = right - applyWidth;
+    const int clearLeft = applyLeft - gap - applyWidth;
+    place(form.GenerateButton, applyLeft, secondRow, applyWidth, buttonHeight);
+    place(form.ClearAll, clearLeft, secondRow, applyWidth, buttonHeight);
+
+    constexpr int secondLabelWidth = 975;
+    const int boxWidth = (clearLeft - fieldLeft - secondLabelWidth - 3 * gap) / 2;
+    placeInRow(form.Label2, left, secondRow, labelWidth, labelHeight);
+    placeInRow(form.Solver, fieldLeft, secondRow, boxWidth, fieldHeight);
+    const int toolLeft = fieldLeft + boxWidth + 2 * gap;
+    placeInRow(form.Label3, toolLeft, secondRow, secondLabelWidth, labelHeight);
+    placeInRow(form.Optimizer, toolLeft + secondLabelWidth, secondRow, boxWidth, fieldHeight);
+}
+
+}  // namespace
+
+void layOutContent(form::MainForm& form)
+{
+    const int width = std::max(form.ScaleWidth - scrollBarThickness, smallestContentWidth);
+    const int height = std::max(form.ScaleHeight - scrollBarThickness, smallestContentHeight);
+    form.pbInner.Width = width;
+    form.pbInner.Height = height;
+
+    const int frameWidth = width - 2 * margin;
+    const int fixed = executionHeight + statusHeight + 4 * margin + gap;
+    const int frameHeight = (height - fixed) / 2;
+    int top = margin;
+    layOut({form.Inputs, form.InputSelection, form.InputsButton, form.RefreshInputs,
+            form.ClearInputSelection, form.InputsList},
+           top, frameWidth, frameHeight);
+    top += frameHeight + margin;
+    layOut({form.Outputs, form.OutputSelection, form.OutputsButton, form.RefreshOutputs,
+            form.ClearOutputSelection, form.OutputsList},
+           top, frameWidth, frameHeight);
+    top += frameHeight + margin;
+    layOutExecution(form, top, frameWidth);
+    top += executionHeight + gap;
+    place(form.StatusLine, 2 * margin, top, frameWidth - 2 * margin, statusHeight);
+}
+
+}  // namespace win32

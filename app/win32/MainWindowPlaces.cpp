@@ -1,0 +1,157 @@
+#include "app/win32/Layout.h"
+#include "app/win32/MainWindow.h"
+
+#include <algorithm>
+
+namespace win32
+{
+
+void MainWindow::applyResolution(UINT dotsPerInch)
+{
+    pixels_ = Pixels(dotsPerInch);
+    auto font = std::make_unique<Font>(dotsPerInch);
+    for (const auto& [control, window] : windows_)
+        setFont(window, *font);
+    font_ = std::move(font);  // the old one goes when nothing uses it any more
+    inputs_->setResolution(pixels_);
+    outputs_->setResolution(pixels_);
+}
+
+void MainWindow::resized()
+{
+    if (!ready_ || window_ == nullptr)
+        return;
+    RECT inside{};
+    GetClientRect(window_, &inside);
+    form::MainForm& form = program_.form();
+    form.ScaleWidth = pixels_.toTwips(inside.right);
+    form.ScaleHeight = pixels_.toTwips(inside.bottom);
+    form.VScroll1.Width = scrollBarThickness;
+    form.HScroll1.Height = scrollBarThickness;
+    layOutContent(form);
+    program_.raise("Form_Resize");
+    place();
+}
+
+// Puts every window where the form says; one that is there already is left in peace.
+void MainWindow::place()
+{
+    constexpr int dropDownHeight = 3000;  // twips, of the list that a combo box opens
+    const form::MainForm& form = program_.form();
+    const auto boxes = comboBoxes();
+    bool hasMoved = false;
+    for (const auto& [control, window] : windows_) {
+        const bool isBox = std::ranges::find(boxes, control) != boxes.end();
+        const Place wanted{pixels_.fromTwips(control->Left), pixels_.fromTwips(control->Top),
+                           pixels_.fromTwips(control->Width),
+                           pixels_.fromTwips(control->Height + (isBox ? dropDownHeight : 0))};
+        Place& place = places_[control];
+        if (place == wanted)
+            continue;
+        place = wanted;
+        hasMoved = true;
+        SetWindowPos(window, nullptr, wanted.left, wanted.top, wanted.width, wanted.height,
+                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+    }
+    placeScrollBar(form.VScroll1, form.pbOuter.Height);
+    placeScrollBar(form.HScroll1, form.pbOuter.Width);
+    // What shows through a frame is not painted anew when the frame or a neighbour moves.
+    if (hasMoved)
+        RedrawWindow(windows_.at(&form.pbInner), nullptr, nullptr,
+                     RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void MainWindow::placeScrollBar(const form::ScrollBar& bar, int viewport)
+{
+    const HWND window = windows_.at(&bar);
+    if ((IsWindowVisible(window) != FALSE) != bar.Visible)
+        ShowWindow(window, bar.Visible ? SW_SHOWNA : SW_HIDE);
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    info.nMax = bar.Max + viewport - 1;
+    info.nPage = static_cast<UINT>(viewport);
+    info.nPos = bar.Value;
+    SetScrollInfo(window, SB_CTL, &info, bar.Visible ? TRUE : FALSE);
+}
+
+void MainWindow::scroll(form::ScrollBar& bar, std::string_view event, int request)
+{
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_TRACKPOS;
+    GetScrollInfo(windows_.at(&bar), SB_CTL, &info);
+    int value = bar.Value;
+    switch (request) {
+    case SB_LINEUP:
+        value -= bar.SmallChange;
+        break;
+    case SB_LINEDOWN:
+        value += bar.SmallChange;
+        break;
+    case SB_PAGEUP:
+        value -= bar.LargeChange;
+        break;
+    case SB_PAGEDOWN:
+        value += bar.LargeChange;
+        break;
+    case SB_THUMBPOSITION:
+    case SB_THUMBTRACK:
+        value = info.nTrackPos;
+        break;
+    case SB_TOP:
+        value = 0;
+        break;
+    case SB_BOTTOM:
+        value = bar.Max;
+        break;
+    default:
+        break;
+    }
+    scrollTo(bar, event, value);
+}
+
+void MainWindow::scrollTo(form::ScrollBar& bar, std::string_view event, int value)
+{
+    value = std::clamp(value, 0, bar.Max);
+    if (!bar.Visible || value == bar.Value)
+        return;
+    bar.Value = value;
+    program_.raise(event);
+    place();
+}
+
+// One notch of an ordinary wheel is WHEEL_DELTA; fine wheels give less at a time.
+void MainWindow::turnWheel(int delta)
+{
+    constexpr int linesPerNotch = 3;
+    form::ScrollBar& bar = program_.form().VScroll1;
+    scrollTo(bar, "VScroll1_Change",
+             bar.Value - MulDiv(delta, linesPerNotch * bar.SmallChange, WHEEL_DELTA));
+}
+
+// Brings the control that has the focus into view, however it got it.
+void MainWindow::followFocus()
+{
+    const HWND focus = GetFocus();
+    if (!ready_ || focus == focusSeen_)
+        return;
+    focusSeen_ = focus;
+    form::MainForm& form = program_.form();
+    for (const auto& [control, window] : windows_) {
+        const bool isContent = GetParent(window) == windows_.at(&form.pbInner);
+        if (!isContent || (window != focus && IsChild(window, focus) == FALSE))
+            continue;
+        const auto reveal = [](const form::ScrollBar& bar, int start, int length, int viewport) {
+            const int atLeast = start + length - viewport;
+            return bar.Value < atLeast ? std::min(atLeast, start) : std::min(bar.Value, start);
+        };
+        scrollTo(form.VScroll1, "VScroll1_Change",
+                 reveal(form.VScroll1, control->Top, control->Height, form.pbOuter.Height));
+        scrollTo(form.HScroll1, "HScroll1_Change",
+                 reveal(form.HScroll1, control->Left, control->Width, form.pbOuter.Width));
+        return;
+    }
+}
+
+}  // namespace win32

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <windows.h>
+
+namespace win32
+{
+
+constexpr int twipsPerInch = 1440;
+
+/// The one place where the form's lengths meet the screen's.
+class Pixels
+{
+public:
+    explicit Pixels(UINT dotsPerInch) : dotsPerInch_(static_cast<int>(dotsPerInch)) {}
+
+    int fromTwips(int twips) const { return MulDiv(twips, dotsPerInch_, twipsPerInch); }
+    int toTwips(int pixels) const { return MulDiv(pixels, twipsPerInch, dotsPerInch_); }
+    UINT dotsPerInch() const { return static_cast<UINT>(dotsPerInch_); }
+
+private:
+    int dotsPerInch_;
+};
+
+}  // namespace win32

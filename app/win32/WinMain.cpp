@@ -1,0 +1,58 @@
+#include "app/win32/MainWindow.h"
+#include "femap/com/Apartment.h"
+#include "femap/com/BusyFilter.h"
+#include "femap/com/ComApplication.h"
+#include "femap/com/Text.h"
+#include "femap/com/WindowsSystem.h"
+
+#include <windows.h>
+
+#include <cstdlib>
+#include <exception>
+#include <memory>
+
+namespace
+{
+
+// What stands behind the program's own name on the command line, quotes and all.
+std::string argumentString()
+{
+    const wchar_t* rest = GetCommandLineW();
+    bool quoted = false;
+    for (; *rest != L'\0' && (quoted || (*rest != L' ' && *rest != L'\t')); ++rest)
+        if (*rest == L'"')
+            quoted = !quoted;
+    while (*rest == L' ' || *rest == L'\t')
+        ++rest;
+    return femap::com::fromWide(rest);
+}
+
+int runForm(int showCommand)
+{
+    const femap::com::Apartment apartment;
+    const auto patience = std::make_shared<femap::com::Patience>();
+    const femap::com::BusyFilter filter(*patience);
+    logging::System system = femap::com::windowsSystem();
+    femap::com::ComConnector connector(nullptr, patience);
+    win32::MainWindow window(connector, system);
+    patience->report = [&window](const std::string& text) { window.showStatus(text); };
+    if (!window.open(argumentString(), showCommand))
+        return EXIT_FAILURE;
+    return window.run();
+}
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int showCommand)
+{
+    // Libraries come from the system's own folder, never from the model's.
+    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+    try {
+        return runForm(showCommand);
+    }
+    catch (const std::exception& mistake) {
+        // Nobody can be told any more but a debugger.
+        OutputDebugStringW(femap::com::toWide(mistake.what()).c_str());
+        return EXIT_FAILURE;
+    }
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "FormDriver.h"
+#include "FormFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace driver
+{
+
+// The form on a FEMAP in its own process, with the example model open.
+struct Window : testing::Test
+{
+    FormFiles files;
+    Process process{driver::programPath("embedded-form.exe"), L"panel.neu $form.log$DEBUG",
+                    files.folder()};
+    FormDriver form{process};
+
+    void addMaterials(const std::vector<std::string>& fields)
+    {
+        form.choose("InputSelection", "Materials");
+        form.press("InputsButton");
+        form.add(fields);
+    }
+    std::vector<std::string> inputs() { return form.rows("InputsList", 1); }
+};
+
+}  // namespace driver

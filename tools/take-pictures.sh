@@ -1,0 +1,72 @@
+#!/usr/bin/env bash
+# Takes the pictures of docs/pictures anew: the form and its dialog under Wine, on a screen that
+# nobody sees, beside a stand-in for FEMAP with the example model open.
+#
+#   tools/take-pictures.sh              all of them
+#   tools/take-pictures.sh SCENE...     only these: empty filled small large input output busy
+#
+# Look at each before it is committed.
+set -euo pipefail
+top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+cd "$top"
+build=build/windows-release
+
+declare -A pictureOf=(
+    [empty]=form-empty [filled]=form-filled [small]=form-small [large]=form-150-percent
+    [input]=dialog-inputs [output]=dialog-outputs [busy]=form-busy)
+
+# Runs one scene on the screen that is there and takes its picture.
+take()
+{
+    local scene=$1 folder
+    folder=$(mktemp -d)
+    # The large one on a screen of 144 dots per inch; the Wine folder starts anew for that.
+    local dots=96
+    [[ $scene == large ]] && dots=144
+    wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dots" /f \
+        >/dev/null 2>&1 </dev/null
+    wineserver -k || true
+    wineserver -w
+    wineserver -p >/dev/null 2>&1  # it would keep what reads this script's output waiting
+    wine cmd /c rem >/dev/null 2>&1 </dev/null
+
+    (cd "$folder" && exec wine "$top/$build/tests/win32/form_scenes.exe" \
+        --gtest_filter="Scene.$scene") </dev/null >"$folder/output" 2>&1 &
+    local program=$! place
+    while kill -0 "$program" 2>/dev/null; do
+        if [[ -e $folder/$scene.shown ]]; then
+            place=$(tr -d '\r' <"$folder/$scene.shown")
+            import -window root -crop "$place" +repage -colors 256 \
+                "PNG8:docs/pictures/${pictureOf[$scene]}.png"
+            rm "$folder/$scene.shown"
+        fi
+        sleep 0.1
+    done
+    if ! wait "$program"; then
+        cat "$folder/output"
+        exit 1
+    fi
+    rm -r "$folder"
+    echo "docs/pictures/${pictureOf[$scene]}.png"
+}
+
+if [[ ${1-} == --on-this-screen ]]; then
+    shift
+    for scene in "$@"; do
+        take "$scene"
+    done
+    exit
+fi
+
+scenes=("$@")
+((${#scenes[@]})) || scenes=(empty filled small large input output busy)
+for scene in "${scenes[@]}"; do
+    if [[ ! -v pictureOf[$scene] ]]; then
+        echo "There is no scene $scene." >&2
+        exit 2
+    fi
+done
+cmake --preset windows-release >/dev/null
+cmake --build --preset windows-release --target form_scenes
+mkdir -p docs/pictures
+RUN_INSTEAD="tools/take-pictures.sh --on-this-screen ${scenes[*]}" tools/run-wine-tests.sh "$build"
