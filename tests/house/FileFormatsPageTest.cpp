@@ -1,0 +1,149 @@
+#include "logging/CodePage.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// tools/make-file-formats.py writes the page; here the same is made by other means.
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+using Lines = std::vector<std::string>;
+
+const fs::path project(SOURCE_FOLDER);
+const fs::path golden = project / "tests" / "golden";
+const fs::path page = project / "docs" / "file-formats.md";
+const std::regex slotForm(R"(\{\{golden (\S+)(?: ([\d,-]+))?( blanks)?\}\})");
+
+std::string bytesOf(const fs::path& file)
+{
+    std::ifstream in(file, std::ios::binary);
+    if (!in)
+        throw std::runtime_error(file.string() + " cannot be read");
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+Lines linesOf(const std::string& text, std::string_view lineEnd)
+{
+    Lines lines;
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find(lineEnd, start), text.size());
+        lines.push_back(text.substr(start, end - start));
+        start = end + lineEnd.size();
+    }
+    return lines;
+}
+
+std::string visible(const std::string& line, bool allBlanks)
+{
+    const std::size_t textEnd = line.find_last_not_of(' ') + 1;
+    std::string marked;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (line[i] == '\t')
+            marked += "→";
+        else if (line[i] == ' ' && (allBlanks || i >= textEnd))
+            marked += "·";
+        else
+            marked += line[i];
+    }
+    return marked;
+}
+
+Lines chosen(const Lines& lines, const std::string& ranges)
+{
+    Lines taken;
+    std::size_t before = 0;
+    std::istringstream in(ranges);
+    for (std::string range; std::getline(in, range, ',');) {
+        const std::size_t first = std::stoul(range);
+        const std::size_t last = std::stoul(range.substr(range.find('-') + 1));
+        if (first <= before || last < first || last > lines.size())
+            throw std::runtime_error("there are no such lines: " + ranges);
+        if (first > before + 1)
+            taken.emplace_back("⋮");
+        taken.insert(taken.end(), lines.begin() + static_cast<std::ptrdiff_t>(first) - 1,
+                     lines.begin() + static_cast<std::ptrdiff_t>(last));
+        before = last;
+    }
+    if (before < lines.size())
+        taken.emplace_back("⋮");
+    return taken;
+}
+
+Lines linesOfSlot(const std::smatch& slot)
+{
+    Lines lines = linesOf(logging::windows1252().decode(bytesOf(golden / slot[1].str())), "\r\n");
+    for (std::string& line : lines)
+        line = visible(line, slot[3].matched);
+    return slot[2].matched ? chosen(lines, slot[2]) : lines;
+}
+
+Lines templateLines()
+{
+    return linesOf(bytesOf(project / "docs" / "file-formats.template.md"), "\n");
+}
+
+TEST(FileFormatsPage, ShowsWhatTheGoldenFilesHold)
+{
+    std::string expected;
+    for (const std::string& line : templateLines()) {
+        std::smatch slot;
+        if (!std::regex_match(line, slot, slotForm)) {
+            expected += line + "\n";
+            continue;
+        }
+        expected += "```text\n";
+        for (const std::string& each : linesOfSlot(slot))
+            expected += each + "\n";
+        expected += "```\n";
+    }
+
+    const std::string actual = bytesOf(page);
+
+    EXPECT_EQ(actual, expected) << "Run tools/make-file-formats.py.";
+}
+
+TEST(FileFormatsPage, HasAnExampleOfEveryKindOfFile)
+{
+    std::set<std::string> shown;
+    for (const std::string& line : templateLines()) {
+        std::smatch slot;
+        if (std::regex_match(line, slot, slotForm))
+            shown.insert(fs::path(slot[1].str()).filename().string());
+    }
+    std::string shownModels;  // files named after the model: only their endings count
+    for (const std::string& name : shown)
+        shownModels += name + "\n";
+
+    for (const auto& entry : fs::recursive_directory_iterator(golden / "example")) {
+        if (!entry.is_regular_file())
+            continue;
+        std::string name = entry.path().filename().string();
+        const std::size_t model = name.find("panel");
+        if (model == std::string::npos)
+            EXPECT_THAT(shown, testing::Contains(name));
+        else
+            EXPECT_THAT(shownModels, testing::HasSubstr(name.substr(model + 5) + "\n"));
+    }
+}
+
+TEST(FileFormatsPage, LeavesNoSlotAsItIs)
+{
+    EXPECT_THAT(bytesOf(page), testing::Not(testing::HasSubstr("{{")));
+}
+
+}  // namespace

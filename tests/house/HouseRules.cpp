@@ -1,0 +1,240 @@
+#include "HouseRules.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <optional>
+#include <string_view>
+
+namespace house
+{
+
+namespace
+{
+
+struct Arrows
+{
+    std::string_view folder;
+    std::vector<std::string_view> mayInclude;  // besides itself
+};
+
+// clang-format off
+const Arrows arrows[] = {
+    {"logging",        {}},
+    {"femap",          {"logging"}},
+    {"femap/embedded", {"femap", "logging"}},
+    {"femap/com",      {"femap", "logging"}},
+    {"femap/com/standin", {"femap/com", "femap/embedded", "femap", "logging"}},
+    {"app/form",       {"femap", "logging"}},
+    {"selection",      {"app/form", "femap", "logging"}},
+    {"generate",       {"app/form", "femap", "logging"}},
+    {"app",            {"selection", "generate", "app/form", "femap", "logging"}},
+    {"app/study",      {"app", "femap/embedded", "femap/com",
+                        "selection", "generate", "app/form", "femap", "logging"}},
+    {"app/win32",      {"app", "femap/embedded", "femap/com",
+                        "selection", "generate", "app/form", "femap", "logging"}},
+};
+// clang-format on
+
+// Where anything of the project may be included.
+constexpr std::array<std::string_view, 2> freeFolders = {"tests", "bench"};
+
+constexpr std::array<std::string_view, 4> windowsFolders = {"app/win32", "femap/com", "tests/win32",
+                                                            "tests/com"};
+constexpr std::array<std::string_view, 33> windowsHeaders = {
+    "atlbase.h", "combaseapi.h", "comdef.h",   "commctrl.h", "commdlg.h",  "comutil.h", "dispex.h",
+    "dwmapi.h",  "initguid.h",   "oaidl.h",    "objbase.h",  "objidl.h",   "ocidl.h",   "ole2.h",
+    "oleauto.h", "olectl.h",     "richedit.h", "shellapi.h", "shlobj.h",   "shlwapi.h", "tchar.h",
+    "unknwn.h",  "uxtheme.h",    "windef.h",   "windows.h",  "windowsx.h", "winbase.h", "wingdi.h",
+    "winnls.h",  "winreg.h",     "winsock2.h", "winuser.h",  "wtypes.h",
+};
+
+constexpr std::size_t mostLines = 400;
+constexpr std::size_t mostLinesOfTests = 500;  // a list of sentences reads longer
+constexpr std::size_t mostColumns = 100;
+constexpr std::size_t mostColumnsOfTables = 120;  // where a row stays on its line
+
+// A 9 stands for any digit, a lower-case letter for itself in either case.
+constexpr std::array<std::string_view, 8> unwantedWords = {
+    "part 9.9", "parts 9.9", "issue 9",       "issue #9",
+    "spec.md",  "the spec ", "specification", "../shared",
+};
+
+bool isBelow(std::string_view path, std::string_view folder)
+{
+    return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
+}
+
+template <class Folders>
+bool isBelowAny(std::string_view path, const Folders& folders)
+{
+    return std::any_of(folders.begin(), folders.end(),
+                       [&](std::string_view folder) { return isBelow(path, folder); });
+}
+
+std::string at(const SourceFile& file, std::size_t line, const std::string& what)
+{
+    return file.path + ":" + std::to_string(line + 1) + ": " + what;
+}
+
+std::string lowerCase(std::string_view text)
+{
+    std::string result(text);
+    std::transform(result.begin(), result.end(), result.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return result;
+}
+
+struct Include
+{
+    char opening;  // " or <
+    std::string path;
+};
+
+std::optional<Include> includeIn(std::string_view line)
+{
+    const auto skipBlanks = [&] {
+        line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+    };
+    skipBlanks();
+    if (!line.starts_with('#'))
+        return std::nullopt;
+    line.remove_prefix(1);
+    skipBlanks();
+    constexpr std::string_view directive = "include";
+    if (!line.starts_with(directive))
+        return std::nullopt;
+    line.remove_prefix(directive.size());
+    skipBlanks();
+    if (line.empty() || (line.front() != '"' && line.front() != '<'))
+        return std::nullopt;
+    const char opening = line.front();
+    const std::size_t end = line.find(opening == '<' ? '>' : '"', 1);
+    return Include{opening, std::string(line.substr(1, end - 1))};
+}
+
+std::string folderOf(const std::string& path)
+{
+    const std::size_t end = path.rfind('/');
+    return end == std::string::npos ? "" : path.substr(0, end);
+}
+
+bool matchesAt(std::string_view text, std::string_view word)
+{
+    if (text.size() < word.size())
+        return false;
+    return std::equal(word.begin(), word.end(), text.begin(), [](char wanted, unsigned char c) {
+        return wanted == '9' ? std::isdigit(c) != 0 : wanted == static_cast<char>(c);
+    });
+}
+
+bool containsWord(const std::string& text, std::string_view word)
+{
+    for (std::size_t i = 0; i + word.size() <= text.size(); ++i) {
+        const bool insideAWord = i > 0 && std::isalpha(static_cast<unsigned char>(text[i - 1])) &&
+                                 std::isalpha(static_cast<unsigned char>(word.front()));
+        if (!insideAWord && matchesAt(std::string_view(text).substr(i), word))
+            return true;
+    }
+    return false;
+}
+
+// Counts characters, not bytes.
+std::size_t columnsOf(const std::string& line)
+{
+    return static_cast<std::size_t>(std::count_if(
+        line.begin(), line.end(), [](unsigned char c) { return (c & 0xC0) != 0x80; }));
+}
+
+}  // namespace
+
+std::vector<std::string> includesAgainstTheArrows(const SourceFile& file)
+{
+    std::vector<std::string> broken;
+    const std::string folder = file.folder();
+    if (!file.isCode() || isBelowAny(folder, freeFolders))
+        return broken;
+    const auto* const row =
+        std::find_if(std::begin(arrows), std::end(arrows),
+                     [&](const Arrows& candidate) { return candidate.folder == folder; });
+    if (row == std::end(arrows))
+        return {at(file, 0, "the folder has no place among the arrows")};
+
+    for (std::size_t i = 0; i < file.lines.size(); ++i) {
+        const std::optional<Include> include = includeIn(file.lines[i]);
+        if (!include || include->opening != '"')
+            continue;
+        const std::string target = folderOf(include->path);
+        const auto& allowed = row->mayInclude;
+        if (!target.empty() && target != folder &&
+            std::find(allowed.begin(), allowed.end(), target) == allowed.end())
+            broken.push_back(at(file, i, folder + " must not include " + include->path));
+    }
+    return broken;
+}
+
+std::vector<std::string> windowsHeadersOutOfPlace(const SourceFile& file)
+{
+    std::vector<std::string> broken;
+    if (!file.isCode() || isBelowAny(file.path, windowsFolders))
+        return broken;
+    for (std::size_t i = 0; i < file.lines.size(); ++i) {
+        const std::optional<Include> include = includeIn(file.lines[i]);
+        if (!include)
+            continue;
+        const std::string header = lowerCase(include->path);
+        if (std::find(windowsHeaders.begin(), windowsHeaders.end(), header) != windowsHeaders.end())
+            broken.push_back(at(file, i, "<" + include->path + "> has no place here"));
+    }
+    return broken;
+}
+
+std::vector<std::string> tooLong(const SourceFile& file)
+{
+    std::vector<std::string> broken;
+    if (!file.isCode())
+        return broken;
+    const std::size_t lineLimit = isBelow(file.path, "tests") ? mostLinesOfTests : mostLines;
+    if (file.lines.size() > lineLimit)
+        broken.push_back(
+            at(file, lineLimit, "the file has " + std::to_string(file.lines.size()) + " lines"));
+    bool table = false;     // between clang-format off and on
+    bool verbatim = false;  // inside R"text(…)text"
+    for (std::size_t i = 0; i < file.lines.size(); ++i) {
+        const std::string& line = file.lines[i];
+        const std::size_t opening = line.rfind("R\"text(");
+        const std::size_t closing = line.rfind(")text\"");
+        const bool touchesText = verbatim || opening != std::string::npos;
+        if (opening != std::string::npos)
+            verbatim = true;
+        if (closing != std::string::npos && (opening == std::string::npos || closing > opening))
+            verbatim = false;
+        if (line.find("// clang-format o") != std::string::npos)
+            table = line.find("// clang-format off") != std::string::npos;
+        if (!touchesText && columnsOf(line) > (table ? mostColumnsOfTables : mostColumns))
+            broken.push_back(
+                at(file, i, "the line has " + std::to_string(columnsOf(line)) + " columns"));
+    }
+    return broken;
+}
+
+std::vector<std::string> wordsOutOfPlace(const SourceFile& file)
+{
+    std::vector<std::string> broken;
+    // This file lists them, its test shows them.
+    if (file.path.starts_with("tests/house/HouseRules"))
+        return broken;
+    for (std::size_t i = 0; i < file.lines.size(); ++i) {
+        // The one place that says where the models of the tests lie.
+        if (file.path == "tests/CMakeLists.txt" &&
+            file.lines[i].find("SHARED_MODELS") != std::string::npos)
+            continue;
+        const std::string line = lowerCase(file.lines[i]);
+        for (const std::string_view word : unwantedWords)
+            if (containsWord(line, word))
+                broken.push_back(at(file, i, "\"" + std::string(word) + "\""));
+    }
+    return broken;
+}
+
+}  // namespace house

@@ -1,0 +1,163 @@
+#include "HouseRules.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+using house::includesAgainstTheArrows;
+using house::SourceFile;
+using house::tooLong;
+using house::windowsHeadersOutOfPlace;
+using house::wordsOutOfPlace;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace
+{
+
+const std::vector<SourceFile>& sources()
+{
+    static const std::vector<SourceFile> all = house::readSources(SOURCE_FOLDER);
+    return all;
+}
+
+template <class Rule>
+std::vector<std::string> brokenAnywhere(Rule rule)
+{
+    std::vector<std::string> broken;
+    for (const SourceFile& file : sources())
+        for (const std::string& each : rule(file))
+            broken.push_back(each);
+    return broken;
+}
+
+TEST(HouseRules, SeeTheWholeProject)
+{
+    const auto sees = [](const std::string& path) {
+        return std::any_of(sources().begin(), sources().end(),
+                           [&](const SourceFile& file) { return file.path == path; });
+    };
+
+    EXPECT_TRUE(sees("CMakeLists.txt"));
+    EXPECT_TRUE(sees("logging/FemapLogger.cpp"));
+    EXPECT_TRUE(sees("app/form/MainForm.h"));
+    EXPECT_TRUE(sees("tests/house/HouseRulesTest.cpp"));
+    EXPECT_TRUE(sees(".clang-tidy"));
+    EXPECT_TRUE(sees("check"));
+}
+
+TEST(EveryFolder, IncludesOnlyAlongTheArrows)
+{
+    EXPECT_THAT(brokenAnywhere(includesAgainstTheArrows), IsEmpty());
+}
+
+TEST(EveryFolder, LeavesWindowsToTheFoldersMadeForIt)
+{
+    EXPECT_THAT(brokenAnywhere(windowsHeadersOutOfPlace), IsEmpty());
+}
+
+TEST(EverySourceFile, KeepsWithinItsLengthAndWidth)
+{
+    EXPECT_THAT(brokenAnywhere(tooLong), IsEmpty());
+}
+
+TEST(EveryText, SpeaksOfTheProductAndNotOfItsMaking)
+{
+    EXPECT_THAT(brokenAnywhere(wordsOutOfPlace), IsEmpty());
+}
+
+TEST(IncludesAgainstTheArrows, AreFoundInEveryDirection)
+{
+    const auto broken = [](const std::string& path, const std::string& header) {
+        return !includesAgainstTheArrows({path, {"#include \"" + header + "\""}}).empty();
+    };
+
+    EXPECT_TRUE(broken("logging/A.cpp", "femap/Value.h"));
+    EXPECT_TRUE(broken("femap/A.cpp", "femap/embedded/Host.h"));
+    EXPECT_TRUE(broken("femap/A.h", "app/form/MainForm.h"));
+    EXPECT_TRUE(broken("selection/A.cpp", "generate/ControlFile.h"));
+    EXPECT_TRUE(broken("generate/A.cpp", "selection/InputList.h"));
+    EXPECT_TRUE(broken("generate/A.cpp", "femap/com/Dispatch.h"));
+    EXPECT_TRUE(broken("app/form/A.cpp", "app/Startup.h"));
+    EXPECT_TRUE(broken("app/A.cpp", "femap/embedded/Host.h"));
+    EXPECT_TRUE(broken("app/A.cpp", "app/win32/Window.h"));
+    EXPECT_TRUE(broken("app/study/A.cpp", "tests/fake/FormFixture.h"));
+    EXPECT_TRUE(broken("util/A.cpp", "femap/Value.h"));
+
+    EXPECT_FALSE(broken("femap/A.cpp", "logging/System.h"));
+    EXPECT_FALSE(broken("femap/com/A.cpp", "femap/com/Dispatch.h"));
+    EXPECT_FALSE(broken("app/A.cpp", "selection/InputList.h"));
+    EXPECT_FALSE(broken("app/study/A.cpp", "femap/embedded/Host.h"));
+    EXPECT_FALSE(broken("app/win32/A.cpp", "femap/com/ComApplication.h"));
+    EXPECT_FALSE(broken("tests/generate/A.cpp", "selection/InputList.h"));
+}
+
+TEST(IncludesAgainstTheArrows, AreNamedWithTheirLine)
+{
+    const SourceFile file = {"logging/A.cpp",
+                             {"#include <string>", "", "  #  include \"femap/Value.h\" // why"}};
+
+    EXPECT_THAT(includesAgainstTheArrows(file),
+                ElementsAre("logging/A.cpp:3: logging must not include femap/Value.h"));
+}
+
+TEST(WindowsHeaders, AreFoundOutsideTheirFoldersWhateverTheirSpelling)
+{
+    const auto broken = [](const std::string& path, const std::string& line) {
+        return !windowsHeadersOutOfPlace({path, {line}}).empty();
+    };
+
+    EXPECT_TRUE(broken("logging/A.cpp", "#include <windows.h>"));
+    EXPECT_TRUE(broken("app/study/A.cpp", "# include <ShellAPI.h>"));
+    EXPECT_TRUE(broken("app/A.h", "#include \"oleauto.h\""));
+    EXPECT_FALSE(broken("app/win32/A.cpp", "#include <windows.h>"));
+    EXPECT_FALSE(broken("femap/com/A.h", "#include <oleauto.h>"));
+    EXPECT_FALSE(broken("app/A.h", "// a note on <windows.h>"));
+}
+
+TEST(TooLong, CountsCharactersAndSparesTextThatIsShownAsItWillBeWritten)
+{
+    std::string umlauts;
+    for (int i = 0; i < 100; ++i)
+        umlauts += "ä";
+    const std::string wide(101, 'x');
+    const SourceFile file = {"generate/A.cpp",
+                             {umlauts, wide, "constexpr char a[] = R\"text(", wide, ")text\";",
+                              wide, "R\"text(" + wide + ")text\"", wide}};
+
+    EXPECT_THAT(tooLong(file), ElementsAre("generate/A.cpp:2: the line has 101 columns",
+                                           "generate/A.cpp:6: the line has 101 columns",
+                                           "generate/A.cpp:8: the line has 101 columns"));
+    EXPECT_THAT(tooLong({"a/A.cpp", std::vector<std::string>(400)}), IsEmpty());
+    EXPECT_THAT(tooLong({"a/A.cpp", std::vector<std::string>(401)}),
+                ElementsAre("a/A.cpp:401: the file has 401 lines"));
+}
+
+TEST(WordsOutOfPlace, AreFoundWhateverTheirCaseButNotInsideOtherWords)
+{
+    const auto broken = [](const std::string& line) {
+        return !wordsOutOfPlace({"docs/a.md", {line}}).empty();
+    };
+
+    EXPECT_TRUE(broken("see Part 2.3"));
+    EXPECT_TRUE(broken("// parts 5.1 to 5.5"));
+    EXPECT_TRUE(broken("fixes Issue #12"));
+    EXPECT_TRUE(broken("as SPEC.MD says"));
+    EXPECT_TRUE(broken("cat ../shared/models"));
+    EXPECT_FALSE(broken("a spare part, 2.3 m long"));
+    EXPECT_FALSE(broken("counterpart 2.3"));
+    EXPECT_FALSE(broken("an issue of the journal"));
+}
+
+TEST(WordsOutOfPlace, BearTheOnePlaceThatNamesTheFolderOfTheModels)
+{
+    const std::string line = "SHARED_MODELS=\"${CMAKE_SOURCE_DIR}/../shared/models\"";
+
+    EXPECT_THAT(wordsOutOfPlace({"tests/CMakeLists.txt", {line}}), IsEmpty());
+    EXPECT_FALSE(wordsOutOfPlace({"CMakeLists.txt", {line}}).empty());
+}
+
+}  // namespace
