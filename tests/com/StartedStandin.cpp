@@ -125,10 +125,28 @@ StartedStandin::StartedStandin(const std::string& arguments)
     control_.emplace(asControl(application));
 }
 
+// Under Wine this process's connection may go when another client of the same server ends; then a
+// fresh one is taken. A server that cannot be asked at all is ended by force.
+void StartedStandin::quit()
+{
+    try {
+        control_->call("standinQuit");
+    }
+    catch (const femap::ConnectionLost&) {
+        try {
+            if (auto fresh = runningFemap())
+                fresh->call("standinQuit");
+        }
+        catch (const std::exception&) {
+            TerminateProcess(process_, EXIT_FAILURE);
+        }
+    }
+}
+
 StartedStandin::~StartedStandin()
 {
     if (WaitForSingleObject(process_, 0) == WAIT_TIMEOUT)
-        control_->call("standinQuit");
+        quit();
     control_.reset();
     if (WaitForSingleObject(process_, 5000) == WAIT_TIMEOUT)
         TerminateProcess(process_, EXIT_FAILURE);

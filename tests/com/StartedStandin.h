@@ -44,6 +44,8 @@ public:
     bool ends() const { return WaitForSingleObject(process_, 5000) == WAIT_OBJECT_0; }
 
 private:
+    void quit();
+
     HANDLE process_ = nullptr;
     std::optional<femap::com::Dispatch> control_;
 };

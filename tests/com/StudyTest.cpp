@@ -34,7 +34,9 @@ std::string contentOf(const std::filesystem::path& path)
 class StudyOverCom : public testing::TestWithParam<const char*>
 {
 protected:
-    StudyOverCom() : folder_(temporaryFile("study"))
+    StudyOverCom()
+        : folder_(std::filesystem::temp_directory_path() /
+                  ("study" + std::to_string(GetCurrentProcessId())))
     {
         std::filesystem::create_directory(folder_);
         std::filesystem::copy_file(panelModel(), folder_ / "panel.neu");
