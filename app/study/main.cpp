@@ -24,7 +24,7 @@ int run(int argc, Character* argv[])
                                {std::cin, std::cout, std::cerr, system, study::runningFemap()});
     }
     catch (const std::exception& error) {
-        std::fprintf(stderr, "velmar-study: %s\n", error.what());
+        static_cast<void>(std::fprintf(stderr, "velmar-study: %s\n", error.what()));
         return EXIT_FAILURE;
     }
 }

@@ -61,7 +61,8 @@ struct NeutralContents
 };
 
 /// What the reader of a block works with. A reader raises Misfit at what does not fit.
-struct BlockReading
+// Always made whole, as an aggregate.
+struct BlockReading  // NOLINT(cppcoreguidelines-pro-type-member-init)
 {
     Lines lines;
     std::size_t lineCount = 0;
