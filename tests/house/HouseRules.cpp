@@ -50,15 +50,8 @@ constexpr std::array<std::string_view, 33> windowsHeaders = {
 };
 
 constexpr std::size_t mostLines = 400;
-constexpr std::size_t mostLinesOfTests = 500;  // a list of sentences reads longer
 constexpr std::size_t mostColumns = 100;
 constexpr std::size_t mostColumnsOfTables = 120;  // where a row stays on its line
-
-// A 9 stands for any digit, a lower-case letter for itself in either case.
-constexpr std::array<std::string_view, 8> unwantedWords = {
-    "part 9.9", "parts 9.9", "issue 9",       "issue #9",
-    "spec.md",  "the spec ", "specification", "../shared",
-};
 
 bool isBelow(std::string_view path, std::string_view folder)
 {
@@ -119,26 +112,6 @@ std::string folderOf(const std::string& path)
     return end == std::string::npos ? "" : path.substr(0, end);
 }
 
-bool matchesAt(std::string_view text, std::string_view word)
-{
-    if (text.size() < word.size())
-        return false;
-    return std::equal(word.begin(), word.end(), text.begin(), [](char wanted, unsigned char c) {
-        return wanted == '9' ? std::isdigit(c) != 0 : wanted == static_cast<char>(c);
-    });
-}
-
-bool containsWord(const std::string& text, std::string_view word)
-{
-    for (std::size_t i = 0; i + word.size() <= text.size(); ++i) {
-        const bool insideAWord = i > 0 && std::isalpha(static_cast<unsigned char>(text[i - 1])) &&
-                                 std::isalpha(static_cast<unsigned char>(word.front()));
-        if (!insideAWord && matchesAt(std::string_view(text).substr(i), word))
-            return true;
-    }
-    return false;
-}
-
 // Counts characters, not bytes.
 std::size_t columnsOf(const std::string& line)
 {
@@ -194,10 +167,9 @@ std::vector<std::string> tooLong(const SourceFile& file)
     std::vector<std::string> broken;
     if (!file.isCode())
         return broken;
-    const std::size_t lineLimit = isBelow(file.path, "tests") ? mostLinesOfTests : mostLines;
-    if (file.lines.size() > lineLimit)
+    if (file.lines.size() > mostLines)
         broken.push_back(
-            at(file, lineLimit, "the file has " + std::to_string(file.lines.size()) + " lines"));
+            at(file, mostLines, "the file has " + std::to_string(file.lines.size()) + " lines"));
     bool table = false;     // between clang-format off and on
     bool verbatim = false;  // inside R"text(…)text"
     for (std::size_t i = 0; i < file.lines.size(); ++i) {
@@ -214,25 +186,6 @@ std::vector<std::string> tooLong(const SourceFile& file)
         if (!touchesText && columnsOf(line) > (table ? mostColumnsOfTables : mostColumns))
             broken.push_back(
                 at(file, i, "the line has " + std::to_string(columnsOf(line)) + " columns"));
-    }
-    return broken;
-}
-
-std::vector<std::string> wordsOutOfPlace(const SourceFile& file)
-{
-    std::vector<std::string> broken;
-    // This file lists them, its test shows them.
-    if (file.path.starts_with("tests/house/HouseRules"))
-        return broken;
-    for (std::size_t i = 0; i < file.lines.size(); ++i) {
-        // The one place that says where the models of the tests lie.
-        if (file.path == "tests/CMakeLists.txt" &&
-            file.lines[i].find("SHARED_MODELS") != std::string::npos)
-            continue;
-        const std::string line = lowerCase(file.lines[i]);
-        for (const std::string_view word : unwantedWords)
-            if (containsWord(line, word))
-                broken.push_back(at(file, i, "\"" + std::string(word) + "\""));
     }
     return broken;
 }

@@ -11,7 +11,6 @@ using house::includesAgainstTheArrows;
 using house::SourceFile;
 using house::tooLong;
 using house::windowsHeadersOutOfPlace;
-using house::wordsOutOfPlace;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -62,11 +61,6 @@ TEST(EveryFolder, LeavesWindowsToTheFoldersMadeForIt)
 TEST(EverySourceFile, KeepsWithinItsLengthAndWidth)
 {
     EXPECT_THAT(brokenAnywhere(tooLong), IsEmpty());
-}
-
-TEST(EveryText, SpeaksOfTheProductAndNotOfItsMaking)
-{
-    EXPECT_THAT(brokenAnywhere(wordsOutOfPlace), IsEmpty());
 }
 
 TEST(IncludesAgainstTheArrows, AreFoundInEveryDirection)
@@ -134,30 +128,6 @@ TEST(TooLong, CountsCharactersAndSparesTextThatIsShownAsItWillBeWritten)
     EXPECT_THAT(tooLong({"a/A.cpp", std::vector<std::string>(400)}), IsEmpty());
     EXPECT_THAT(tooLong({"a/A.cpp", std::vector<std::string>(401)}),
                 ElementsAre("a/A.cpp:401: the file has 401 lines"));
-}
-
-TEST(WordsOutOfPlace, AreFoundWhateverTheirCaseButNotInsideOtherWords)
-{
-    const auto broken = [](const std::string& line) {
-        return !wordsOutOfPlace({"docs/a.md", {line}}).empty();
-    };
-
-    EXPECT_TRUE(broken("see Part 2.3"));
-    EXPECT_TRUE(broken("// parts 5.1 to 5.5"));
-    EXPECT_TRUE(broken("fixes Issue #12"));
-    EXPECT_TRUE(broken("as SPEC.MD says"));
-    EXPECT_TRUE(broken("cat ../shared/models"));
-    EXPECT_FALSE(broken("a spare part, 2.3 m long"));
-    EXPECT_FALSE(broken("counterpart 2.3"));
-    EXPECT_FALSE(broken("an issue of the journal"));
-}
-
-TEST(WordsOutOfPlace, BearTheOnePlaceThatNamesTheFolderOfTheModels)
-{
-    const std::string line = "SHARED_MODELS=\"${CMAKE_SOURCE_DIR}/../shared/models\"";
-
-    EXPECT_THAT(wordsOutOfPlace({"tests/CMakeLists.txt", {line}}), IsEmpty());
-    EXPECT_FALSE(wordsOutOfPlace({"CMakeLists.txt", {line}}).empty());
 }
 
 }  // namespace
