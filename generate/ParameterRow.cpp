@@ -3,19 +3,6 @@
 namespace generate
 {
 
-namespace
-{
-constexpr char separator = '\t';
-}
-
-std::string_view ParameterRow::cell(int column) const
-{
-    std::string_view rest = text_;
-    for (int i = 0; i < column; ++i)
-        rest.remove_prefix(rest.find(separator) + 1);
-    return rest.substr(0, rest.find(separator));
-}
-
 std::string concatenated(std::initializer_list<std::string_view> pieces)
 {
     std::size_t length = 0;

@@ -17,7 +17,7 @@ public:
     /// The row's cells joined by TAB.
     explicit ParameterRow(std::string rowText) : text_(std::move(rowText)) {}
 
-    std::string_view cell(int column) const;
+    std::string_view cell(int column) const { return form::cellOf(text_, column); }
     std::string_view name() const { return cell(form::ParameterGrid::nameColumn); }
     std::string_view value() const { return cell(form::ParameterGrid::valueColumn); }
     /// All cells joined by TAB.

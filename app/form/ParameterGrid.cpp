@@ -22,7 +22,7 @@ constexpr std::string_view headerTitles[] = {"Variable Name", "Value"};
 
 std::string_view nameOf(std::string_view rowText)
 {
-    return rowText.substr(0, rowText.find(separator));
+    return cellOf(rowText, ParameterGrid::nameColumn);
 }
 
 std::size_t hashOf(std::string_view name)
@@ -35,17 +35,14 @@ RuntimeError noRow(int row)
     return {ErrorNumber::SubscriptOutOfRange, "The grid has no row " + std::to_string(row)};
 }
 
-// Where a cell begins and how long it is.
-std::pair<std::size_t, std::size_t> cellIn(std::string_view rowText, int column)
-{
-    std::size_t begin = 0;
-    for (int i = 0; i < column; ++i)
-        begin = rowText.find(separator, begin) + 1;
-    const std::size_t end = std::min(rowText.find(separator, begin), rowText.size());
-    return {begin, end - begin};
-}
-
 }  // namespace
+
+std::string_view cellOf(std::string_view rowText, int column)
+{
+    for (int i = 0; i < column; ++i)
+        rowText.remove_prefix(rowText.find(separator) + 1);
+    return rowText.substr(0, rowText.find(separator));
+}
 
 ParameterGrid::ParameterGrid(int columns)
     : ColWidth(static_cast<std::size_t>(columns)), columns_(columns)
@@ -65,19 +62,17 @@ std::string ParameterGrid::text(int row, int column) const
         const auto place = static_cast<std::size_t>(column);
         return std::string(place < std::size(headerTitles) ? headerTitles[place] : "");
     }
-    const std::string& cells = slots_[slotOf(row)];
-    const auto [begin, length] = cellIn(cells, column);
-    return cells.substr(begin, length);
+    return std::string(cellOf(slots_[slotOf(row)], column));
 }
 
 void ParameterGrid::setText(int row, int column, std::string_view text)
 {
     checkColumn(column);
     std::string& cells = slots_[slotOf(row)];
-    const auto [begin, length] = cellIn(cells, column);
+    const std::string_view old = cellOf(cells, column);
     std::string cell(text);
     std::replace(cell.begin(), cell.end(), separator, ' ');
-    cells.replace(begin, length, cell);
+    cells.replace(static_cast<std::size_t>(old.data() - cells.data()), old.size(), cell);
     if (column == nameColumn)
         forgetNames();
 }

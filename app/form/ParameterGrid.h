@@ -19,6 +19,9 @@ struct RowRange
     int count = 0;
 };
 
+/// A cell of a row whose cells are joined by TAB.
+std::string_view cellOf(std::string_view rowText, int column);
+
 /// A table of text cells. Row 0 is the header, rows 1 and up are parameters; there is always at
 /// least one parameter row, and a row counts as empty while its column 0 is.
 class ParameterGrid : public Control

@@ -40,7 +40,8 @@ std::vector<int> idsOf(Dispatch& set)
     return ids.numbers();
 }
 
-// Text of a member without control characters, as FEMAP's titles are read.
+}  // namespace
+
 femap::Value readable(const Variant& returned)
 {
     femap::Value value = returned.value();
@@ -48,24 +49,6 @@ femap::Value readable(const Variant& returned)
         *text = withoutControlCharacters(std::move(*text));
     return value;
 }
-
-// A load: its kind follows the load definition's data type.
-class ComLoad : public MemberObject
-{
-public:
-    explicit ComLoad(Dispatch object) : object_(std::move(object)) {}
-
-    femap::Value member(const std::string& name) override { return readable(object_.call(name)); }
-    femap::Value member(const std::string& name, int index) override
-    {
-        return readable(object_.call(name, index));
-    }
-
-private:
-    Dispatch object_;
-};
-
-}  // namespace
 
 int activeOutputSet(Dispatch& application)
 {
@@ -75,16 +58,6 @@ int activeOutputSet(Dispatch& application)
     Dispatch sets = application.object("feSet");
     sets.call("AddAll", number(EntityType::OutputSet));
     return sets.call("First").number();
-}
-
-femap::Value ComEntity::member(const std::string& name)
-{
-    return readable(object_.call(name));
-}
-
-femap::Value ComEntity::member(const std::string& name, int index)
-{
-    return readable(object_.call(name, index));
 }
 
 ReturnCode ComEntity::Get(int id)
@@ -177,21 +150,11 @@ ReturnCode ComSet::fillFromAnswer(EntityType type, const std::string& title)
 }
 
 ClassicOutputVector::ClassicOutputVector(Session session)
-    : object_(session.application.object("feOutput"))
+    : ByName(session.application.object("feOutput"))
 {
     const int active = activeOutputSet(session.application);
     if (active != 0)
         object_.put("setID", active);
-}
-
-femap::Value ClassicOutputVector::member(const std::string& name)
-{
-    return readable(object_.call(name));
-}
-
-femap::Value ClassicOutputVector::member(const std::string& name, int index)
-{
-    return readable(object_.call(name, index));
 }
 
 ReturnCode ClassicOutputVector::Get(int vectorID)

@@ -22,18 +22,36 @@ struct Session
 /// there are no results.
 int activeOutputSet(Dispatch& application);
 
-class ComEntity : public Entity
+/// What FEMAP returned for a member; control characters in text are blanks.
+femap::Value readable(const Variant& returned);
+
+/// An object of FEMAP's whose members are read by name.
+template <class Interface>
+class ByName : public Interface
 {
 public:
-    explicit ComEntity(Dispatch object) : object_(std::move(object)) {}
+    explicit ByName(Dispatch object) : object_(std::move(object)) {}
 
-    femap::Value member(const std::string& name) override;
-    femap::Value member(const std::string& name, int index) override;
+    femap::Value member(const std::string& name) override { return readable(object_.call(name)); }
+    femap::Value member(const std::string& name, int index) override
+    {
+        return readable(object_.call(name, index));
+    }
+
+protected:
+    Dispatch object_;
+};
+
+/// A load: its kind follows the load definition's data type.
+using ComLoad = ByName<MemberObject>;
+
+class ComEntity : public ByName<Entity>
+{
+public:
+    using ByName::ByName;
+
     ReturnCode Get(int id) override;
     int Type() override;
-
-private:
-    Dispatch object_;
 };
 
 class ComSet : public EntitySet
@@ -59,13 +77,11 @@ private:
 };
 
 /// A vector of the active output set through feOutput.
-class ClassicOutputVector : public OutputVector
+class ClassicOutputVector : public ByName<OutputVector>
 {
 public:
     explicit ClassicOutputVector(Session session);
 
-    femap::Value member(const std::string& name) override;
-    femap::Value member(const std::string& name, int index) override;
     ReturnCode Get(int vectorID) override;
     int ID() override;
     std::string Title() override;
@@ -73,9 +89,6 @@ public:
     double Value(int entityID) override;
     double maxval() override;
     double minval() override;
-
-private:
-    Dispatch object_;
 };
 
 /// The same through feResults, where vectors have no object of their own.

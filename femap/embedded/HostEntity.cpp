@@ -1,6 +1,5 @@
-#include "femap/embedded/Host.h"
+#include "femap/embedded/HostMembers.h"
 #include "femap/embedded/HostObjects.h"
-#include "femap/embedded/Members.h"
 
 namespace femap::embedded
 {
@@ -11,33 +10,21 @@ namespace
 /// Holds a copy of the entity that was loaded last, as FEMAP's objects do. A copy into a place that
 /// held one already takes no memory anew, so a walk over a large model is cheap.
 template <class Data>
-class HostEntity : public Entity
+class HostEntity : public DataObject<Entity, Data>
 {
 public:
-    explicit HostEntity(Host& host) : host_(host) {}
+    using DataObject<Entity, Data>::DataObject;
 
     ReturnCode Get(int id) override
     {
-        const auto& table = host_.openModel().*Kind<Data>::table;
-        const Data* const found = table.find(id == 0 ? data_.id : id);
+        const auto& table = this->host_.openModel().*Kind<Data>::table;
+        const Data* const found = table.find(id == 0 ? this->data_.id : id);
         if (found == nullptr)
             return ReturnCode::Fail;
-        data_ = *found;
+        this->data_ = *found;
         return ReturnCode::Ok;
     }
-    int Type() override { return data_.type; }
-    Value member(const std::string& name) override
-    {
-        return readMember(data_, name, std::nullopt, host_.indexBeyondArrayRaises);
-    }
-    Value member(const std::string& name, int index) override
-    {
-        return readMember(data_, name, index, host_.indexBeyondArrayRaises);
-    }
-
-private:
-    Host& host_;
-    Data data_;
+    int Type() override { return this->data_.type; }
 };
 
 }  // namespace

@@ -1,6 +1,5 @@
-#include "femap/embedded/Host.h"
+#include "femap/embedded/HostMembers.h"
 #include "femap/embedded/HostObjects.h"
-#include "femap/embedded/Members.h"
 
 #include <algorithm>
 
@@ -26,24 +25,7 @@ int geometryTypeOf(int loadType)
 }
 
 template <class Data>
-class HostLoad : public MemberObject
-{
-public:
-    HostLoad(Host& host, Data data) : host_(host), data_(data) {}
-
-    Value member(const std::string& name) override
-    {
-        return readMember(data_, name, std::nullopt, host_.indexBeyondArrayRaises);
-    }
-    Value member(const std::string& name, int index) override
-    {
-        return readMember(data_, name, index, host_.indexBeyondArrayRaises);
-    }
-
-private:
-    Host& host_;
-    Data data_;
-};
+using HostLoad = DataObject<MemberObject, Data>;
 
 class HostLoadDefinition : public femap::LoadDefinition
 {

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "femap/Objects.h"
+#include "femap/embedded/Host.h"
+#include "femap/embedded/Members.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace femap::embedded
+{
+
+/// An object with data of its own, whose members are read by name.
+template <class Interface, class Data>
+class DataObject : public Interface
+{
+public:
+    explicit DataObject(Host& host, Data data = {}) : host_(host), data_(std::move(data)) {}
+
+    Value member(const std::string& name) override
+    {
+        return readMember(data_, name, std::nullopt, host_.indexBeyondArrayRaises);
+    }
+    Value member(const std::string& name, int index) override
+    {
+        return readMember(data_, name, index, host_.indexBeyondArrayRaises);
+    }
+
+protected:
+    Host& host_;
+    Data data_;
+};
+
+}  // namespace femap::embedded
