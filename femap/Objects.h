@@ -4,6 +4,7 @@
 #include "femap/Value.h"
 
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -35,6 +36,15 @@ public:
     virtual Value member(const std::string& name, int index) = 0;
 };
 
+/// A member as it is asked for.
+struct MemberName
+{
+    std::string name;
+    std::optional<int> index = std::nullopt;  // of an array member
+
+    bool operator==(const MemberName&) const = default;
+};
+
 /// A node, element, property or material ("feNode" …): a place into which FEMAP copies one
 /// entity at a time.
 class Entity : public MemberObject
@@ -44,6 +54,10 @@ public:
     virtual ReturnCode Get(int id) = 0;
     /// The number of the loaded entity's sub-type.
     virtual int Type() = 0;
+    /// Says that these entities will be loaded next and these members of them read ("type" for
+    /// Type()), so that they may be fetched in few calls. IDs ascend. Changes no answer; holds
+    /// until the next time.
+    virtual void readAhead(const std::vector<int>& ids, const std::vector<MemberName>& members);
 };
 
 /// A sorted set of IDs that FEMAP keeps under an ID of its own.
@@ -57,6 +71,8 @@ public:
     virtual void Reset() = 0;
     /// The next ID in ascending order, 0 at the end.
     virtual int Next() = 0;
+    /// All IDs in ascending order. Where a walk with Next is after it is left open.
+    virtual std::vector<int> ids();
     /// Adds all entities of a kind; output vectors are those of the active output set.
     virtual ReturnCode AddAll(EntityType type) = 0;
     /// Becomes a copy of another set.
@@ -65,6 +81,13 @@ public:
     virtual ReturnCode Select(EntityType type, bool clear, const std::string& title) = 0;
     /// The same with a list of titles; ownerSet is the load or output set the entities live in.
     virtual ReturnCode SelectMultiID(EntityType type, int ownerSet, const std::string& title) = 0;
+};
+
+/// A vector of results and the nodes or elements at which its values will be read, ascending.
+struct VectorReading
+{
+    int vectorID = 0;
+    std::vector<int> entityIDs{};
 };
 
 /// One vector of results ("feOutput") of the active output set.
@@ -80,6 +103,9 @@ public:
     virtual double Value(int entityID) = 0;
     virtual double maxval() = 0;
     virtual double minval() = 0;
+    /// Says that these vectors will be loaded next and these values of them read, so that they may
+    /// be fetched in few calls. Vector IDs ascend. Changes no answer; holds until the next time.
+    virtual void readAhead(std::vector<VectorReading> plan);
 };
 
 struct FunctionPoints

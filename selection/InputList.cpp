@@ -5,6 +5,7 @@
 #include "selection/ParameterRows.h"
 
 #include <cstddef>
+#include <optional>
 
 namespace selection
 {
@@ -18,26 +19,50 @@ namespace
 
 constexpr std::size_t longestField = 15;  // characters in front of "At", commas included
 
-// A chosen field and where its value is.
+// The name of a variable up to the ID.
+std::string nameStart(std::string_view field, std::string_view prefix)
+{
+    std::string name(firstCharacters(without(field, " -/"), longestField));
+    name.append("At").append(prefix);
+    return without(name, ",");  // sic: only after the cut, so a comma costs a character
+}
+
+// A chosen field: where its value is, and what is the same in all of its rows.
 struct ChosenField
 {
-    const std::string& name;
     const std::string& member;
-    const std::string* indexText;  // null for a plain member
-    int index;
+    std::optional<int> index;  // none for a plain member
+    std::string nameStart;
+    std::string keysEnd;  // the cells after the ID
 };
 
-std::vector<ChosenField> chosenFields(const std::vector<std::string>& names,
+std::vector<ChosenField> chosenFields(const std::string& prefix,
+                                      const std::vector<std::string>& names,
                                       const std::map<std::string, std::string>& members,
                                       const std::map<std::string, std::string>& indexes)
 {
     std::vector<ChosenField> result;
     for (const std::string& name : names) {
+        const std::string& member = members.at(name);
+        ChosenField& field =
+            result.emplace_back(ChosenField{member, {}, nameStart(name, prefix), '\t' + member});
         const auto index = indexes.find(name);
-        const bool isIndexed = index != indexes.end();
-        result.push_back({name, members.at(name), isIndexed ? &index->second : nullptr,
-                          isIndexed ? wholeNumberIn(index->second) : 0});
+        if (index == indexes.end())
+            continue;
+        field.index = wholeNumberIn(index->second);
+        field.keysEnd += '\t' + index->second;
     }
+    return result;
+}
+
+// What is read of each entity.
+std::vector<femap::MemberName> membersOf(const std::vector<ChosenField>& fields, int propertyType)
+{
+    std::vector<femap::MemberName> result;
+    if (propertyType != everyType)
+        result.push_back({"type"});
+    for (const ChosenField& field : fields)
+        result.push_back({field.member, field.index});
     return result;
 }
 
@@ -71,27 +96,26 @@ public:
     {
         logDebug(context_.log, "Got entity of id = ", id);
         logDebug(context_.log, "Iterating over property for each property names");
+        const std::string idText = std::to_string(id);
         for (const ChosenField& field : fields)
-            add(id, field);
+            add(idText, field);
     }
 
 private:
-    void add(int id, const ChosenField& field)
+    void add(const std::string& id, const ChosenField& field)
     {
-        const std::string name = variableName(field.name, prefix_, id);
+        name_.assign(field.nameStart).append(id);
         context_.error.clear();
         logDebug(context_.log, "Checking for duplicate entry in Input List");
-        if (!removeDuplicates(context_, name))
+        if (!removeDuplicates(context_, name_))
             return;
 
         std::string value;  // stays empty when FEMAP refuses it
         const bool isRead = context_.error.attempt([&] { value = read(field); });
-        std::string row =
-            name + '\t' + value + '\t' + prefix_ + '\t' + std::to_string(id) + '\t' + field.member;
-        if (field.indexText != nullptr)
-            row += '\t' + *field.indexText;
-        context_.form.InputsList.AddItem(row);
-        logDebug(context_.log, "Added variable to Input list Variable Name=", name,
+        row_.assign(name_).append("\t").append(value).append("\t").append(prefix_);
+        row_.append("\t").append(id).append(field.keysEnd);
+        context_.form.InputsList.AddItem(row_);
+        logDebug(context_.log, "Added variable to Input list Variable Name=", name_,
                  " value=", value, " EntityType=", prefix_, " ID=", id);
         if (!isRead)
             reportPendingError(context_, "After reading " + field.member);
@@ -99,23 +123,22 @@ private:
 
     std::string read(const ChosenField& field)
     {
-        return femap::toText(field.indexText == nullptr
-                                 ? entity_.member(field.member)
-                                 : entity_.member(field.member, field.index));
+        return femap::toText(field.index ? entity_.member(field.member, *field.index)
+                                         : entity_.member(field.member));
     }
 
     form::Context& context_;
     femap::Entity& entity_;
     const std::string& prefix_;
+    std::string name_;  // kept from row to row, so that only the grid takes memory for each
+    std::string row_;
 };
 
 }  // namespace
 
 std::string variableName(std::string_view field, std::string_view prefix, int id)
 {
-    std::string name(firstCharacters(without(field, " -/"), longestField));
-    name.append("At").append(prefix).append(std::to_string(id));
-    return without(name, ",");  // sic: only after the cut, so a comma costs a character
+    return nameStart(field, prefix) + std::to_string(id);
 }
 
 void UpdateInputList(form::Context& context, const std::string& prefix, femap::EntitySet& set,
@@ -131,14 +154,14 @@ void UpdateInputList(form::Context& context, const std::string& prefix, femap::E
     const std::unique_ptr<femap::Entity> entity = context.femap().entity(prefix);
     logDebug(context.log, "called entity fe", prefix);
     const std::vector<ChosenField> fields =
-        chosenFields(selectedFields, fieldMembers, fieldIndexes);
+        chosenFields(prefix, selectedFields, fieldMembers, fieldIndexes);
     InputRows rows(context, *entity, prefix);
 
-    form::Progress progress(context, "Reading inputs", static_cast<std::size_t>(set.count()));
-    set.Reset();
-    int id = set.Next();
+    const std::vector<int> ids = set.ids();
+    entity->readAhead(ids, membersOf(fields, propertyType));
+    form::Progress progress(context, "Reading inputs", ids.size());
     logDebug(context.log, "Start iterating over ID");
-    for (; id != 0; id = set.Next()) {
+    for (const int id : ids) {
         if (load(context, *entity, prefix, id) &&
             (propertyType == everyType || entity->Type() == propertyType))
             rows.add(id, fields);

@@ -77,24 +77,33 @@ std::string propertyTypeName(int type)
     return place == std::end(propertyTypeNames) ? "" : std::string(place->name);
 }
 
-// The types of the properties in the set, each once, in the order of their first appearance.
-std::vector<int> distinctTypes(form::Context& context, femap::EntitySet& set)
+struct PropertyTypes
 {
-    std::vector<int> types;
+    std::vector<int> types;  // each once, in the order of their first appearance
+    bool areAllKnown = true;
+};
+
+// The types of the properties in the set.
+PropertyTypes distinctTypes(form::Context& context, femap::EntitySet& set)
+{
+    PropertyTypes result;
+    std::vector<int>& types = result.types;
     const std::string prefix(propertyPrefix);
     const std::unique_ptr<femap::Entity> entity = context.femap().entity(prefix);
-    while (const int id = set.Next()) {
+    const std::vector<int> ids = set.ids();
+    entity->readAhead(ids, {{"type"}});
+    for (const int id : ids) {
         if (!load(context, *entity, prefix, id))
             continue;
         logDebug(context.log, "Got entity of id = ", id);
-        context.error.attempt([&] {
-            const int type = entity->Type();
-            if (std::ranges::find(types, type) == types.end())
-                types.push_back(type);
-        });
+        int type = 0;
+        if (!context.error.attempt([&] { type = entity->Type(); }))
+            result.areAllKnown = false;
+        else if (std::ranges::find(types, type) == types.end())
+            types.push_back(type);
         reportPendingError(context, "After reading the type of a property");
     }
-    return types;
+    return result;
 }
 
 void showAndUpdate(form::Context& context, frmPropertyList& dialog, const std::string& prefix,
@@ -105,10 +114,10 @@ void showAndUpdate(form::Context& context, frmPropertyList& dialog, const std::s
                     dialog.fieldIndexes, type);
 }
 
-// The fields of one type of property, and the rows of the properties that have this type. Whatever
-// goes wrong, the next type has its turn.
+// The fields of one type of property, and the rows of the properties that have the wanted type,
+// this one or any. Whatever goes wrong, the next type has its turn.
 void offerPropertyType(form::Context& context, frmPropertyList& dialog, femap::EntitySet& set,
-                       int type)
+                       int type, int wantedType)
 {
     const std::string prefix(propertyPrefix);
     bool isFilled =
@@ -119,7 +128,7 @@ void offerPropertyType(form::Context& context, frmPropertyList& dialog, femap::E
         isFilled = context.error.attempt([&] { dialog.GetPropertyList(prefix, ""); });
     }
     if (isFilled)
-        context.error.attempt([&] { showAndUpdate(context, dialog, prefix, set, type); });
+        context.error.attempt([&] { showAndUpdate(context, dialog, prefix, set, wantedType); });
     reportPendingError(context, "After selecting property fields");
 }
 
@@ -132,8 +141,11 @@ void selectEntities(form::Context& context, frmPropertyList& dialog, const Entit
         return;
 
     if (kind.type == EntityType::Property) {
-        for (const int type : distinctTypes(context, *set))
-            offerPropertyType(context, dialog, *set, type);
+        const PropertyTypes found = distinctTypes(context, *set);
+        // Where all have one type there is no need to ask each for it again.
+        const bool areAlike = found.areAllKnown && found.types.size() == 1;
+        for (const int type : found.types)
+            offerPropertyType(context, dialog, *set, type, areAlike ? everyType : type);
         return;
     }
     const std::string prefix(kind.prefix);

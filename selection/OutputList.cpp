@@ -53,20 +53,29 @@ bool removeDuplicates(form::Context& context, const std::string& name, std::stri
     return !scan.removalRefused;
 }
 
-// Adds a row unless its value cannot be read. keys: the cells after the value.
-template <class Read>
-void addRow(form::Context& context, const std::string& name, std::string_view listName,
-            const std::string& keys, Read&& read)
+// A row to be added; kept from row to row, so that only the grid takes memory for each.
+struct FreshRow
 {
-    if (!removeDuplicates(context, name, listName))
+    std::string name;
+    std::string keys;  // the cells after the value
+    std::string text;  // of the whole row
+};
+
+// Adds a row unless its value cannot be read.
+template <class Read>
+void addRow(form::Context& context, FreshRow& row, std::string_view listName, Read&& read)
+{
+    if (!removeDuplicates(context, row.name, listName))
         return;
     std::string value;
     if (!context.error.attempt([&] { value = numberText(read()); })) {
         context.error.clear();  // nothing unusual: the vector has no value there
         return;
     }
-    context.form.OutputsList.AddItem(name + '\t' + value + '\t' + keys);
-    logDebug(context.log, "Added variable to Output list Variable Name=", name, " value=", value);
+    row.text.assign(row.name).append("\t").append(value).append("\t").append(row.keys);
+    context.form.OutputsList.AddItem(row.text);
+    logDebug(context.log, "Added variable to Output list Variable Name=", row.name,
+             " value=", value);
 }
 
 void addExtremes(form::Context& context, femap::OutputVector& vector, const std::string& entityWord)
@@ -74,10 +83,11 @@ void addExtremes(form::Context& context, femap::OutputVector& vector, const std:
     const std::string title = shortTitle(vector);
     const std::string id = std::to_string(vector.ID());
     for (const Extreme& extreme : extremes) {
-        std::string name(firstCharacters(title, titleOfExtreme));
-        name.append(extreme.suffix).append(entityWord).append(id);
-        addRow(context, name, extreme.listName, id + '\t' + id + '\t' + std::string(extreme.tag),
-               [&] { return (vector.*extreme.read)(); });
+        FreshRow row;
+        row.name.assign(firstCharacters(title, titleOfExtreme));
+        row.name.append(extreme.suffix).append(entityWord).append(id);
+        row.keys.assign(id).append("\t").append(id).append("\t").append(extreme.tag);
+        addRow(context, row, extreme.listName, [&] { return (vector.*extreme.read)(); });
     }
 }
 
@@ -96,15 +106,21 @@ public:
 
     void add(femap::EntitySet* set, const std::vector<std::string>& vectorIDs)
     {
-        const auto entities = static_cast<std::size_t>(set == nullptr ? 1 : set->count());
+        std::vector<int> ids;
+        if (set != nullptr) {
+            ids = set->ids();
+            entity_->readAhead(ids, typeIfWanted());
+        }
+        const std::size_t entities = set == nullptr ? 1 : ids.size();
         form::Progress progress(context_, "Reading outputs", entities * vectorIDs.size());
         for (const std::string& text : vectorIDs) {
             const int vectorID = wholeNumberIn(text);
+            vector_->readAhead({{vectorID, ids}});
             if (!load(context_, *vector_, vectorID))
                 continue;
             logDebug(context_.log, "Got entity of id = ", vectorID);
             if (set != nullptr)
-                addValues(*set, progress);
+                addValues(ids, progress);
             else
                 addExtremes(context_, *vector_, entityWord_);
             progress.step();
@@ -126,19 +142,27 @@ private:
         reportPendingError(context_, "After reading the title of a fresh output vector");
     }
 
-    void addValues(femap::EntitySet& set, form::Progress& progress)
+    std::vector<femap::MemberName> typeIfWanted() const
+    {
+        if (elementType_ == everyType)
+            return {};
+        return {{"type"}};
+    }
+
+    void addValues(const std::vector<int>& ids, form::Progress& progress)
     {
         const std::string vectorID = std::to_string(vector_->ID());
         std::string nameStart(firstCharacters(shortTitle(*vector_), titleOfValue));
         nameStart.append(vectorID).append("At").append(entityWord_);
         const std::string keysEnd = '\t' + vectorID + "\tOutput";
 
-        set.Reset();
-        while (const int id = set.Next()) {
+        FreshRow row;
+        for (const int id : ids) {
             if (isWanted(id)) {
                 const std::string idText = std::to_string(id);
-                addRow(context_, nameStart + idText, "Output List", idText + keysEnd,
-                       [&] { return vector_->Value(id); });
+                row.name.assign(nameStart).append(idText);
+                row.keys.assign(idText).append(keysEnd);
+                addRow(context_, row, "Output List", [&] { return vector_->Value(id); });
             }
             progress.step();
         }

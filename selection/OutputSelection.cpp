@@ -107,7 +107,9 @@ void offerElementTypes(form::Context& context, frmPropertyList& dialog, std::str
     workingCopy->Copy(picked.ID());  // its walk leaves the one here alone
 
     std::set<int> seenTypes;
-    while (const int id = picked.Next()) {
+    const std::vector<int> ids = picked.ids();
+    element->readAhead(ids, {{"type"}});
+    for (const int id : ids) {
         if (!load(context, *element, word, id))
             continue;
         int type = 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace selection
 {
@@ -47,7 +48,13 @@ void frmPropertyList::UpdateCollection()
     const std::unique_ptr<femap::EntitySet> set = application->feSet();
     const std::unique_ptr<femap::OutputVector> vector = application->feOutput();
     set->AddAll(femap::EntityType::OutputVector);
-    while (const int id = set->Next()) {
+    const std::vector<int> ids = set->ids();
+    std::vector<femap::VectorReading> plan;
+    plan.reserve(ids.size());
+    for (const int id : ids)
+        plan.push_back({id});
+    vector->readAhead(std::move(plan));
+    for (const int id : ids) {
         if (vector->Get(id) != femap::ReturnCode::Ok)
             continue;
         const VectorRange* const range = findVectorRange(vector->classicID());

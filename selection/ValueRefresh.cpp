@@ -4,10 +4,9 @@
 #include "logging/Module1.h"
 #include "selection/EntityReading.h"
 #include "selection/MassQuantities.h"
+#include "selection/RefreshPlan.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <iterator>
 #include <map>
 #include <memory>
 #include <string>
@@ -25,10 +24,30 @@ using logging::RuntimeError;
 namespace
 {
 
-using Entities = std::map<std::string, std::unique_ptr<femap::Entity>>;  // by kind
+// The entity objects by kind, each told what will be read when it is made.
+class Entities
+{
+public:
+    Entities(Context& context, const ParameterGrid& grid)
+        : context_(context), plan_(inputsToRead(grid))
+    {}
 
-constexpr std::string_view keptKinds[] = {"",         "LoadMesh",  "Function",
-                                          "LoadGeom", "LoadETemp", "LoadNTemp"};
+    femap::Entity& operator[](const std::string& kind)
+    {
+        std::unique_ptr<femap::Entity>& entity = made_[kind];
+        if (entity == nullptr) {
+            entity = context_.femap().entity(kind);
+            const KindReading& reading = plan_[kind];
+            entity->readAhead(reading.ids, reading.members);
+        }
+        return *entity;
+    }
+
+private:
+    Context& context_;
+    std::map<std::string, KindReading> plan_;
+    std::map<std::string, std::unique_ptr<femap::Entity>> made_;
+};
 
 int wholeNumberAt(const ParameterGrid& grid, int row, int column)
 {
@@ -56,20 +75,18 @@ void refreshInput(Context& context, Entities& entities, int row)
     const std::string kind = grid.text(row, form::inputColumn::kind);
     logDebug(context.log, "Entry:  Name=", grid.text(row, ParameterGrid::nameColumn),
              "  Value=", grid.text(row, ParameterGrid::valueColumn), "  Type=", kind);
-    if (std::find(std::begin(keptKinds), std::end(keptKinds), kind) != std::end(keptKinds))
+    if (!isRefreshed(kind))
         return;
 
-    std::unique_ptr<femap::Entity>& entity = entities[kind];
-    if (entity == nullptr)
-        entity = context.femap().entity(kind);
+    femap::Entity& entity = entities[kind];
     logDebug(context.log, "Called the entity ", kind, " to update");
-    if (!load(context, *entity, kind, wholeNumberAt(grid, row, form::inputColumn::id)))
+    if (!load(context, entity, kind, wholeNumberAt(grid, row, form::inputColumn::id)))
         return;
     const std::string member = grid.text(row, form::inputColumn::member);
     const bool isPlain = grid.text(row, form::inputColumn::index).empty();
     const femap::Value value =
-        isPlain ? entity->member(member)
-                : entity->member(member, wholeNumberAt(grid, row, form::inputColumn::index));
+        isPlain ? entity.member(member)
+                : entity.member(member, wholeNumberAt(grid, row, form::inputColumn::index));
     grid.setText(row, ParameterGrid::valueColumn, femap::toText(value));
 }
 
@@ -143,7 +160,7 @@ void RefreshInputs_Click(Context& context)
     const ParameterGrid& grid = context.form.InputsList;
     logDebug(context.log, "Number of rowsto refresh  in input list = ", grid.Rows());  // sic
 
-    Entities entities;
+    Entities entities(context, grid);
     refreshRows(context, grid, "Refreshing inputs",
                 [&](int row) { refreshInput(context, entities, row); });
 
@@ -161,6 +178,7 @@ void RefreshOutputs_Click(Context& context)
     context.form.setMousePointers(form::pointerHourglass);
 
     const auto vector = context.femap().feOutput();
+    vector->readAhead(outputsToRead(context.form.OutputsList));
     refreshRows(context, context.form.OutputsList, "Refreshing outputs",
                 [&](int row) { refreshOutput(context, *vector, row); });
 

@@ -31,6 +31,9 @@ DWORD BusyFilter::HandleInComingCall(DWORD, HTASK, DWORD, LPINTERFACEINFO)
     return SERVERCALL_ISHANDLED;
 }
 
+// Windows asks here before a rejected call comes back to its caller. Wine 8 never does: there the
+// call ends with RPC_E_CALL_REJECTED, and Patience::whileBusy makes it again. The same way goes a
+// call that FEMAP itself answers with such a result.
 DWORD BusyFilter::RetryRejectedCall(HTASK, DWORD, DWORD)
 {
     constexpr DWORD giveUp = static_cast<DWORD>(-1);

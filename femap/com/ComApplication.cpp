@@ -1,5 +1,11 @@
 #include "femap/com/ComApplication.h"
 
+#include "femap/bulk/AheadEntity.h"
+#include "femap/bulk/AheadVector.h"
+#include "femap/com/BulkArrays.h"
+#include "femap/com/BulkMesh.h"
+#include "femap/com/BulkSession.h"
+#include "femap/com/BulkVectors.h"
 #include "femap/com/Text.h"
 #include "logging/RuntimeError.h"
 
@@ -27,6 +33,31 @@ CLSID femapClass()
     return id;
 }
 
+// What fetches the entities of a word in bulk; null for a word of none.
+std::unique_ptr<bulk::EntityFetcher> makeFetcher(const std::string& word, const Session& session,
+                                                 Dispatch& object)
+{
+    if (word == "Node")
+        return std::make_unique<MeshFetcher>(session, bulkNodes, object);
+    if (word == "Elem")
+        return std::make_unique<MeshFetcher>(session, bulkElements, object);
+    if (word == "Prop")
+        return std::make_unique<ArrayFetcher>(session, propertyArray, object);
+    if (word == "Matl")
+        return std::make_unique<ArrayFetcher>(session, materialArray, object);
+    return nullptr;
+}
+
+template <class Fetcher, class Vector>
+std::unique_ptr<OutputVector> withFetcher(const Session& session, std::unique_ptr<Vector> plain)
+{
+    if (session.bulk == nullptr)
+        return plain;
+    auto fetcher = std::make_unique<Fetcher>(session, *plain);
+    return std::make_unique<bulk::AheadVector>(std::move(plain), std::move(fetcher),
+                                               session.bulk->vectors);
+}
+
 // Window handles fit 32 bits, and FEMAP takes them so.
 int handleNumber(std::intptr_t handle)
 {
@@ -36,10 +67,11 @@ int handleNumber(std::intptr_t handle)
 }  // namespace
 
 ComApplication::ComApplication(IDispatch* application, SelectionDialogs* dialogs,
-                               std::shared_ptr<Patience> patience)
+                               std::shared_ptr<Patience> patience, Reading reading)
     : application_(application, "application", std::make_shared<Connection>(std::move(patience))),
       dialogs_(dialogs),
-      classic_(application_.has("feOutput"))
+      classic_(application_.has("feOutput")),
+      bulk_(reading == Reading::InBulk ? std::make_shared<BulkSession>() : nullptr)
 {}
 
 void ComApplication::feAppVisible(bool visible)
@@ -113,14 +145,24 @@ std::unique_ptr<EntitySet> ComApplication::feSet()
 
 std::unique_ptr<Entity> ComApplication::entity(const std::string& word)
 {
-    return std::make_unique<ComEntity>(application_.object("fe" + word));
+    auto plain = std::make_unique<ComEntity>(application_.object("fe" + word));
+    if (bulk_ == nullptr)
+        return plain;
+    std::unique_ptr<bulk::EntityFetcher> fetcher = makeFetcher(word, session(), plain->object());
+    if (fetcher == nullptr)
+        return plain;
+    std::shared_ptr<bulk::Trust>& trust = bulk_->entities[word];
+    if (trust == nullptr)
+        trust = std::make_shared<bulk::Trust>();
+    return std::make_unique<bulk::AheadEntity>(std::move(plain), std::move(fetcher), trust);
 }
 
 std::unique_ptr<OutputVector> ComApplication::feOutput()
 {
+    const Session own = session();
     if (classic_)
-        return std::make_unique<ClassicOutputVector>(session());
-    return std::make_unique<ModernOutputVector>(session());
+        return withFetcher<ClassicVectorFetcher>(own, std::make_unique<ClassicOutputVector>(own));
+    return withFetcher<ModernVectorFetcher>(own, std::make_unique<ModernOutputVector>(own));
 }
 
 std::unique_ptr<Function> ComApplication::feFunction()
@@ -170,7 +212,7 @@ MassProperties ComApplication::feMeasureMeshMassProp(int elementSet, int coordin
 
 Session ComApplication::session()
 {
-    return {application_, dialogs_, classic_};
+    return {application_, dialogs_, classic_, bulk_};
 }
 
 std::unique_ptr<Application> ComConnector::attach()
@@ -186,7 +228,7 @@ std::unique_ptr<Application> ComConnector::attach()
     if (FAILED(result))
         throw RuntimeError(ErrorNumber::ObjectFailed,
                            "The running FEMAP does not answer: " + describe(result));
-    return std::make_unique<ComApplication>(application, dialogs_, patience_);
+    return std::make_unique<ComApplication>(application, dialogs_, patience_, reading_);
 }
 
 std::unique_ptr<Application> ComConnector::create()
@@ -199,7 +241,7 @@ std::unique_ptr<Application> ComConnector::create()
     if (FAILED(result))
         throw RuntimeError(ErrorNumber::ObjectFailed,
                            "FEMAP could not be started: " + describe(result));
-    return std::make_unique<ComApplication>(application, dialogs_, patience_);
+    return std::make_unique<ComApplication>(application, dialogs_, patience_, reading_);
 }
 
 std::string messageForFemap(const std::string& text)

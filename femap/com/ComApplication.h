@@ -12,13 +12,20 @@
 namespace femap::com
 {
 
+/// How much is read in one call.
+enum class Reading
+{
+    InBulk,    // where FEMAP can, with the other as what remains when it cannot
+    OneByOne,  // each value in a call of its own
+};
+
 /// A FEMAP in another process.
 class ComApplication : public Application
 {
 public:
     /// Takes over the reference.
     ComApplication(IDispatch* application, SelectionDialogs* dialogs,
-                   std::shared_ptr<Patience> patience);
+                   std::shared_ptr<Patience> patience, Reading reading = Reading::InBulk);
 
     void feAppVisible(bool visible) override;
     ReturnCode feFileOpen(bool useDialog, const std::string& path) override;
@@ -45,6 +52,7 @@ private:
     Dispatch application_;
     SelectionDialogs* dialogs_;
     bool classic_;
+    std::shared_ptr<BulkSession> bulk_;  // null: everything is read one by one
 };
 
 /// Finds FEMAP by its name "femap.model". COM must be initialised on this thread.
@@ -54,8 +62,9 @@ public:
     /// dialogs answers FEMAP's selection dialogs in place of the engineer; null: FEMAP shows them.
     explicit ComConnector(SelectionDialogs* dialogs) : dialogs_(dialogs) {}
     /// The same, with a patience that a message filter may share.
-    ComConnector(SelectionDialogs* dialogs, std::shared_ptr<Patience> patience)
-        : dialogs_(dialogs), patience_(std::move(patience))
+    ComConnector(SelectionDialogs* dialogs, std::shared_ptr<Patience> patience,
+                 Reading reading = Reading::InBulk)
+        : dialogs_(dialogs), patience_(std::move(patience)), reading_(reading)
     {}
 
     std::unique_ptr<Application> attach() override;
@@ -64,6 +73,7 @@ public:
 private:
     SelectionDialogs* dialogs_;
     std::shared_ptr<Patience> patience_ = std::make_shared<Patience>();
+    Reading reading_ = Reading::InBulk;
 };
 
 /// A message as FEMAP's window takes it: short enough, and with every per cent sign doubled, for

@@ -1,5 +1,8 @@
 #include "femap/com/ComObjects.h"
 
+#include "femap/com/BulkCalls.h"
+#include "femap/com/BulkSession.h"
+#include "femap/com/Codes.h"
 #include "logging/RuntimeError.h"
 
 #include <utility>
@@ -13,24 +16,6 @@ using logging::RuntimeError;
 
 namespace
 {
-
-ReturnCode code(const Variant& returned)
-{
-    return static_cast<ReturnCode>(returned.number());
-}
-
-int number(EntityType type)
-{
-    return static_cast<int>(type);
-}
-
-void demandOk(ReturnCode returned, const std::string& what)
-{
-    if (returned != ReturnCode::Ok)
-        throw RuntimeError(
-            ErrorNumber::ObjectFailed,
-            what + " (FEMAP's code " + std::to_string(static_cast<int>(returned)) + ")");
-}
 
 std::vector<int> idsOf(Dispatch& set)
 {
@@ -58,6 +43,15 @@ int activeOutputSet(Dispatch& application)
     Dispatch sets = application.object("feSet");
     sets.call("AddAll", number(EntityType::OutputSet));
     return sets.call("First").number();
+}
+
+int classicVectorID(const Session& session, int vectorID)
+{
+    if (session.classic)
+        return vectorID;
+    const int classic =
+        session.application.call("feOutputConvertV2020VectorIDToV2019V2", vectorID).number();
+    return classic > 0 ? classic : vectorID;
 }
 
 ReturnCode ComEntity::Get(int id)
@@ -88,6 +82,19 @@ void ComSet::Reset()
 int ComSet::Next()
 {
     return object_.call("Next").number();
+}
+
+std::vector<int> ComSet::ids()
+{
+    if (session_.bulk == nullptr || !session_.bulk->sets.isGiven)
+        return EntitySet::ids();
+    try {
+        return idsIn(object_);
+    }
+    catch (const RuntimeError&) {
+        session_.bulk->sets.isGiven = false;
+        return EntitySet::ids();
+    }
 }
 
 ReturnCode ComSet::AddAll(EntityType type)
@@ -149,7 +156,7 @@ ReturnCode ComSet::fillFromAnswer(EntityType type, const std::string& title)
     return answer.code;
 }
 
-ClassicOutputVector::ClassicOutputVector(Session session)
+ClassicOutputVector::ClassicOutputVector(const Session& session)
     : ByName(session.application.object("feOutput"))
 {
     const int active = activeOutputSet(session.application);
@@ -188,9 +195,9 @@ double ClassicOutputVector::minval()
 }
 
 ModernOutputVector::ModernOutputVector(Session session)
-    : session_(session),
-      results_(session.application.object("feResults")),
-      set_(activeOutputSet(session.application))
+    : session_(std::move(session)),
+      results_(session_.application.object("feResults")),
+      set_(activeOutputSet(session_.application))
 {}
 
 femap::Value ModernOutputVector::member(const std::string& name)
@@ -232,9 +239,7 @@ int ModernOutputVector::classicID()
 {
     if (vector_ == 0)
         return 0;
-    const int classic =
-        session_.application.call("feOutputConvertV2020VectorIDToV2019V2", vector_).number();
-    return classic > 0 ? classic : vector_;
+    return classicVectorID(session_, vector_);
 }
 
 double ModernOutputVector::Value(int entityID)

@@ -10,17 +10,23 @@
 namespace femap::com
 {
 
+struct BulkSession;
+
 /// What the objects of a running FEMAP need of their application.
 struct Session
 {
     Dispatch& application;
     SelectionDialogs* dialogs;  // answers in place of the engineer; null: FEMAP shows its dialogs
     bool classic;               // FEMAP has feOutput (before 2020.1)
+    std::shared_ptr<BulkSession> bulk;  // null: everything is read one by one
 };
 
 /// The output set whose results are read: the active one, or the first when none is active; 0 when
 /// there are no results.
 int activeOutputSet(Dispatch& application);
+
+/// A vector's ID in the numbering before 2020.1; classic FEMAP has no other.
+int classicVectorID(const Session& session, int vectorID);
 
 /// What FEMAP returned for a member; control characters in text are blanks.
 femap::Value readable(const Variant& returned);
@@ -37,6 +43,9 @@ public:
     {
         return readable(object_.call(name, index));
     }
+
+    /// For those who fetch more of it at once.
+    Dispatch& object() { return object_; }
 
 protected:
     Dispatch object_;
@@ -57,12 +66,15 @@ public:
 class ComSet : public EntitySet
 {
 public:
-    ComSet(Session session, Dispatch object) : session_(session), object_(std::move(object)) {}
+    ComSet(Session session, Dispatch object)
+        : session_(std::move(session)), object_(std::move(object))
+    {}
 
     int ID() override;
     int count() override;
     void Reset() override;
     int Next() override;
+    std::vector<int> ids() override;
     ReturnCode AddAll(EntityType type) override;
     ReturnCode Copy(int setID) override;
     ReturnCode Select(EntityType type, bool clear, const std::string& title) override;
@@ -80,7 +92,7 @@ private:
 class ClassicOutputVector : public ByName<OutputVector>
 {
 public:
-    explicit ClassicOutputVector(Session session);
+    explicit ClassicOutputVector(const Session& session);
 
     ReturnCode Get(int vectorID) override;
     int ID() override;
@@ -108,6 +120,10 @@ public:
     double maxval() override { return extremes().maximum; }
     double minval() override { return extremes().minimum; }
 
+    // For those who fetch more of it at once.
+    Dispatch& results() { return results_; }
+    int outputSet() const { return set_; }
+
 private:
     struct Extremes
     {
@@ -125,7 +141,9 @@ private:
 class ComFunction : public Function
 {
 public:
-    ComFunction(Session session, Dispatch object) : session_(session), object_(std::move(object)) {}
+    ComFunction(Session session, Dispatch object)
+        : session_(std::move(session)), object_(std::move(object))
+    {}
 
     ReturnCode SelectID(const std::string& title) override;
     ReturnCode Get(int id) override;

@@ -10,6 +10,7 @@
 #include <memory>
 #include <oleauto.h>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -76,6 +77,13 @@ public:
         std::array<Variant, sizeof...(Arguments)> list = {
             Variant(std::forward<Arguments>(arguments))...};
         return invoke(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, list.data(), list.size());
+    }
+
+    /// The same with a list of arguments.
+    Variant callWith(const std::string& name, std::span<Variant> arguments)
+    {
+        return invoke(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments.data(),
+                      arguments.size());
     }
 
     /// Writes a property.

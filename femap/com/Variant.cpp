@@ -39,8 +39,9 @@ public:
     {
         LONG lower = 0;
         LONG upper = -1;
-        SafeArrayGetLBound(array_, 1, &lower);
-        SafeArrayGetUBound(array_, 1, &upper);
+        if (FAILED(SafeArrayGetLBound(array_, 1, &lower)) ||
+            FAILED(SafeArrayGetUBound(array_, 1, &upper)))
+            throw RuntimeError(ErrorNumber::ObjectFailed, "FEMAP returned an array without bounds");
         return static_cast<std::size_t>(upper - lower + 1);
     }
 

@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <stdexcept>
+
 namespace femap::com
 {
 
@@ -72,7 +74,22 @@ logging::System windowsSystem()
 {
     static const AnsiCodePage codePage;
     logging::System standard = logging::standardSystem();
-    return {standard.files, codePage, localTime, standard.monotonicSeconds, environmentVariable};
+    return {standard.files,      codePage,     localTime, standard.monotonicSeconds,
+            environmentVariable, standard.wait};
+}
+
+void takeLibrariesFromSystemOnly()
+{
+    if (SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32) == FALSE)
+        throw std::runtime_error("Windows does not let the program choose where its libraries are");
+}
+
+bool errorsShowColours()
+{
+    const HANDLE errors = GetStdHandle(STD_ERROR_HANDLE);
+    DWORD mode = 0;
+    return GetConsoleMode(errors, &mode) != FALSE &&
+           SetConsoleMode(errors, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != FALSE;
 }
 
 }  // namespace femap::com

@@ -24,13 +24,11 @@ public:
     int count() override { return static_cast<int>(ids_.size()); }
     void Reset() override;
     int Next() override;
+    std::vector<int> ids() override { return ids_; }
     ReturnCode AddAll(EntityType type) override;
     ReturnCode Copy(int setID) override;
     ReturnCode Select(EntityType type, bool clear, const std::string& title) override;
     ReturnCode SelectMultiID(EntityType type, int ownerSet, const std::string& title) override;
-
-    /// Ascending.
-    const std::vector<int>& ids() const { return ids_; }
 
 private:
     void add(const std::vector<int>& ids);

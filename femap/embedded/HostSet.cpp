@@ -71,11 +71,11 @@ ReturnCode HostSet::pick(EntityType type, const std::string& title,
         return selection.code;
     if (available.empty())
         return ReturnCode::NotExist;
-    std::erase_if(selection.ids, [&](int id) {
-        return !std::binary_search(available.begin(), available.end(), id);
-    });
     std::sort(selection.ids.begin(), selection.ids.end());
-    add(selection.ids);
+    std::vector<int> present;
+    std::set_intersection(selection.ids.begin(), selection.ids.end(), available.begin(),
+                          available.end(), std::back_inserter(present));
+    add(present);
     return ReturnCode::Ok;
 }
 

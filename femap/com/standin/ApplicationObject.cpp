@@ -80,6 +80,8 @@ constexpr Member<ApplicationObject> applicationMembers[] = {
     {{"standinModel",         method,   {Text}, 90005}, serve<&App::modelState>},
     {{"standinQuit",          method,   {},     90006}, serve<&App::quit>},
     {{"standinRecord",        method,   {Text}, 90007}, serve<&App::recordTo>},
+    {{"standinFault",         method,   {Text, Text}, 90008}, serve<&App::fault>},
+    {{"standinReject",        method,   {I4},   90009}, serve<&App::reject>},
     {{"standinCallCount",     property, {},     90010}, serve<&App::callCount>},
     {{"standinLockCount",     property, {},     90011}, serve<&App::lockCount>},
     {{"standinObjectCount",   property, {},     90012}, serve<&App::objectCount>},
@@ -254,6 +256,12 @@ int ApplicationObject::busy(int count)
     return ok;
 }
 
+int ApplicationObject::reject(int count)
+{
+    server().rejectFor = count;
+    return ok;
+}
+
 int ApplicationObject::failAt(int call)
 {
     server().failAt = call;
@@ -264,6 +272,11 @@ int ApplicationObject::dieAt(int call)
 {
     server().dieAt = call;
     return ok;
+}
+
+int ApplicationObject::fault(const std::string& member, const std::string& how)
+{
+    return server().faults.set(member, how) ? ok : failed;
 }
 
 int ApplicationObject::pick(const std::string& text)

@@ -40,8 +40,10 @@ public:
 
     int sendEvent(int code);
     int busy(int count);
+    int reject(int count);
     int failAt(int call);
     int dieAt(int call);
+    int fault(const std::string& member, const std::string& how);
     int pick(const std::string& text);
     int recordTo(const std::string& path);
     int modelState(const std::string& state);

@@ -108,6 +108,15 @@ Variant toVariant(const Value& value)
         value);
 }
 
+std::vector<VARIANT*> Arguments::filled()
+{
+    std::vector<VARIANT*> result;
+    for (Variant& value : values_)
+        if (value.raw()->vt == (VT_BYREF | VT_VARIANT))
+            result.push_back(value.raw()->pvarVal);
+    return result;
+}
+
 std::string Arguments::shown() const
 {
     std::string result;

@@ -41,6 +41,9 @@ public:
     void fillAny(std::size_t i, Variant value);
     void fillObject(std::size_t i, IDispatch* object);
 
+    /// The variants that the caller passed to be filled with anything.
+    std::vector<VARIANT*> filled();
+
     /// As the record of calls shows them: out arguments as "out".
     std::string shown() const;
 

@@ -1,5 +1,6 @@
 #include "femap/com/standin/EntityObject.h"
 
+#include "femap/com/standin/EntityArrays.h"
 #include "femap/com/standin/Server.h"
 #include "femap/embedded/MemberTables.h"
 
@@ -19,6 +20,11 @@ constexpr int failed = static_cast<int>(ReturnCode::Fail);
 using enum Type;
 constexpr Kind method = Kind::Method;
 constexpr Kind property = Kind::Property;
+
+using embedded::Element;
+using embedded::Material;
+using embedded::Node;
+using embedded::Property;
 
 // A member of the copy, the array members with their index.
 template <class Data>
@@ -104,122 +110,12 @@ Variant store(EntityObject<Data>& entity, Arguments& arguments)
     return entity.store(arguments.number(0));
 }
 
-using embedded::Element;
-using embedded::Material;
-using embedded::Node;
-using embedded::Property;
-
-// The entities that a bulk member lists, with zeros for those that are not there.
-template <class Data>
-std::vector<Data> listed(EntityObject<Data>& entity, int set, EntityType type)
+// Writes a number of the copy that has a name of its own.
+void putNumber(EntityObject<Material>& entity, Arguments& arguments)
 {
-    const auto& table = entity.server().host.openModel().*embedded::Kind<Data>::table;
-    std::vector<Data> result;
-    for (const int id : entity.server().idsIn(set, type)) {
-        const Data* const found = table.find(id);
-        Data nothing{};
-        nothing.id = id;
-        result.push_back(found == nullptr ? nothing : *found);
-    }
-    return result;
-}
-
-// One number, or all of an array's, of each entity.
-template <class Data, class Held>
-Variant column(const std::vector<Data>& entities, Held Data::*member)
-{
-    if constexpr (std::is_same_v<Held, int>) {
-        std::vector<int> result;
-        for (const Data& one : entities)
-            result.push_back(one.*member);
-        return result;
-    }
-    else {
-        using Number = typename Held::value_type;
-        std::vector<std::conditional_t<std::is_same_v<Number, double>, double, int>> result;
-        for (const Data& one : entities)
-            result.insert(result.end(), (one.*member).begin(), (one.*member).end());
-        return result;
-    }
-}
-
-Variant coordinates(const std::vector<Node>& nodes)
-{
-    std::vector<double> result;
-    for (const Node& node : nodes)
-        result.insert(result.end(), {node.x, node.y, node.z});
-    return result;
-}
-
-// How many there are, their IDs, and whether there are any.
-template <class Data>
-Variant fillIDs(const std::vector<Data>& entities, Arguments& arguments)
-{
-    arguments.fill(1, static_cast<int>(entities.size()));
-    arguments.fillAny(2, column(entities, &Data::id));
-    return entities.empty() ? failed : ok;
-}
-
-Variant getCoordArray(EntityObject<Node>& entity, Arguments& arguments)
-{
-    const auto nodes = listed(entity, arguments.number(0), EntityType::Node);
-    arguments.fillAny(3, coordinates(nodes));
-    return fillIDs(nodes, arguments);
-}
-
-Variant getAllNodes(EntityObject<Node>& entity, Arguments& arguments)
-{
-    const auto nodes = listed(entity, arguments.number(0), EntityType::Node);
-    arguments.fillAny(3, coordinates(nodes));
-    arguments.fillAny(4, column(nodes, &Node::layer));
-    arguments.fillAny(5, column(nodes, &Node::color));
-    arguments.fillAny(6, column(nodes, &Node::type));
-    arguments.fillAny(7, column(nodes, &Node::defCSys));
-    arguments.fillAny(8, column(nodes, &Node::outCSys));
-    arguments.fillAny(9, column(nodes, &Node::permBC));
-    return fillIDs(nodes, arguments);
-}
-
-Variant getAllElements(EntityObject<Element>& entity, Arguments& arguments)
-{
-    const auto elements = listed(entity, arguments.number(0), EntityType::Element);
-    const std::size_t count = elements.size();
-    arguments.fillAny(3, column(elements, &Element::propID));
-    arguments.fillAny(4, column(elements, &Element::type));
-    arguments.fillAny(5, column(elements, &Element::topology));
-    arguments.fillAny(6, column(elements, &Element::layer));
-    arguments.fillAny(7, column(elements, &Element::color));
-    arguments.fillAny(8, std::vector<int>(2 * count));  // formulation
-    arguments.fillAny(9, column(elements, &Element::orient));
-    arguments.fillAny(10, column(elements, &Element::offset));
-    arguments.fillAny(11, std::vector<int>(12 * count));  // release
-    arguments.fillAny(12, std::vector<int>(count));       // orientSET
-    arguments.fillAny(13, column(elements, &Element::orientID));
-    arguments.fillAny(14, column(elements, &Element::node));
-    arguments.fillAny(15, std::vector<int>(count));  // connectTYPE
-    arguments.fillAny(16, std::vector<int>(count));  // connectSEG
-    return fillIDs(elements, arguments);
-}
-
-// Any mix of entities and places of their arrays.
-template <class Data, std::vector<double> Data::*array>
-Variant getValueArray(EntityObject<Data>& entity, Arguments& arguments)
-{
-    const auto& table = entity.server().host.openModel().*embedded::Kind<Data>::table;
-    const auto count = static_cast<std::size_t>(std::max(arguments.number(0), 0));
-    const std::vector<int> ids = arguments.numbers(1);
-    const std::vector<int> places = arguments.numbers(2);
-    if (ids.size() < count || places.size() < count)
-        return failed;
-    std::vector<double> values(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        const Data* const found = table.find(ids[i]);
-        const auto place = static_cast<std::size_t>(places[i]);
-        if (found != nullptr && place < (found->*array).size())
-            values[i] = (found->*array)[place];
-    }
-    arguments.fillAny(3, values);
-    return ok;
+    for (const embedded::Member<Material>& member : embedded::membersOf(entity.data))
+        if (member.name == arguments.member())
+            entity.data.mval[static_cast<std::size_t>(member.element)] = arguments.real(0);
 }
 
 // clang-format off
@@ -281,7 +177,7 @@ constexpr Member<EntityObject<Property>> propertyMembers[] = {
     {{"Exist",    method,   {I4}, 29006}, exist},
     {{"CountSet", method,   {},   29027}, countSet},
     {{"GetValueArray", method, {I4, Any, Any, OutAny}, 20011, Generation::Modern},
-        getValueArray<Property, &Property::pval>},
+        getPropertyValues},
     {{"GetTitleList",  method, {I4, I4, OutI4, OutAny, OutAny}, 29021}, getTitleList},
 };
 
@@ -292,37 +188,37 @@ constexpr Member<EntityObject<Material>> materialMembers[] = {
     {{"type",              property, {},   10002}, read, put<Material, &Material::type>},
     {{"layer",             property, {},   10003}, read, put<Material, &Material::layer>},
     {{"subtype",           property, {},   10004}, read, put<Material, &Material::subtype>},
-    {{"Ex",                property, {},   10010}, read},
-    {{"Ey",                property, {},   10011}, read},
-    {{"Ez",                property, {},   10012}, read},
-    {{"Gx",                property, {},   10013}, read},
-    {{"Gy",                property, {},   10014}, read},
-    {{"Gz",                property, {},   10015}, read},
-    {{"Nuxy",              property, {},   10016}, read},
-    {{"Nuyz",              property, {},   10017}, read},
-    {{"Nuxz",              property, {},   10018}, read},
-    {{"Alphaxx",           property, {},   10019}, read},
-    {{"Alphayy",           property, {},   10020}, read},
-    {{"Alphazz",           property, {},   10021}, read},
-    {{"Alphaxy",           property, {},   10022}, read},
-    {{"Alphayz",           property, {},   10023}, read},
-    {{"Alphazx",           property, {},   10024}, read},  // there is no Alphaxz
-    {{"Kxx",               property, {},   10025}, read},
-    {{"Kyy",               property, {},   10026}, read},
-    {{"Kzz",               property, {},   10027}, read},
-    {{"Kxy",               property, {},   10028}, read},
-    {{"Kyz",               property, {},   10029}, read},
-    {{"Kzx",               property, {},   10030}, read},  // there is no Kxz
-    {{"Cp",                property, {},   10031}, read},
-    {{"Density",           property, {},   10032}, read},
-    {{"Damping",           property, {},   10033}, read},
-    {{"RefTemp",           property, {},   10034}, read},
-    {{"TensionLimit1",     property, {},   10035}, read},
-    {{"TensionLimit2",     property, {},   10036}, read},
-    {{"CompressionLimit1", property, {},   10037}, read},
-    {{"CompressionLimit2", property, {},   10038}, read},
-    {{"ShearLimit",        property, {},   10039}, read},
-    {{"TsaiWu",            property, {},   10040}, read},
+    {{"Ex",                property, {},   10010}, read, putNumber, R8},
+    {{"Ey",                property, {},   10011}, read, putNumber, R8},
+    {{"Ez",                property, {},   10012}, read, putNumber, R8},
+    {{"Gx",                property, {},   10013}, read, putNumber, R8},
+    {{"Gy",                property, {},   10014}, read, putNumber, R8},
+    {{"Gz",                property, {},   10015}, read, putNumber, R8},
+    {{"Nuxy",              property, {},   10016}, read, putNumber, R8},
+    {{"Nuyz",              property, {},   10017}, read, putNumber, R8},
+    {{"Nuxz",              property, {},   10018}, read, putNumber, R8},
+    {{"Alphaxx",           property, {},   10019}, read, putNumber, R8},
+    {{"Alphayy",           property, {},   10020}, read, putNumber, R8},
+    {{"Alphazz",           property, {},   10021}, read, putNumber, R8},
+    {{"Alphaxy",           property, {},   10022}, read, putNumber, R8},
+    {{"Alphayz",           property, {},   10023}, read, putNumber, R8},
+    {{"Alphazx",           property, {},   10024}, read, putNumber, R8},  // there is no Alphaxz
+    {{"Kxx",               property, {},   10025}, read, putNumber, R8},
+    {{"Kyy",               property, {},   10026}, read, putNumber, R8},
+    {{"Kzz",               property, {},   10027}, read, putNumber, R8},
+    {{"Kxy",               property, {},   10028}, read, putNumber, R8},
+    {{"Kyz",               property, {},   10029}, read, putNumber, R8},
+    {{"Kzx",               property, {},   10030}, read, putNumber, R8},  // there is no Kxz
+    {{"Cp",                property, {},   10031}, read, putNumber, R8},
+    {{"Density",           property, {},   10032}, read, putNumber, R8},
+    {{"Damping",           property, {},   10033}, read, putNumber, R8},
+    {{"RefTemp",           property, {},   10034}, read, putNumber, R8},
+    {{"TensionLimit1",     property, {},   10035}, read, putNumber, R8},
+    {{"TensionLimit2",     property, {},   10036}, read, putNumber, R8},
+    {{"CompressionLimit1", property, {},   10037}, read, putNumber, R8},
+    {{"CompressionLimit2", property, {},   10038}, read, putNumber, R8},
+    {{"ShearLimit",        property, {},   10039}, read, putNumber, R8},
+    {{"TsaiWu",            property, {},   10040}, read, putNumber, R8},
     {{"vmval",             property, {},   10500}, wholeArray<Material, &Material::mval>},
     {{"mval",              property, {I4}, 18001}, read},
     {{"Get",               method,   {I4}, 20000}, get},
@@ -330,7 +226,7 @@ constexpr Member<EntityObject<Material>> materialMembers[] = {
     {{"Exist",             method,   {I4}, 29006}, exist},
     {{"CountSet",          method,   {},   29027}, countSet},
     {{"GetValueArray",     method,   {I4, Any, Any, OutAny}, 20004, Generation::Modern},
-        getValueArray<Material, &Material::mval>},
+        getMaterialValues},
     {{"GetTitleList",      method,   {I4, I4, OutI4, OutAny, OutAny}, 29021}, getTitleList},
 };
 // clang-format on

@@ -73,7 +73,30 @@ HRESULT Object::GetTypeInfoCount(UINT* count)
 bool Object::isThere(const Signature& member) const
 {
     const Generation own = server_.isClassic ? Generation::Classic : Generation::Modern;
-    return member.generation == Generation::All || member.generation == own;
+    return (member.generation == Generation::All || member.generation == own) &&
+           faultOf(member.name) != Fault::Missing;
+}
+
+std::optional<Fault> Object::faultOf(std::string_view member) const
+{
+    return server_.faults.of(kind_, member);
+}
+
+// Serves a member as well as the test lets it.
+Variant Object::serveWithFaults(std::size_t row, Arguments& arguments)
+{
+    const std::optional<Fault> fault = faultOf(arguments.member());
+    if (fault == Fault::Fails)
+        return static_cast<int>(ReturnCode::Fail);
+    if (fault == Fault::Raises)
+        throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "was told to raise here");
+    Variant returned = serve(row, arguments);
+    if (fault) {
+        spoil(*returned.raw(), *fault);
+        for (VARIANT* const filled : arguments.filled())
+            spoil(*filled, *fault);
+    }
+    return returned;
 }
 
 HRESULT Object::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* numbers)
@@ -152,7 +175,7 @@ HRESULT Object::carryOut(std::size_t row, bool isPut, Arguments& arguments, VARI
         if (isPut)
             put(row, arguments);
         else
-            returned = serve(row, arguments);
+            returned = serveWithFaults(row, arguments);
         server_.record(call + " = " + (isPut ? "put" : shown(*returned.raw())));
         if (result != nullptr)
             std::swap(*result, *returned.raw());

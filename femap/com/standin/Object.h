@@ -2,6 +2,7 @@
 
 #include "femap/Constants.h"
 #include "femap/com/standin/Arguments.h"
+#include "femap/com/standin/Fault.h"
 #include "femap/com/standin/Signature.h"
 
 #include <windows.h>
@@ -56,6 +57,8 @@ protected:
 
 private:
     bool isThere(const Signature& member) const;
+    std::optional<Fault> faultOf(std::string_view member) const;
+    Variant serveWithFaults(std::size_t row, Arguments& arguments);
     HRESULT call(std::size_t row, WORD flags, DISPPARAMS& parameters, VARIANT* result,
                  EXCEPINFO* exception, UINT* wrongArgument);
     HRESULT carryOut(std::size_t row, bool isPut, Arguments& arguments, VARIANT* result,

@@ -5,11 +5,19 @@
 #include "femap/embedded/Model.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace femap::com::standin
 {
+
+/// A vector's value at a node or element; none where it has none.
+std::optional<double> valueAt(const embedded::OutputVector& vector, int entity);
+
+/// The same at several, with a number in place of what is missing.
+std::vector<double> valuesAt(const embedded::OutputVector& vector, const std::vector<int>& ids,
+                             double otherwise);
 
 /// "feOutput" of FEMAP before 2020.1: a vector of the output set that setID names.
 class OutputObject : public ObjectOf<OutputObject>
@@ -24,6 +32,7 @@ public:
     double value(int entity);
     int getOutputListAtSet(Arguments& arguments);
     int getScalarAtSet(Arguments& arguments);
+    int getTitleList(Arguments& arguments);
 
     int setID = 1;
     embedded::OutputVector vector;
@@ -52,6 +61,8 @@ public:
     static std::span<const Member<ResultsObject>> members();
 
     int clear();
+    /// Restricts the rows to the entities of a set.
+    int dataNeeded(int location, int set);
     int addColumn(Arguments& arguments);
     int populate();
     int numberOfRows();
@@ -64,12 +75,16 @@ public:
     int vectorTitles(Arguments& arguments);
     int vectors(int set, int target, bool clearFirst);
     int vectorExists(int set, int vector);
+    int vectorInfo(Arguments& arguments);
+
+    double valueForNonExisting = 0;
 
 private:
     const embedded::OutputVector* find(int set, int vector);
     const embedded::OutputVector* column(int index) const;
 
     std::vector<embedded::OutputVector> columns_;
+    std::optional<std::vector<int>> rows_;  // all that have a value when nothing else is said
     bool populated_ = false;
 };
 

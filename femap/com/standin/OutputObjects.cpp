@@ -19,23 +19,6 @@ using enum Type;
 constexpr Kind method = Kind::Method;
 constexpr Kind property = Kind::Property;
 
-std::optional<double> valueAt(const embedded::OutputVector& vector, int entity)
-{
-    const auto place = std::lower_bound(vector.ids.begin(), vector.ids.end(), entity);
-    if (place == vector.ids.end() || *place != entity)
-        return std::nullopt;
-    return vector.values[static_cast<std::size_t>(place - vector.ids.begin())];
-}
-
-std::vector<double> valuesAt(const embedded::OutputVector& vector, const std::vector<int>& ids,
-                             double otherwise)
-{
-    std::vector<double> values;
-    for (const int id : ids)
-        values.push_back(valueAt(vector, id).value_or(otherwise));
-    return values;
-}
-
 using Output = OutputObject;
 
 // A plain value of the loaded vector.
@@ -57,6 +40,8 @@ void putSetID(Output& output, Arguments& arguments)
 
 using embedded::OutputVector;
 
+constexpr Types titlesArguments = {I4, I4, OutI4, OutAny, OutAny};
+
 // clang-format off
 constexpr Member<OutputObject> outputMembers[] = {
     {{"location",           property, {},                10002}, location},
@@ -72,6 +57,7 @@ constexpr Member<OutputObject> outputMembers[] = {
     {{"GetScalarAtNodeSet", method,   {I4, OutAny},      20022}, serve<&Output::getScalarAtSet>},
     {{"GetScalarAtElemSet", method,   {I4, OutAny},      20024}, serve<&Output::getScalarAtSet>},
     {{"GetFromSet",         method,   {I4, I4},          20026}, serve<&Output::getFromSet>},
+    {{"GetTitleList",       method,   titlesArguments,   29021}, serve<&Output::getTitleList>},
 };
 // clang-format on
 static_assert(hasOneOfEach(outputMembers));
@@ -111,6 +97,24 @@ constexpr Member<OutputSetObject> outputSetMembers[] = {
 static_assert(hasOneOfEach(outputSetMembers));
 
 }  // namespace
+
+std::optional<double> valueAt(const embedded::OutputVector& vector, int entity)
+{
+    const auto place = std::lower_bound(vector.ids.begin(), vector.ids.end(), entity);
+    if (place == vector.ids.end() || *place != entity)
+        return std::nullopt;
+    return vector.values[static_cast<std::size_t>(place - vector.ids.begin())];
+}
+
+std::vector<double> valuesAt(const embedded::OutputVector& vector, const std::vector<int>& ids,
+                             double otherwise)
+{
+    std::vector<double> values;
+    values.reserve(ids.size());
+    for (const int id : ids)
+        values.push_back(valueAt(vector, id).value_or(otherwise));
+    return values;
+}
 
 std::span<const Member<OutputObject>> OutputObject::members()
 {
@@ -155,6 +159,27 @@ int OutputObject::getScalarAtSet(Arguments& arguments)
 {
     const std::vector<int> ids = server().idsIn(arguments.number(0), vector.location);
     arguments.fillAny(1, valuesAt(vector, ids, noValue));
+    return ids.empty() ? failed : ok;
+}
+
+// Of the vectors in the output set; 0, 0: all.
+int OutputObject::getTitleList(Arguments& arguments)
+{
+    const embedded::OutputSet* const set = server().host.openModel().outputSets.find(setID);
+    if (set == nullptr)
+        return failed;
+    const int most = arguments.number(1);
+    std::vector<int> ids;
+    std::vector<std::string> titles;
+    for (const embedded::OutputVector& one : set->vectors) {
+        if (one.id < arguments.number(0) || (most != 0 && one.id > most))
+            continue;
+        ids.push_back(one.id);
+        titles.push_back(one.title);
+    }
+    arguments.fill(2, static_cast<int>(ids.size()));
+    arguments.fillAny(3, ids);
+    arguments.fillAny(4, titles);
     return ids.empty() ? failed : ok;
 }
 

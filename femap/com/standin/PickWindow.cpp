@@ -2,10 +2,12 @@
 
 #include "femap/com/Text.h"
 #include "femap/com/standin/Server.h"
+#include "logging/RuntimeError.h"
 
 #include <windows.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace femap::com::standin
 {
@@ -13,15 +15,25 @@ namespace femap::com::standin
 namespace
 {
 
-constexpr int listID = 100;
-constexpr const wchar_t* className = L"femap-standin.pick";
+// Control numbers; OK and Cancel have Windows' own.
+constexpr int labelID = 100;
+constexpr int idsID = 101;
+constexpr int listID = 102;
+constexpr int countID = 103;
 
 // In units of a screen of 96 dots per inch.
-constexpr int width = 420;
-constexpr int height = 480;
+constexpr int startWidth = 420;
+constexpr int startHeight = 480;
+constexpr int smallestWidth = 340;
+constexpr int smallestHeight = 240;
 constexpr int margin = 10;
+constexpr int gap = 7;
+constexpr int labelWidth = 160;
+constexpr int labelHeight = 16;
+constexpr int fieldHeight = 23;
 constexpr int buttonWidth = 90;
-constexpr int buttonHeight = 28;
+constexpr int buttonHeight = 25;
+constexpr int titleStop = 40;  // where the titles begin, in quarters of a letter's width
 
 template <class Entity>
 std::string titleIn(const embedded::Table<Entity>& table, int id)
@@ -59,117 +71,282 @@ std::string titleOf(Server& server, EntityType type, int id)
     }
 }
 
-enum class Answer
+// An empty dialog: its controls are made when it opens, in the user's own font.
+struct EmptyTemplate
 {
-    None,
-    Ok,
-    Cancel,
+    DLGTEMPLATE header;
+    WORD menu;
+    WORD windowClass;
+    WORD title;
 };
 
-LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM w, LPARAM l)
+int screenDots()
 {
-    auto* const answer = reinterpret_cast<Answer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    const bool isButton = message == WM_COMMAND && (LOWORD(w) == IDOK || LOWORD(w) == IDCANCEL);
-    const bool isDoubleClick =
-        message == WM_COMMAND && LOWORD(w) == listID && HIWORD(w) == LBN_DBLCLK;
-    if (answer != nullptr && (isButton || isDoubleClick || message == WM_CLOSE)) {
-        const bool isOk = isDoubleClick || (isButton && LOWORD(w) == IDOK);
-        *answer = isOk ? Answer::Ok : Answer::Cancel;
-        return 0;
-    }
-    return DefWindowProcW(window, message, w, l);
+    const HDC screen = GetDC(nullptr);
+    const int dots = GetDeviceCaps(screen, LOGPIXELSY);
+    ReleaseDC(nullptr, screen);
+    return dots;
 }
 
-// A window for as long as this lives.
+HFONT messageFont()
+{
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    return CreateFontIndirectW(&metrics.lfMessageFont);
+}
+
+// FEMAP's dialog: what is marked in the list counts. IDs that are typed mark the list.
 class PickWindow
 {
 public:
-    PickWindow(const std::string& title, bool onlyOne)
-    {
-        WNDCLASSW windowClass{};
-        windowClass.lpfnWndProc = windowProcedure;
-        windowClass.hInstance = GetModuleHandleW(nullptr);
-        windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-        windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-        windowClass.lpszClassName = className;
-        RegisterClassW(&windowClass);  // fails harmlessly when it is there already
-        window_ = CreateWindowExW(WS_EX_DLGMODALFRAME | WS_EX_TOPMOST, className,
-                                  toWide(title).c_str(), WS_CAPTION | WS_SYSMENU | WS_POPUP,
-                                  scaled(80), scaled(80), scaled(width), scaled(height), nullptr,
-                                  nullptr, windowClass.hInstance, nullptr);
-        SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&answer_));
-        RECT inside{};
-        GetClientRect(window_, &inside);
-        const int top = static_cast<int>(inside.bottom) - scaled(margin + buttonHeight);
-        const int right = static_cast<int>(inside.right) - scaled(margin);
-        const DWORD several = onlyOne ? 0 : LBS_EXTENDEDSEL;
-        list_ = add(L"LISTBOX", L"", WS_VSCROLL | WS_BORDER | LBS_NOTIFY | several, listID,
-                    {scaled(margin), scaled(margin), right, top - scaled(margin)});
-        add(L"BUTTON", L"OK", BS_DEFPUSHBUTTON, IDOK,
-            {right - scaled(2 * buttonWidth + margin), top, right - scaled(buttonWidth + margin),
-             top + scaled(buttonHeight)});
-        add(L"BUTTON", L"Cancel", BS_PUSHBUTTON, IDCANCEL,
-            {right - scaled(buttonWidth), top, right, top + scaled(buttonHeight)});
-    }
-    ~PickWindow()
-    {
-        DestroyWindow(window_);
-        DeleteObject(font_);
-    }
+    PickWindow(const std::string& title, bool onlyOne, const std::vector<int>& ids,
+               const std::function<std::string(int id)>& titleOf)
+        : title_(title), onlyOne_(onlyOne), ids_(ids), titleOf_(titleOf)
+    {}
+    ~PickWindow() { DeleteObject(font_); }
     PickWindow(const PickWindow&) = delete;
     PickWindow& operator=(const PickWindow&) = delete;
 
-    void addItem(const std::string& text)
+    // The IDs that were picked; none when the dialog was cancelled.
+    std::vector<int> show()
     {
-        SendMessageW(list_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(text).c_str()));
-    }
-
-    // The places of the items that were picked; false when the dialog was cancelled.
-    bool show(std::vector<std::size_t>& picked)
-    {
-        ShowWindow(window_, SW_SHOW);
-        SetForegroundWindow(window_);
-        SetFocus(list_);
-        MSG message;
-        while (answer_ == Answer::None && GetMessageW(&message, nullptr, 0, 0) > 0)
-            if (!IsDialogMessageW(window_, &message)) {
-                TranslateMessage(&message);
-                DispatchMessageW(&message);
-            }
-        if (answer_ == Answer::None)  // the server is to end
-            PostQuitMessage(0);
-        const LRESULT count = SendMessageW(list_, LB_GETCOUNT, 0, 0);
-        for (LRESULT i = 0; i < count; ++i)
-            if (SendMessageW(list_, LB_GETSEL, static_cast<WPARAM>(i), 0) > 0)
-                picked.push_back(static_cast<std::size_t>(i));
-        return answer_ == Answer::Ok && !picked.empty();
+        EmptyTemplate empty{};
+        empty.header.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | DS_MODALFRAME;
+        empty.header.dwExtendedStyle = WS_EX_TOPMOST | WS_EX_CONTROLPARENT;
+        DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &empty.header, nullptr, procedure,
+                                reinterpret_cast<LPARAM>(this));
+        return picked_;
     }
 
 private:
-    static int scaled(int length)
+    static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l)
     {
-        const HDC screen = GetDC(nullptr);
-        const int dots = GetDeviceCaps(screen, LOGPIXELSY);
-        ReleaseDC(nullptr, screen);
-        return MulDiv(length, dots, 96);
+        if (message == WM_INITDIALOG) {
+            SetWindowLongPtrW(window, DWLP_USER, l);
+            reinterpret_cast<PickWindow*>(l)->initialise(window);
+            return FALSE;  // the focus is set
+        }
+        auto* const self = reinterpret_cast<PickWindow*>(GetWindowLongPtrW(window, DWLP_USER));
+        return self == nullptr ? FALSE : self->handle(message, w, l);
     }
 
-    HWND add(const wchar_t* kind, const wchar_t* text, DWORD style, int id, const RECT& place)
+    INT_PTR handle(UINT message, WPARAM w, LPARAM l)
     {
-        const HWND control =
-            CreateWindowExW(0, kind, text, WS_CHILD | WS_VISIBLE | WS_TABSTOP | style, place.left,
-                            place.top, place.right - place.left, place.bottom - place.top, window_,
-                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+        switch (message) {
+        case WM_COMMAND:
+            command(LOWORD(w), HIWORD(w));
+            return TRUE;
+        case WM_VKEYTOITEM:
+            return keyInList(LOWORD(w), HIWORD(w));
+        case WM_SIZE:
+            layOut();
+            return TRUE;
+        case WM_GETMINMAXINFO:
+            reinterpret_cast<MINMAXINFO*>(l)->ptMinTrackSize = {scaled(smallestWidth),
+                                                                scaled(smallestHeight)};
+            return TRUE;
+        default:
+            return FALSE;
+        }
+    }
+
+    void command(int id, int notification)
+    {
+        const bool isDoubleClick = id == listID && notification == LBN_DBLCLK;
+        if (id == IDOK || isDoubleClick)
+            accept();
+        else if (id == IDCANCEL)
+            EndDialog(window_, IDCANCEL);
+        else if (id == idsID && notification == EN_CHANGE)
+            markTyped();
+        else if (id == listID && notification == LBN_SELCHANGE)
+            showCount();
+    }
+
+    void accept()
+    {
+        for (const std::size_t place : marked())
+            picked_.push_back(ids_[place]);
+        if (!picked_.empty())
+            EndDialog(window_, IDOK);
+    }
+
+    // Ctrl+A marks all, the space bar marks an item or takes its mark away.
+    INT_PTR keyInList(WORD key, WORD caret)
+    {
+        constexpr INT_PTR isDone = -2;
+        constexpr INT_PTR isTheLists = -1;
+        if (onlyOne_)
+            return isTheLists;
+        if (key == 'A' && GetKeyState(VK_CONTROL) < 0)
+            send(LB_SETSEL, TRUE, -1);
+        else if (key == VK_SPACE)
+            send(LB_SETSEL, send(LB_GETSEL, caret) > 0 ? FALSE : TRUE, caret);
+        else
+            return isTheLists;
+        showCount();
+        return isDone;
+    }
+
+    void initialise(HWND window)
+    {
+        window_ = window;
+        SetWindowTextW(window_, toWide(title_).c_str());
+        add(L"STATIC", L"IDs, such as 1-5 7 or all:", SS_LEFT, labelID);
+        add(L"EDIT", L"", WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL, idsID);
+        const DWORD several = onlyOne_ ? 0 : LBS_EXTENDEDSEL | LBS_WANTKEYBOARDINPUT;
+        list_ = add(L"LISTBOX", L"",
+                    WS_TABSTOP | WS_VSCROLL | WS_BORDER | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT |
+                        LBS_USETABSTOPS | several,
+                    listID);
+        add(L"STATIC", L"", SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, countID);
+        add(L"BUTTON", L"OK", WS_TABSTOP | BS_DEFPUSHBUTTON, IDOK);
+        add(L"BUTTON", L"Cancel", WS_TABSTOP, IDCANCEL);
+        fill();
+        SetWindowPos(window_, nullptr, scaled(80), scaled(80), scaled(startWidth),
+                     scaled(startHeight), SWP_NOZORDER);
+        layOut();
+        showCount();
+        // Shown first: the keyboard cannot go to a window that is not there yet.
+        ShowWindow(window_, SW_SHOW);
+        SetForegroundWindow(window_);
+        SetFocus(list_);
+    }
+
+    void fill()
+    {
+        send(WM_SETREDRAW, FALSE);
+        const int stop = titleStop;
+        send(LB_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&stop));
+        send(LB_INITSTORAGE, ids_.size());
+        for (const int id : ids_) {
+            const std::wstring text = std::to_wstring(id) + L'\t' + toWide(titleOf_(id));
+            send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+        }
+        send(WM_SETREDRAW, TRUE);
+    }
+
+    void layOut()
+    {
+        RECT inside{};
+        GetClientRect(window_, &inside);
+        const int right = static_cast<int>(inside.right) - scaled(margin);
+        const int buttons = static_cast<int>(inside.bottom) - scaled(margin) - scaled(buttonHeight);
+        const int left = scaled(margin);
+        const int field = left + scaled(labelWidth);
+        const int listTop = left + scaled(fieldHeight) + scaled(gap);
+        const int ok = right - 2 * scaled(buttonWidth) - scaled(gap);
+        place(labelID, left, left + (scaled(fieldHeight) - scaled(labelHeight)) / 2, field - left,
+              scaled(labelHeight));
+        place(idsID, field, left, right - field, scaled(fieldHeight));
+        place(listID, left, listTop, right - left, buttons - scaled(gap) - listTop);
+        place(countID, left, buttons + (scaled(buttonHeight) - scaled(labelHeight)) / 2,
+              ok - scaled(gap) - left, scaled(labelHeight));
+        place(IDOK, ok, buttons, scaled(buttonWidth), scaled(buttonHeight));
+        place(IDCANCEL, right - scaled(buttonWidth), buttons, scaled(buttonWidth),
+              scaled(buttonHeight));
+    }
+
+    // Marks what was typed and nothing else.
+    void markTyped()
+    {
+        wchar_t typed[1000]{};
+        GetDlgItemTextW(window_, idsID, typed, 1000);
+        std::vector<int> ids;
+        std::string problem;
+        try {
+            ids = parsePick(fromWide(typed), ids_).ids;
+        }
+        catch (const logging::RuntimeError& error) {
+            problem = error.description();
+        }
+        send(WM_SETREDRAW, FALSE);
+        unmarkAll();
+        if (onlyOne_ && !ids.empty())
+            send(LB_SETCURSEL, placeOf(ids.front()));
+        for (std::size_t i = 0; !onlyOne_ && i < ids.size();) {
+            const std::size_t first = placeOf(ids[i]);
+            std::size_t last = first;
+            while (++i < ids.size() && last + 1 < ids_.size() && ids_[last + 1] == ids[i])
+                ++last;
+            send(LB_SELITEMRANGEEX, first, static_cast<LPARAM>(last));
+        }
+        if (!ids.empty())
+            send(LB_SETTOPINDEX, placeOf(ids.front()));
+        send(WM_SETREDRAW, TRUE);
+        InvalidateRect(list_, nullptr, TRUE);
+        showCount();
+        if (!problem.empty())
+            SetDlgItemTextW(window_, countID, toWide(problem).c_str());
+    }
+
+    void unmarkAll()
+    {
+        if (onlyOne_)
+            send(LB_SETCURSEL, static_cast<WPARAM>(-1));
+        else
+            send(LB_SETSEL, FALSE, -1);
+    }
+
+    std::size_t placeOf(int id) const
+    {
+        return static_cast<std::size_t>(std::lower_bound(ids_.begin(), ids_.end(), id) -
+                                        ids_.begin());
+    }
+
+    // Places in the list, ascending.
+    std::vector<std::size_t> marked() const
+    {
+        if (onlyOne_) {
+            const LRESULT place = send(LB_GETCURSEL);
+            return place < 0 ? std::vector<std::size_t>()
+                             : std::vector<std::size_t>{static_cast<std::size_t>(place)};
+        }
+        std::vector<int> places(static_cast<std::size_t>(send(LB_GETSELCOUNT)));
+        send(LB_GETSELITEMS, places.size(), reinterpret_cast<LPARAM>(places.data()));
+        return {places.begin(), places.end()};
+    }
+
+    void showCount()
+    {
+        const LRESULT count = onlyOne_ ? (send(LB_GETCURSEL) >= 0 ? 1 : 0) : send(LB_GETSELCOUNT);
+        const std::wstring text =
+            std::to_wstring(count) + L" of " + std::to_wstring(ids_.size()) + L" marked";
+        SetDlgItemTextW(window_, countID, text.c_str());
+        EnableWindow(GetDlgItem(window_, IDOK), count > 0 ? TRUE : FALSE);
+    }
+
+    LRESULT send(UINT message, WPARAM w = 0, LPARAM l = 0) const
+    {
+        return SendMessageW(list_, message, w, l);
+    }
+
+    int scaled(int length) const { return MulDiv(length, dots_, USER_DEFAULT_SCREEN_DPI); }
+
+    HWND add(const wchar_t* kind, const wchar_t* text, DWORD style, int id)
+    {
+        const HWND control = CreateWindowExW(
+            0, kind, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, window_,
+            reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
         return control;
     }
 
-    HFONT font_ = CreateFontW(-scaled(12), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
-                              OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
-                              DEFAULT_PITCH, L"Tahoma");
+    void place(int id, int left, int top, int width, int height)
+    {
+        MoveWindow(GetDlgItem(window_, id), left, top, width, height, TRUE);
+    }
+
+    const std::string& title_;
+    const bool onlyOne_;
+    const std::vector<int>& ids_;
+    const std::function<std::string(int id)>& titleOf_;
+    const int dots_ = screenDots();
+    const HFONT font_ = messageFont();
     HWND window_ = nullptr;
     HWND list_ = nullptr;
-    Answer answer_ = Answer::None;
+    std::vector<int> picked_;
 };
 
 }  // namespace
@@ -180,18 +357,14 @@ pickWindow(Server& server)
 {
     return [&server](EntityType type, const std::string& title, bool onlyOne,
                      const std::vector<int>& available) {
-        PickWindow window(title, onlyOne);
-        for (const int id : available) {
-            const std::string name = titleOf(server, type, id);
-            window.addItem(std::to_string(id) + (name.empty() ? "" : ".." + name));
-        }
-        std::vector<std::size_t> picked;
-        if (!window.show(picked))
+        const std::function<std::string(int)> name = [&](int id) {
+            return titleOf(server, type, id);
+        };
+        PickWindow window(title, onlyOne, available, name);
+        std::vector<int> ids = window.show();
+        if (ids.empty())
             return Selection{ReturnCode::Cancel, {}};
-        Selection result;
-        for (const std::size_t place : picked)
-            result.ids.push_back(available[place]);
-        return result;
+        return Selection{ReturnCode::Ok, std::move(ids)};
     };
 }
 

@@ -26,7 +26,16 @@ constexpr Types columnArguments = {I4, I4, Bool, OutI4, OutAny};
 constexpr Types extremeArguments = {I4, I4, OutI4, OutI4, OutR8, OutR8};
 constexpr Types titlesArguments = {I4, Bool, I4, I4, OutI4, OutAny, OutAny};
 
+constexpr Types infoArguments = {I4, I4, OutI4, OutI4, OutBool, OutBool, OutI4};
+
+void putValueForNonExisting(Results& results, Arguments& arguments)
+{
+    results.valueForNonExisting = arguments.real(0);
+}
+
 constexpr Member<ResultsObject> resultsMembers[] = {
+    {{"ValueForNonExisting", Kind::Property, {},      10000},
+        serve<&Results::valueForNonExisting>, putValueForNonExisting, R8},
     {{"clear",           method, {},                  20000}, serve<&Results::clear>},
     {{"NumberOfRows",    method, {},                  20003}, serve<&Results::numberOfRows>},
     {{"NumberOfColumns", method, {},                  20004}, serve<&Results::numberOfColumns>},
@@ -34,6 +43,7 @@ constexpr Member<ResultsObject> resultsMembers[] = {
     {{"AddColumn",       method, columnArguments,     20009, classic}, serve<&Results::addColumn>},
     {{"GetColumnMinMax", method, extremeArguments,    20014}, serve<&Results::getColumnMinMax>},
     {{"GetValue",        method, {I4, I4, OutR8},     20026}, serve<&Results::getValue>},
+    {{"DataNeeded",      method, {I4, I4},            20032}, serve<&Results::dataNeeded>},
     {{"GetColumn",       method, {I4, OutAny, OutAny}, 20040}, serve<&Results::getColumn>},
     {{"VectorExists",    method, {I4, I4},            20302, classic},
         serve<&Results::vectorExists>},
@@ -43,6 +53,7 @@ constexpr Member<ResultsObject> resultsMembers[] = {
     {{"AddColumnV2",     method, columnArguments,     20310, modern}, serve<&Results::addColumn>},
     {{"VectorExistsV2",  method, {I4, I4},            20315, modern},
         serve<&Results::vectorExists>},
+    {{"VectorInfoV2",    method, infoArguments,       20316, modern}, serve<&Results::vectorInfo>},
     {{"VectorTitleV2",   method, {I4, I4, OutText},   20317, modern},
         serve<&Results::vectorTitle>},
     {{"VectorsV2",       method, {I4, I4, Bool},      20321, modern}, serve<&Results::vectors>},
@@ -79,7 +90,16 @@ const embedded::OutputVector* ResultsObject::column(int index) const
 int ResultsObject::clear()
 {
     columns_.clear();
+    rows_.reset();
     populated_ = false;
+    return ok;
+}
+
+int ResultsObject::dataNeeded(int location, int set)
+{
+    if (populated_)
+        return invalid;
+    rows_ = server().idsIn(set, static_cast<EntityType>(location));
     return ok;
 }
 
@@ -122,8 +142,10 @@ int ResultsObject::getColumn(Arguments& arguments)
     const embedded::OutputVector* const vector = column(arguments.number(0));
     if (vector == nullptr)
         return invalid;
-    arguments.fillAny(1, vector->ids);
-    arguments.fillAny(2, vector->values);
+    const std::vector<int>& rows = rows_ ? *rows_ : vector->ids;
+    const std::vector<double> values = valuesAt(*vector, rows, valueForNonExisting);
+    arguments.fillAny(1, rows);
+    arguments.fillAny(2, values);
     return ok;
 }
 
@@ -164,11 +186,10 @@ int ResultsObject::getValue(Arguments& arguments)
     const embedded::OutputVector* const vector = column(arguments.number(1));
     if (vector == nullptr)
         return invalid;
-    const auto place =
-        std::lower_bound(vector->ids.begin(), vector->ids.end(), arguments.number(0));
-    if (place == vector->ids.end() || *place != arguments.number(0))
+    const std::optional<double> value = valueAt(*vector, arguments.number(0));
+    if (!value)
         return failed;
-    arguments.fill(2, vector->values[static_cast<std::size_t>(place - vector->ids.begin())]);
+    arguments.fill(2, *value);
     return ok;
 }
 
@@ -177,11 +198,10 @@ int ResultsObject::entityValue(Arguments& arguments)
     const embedded::OutputVector* const vector = find(arguments.number(0), arguments.number(1));
     if (vector == nullptr)
         return notExist;
-    const auto place =
-        std::lower_bound(vector->ids.begin(), vector->ids.end(), arguments.number(2));
-    if (place == vector->ids.end() || *place != arguments.number(2))
+    const std::optional<double> value = valueAt(*vector, arguments.number(2));
+    if (!value)
         return failed;
-    arguments.fill(3, vector->values[static_cast<std::size_t>(place - vector->ids.begin())]);
+    arguments.fill(3, *value);
     return ok;
 }
 
@@ -233,6 +253,19 @@ int ResultsObject::vectors(int set, int target, bool clearFirst)
 int ResultsObject::vectorExists(int set, int vector)
 {
     return find(set, vector) == nullptr ? failed : ok;
+}
+
+int ResultsObject::vectorInfo(Arguments& arguments)
+{
+    const embedded::OutputVector* const vector = find(arguments.number(0), arguments.number(1));
+    if (vector == nullptr)
+        return notExist;
+    arguments.fill(2, static_cast<int>(vector->location));
+    arguments.fill(3, 0);
+    arguments.fillFlag(4, false);
+    arguments.fillFlag(5, false);
+    arguments.fill(6, 0);
+    return ok;
 }
 
 }  // namespace femap::com::standin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "femap/com/standin/Fault.h"
 #include "femap/com/standin/Picks.h"
 #include "femap/embedded/Host.h"
 
@@ -41,8 +42,12 @@ public:
 
     // From now on: how many calls are rejected, and at which one FEMAP fails or dies; 0: never.
     int busyFor = 0;
+    int rejectFor = 0;  // as busyFor, but COM rejects them before the server sees them
     int failAt = 0;
     int dieAt = 0;
+
+    /// What is wrong with single members.
+    Faults faults;
 
     /// Called before the server dies, for what must not stay behind.
     std::function<void()> beforeDeath;

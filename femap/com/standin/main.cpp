@@ -1,6 +1,7 @@
 #include "femap/com/Apartment.h"
 #include "femap/com/Text.h"
 #include "femap/com/standin/ApplicationObject.h"
+#include "femap/com/standin/Doorkeeper.h"
 #include "femap/com/standin/PickWindow.h"
 #include "femap/com/standin/Registration.h"
 #include "femap/com/standin/Server.h"
@@ -190,6 +191,7 @@ void serve(const Options& options)
     if (!options.model.empty())
         server.host.openNeutralFile(options.model);
 
+    const standin::Doorkeeper doorkeeper(server);
     ApplicationObject application(server);
     {
         Announcement announcement(application, options);

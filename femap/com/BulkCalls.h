@@ -1,0 +1,38 @@
+#pragma once
+
+#include "femap/Constants.h"
+#include "femap/com/Dispatch.h"
+
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace femap::com
+{
+
+/// Whether two names are the same for FEMAP, which does not heed the case of ASCII letters.
+bool isSameName(std::string_view one, std::string_view other);
+
+/// The IDs that a set object holds, ascending and positive; raises RuntimeError for others.
+std::vector<int> idsIn(Dispatch& set);
+
+/// All IDs of a kind, ascending.
+std::vector<int> allIDs(Dispatch& application, EntityType type);
+
+/// A set of FEMAP's for passing IDs in.
+class ScratchSet
+{
+public:
+    explicit ScratchSet(Dispatch& application);
+
+    /// From now on it holds these IDs.
+    void fill(std::span<const int> ids);
+    int ID() const { return id_; }
+
+private:
+    Dispatch set_;
+    int id_;
+    std::vector<int> held_;
+};
+
+}  // namespace femap::com

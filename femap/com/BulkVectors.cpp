@@ -1,0 +1,130 @@
+#include "femap/com/BulkVectors.h"
+
+#include "femap/bulk/Places.h"
+#include "femap/com/Codes.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace femap::com
+{
+
+using logging::ErrorNumber;
+using logging::RuntimeError;
+
+namespace
+{
+
+constexpr double nothing = std::numeric_limits<double>::quiet_NaN();
+
+int setOf(std::optional<ScratchSet>& set, const Session& session, const std::vector<int>& ids)
+{
+    if (!set)
+        set.emplace(session.application);
+    set->fill(ids);
+    return set->ID();
+}
+
+std::vector<std::pair<int, std::string>> paired(LONG count, const Variant& ids,
+                                                const Variant& titles)
+{
+    const std::vector<int> numbers = ids.numbers();
+    std::vector<std::string> texts = titles.texts();
+    if (numbers.size() != texts.size() || numbers.size() != static_cast<std::size_t>(count))
+        throw RuntimeError(ErrorNumber::ObjectFailed, "FEMAP returned unlike numbers of titles");
+    std::vector<std::pair<int, std::string>> result;
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        result.emplace_back(numbers[i], withoutControlCharacters(std::move(texts[i])));
+    return result;
+}
+
+}  // namespace
+
+std::vector<double> ClassicVectorFetcher::values(int, const std::vector<int>& entityIDs)
+{
+    Variant values;
+    demandOk(code(output_.call("GetOutputListAtSet", setOf(set_, session_, entityIDs), nothing,
+                               &values)),
+             "GetOutputListAtSet failed");
+    return values.reals();
+}
+
+std::vector<std::pair<int, std::string>> ClassicVectorFetcher::titles()
+{
+    LONG count = 0;
+    Variant ids;
+    Variant titles;
+    demandOk(code(output_.call("GetTitleList", 0, 0, &count, &ids, &titles)),
+             "GetTitleList failed");
+    return paired(count, ids, titles);
+}
+
+std::vector<double> ModernVectorFetcher::values(int vectorID, const std::vector<int>& entityIDs)
+{
+    const int location = locationOf(vectorID);
+    const int set = setOf(set_, session_, entityIDs);
+    results_.call("clear");
+    fillMissingWithNothing();
+    demandOk(code(results_.call("DataNeeded", location, set)), "DataNeeded failed");
+    LONG columns = 0;
+    Variant indices;
+    demandOk(code(results_.call("AddColumnV2", outputSet_, vectorID, false, &columns, &indices)),
+             "AddColumnV2 failed");
+    const std::vector<int> column = indices.numbers();
+    if (column.size() != 1)
+        throw RuntimeError(ErrorNumber::ObjectFailed, "AddColumnV2 added no column");
+    demandOk(code(results_.call("Populate")), "Populate failed");
+    Variant ids;
+    Variant values;
+    demandOk(code(results_.call("GetColumn", column.front(), &ids, &values)), "GetColumn failed");
+
+    const std::vector<int> rows = ids.numbers();
+    const std::vector<double> numbers = values.reals();
+    if (rows.size() != numbers.size())
+        throw RuntimeError(ErrorNumber::ObjectFailed, "GetColumn returned unlike numbers");
+    std::vector<double> result(entityIDs.size(), nothing);
+    bulk::Places places(entityIDs);
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        if (const std::optional<std::size_t> place = places.find(rows[i]))
+            result[*place] = numbers[i];
+    return result;
+}
+
+std::vector<std::pair<int, std::string>> ModernVectorFetcher::titles()
+{
+    LONG count = 0;
+    Variant ids;
+    Variant titles;
+    demandOk(code(results_.call("VectorTitlesV2", outputSet_, false, 0, 0, &count, &ids, &titles)),
+             "VectorTitlesV2 failed");
+    return paired(count, ids, titles);
+}
+
+// Whether its values are at nodes or elements, by the number of the kind.
+int ModernVectorFetcher::locationOf(int vectorID)
+{
+    LONG location = 0;
+    LONG category = 0;
+    VARIANT_BOOL first = VARIANT_FALSE;
+    VARIANT_BOOL second = VARIANT_FALSE;
+    LONG last = 0;
+    demandOk(code(results_.call("VectorInfoV2", outputSet_, vectorID, &location, &category, &first,
+                                &second, &last)),
+             "VectorInfoV2 failed");
+    return static_cast<int>(location);
+}
+
+// What FEMAP takes for a value that is not there. A FEMAP that cannot be told so shows it by a 0
+// that the plain way does not have.
+void ModernVectorFetcher::fillMissingWithNothing()
+{
+    try {
+        results_.put("ValueForNonExisting", nothing);
+    }
+    catch (const RuntimeError&) {
+        // Seen when the values are compared.
+    }
+}
+
+}  // namespace femap::com
