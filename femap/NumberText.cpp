@@ -1,5 +1,6 @@
 #include "femap/NumberText.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -17,49 +18,51 @@ constexpr int largestPositionalExponent = 14;
 // "1234", 1 for 12.34: the significant digits and the decimal exponent of the first one.
 struct Digits
 {
-    std::string digits;
+    std::string_view digits;
     int exponent = 0;
 };
 
+using Buffer = std::array<char, 64>;
+
 template <class Real>
-Digits shortestDigits(Real magnitude)
+Digits shortestDigits(Real magnitude, Buffer& buffer)
 {
-    std::array<char, 64> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
-                                   std::chars_format::scientific)
-                         .ptr;
-    Digits result;
-    const char* at = buffer.data();
-    for (; *at != 'e'; ++at)
-        if (*at != '.')
-            result.digits += *at;
-    const char* const exponent = at[1] == '+' ? at + 2 : at + 1;
-    std::from_chars(exponent, end, result.exponent);
+    char* first = buffer.data();
+    const char* const end =
+        std::to_chars(first, first + buffer.size(), magnitude, std::chars_format::scientific).ptr;
+    const char* const letter = std::find(static_cast<const char*>(first), end, 'e');
+    if (letter - first > 1) {  // the first digit takes the place of the point
+        first[1] = first[0];
+        ++first;
+    }
+    Digits result{{first, static_cast<std::size_t>(letter - first)}};
+    std::from_chars(letter[1] == '+' ? letter + 2 : letter + 1, end, result.exponent);
     return result;
 }
 
-std::string positional(const Digits& number)
+void appendPositional(std::string& text, const Digits& number)
 {
-    const auto count = static_cast<int>(number.digits.size());
-    if (number.exponent < 0)
-        return "0." + std::string(static_cast<std::size_t>(-number.exponent - 1), '0') +
-               number.digits;
-    const int whole = number.exponent + 1;
-    if (count <= whole)
-        return number.digits + std::string(static_cast<std::size_t>(whole - count), '0');
-    std::string text = number.digits;
-    return text.insert(static_cast<std::size_t>(whole), ".");
+    if (number.exponent < 0) {
+        text.append("0.").append(static_cast<std::size_t>(-number.exponent - 1), '0');
+        text.append(number.digits);
+        return;
+    }
+    const std::size_t whole = static_cast<std::size_t>(number.exponent) + 1;
+    text.append(number.digits.substr(0, whole));
+    if (number.digits.size() <= whole)
+        text.append(whole - number.digits.size(), '0');
+    else
+        text.append(".").append(number.digits.substr(whole));
 }
 
-std::string scientific(const Digits& number)
+void appendScientific(std::string& text, const Digits& number)
 {
-    std::string text = number.digits;
-    if (text.size() > 1)
-        text.insert(1, ".");
+    text.append(number.digits.substr(0, 1));
+    if (number.digits.size() > 1)
+        text.append(".").append(number.digits.substr(1));
     const std::string exponent = std::to_string(std::abs(number.exponent));
-    text += number.exponent < 0 ? "E-" : "E+";
-    text.append(exponent.size() < 2 ? 1 : 0, '0');
-    return text + exponent;
+    text.append(number.exponent < 0 ? "E-" : "E+");
+    text.append(exponent.size() < 2 ? 1 : 0, '0').append(exponent);
 }
 
 template <class Real>
@@ -71,11 +74,16 @@ std::string realText(Real number)
         return number < 0 ? "-1.#INF" : "1.#INF";
     if (number == 0)
         return "0";
-    const Digits digits = shortestDigits(std::abs(number));
+    Buffer buffer{};
+    const Digits digits = shortestDigits(std::abs(number), buffer);
     const bool isPositional = digits.exponent >= smallestPositionalExponent &&
                               digits.exponent <= largestPositionalExponent;
-    const std::string text = isPositional ? positional(digits) : scientific(digits);
-    return number < 0 ? "-" + text : text;
+    std::string text(number < 0 ? 1 : 0, '-');
+    if (isPositional)
+        appendPositional(text, digits);
+    else
+        appendScientific(text, digits);
+    return text;
 }
 
 std::string signBlank(std::string text)

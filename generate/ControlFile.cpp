@@ -4,6 +4,7 @@
 #include "generate/ModelPath.h"
 #include "generate/ParameterRow.h"
 #include "logging/Module1.h"
+#include "logging/Retry.h"
 #include "logging/RuntimeError.h"
 #include "logging/TextFile.h"
 
@@ -31,7 +32,7 @@ std::string controlFilePath(const ModelPath& model)
 }
 
 /// Hands out the lines of a text, whether they end in CR LF or in LF. A stray control character
-/// becomes a blank; only TAB, which parts the cells, stays.
+/// becomes a blank; only TAB, which parts the cells, stays. A line holds until the next one.
 class LineReader
 {
 public:
@@ -39,18 +40,17 @@ public:
 
     bool atEnd() const { return rest_.empty(); }
 
-    std::string next()
+    std::string_view next()
     {
         if (atEnd())
             throw logging::RuntimeError(logging::ErrorNumber::InputPastEnd,
                                         "The control file ends before its selection is complete");
         const std::size_t end = std::min(rest_.find('\n'), rest_.size());
-        std::string line(rest_.substr(0, end));
+        std::string_view line = rest_.substr(0, end);
         rest_.remove_prefix(std::min(end + 1, rest_.size()));
         if (line.ends_with('\r'))
-            line.pop_back();
-        std::replace_if(line.begin(), line.end(), isStray, ' ');
-        return line;
+            line.remove_suffix(1);
+        return holdsStray(line) ? cleaned(line) : line;
     }
 
 private:
@@ -59,7 +59,23 @@ private:
         return (static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7F;
     }
 
+    // Without a way out of the loop, so that the compiler takes many characters at a time.
+    static bool holdsStray(std::string_view line)
+    {
+        bool found = false;
+        for (const char c : line)
+            found |= isStray(c);
+        return found;
+    }
+    std::string_view cleaned(std::string_view line)
+    {
+        cleaned_ = line;
+        std::replace_if(cleaned_.begin(), cleaned_.end(), isStray, ' ');
+        return cleaned_;
+    }
+
     std::string_view rest_;
+    std::string cleaned_;
 };
 
 void addLine(Context& context, ParameterGrid& grid, std::string_view line, std::string_view list)
@@ -80,17 +96,38 @@ void readRows(Context& context, LineReader& lines)
 {
     ParameterGrid& inputs = context.form.InputsList;
     readFirstRow(context, lines, inputs, "Input");
-    for (std::string line = lines.next(); !line.empty(); line = lines.next())
+    for (std::string_view line = lines.next(); !line.empty(); line = lines.next())
         addLine(context, inputs, line, "Input");
 
     // The outputs may end with an empty line or with the file.
     ParameterGrid& outputs = context.form.OutputsList;
     readFirstRow(context, lines, outputs, "Output");
     while (!lines.atEnd()) {
-        const std::string line = lines.next();
+        const std::string_view line = lines.next();
         if (line.empty())
             break;
         addLine(context, outputs, line, "Output");
+    }
+}
+
+// False when there is none, which is nothing unusual: most models have no selection yet.
+bool readControlFile(Context& context, const std::string& path, std::string& content)
+{
+    const auto read = [&] { return context.system.files.read(path); };
+    try {
+        content = logging::retriedWhileDenied(context.system, read);
+        if (!logging::isAscii(content))
+            content = context.system.codePage.decode(content);
+        return true;
+    }
+    catch (const logging::RuntimeError& error) {
+        logDebug(context.log, "No selection to load: ", error.description());
+        if (error.number() != logging::ErrorNumber::FileNotFound)
+            context.form.StatusLine.Caption =
+                "The selection of the last \"Apply\" could not be read (" + error.description() +
+                "). The next \"Apply\" replaces it; to keep it, see that no other program has the "
+                "file open and start this tool again";
+        return false;
     }
 }
 
@@ -109,9 +146,9 @@ void Save_Config(Context& context)
     logging::TextFile file(context.system, context.log, path);
     logDebug(context.log, "Opened file ", path, " to write");
     const auto writeRow = [&](const ParameterRow& row) { file.line(row.text()); };
-    forEachNamedRow(context.form.InputsList, writeRow);
+    forEachNamedRow(context, context.form.InputsList, writeRow);
     file.line("");
-    forEachNamedRow(context.form.OutputsList, writeRow);
+    forEachNamedRow(context, context.form.OutputsList, writeRow);
     file.close();
     logDebug(context.log, "Closed file ", path);
 }
@@ -129,15 +166,8 @@ void Load_Click(Context& context)
     logDebug(context.log, "fileBase=", model.name);
     logPositionAndClearErrorIfAny(context.log, context.error, "In the Load_Click");
     std::string content;
-    if (!context.error.attempt([&] {
-            content =
-                context.system.codePage.decode(context.system.files.read(controlFilePath(model)));
-        })) {
-        // Nothing unusual: most models have no selection yet.
-        logDebug(context.log, "No selection to load: ", context.error.description());
-        context.error.clear();
+    if (!readControlFile(context, controlFilePath(model), content))
         return;
-    }
     context.error.attempt([&] {
         form::ClearAll_Click(context);
         LineReader lines(content);

@@ -47,7 +47,7 @@ void writeExchange(Context& context, const std::string& folder, const std::strin
     TextFile valuesTemplate = open(format.valuesTemplate);
 
     description.write(exchangeHead(context, format, name));
-    forEachNamedRow(grid, [&](const ParameterRow& row) {
+    forEachNamedRow(context, grid, [&](const ParameterRow& row) {
         description.line(format.parameterLine(row));
         values.line(nameValueLine(row));
         valuesTemplate.line(templateLine(row));
@@ -66,28 +66,38 @@ constinit const ExchangeFormat outputExchange = {"CAEOutput.txt", "OutputValues.
                                                  "OutputValues.txt.template", caeOutputHead,
                                                  outputResponseLine};
 
-std::string inputParameterLine(const ParameterRow& row)
+LinePieces inputParameterLine(const ParameterRow& row)
 {
-    return concatenated({row.cell(form::inputColumn::kind), gap, row.name(), gap,
-                         row.cell(form::inputColumn::id), gap, row.cell(form::inputColumn::member),
-                         gap, row.cell(form::inputColumn::index)});
+    return {row.cell(form::inputColumn::kind),
+            gap,
+            row.name(),
+            gap,
+            row.cell(form::inputColumn::id),
+            gap,
+            row.cell(form::inputColumn::member),
+            gap,
+            row.cell(form::inputColumn::index)};
 }
 
-std::string outputResponseLine(const ParameterRow& row)
+LinePieces outputResponseLine(const ParameterRow& row)
 {
-    return concatenated({row.cell(form::outputColumn::kind), gap, row.name(), gap,
-                         row.cell(form::outputColumn::first), gap,
-                         row.cell(form::outputColumn::second)});
+    return {row.cell(form::outputColumn::kind),
+            gap,
+            row.name(),
+            gap,
+            row.cell(form::outputColumn::first),
+            gap,
+            row.cell(form::outputColumn::second)};
 }
 
-std::string nameValueLine(const ParameterRow& row)
+LinePieces nameValueLine(const ParameterRow& row)
 {
-    return concatenated({row.name(), gap, row.value()});
+    return {row.name(), gap, row.value()};
 }
 
-std::string templateLine(const ParameterRow& row)
+LinePieces templateLine(const ParameterRow& row)
 {
-    return concatenated({row.name(), "  !<", row.name(), "%f!", row.value(), ">!"});
+    return {row.name(), "  !<", row.name(), "%f!", row.value(), ">!"};
 }
 
 std::string exchangeHead(const Context& context, const ExchangeFormat& format,

@@ -16,15 +16,15 @@ struct ExchangeFormat
     std::string_view values;          // names and values
     std::string_view valuesTemplate;  // from which the optimiser makes the values anew
     std::string_view head;            // of the description, with slots
-    std::string (*parameterLine)(const ParameterRow& row);  // of the description
+    LinePieces (*parameterLine)(const ParameterRow& row);  // of the description
 };
 
 /// Lines of CAEInput.txt and CAEOutput.txt.
-std::string inputParameterLine(const ParameterRow& row);
-std::string outputResponseLine(const ParameterRow& row);
+LinePieces inputParameterLine(const ParameterRow& row);
+LinePieces outputResponseLine(const ParameterRow& row);
 /// A line of InputValues.txt and OutputValues.txt, and of their templates.
-std::string nameValueLine(const ParameterRow& row);
-std::string templateLine(const ParameterRow& row);
+LinePieces nameValueLine(const ParameterRow& row);
+LinePieces templateLine(const ParameterRow& row);
 
 extern const ExchangeFormat inputExchange;
 extern const ExchangeFormat outputExchange;

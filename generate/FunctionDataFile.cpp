@@ -84,7 +84,7 @@ void WriteFunctionInputs(Context& context)
     form::lockFemap(context);
     logDebug(context.log, "Acquired Femap lock before functions data");
     logDebug(context.log, "Start iteration over InputsList");
-    forEachRow(context.form.InputsList, [&](const ParameterRow& row) {
+    forEachRow(context, context.form.InputsList, [&](const ParameterRow& row) {
         if (row.cell(form::inputColumn::kind) == form::functionKind)
             writeFunctionOf(context, row, file);
     });

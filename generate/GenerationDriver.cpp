@@ -1,5 +1,6 @@
 #include "generate/GenerationDriver.h"
 
+#include "app/form/Progress.h"
 #include "generate/ControlFile.h"
 #include "generate/ModelPath.h"
 #include "generate/ScanProject.h"
@@ -9,6 +10,7 @@
 #include "logging/TextFile.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <string_view>
 
@@ -27,11 +29,32 @@ struct Tool
 {
     std::string_view name;  // as the Optimizer box shows it
     void (*generate)(Context& context);
+    // How often it goes through the rows of each grid, for the progress.
+    std::size_t walksOfInputs;
+    std::size_t walksOfOutputs;
 };
 
+// clang-format off
 constexpr Tool tools[] = {
-    {"Velmar", WriteDescFile},
-    {"Ombra", WriteOmbraProject},  // not in the box's list, but it can be typed
+    {"Velmar", WriteDescFile,     6, 3},
+    {"Ombra",  WriteOmbraProject, 2, 2},  // not in the box's list, but it can be typed
+};
+// clang-format on
+
+// Lets every procedure that is called meanwhile step on with one progress.
+class SharedProgress
+{
+public:
+    SharedProgress(Context& context, form::Progress& progress) : context_(context)
+    {
+        context_.progress = &progress;
+    }
+    ~SharedProgress() { context_.progress = nullptr; }
+    SharedProgress(const SharedProgress&) = delete;
+    SharedProgress& operator=(const SharedProgress&) = delete;
+
+private:
+    Context& context_;
 };
 
 const Tool* findTool(std::string_view name)
@@ -39,6 +62,26 @@ const Tool* findTool(std::string_view name)
     const auto* const place = std::find_if(std::begin(tools), std::end(tools),
                                            [&](const Tool& tool) { return tool.name == name; });
     return place == std::end(tools) ? nullptr : place;
+}
+
+// How many rows the generators and the control file go through altogether.
+std::size_t rowsToVisit(const form::MainForm& form, const Tool* tool)
+{
+    const std::size_t walksOfInputs = 1 + (tool == nullptr ? 0 : tool->walksOfInputs);
+    const std::size_t walksOfOutputs = 1 + (tool == nullptr ? 0 : tool->walksOfOutputs);
+    return walksOfInputs * form.InputsList.rows().size() +
+           walksOfOutputs * form.OutputsList.rows().size();
+}
+
+void writeFiles(Context& context)
+{
+    const Tool* const tool = findTool(context.form.Optimizer.Text);
+    form::Progress progress(context, "Writing files", rowsToVisit(context.form, tool));
+    const SharedProgress shared(context, progress);
+    if (tool != nullptr)
+        tool->generate(context);
+    Save_Config(context);
+    progress.finish();
 }
 
 // Shown as far as FEMAP can show it, logged in any case.
@@ -83,9 +126,7 @@ void GenerateButton_Click(Context& context)
     form::lockFemap(context);
     logDebug(context.log, "Acquired Femap lock");
     context.form.setMousePointers(form::pointerHourglass);
-    if (const Tool* const tool = findTool(context.form.Optimizer.Text))
-        tool->generate(context);
-    Save_Config(context);
+    writeFiles(context);
     logDebug(context.log, "called save cofig");  // sic
     form::unlockFemap(context);
     logDebug(context.log, "Released Femap lock");

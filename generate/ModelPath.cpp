@@ -11,7 +11,7 @@ namespace
 
 std::size_t lengthOfFolder(const std::string& path)
 {
-    const std::size_t separator = path.rfind(logging::pathSeparator);
+    const std::size_t separator = path.find_last_of(logging::pathSeparators);
     return separator == std::string::npos ? 0 : separator + 1;
 }
 

@@ -3,7 +3,12 @@
 namespace generate
 {
 
-std::string concatenated(std::initializer_list<std::string_view> pieces)
+bool LinePieces::operator==(std::string_view text) const
+{
+    return concatenated(*this) == text;
+}
+
+std::string concatenated(std::span<const std::string_view> pieces)
 {
     std::size_t length = 0;
     for (const std::string_view piece : pieces)

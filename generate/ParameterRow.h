@@ -1,51 +1,107 @@
 #pragma once
 
-#include "app/form/ParameterGrid.h"
+#include "app/form/Context.h"
+#include "app/form/Progress.h"
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace generate
 {
 
-/// A row of a grid with its cells at hand.
+/// A row of a grid with its cells at hand, which are looked for as far as they are asked for.
 class ParameterRow
 {
 public:
-    /// The row's cells joined by TAB.
-    explicit ParameterRow(std::string rowText) : text_(std::move(rowText)) {}
+    /// The row's cells joined by TAB; the text must outlive this.
+    explicit ParameterRow(std::string_view rowText) : text_(rowText), rest_(rowText) {}
 
-    std::string_view cell(int column) const { return form::cellOf(text_, column); }
+    std::string_view cell(int column) const
+    {
+        const auto wanted = static_cast<std::size_t>(column);
+        while (found_ <= wanted)
+            findNext();
+        return cells_[wanted];
+    }
     std::string_view name() const { return cell(form::ParameterGrid::nameColumn); }
     std::string_view value() const { return cell(form::ParameterGrid::valueColumn); }
     /// All cells joined by TAB.
-    const std::string& text() const { return text_; }
+    std::string_view text() const { return text_; }
 
 private:
-    std::string text_;
+    static constexpr std::size_t mostCells = 6;
+
+    void findNext() const
+    {
+        constexpr char separator = '\t';
+        const std::size_t end = std::min(rest_.find(separator), rest_.size());
+        cells_[found_++] = rest_.substr(0, end);
+        rest_.remove_prefix(std::min(end + 1, rest_.size()));
+    }
+
+    std::string_view text_;
+    mutable std::string_view rest_;  // behind the cells that were found
+    mutable std::size_t found_ = 0;
+    mutable std::array<std::string_view, mostCells> cells_;
 };
 
-/// Visits all parameter rows in grid order.
-template <class Visit>
-void forEachRow(const form::ParameterGrid& grid, Visit&& visit)
+/// A line in pieces, which come together only in the file's own buffer. What they point at must
+/// outlive this.
+class LinePieces
 {
-    for (int row = 1; row < grid.Rows(); ++row)
-        visit(ParameterRow(grid.rowText(row)));
+public:
+    template <class... Pieces>
+    LinePieces(const Pieces&... pieces)
+        : pieces_{std::string_view(pieces)...}, count_(sizeof...(Pieces))
+    {
+        static_assert(sizeof...(Pieces) <= most);
+    }
+
+    operator std::span<const std::string_view>() const { return {pieces_.data(), count_}; }
+    bool operator==(std::string_view text) const;
+
+private:
+    static constexpr std::size_t most = 9;
+
+    std::array<std::string_view, most> pieces_;
+    std::size_t count_ = 0;
+};
+
+/// Visits all parameter rows in grid order; the progress of the whole work goes on by as many.
+template <class Visit>
+void forEachRow(const form::Context& context, const form::ParameterGrid& grid, Visit&& visit)
+{
+    constexpr std::size_t rowsAtOnce = 256;
+    for (std::span<const std::string> left = grid.rows(); !left.empty();) {
+        const auto rows = left.first(std::min(left.size(), rowsAtOnce));
+        for (const std::string& row : rows)
+            visit(ParameterRow(row));
+        left = left.subspan(rows.size());
+        if (context.progress != nullptr)
+            context.progress->step(rows.size());
+    }
 }
 
 /// Visits the rows that count as parameters in the generated files: those with a name.
 template <class Visit>
-void forEachNamedRow(const form::ParameterGrid& grid, Visit&& visit)
+void forEachNamedRow(const form::Context& context, const form::ParameterGrid& grid, Visit&& visit)
 {
-    forEachRow(grid, [&](const ParameterRow& row) {
+    forEachRow(context, grid, [&](const ParameterRow& row) {
         if (!row.name().empty())
             visit(row);
     });
 }
 
 /// The pieces as one text.
-std::string concatenated(std::initializer_list<std::string_view> pieces);
+std::string concatenated(std::span<const std::string_view> pieces);
+inline std::string concatenated(std::initializer_list<std::string_view> pieces)
+{
+    return concatenated(std::span(pieces.begin(), pieces.size()));
+}
 
 }  // namespace generate

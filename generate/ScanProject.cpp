@@ -174,11 +174,13 @@ TextFile openFile(Context& context, const std::string& folder, const std::string
 }
 
 // Name and value of each row as a parameter record holds them.
-Lines namesAndValues(const ParameterGrid& grid)
+Lines namesAndValues(const Context& context, const ParameterGrid& grid)
 {
-    return Lines([&grid](const LineSink& add) {
-        forEachNamedRow(grid, [&](const ParameterRow& row) {
-            add(concatenated({"'", row.name(), "'    ", row.value()}));
+    return Lines([&context, &grid](const LineSink& add) {
+        std::string line;
+        forEachNamedRow(context, grid, [&](const ParameterRow& row) {
+            line.assign("'").append(row.name()).append("'    ").append(row.value());
+            add(line);
         });
     });
 }
@@ -213,8 +215,8 @@ void WriteParameterFile(Context& context, const std::string& folder, const std::
 {
     TextFile file = openFile(context, folder, name, ".par");
     fillIn(parameters,
-           {{"input", namesAndValues(context.form.InputsList)},
-            {"output", namesAndValues(context.form.OutputsList)}},
+           {{"input", namesAndValues(context, context.form.InputsList)},
+            {"output", namesAndValues(context, context.form.OutputsList)}},
            [&](std::string_view line) { file.line(line); });
     file.close();
 }

@@ -185,15 +185,14 @@ End Task Task1
 constexpr std::string_view propertyKind = "Prop";
 constexpr std::string_view elementNameStart = "Elem";
 
-std::string inputLine(const ParameterRow& row)
+LinePieces inputLine(const ParameterRow& row)
 {
-    return concatenated(
-        {"        Parameter: ", row.name(), " Type: real InitialValue: ", row.value()});
+    return {"        Parameter: ", row.name(), " Type: real InitialValue: ", row.value()};
 }
 
-std::string outputLine(const ParameterRow& row)
+LinePieces outputLine(const ParameterRow& row)
 {
-    return concatenated({"        Parameter: ", row.name(), " Type: real"});
+    return {"        Parameter: ", row.name(), " Type: real"};
 }
 
 bool isAny(const ParameterRow& /*row*/)
@@ -217,10 +216,10 @@ bool isElementResponse(const ParameterRow& row)
 }
 
 // The names of those rows of a grid that belong in a list.
-Lines names(const ParameterGrid& grid, bool (*belongs)(const ParameterRow&))
+Lines names(const Context& context, const ParameterGrid& grid, bool (*belongs)(const ParameterRow&))
 {
-    return Lines([&grid, belongs](const LineSink& add) {
-        forEachNamedRow(grid, [&](const ParameterRow& row) {
+    return Lines([&context, &grid, belongs](const LineSink& add) {
+        forEachNamedRow(context, grid, [&](const ParameterRow& row) {
             if (belongs(row))
                 add(row.name());
         });
@@ -253,7 +252,7 @@ void WriteDescFile(Context& context)
     caeInput.write(exchangeHead(context, inputExchange, name));
     WriteDescFileHead(context, task);
     WriteBatchFile(context, folder, name);
-    forEachNamedRow(context.form.InputsList, [&](const ParameterRow& row) {
+    forEachNamedRow(context, context.form.InputsList, [&](const ParameterRow& row) {
         if (isFunction(row))
             return;
         caeInput.line(inputParameterLine(row));
@@ -271,7 +270,7 @@ void WriteDescFile(Context& context)
     const std::string outputPaths = pathsOf(outputExchange, folder);
     logDebug(context.log, "Opened files ", outputPaths, " For writing");
     caeOutput.write(exchangeHead(context, outputExchange, name));
-    forEachNamedRow(context.form.OutputsList, [&](const ParameterRow& row) {
+    forEachNamedRow(context, context.form.OutputsList, [&](const ParameterRow& row) {
         caeOutput.line(outputResponseLine(row));
         outputValues.line(nameValueLine(row));
         task.line(outputLine(row));
@@ -310,10 +309,10 @@ void WriteDescFileOptimize(Context& context, TextFile& file)
 {
     logDebug(context.log, "Before writing optimize of Desc file");
     fillIn(optimisation,
-           {{"input", names(context.form.InputsList, isAny)},
-            {"property input", names(context.form.InputsList, isProperty)},
-            {"output", names(context.form.OutputsList, isAny)},
-            {"element output", names(context.form.OutputsList, isElementResponse)}},
+           {{"input", names(context, context.form.InputsList, isAny)},
+            {"property input", names(context, context.form.InputsList, isProperty)},
+            {"output", names(context, context.form.OutputsList, isAny)},
+            {"element output", names(context, context.form.OutputsList, isElementResponse)}},
            [&](std::string_view line) { file.line(line); });
     logDebug(context.log, "After writing optimize of Desc file");
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace logging
 {
@@ -53,12 +54,10 @@ Decoded firstCharacter(std::string_view text)
     return {character, length};
 }
 
+// A character outside ASCII.
 void appendUtf8(char16_t character, std::string& text)
 {
-    if (character < 0x80) {
-        text += static_cast<char>(character);
-    }
-    else if (character < 0x800) {
+    if (character < 0x800) {
         text += static_cast<char>(0xC0 | (character >> 6));
         text += static_cast<char>(0x80 | (character & 0x3F));
     }
@@ -69,9 +68,18 @@ void appendUtf8(char16_t character, std::string& text)
     }
 }
 
-bool isAscii(char c)
+bool isPlain(char c)
 {
     return static_cast<unsigned char>(c) < 0x80;
+}
+
+// Returns the length of what is the same in ASCII.
+std::size_t appendPlainStart(std::string_view from, std::string& to)
+{
+    const auto end = std::find_if_not(from.begin(), from.end(), isPlain);
+    const auto length = static_cast<std::size_t>(end - from.begin());
+    to.append(from.substr(0, length));
+    return length;
 }
 
 class Windows1252 : public CodePage
@@ -81,10 +89,7 @@ public:
     {
         bool complete = true;
         while (!text.empty()) {
-            const auto plainEnd = std::find_if_not(text.begin(), text.end(), isAscii);
-            const auto plain = static_cast<std::size_t>(plainEnd - text.begin());
-            bytes.append(text.substr(0, plain));
-            text.remove_prefix(plain);
+            text.remove_prefix(appendPlainStart(text, bytes));
             if (text.empty())
                 break;
             const Decoded next = firstCharacter(text);
@@ -98,10 +103,13 @@ public:
     {
         std::string text;
         text.reserve(bytes.size());
-        for (const char c : bytes) {
-            const auto byte = static_cast<unsigned char>(c);
-            const bool special = byte >= 0x80 && byte < 0xA0;
-            appendUtf8(special ? upperControls[byte - 0x80U] : byte, text);
+        while (!bytes.empty()) {
+            bytes.remove_prefix(appendPlainStart(bytes, text));
+            if (bytes.empty())
+                break;
+            const auto byte = static_cast<unsigned char>(bytes.front());
+            appendUtf8(byte < 0xA0 ? upperControls[byte - 0x80U] : byte, text);
+            bytes.remove_prefix(1);
         }
         return text;
     }
@@ -124,6 +132,22 @@ private:
 };
 
 }  // namespace
+
+// Eight characters at a time: all that is written comes past here.
+bool isAscii(std::string_view text)
+{
+    constexpr std::uint64_t upperBits = 0x8080808080808080;
+    std::uint64_t bits = 0;
+    while (text.size() >= sizeof bits) {
+        std::uint64_t eight = 0;
+        std::memcpy(&eight, text.data(), sizeof eight);
+        bits |= eight;
+        text.remove_prefix(sizeof eight);
+    }
+    for (const char c : text)
+        bits |= static_cast<unsigned char>(c);
+    return (bits & upperBits) == 0;
+}
 
 const CodePage& windows1252()
 {

@@ -6,7 +6,8 @@
 namespace logging
 {
 
-/// The 8-bit character set of the files that the program writes and reads.
+/// The 8-bit character set of the files that the program writes and reads. ASCII text is the same
+/// bytes in each of them.
 class CodePage
 {
 public:
@@ -19,6 +20,8 @@ public:
     /// Bytes of this code page as UTF-8.
     virtual std::string decode(std::string_view bytes) const = 0;
 };
+
+bool isAscii(std::string_view text);
 
 /// Western European, as on most engineers' machines. The five bytes without a character stand for
 /// the control characters of the same number, so that any bytes survive a round trip.

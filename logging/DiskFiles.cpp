@@ -2,11 +2,9 @@
 #include "logging/RuntimeError.h"
 
 #include <cerrno>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 #ifdef _WIN32
@@ -21,23 +19,67 @@ namespace logging
 namespace
 {
 
-// On Windows a virus scanner or a sync client often holds a fresh file open for a moment.
 #ifdef _WIN32
-constexpr int replaceAttempts = 6;
-#else
-constexpr int replaceAttempts = 1;
+// Windows takes a path of 260 characters and more only in this form, in which it looks at no part
+// of it more closely: so just such paths are given to it that way.
+std::filesystem::path inLongForm(std::filesystem::path path)
+{
+    constexpr std::size_t longestPlainPath = 240;  // a folder must leave room for a short file name
+    path.make_preferred();
+    const std::wstring text = path.native();
+    if (text.size() < longestPlainPath || !path.is_absolute() || text.starts_with(L"\\\\?\\"))
+        return path;
+    const std::wstring plain = path.lexically_normal().native();
+    return plain.starts_with(L"\\\\") ? L"\\\\?\\UNC" + plain.substr(1) : L"\\\\?\\" + plain;
+}
 #endif
-constexpr std::chrono::milliseconds pauseBetweenAttempts(100);
 
 std::filesystem::path toPath(const std::string& path)
 {
-    return std::filesystem::path(std::u8string(path.begin(), path.end()));
+    std::filesystem::path result(std::u8string(path.begin(), path.end()));
+#ifdef _WIN32
+    return inLongForm(std::move(result));
+#else
+    return result;
+#endif
+}
+
+// Windows' own numbers become the common ones, whose texts are the same in every language.
+std::error_condition conditionOf(const std::error_code& reason)
+{
+#ifdef _WIN32
+    constexpr int sharingViolation = 32;
+    constexpr int lockViolation = 33;
+    const bool isInUse = reason.category() == std::system_category() &&
+                         (reason.value() == sharingViolation || reason.value() == lockViolation);
+    if (isInUse)
+        return std::errc::permission_denied;
+#endif
+    return reason.default_error_condition();
 }
 
 [[noreturn]] void fail(ErrorNumber number, const std::string& path, const std::string& what,
                        const std::error_code& reason)
 {
-    throw RuntimeError(number, path + " " + what + ": " + reason.message());
+    const std::error_condition condition = conditionOf(reason);
+    if (condition == std::errc::permission_denied)
+        number = ErrorNumber::PermissionDenied;
+    const bool isCommon = condition.category() == std::generic_category();
+    throw RuntimeError(number,
+                       path + " " + what + ": " +
+                           (isCommon ? condition.message()
+                                     : "the system's error " + std::to_string(reason.value())));
+}
+
+// Not every system minds that when a file takes another one's place; the engineer who protected it
+// does.
+bool isWriteProtected(const std::filesystem::path& path)
+{
+    using std::filesystem::perms;
+    std::error_code unknown;
+    const std::filesystem::file_status status = std::filesystem::status(path, unknown);
+    const perms anyWrite = perms::owner_write | perms::group_write | perms::others_write;
+    return std::filesystem::exists(status) && (status.permissions() & anyWrite) == perms::none;
 }
 
 std::error_code lastError()
@@ -103,8 +145,14 @@ private:
 
 bool DiskFiles::folderExists(const std::string& path)
 {
-    std::error_code ignored;
-    return std::filesystem::is_directory(toPath(path), ignored);
+    std::error_code reason;
+#ifdef _WIN32
+    // Its own test knows no long paths.
+    const std::filesystem::directory_iterator content(toPath(path), reason);
+    return !reason;
+#else
+    return std::filesystem::is_directory(toPath(path), reason);
+#endif
 }
 
 void DiskFiles::createFolder(const std::string& path)
@@ -149,21 +197,22 @@ std::string DiskFiles::read(const std::string& path)
 
 void DiskFiles::replace(const std::string& path, const std::string& by)
 {
-    for (int attempt = 1;; ++attempt) {
-        std::error_code reason;
+    std::error_code reason;
+    if (isWriteProtected(toPath(path)))
+        reason = std::make_error_code(std::errc::permission_denied);
+    else
         std::filesystem::rename(toPath(by), toPath(path), reason);
-        if (!reason)
-            return;
-        if (attempt == replaceAttempts)
-            fail(ErrorNumber::FileError, path, "could not be replaced", reason);
-        std::this_thread::sleep_for(pauseBetweenAttempts);
-    }
+    if (reason)
+        fail(ErrorNumber::FileError, path, "could not be replaced", reason);
 }
 
 void DiskFiles::remove(const std::string& path)
 {
-    std::error_code ignored;
-    std::filesystem::remove(toPath(path), ignored);
+#ifdef _WIN32
+    static_cast<void>(_wremove(toPath(path).c_str()));  // there may be none
+#else
+    static_cast<void>(std::remove(path.c_str()));
+#endif
 }
 
 }  // namespace logging

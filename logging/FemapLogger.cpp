@@ -72,18 +72,14 @@ void FemapLogger::InitialiseLogger(std::string& strlogfilename, std::string& str
 std::string FemapLogger::writeLog(std::string_view msgtolog)
 {
     if (IsInitialised())
-        file_->line(configuredLevel_ + ": " + std::string(msgtolog));
+        writeLine(configuredLevel_, msgtolog);
     return {};
 }
 
 void FemapLogger::writeLogWithLevel(std::string_view level, std::string_view msgtolog)
 {
-    if (!lets(level))
-        return;
-    std::string line;
-    line.reserve(level.size() + 2 + msgtolog.size());
-    line.append(level).append(": ").append(msgtolog);
-    file_->line(line);
+    if (lets(level))
+        writeLine(level, msgtolog);
 }
 
 void FemapLogger::writeLoghighlighted(std::string_view msgtolog)
@@ -118,6 +114,12 @@ bool FemapLogger::lets(std::string_view level) const
         if (row.message == level)
             return holds(row.configured, configuredLevel_);
     return holds(passingOtherwise, configuredLevel_);
+}
+
+void FemapLogger::writeLine(std::string_view level, std::string_view message)
+{
+    const std::array<std::string_view, 3> pieces = {level, ": ", message};
+    file_->line(pieces);
 }
 
 std::string FemapLogger::ChooseTempFolder() const

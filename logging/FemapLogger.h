@@ -55,6 +55,7 @@ public:
     std::string path() const { return IsInitialised() ? path_ : std::string(); }
 
 private:
+    void writeLine(std::string_view level, std::string_view message);
     std::string ChooseTempFolder() const;
     std::string PrepareLogFolder(const std::string& temporaryFolder);
     bool IsInitialised() const { return file_ != nullptr && file_->isOpen(); }

@@ -14,14 +14,16 @@ class OutputFile
 public:
     virtual ~OutputFile() = default;
 
-    /// Each raises RuntimeError (FileError) with the path and the system's reason.
+    /// Each raises RuntimeError (FileError or PermissionDenied) with the path and the system's
+    /// reason.
     virtual void write(std::string_view bytes) = 0;
     /// Brings everything written so far onto the disk.
     virtual void flush() = 0;
     virtual void close() = 0;
 };
 
-/// The disk. Paths are UTF-8; contents are bytes.
+/// The disk. Paths are UTF-8; contents are bytes. An operation that the system denies, because
+/// another program holds the file or the right to it is missing, raises PermissionDenied.
 class Files
 {
 public:
@@ -58,6 +60,13 @@ public:
 constexpr char pathSeparator = '\\';
 #else
 constexpr char pathSeparator = '/';
+#endif
+
+/// All characters that part a path here: Windows takes a slash for a backslash.
+#ifdef _WIN32
+constexpr std::string_view pathSeparators = "\\/";
+#else
+constexpr std::string_view pathSeparators = "/";
 #endif
 
 }  // namespace logging

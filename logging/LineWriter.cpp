@@ -10,18 +10,19 @@ namespace logging
 namespace
 {
 constexpr std::size_t pieceSize = 1 << 18;
-}
+constexpr std::string_view lineEnd = "\r\n";
+}  // namespace
 
 LineWriter::LineWriter(std::unique_ptr<OutputFile> file, const CodePage& codePage)
     : file_(std::move(file)), codePage_(codePage)
 {}
 
-void LineWriter::line(std::string_view text)
+void LineWriter::line(std::span<const std::string_view> pieces)
 {
     ++lines_;
-    if (!codePage_.encode(text, buffer_) && firstLossyLine_ == 0)
-        firstLossyLine_ = lines_;
-    buffer_ += "\r\n";
+    for (const std::string_view piece : pieces)
+        buffer_ += piece;
+    buffer_ += lineEnd;
     if (buffer_.size() >= pieceSize)
         file_ = drainedFile();
 }
@@ -38,14 +39,46 @@ void LineWriter::close()
     drainedFile()->close();
 }
 
+std::size_t LineWriter::firstLossyLine()
+{
+    encodeGathered();
+    return firstLossyLine_;
+}
+
+// Many lines at a time: most are ASCII, and a code page takes long to be asked.
+void LineWriter::encodeGathered()
+{
+    if (!isAscii(std::string_view(buffer_).substr(encoded_))) {
+        const std::string lines = buffer_.substr(encoded_);
+        buffer_.resize(encoded_);
+        if (!codePage_.encode(lines, buffer_) && firstLossyLine_ == 0)
+            findLossyLine(lines);
+    }
+    encoded_ = buffer_.size();
+    encodedLines_ = lines_;
+}
+
+void LineWriter::findLossyLine(std::string_view lines)
+{
+    firstLossyLine_ = encodedLines_ + 1;
+    std::string ignored;
+    for (std::size_t end = lines.find(lineEnd); codePage_.encode(lines.substr(0, end), ignored);
+         end = lines.find(lineEnd)) {
+        lines.remove_prefix(end + lineEnd.size());
+        ++firstLossyLine_;
+    }
+}
+
 std::unique_ptr<OutputFile> LineWriter::drainedFile()
 {
     std::unique_ptr<OutputFile> file = std::move(file_);
     if (file == nullptr)
         throw RuntimeError(ErrorNumber::FileError, "The file is not open for writing");
+    encodeGathered();
     if (!buffer_.empty())
         file->write(buffer_);
     buffer_.clear();
+    encoded_ = 0;
     return file;
 }
 

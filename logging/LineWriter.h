@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -19,8 +20,9 @@ class LineWriter
 public:
     LineWriter(std::unique_ptr<OutputFile> file, const CodePage& codePage);
 
-    /// One line. Raises RuntimeError when the file cannot take it.
-    void line(std::string_view text);
+    /// One line of these pieces. Raises RuntimeError when the file cannot take it.
+    void line(std::span<const std::string_view> pieces);
+    void line(std::string_view text) { line({&text, 1}); }
 
     void flush();
     void close();
@@ -31,16 +33,20 @@ public:
 
     /// The number of the first line, counted from 1, that held a character which the code page
     /// lacks; 0 while there is none.
-    std::size_t firstLossyLine() const { return firstLossyLine_; }
+    std::size_t firstLossyLine();
 
 private:
+    void encodeGathered();
+    void findLossyLine(std::string_view lines);
     // Takes the file out of file_; only an operation that succeeds puts it back.
     std::unique_ptr<OutputFile> drainedFile();
 
     std::unique_ptr<OutputFile> file_;
     const CodePage& codePage_;
     std::string buffer_;
+    std::size_t encoded_ = 0;  // so much of the buffer is in the code page; the rest is UTF-8
     std::size_t lines_ = 0;
+    std::size_t encodedLines_ = 0;
     std::size_t firstLossyLine_ = 0;
 };
 

@@ -13,6 +13,7 @@ enum class ErrorNumber
     SubscriptOutOfRange = 9,
     FileNotFound = 53,
     InputPastEnd = 62,
+    PermissionDenied = 70,
     FileError = 75,
     PathNotFound = 76,
     ObjectNotSet = 91,

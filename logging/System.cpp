@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <thread>
 
 namespace logging
 {
@@ -53,7 +54,12 @@ std::string environmentVariable(const std::string& name)
 System standardSystem()
 {
     static DiskFiles files;
-    return {files, windows1252(), now, monotonicSeconds, environmentVariable};
+    return {files,
+            windows1252(),
+            now,
+            monotonicSeconds,
+            environmentVariable,
+            [](std::chrono::milliseconds pause) { std::this_thread::sleep_for(pause); }};
 }
 
 }  // namespace logging

@@ -3,6 +3,7 @@
 #include "logging/CodePage.h"
 #include "logging/Files.h"
 
+#include <chrono>
 #include <functional>
 #include <string>
 
@@ -31,6 +32,8 @@ struct System
     std::function<double()> monotonicSeconds;
     /// Value of an environment variable, empty when it is not set.
     std::function<std::string(const std::string& name)> environment;
+    /// Lets some time pass; empty where none passes.
+    std::function<void(std::chrono::milliseconds pause)> wait = {};
 };
 
 /// The machine as the standard library shows it: disk, Windows-1252, clock, environment.

@@ -1,12 +1,29 @@
 #include "logging/TextFile.h"
 
 #include "logging/Module1.h"
+#include "logging/Retry.h"
 
 namespace logging
 {
 
 namespace
 {
+
+// Short, for FEMAP's message window cuts long texts.
+std::string cureOf(ErrorNumber number)
+{
+    return number == ErrorNumber::PermissionDenied
+               ? "See whether another program has it open or it is write-protected, and try again"
+               : "See that its folder is there and the disk has room, and try again";
+}
+
+// The system's own words in an error of the disk, which begins with the path.
+std::string reasonIn(const std::string& description, const std::string& path)
+{
+    const std::size_t place =
+        description.starts_with(path) ? description.find(": ", path.size()) : std::string::npos;
+    return place == std::string::npos ? description : description.substr(place + 2);
+}
 
 // Runs a step on the way to the file; its error names the file itself and says what to do.
 template <class Step>
@@ -17,9 +34,8 @@ auto namingFile(const std::string& path, Step&& step)
     }
     catch (const RuntimeError& error) {
         throw RuntimeError(error.number(),
-                           path + " was not written (" + error.description() +
-                               "). See that its folder is there and can be written to, that no "
-                               "other program has the file open, and try again");
+                           path + " was not written: " + reasonIn(error.description(), path) +
+                               ". " + cureOf(error.number()));
     }
 }
 
@@ -30,7 +46,11 @@ TextFile::TextFile(System& system, FemapLogger& log, const std::string& path)
       log_(log),
       path_(path),
       temporaryPath_(path + ".part~"),
-      writer_(namingFile(path, [&] { return system.files.create(temporaryPath_); }),
+      writer_(namingFile(path,
+                         [&] {
+                             return retriedWhileDenied(
+                                 system, [&] { return system.files.create(temporaryPath_); });
+                         }),
               system.codePage)
 {}
 
@@ -43,9 +63,9 @@ TextFile::~TextFile()
     ignored.attempt([&] { system_.files.remove(temporaryPath_); });
 }
 
-void TextFile::line(std::string_view text)
+void TextFile::line(std::span<const std::string_view> pieces)
 {
-    namingFile(path_, [&] { writer_.line(text); });
+    namingFile(path_, [&] { writer_.line(pieces); });
 }
 
 void TextFile::write(std::string_view lines)
@@ -62,7 +82,7 @@ void TextFile::close()
     namingFile(path_, [&] {
         writer_.flush();
         writer_.close();
-        system_.files.replace(path_, temporaryPath_);
+        retriedWhileDenied(system_, [&] { system_.files.replace(path_, temporaryPath_); });
     });
     closed_ = true;
     if (writer_.firstLossyLine() != 0)

@@ -3,6 +3,7 @@
 #include "logging/FemapLogger.h"
 #include "logging/LineWriter.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -22,8 +23,9 @@ public:
     TextFile(const TextFile&) = delete;
     TextFile& operator=(const TextFile&) = delete;
 
-    /// One line; CR LF is added here.
-    void line(std::string_view text);
+    /// One line of these pieces; CR LF is added here.
+    void line(std::span<const std::string_view> pieces);
+    void line(std::string_view text) { line({&text, 1}); }
     /// Several lines, each ended by a line feed.
     void write(std::string_view lines);
 

@@ -57,9 +57,7 @@ if [[ ${1-} == --picture ]]; then
 fi
 
 source tools/install.sh
-need "${needToBuild[@]}" x86_64-w64-mingw32-g++-posix:g++-mingw-w64-x86-64-posix wine:wine \
-    /usr/src/googletest/CMakeLists.txt:googletest /usr/lib/wine/wine64:wine64 \
-    /usr/share/wine/fonts/tahoma.ttf:fonts-wine
+need "${needWine[@]}"
 model=$1
 rm -rf -- "$folder"
 mkdir -p "$folder"
@@ -71,7 +69,6 @@ if ! { cmake --preset windows-release && cmake --build --preset windows-release 
 fi
 
 if [[ -z ${DISPLAY-} ]]; then
-    need Xvfb:xvfb xdotool:xdotool import:imagemagick
     MODEL=$model RUN_INSTEAD='tools/show-window.sh --picture "$MODEL"' \
         tools/run-wine-tests.sh "$build"
     exit

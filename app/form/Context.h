@@ -13,6 +13,8 @@
 namespace form
 {
 
+class Progress;
+
 /// What only a window can do.
 class FormHost
 {
@@ -45,6 +47,7 @@ struct Context
 
     std::unique_ptr<femap::Application> application;  // none before FEMAP was reached
     int lockDepth = 0;                                // FEMAP locks that are held
+    Progress* progress = nullptr;  // of work that takes several procedures, while it goes on
 
     /// Raises RuntimeError (ObjectNotSet) when FEMAP was not reached.
     femap::Application& femap() const;

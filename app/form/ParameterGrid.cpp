@@ -3,8 +3,6 @@
 #include "logging/RuntimeError.h"
 
 #include <algorithm>
-#include <functional>
-#include <limits>
 #include <utility>
 
 namespace form
@@ -17,7 +15,7 @@ namespace
 {
 
 constexpr char separator = '\t';
-constexpr std::uint32_t none = std::numeric_limits<std::uint32_t>::max();
+constexpr std::uint32_t none = NameIndex::none;
 constexpr std::string_view headerTitles[] = {"Variable Name", "Value"};
 
 std::string_view nameOf(std::string_view rowText)
@@ -25,10 +23,40 @@ std::string_view nameOf(std::string_view rowText)
     return cellOf(rowText, ParameterGrid::nameColumn);
 }
 
-std::size_t hashOf(std::string_view name)
+// Stands for a row while the rows are sorted. Its first characters are at hand and mostly decide,
+// so that the row itself is seldom looked at.
+class SortKey
 {
-    return std::hash<std::string_view>{}(name);
-}
+public:
+    explicit SortKey(std::string& row)
+        : begin_(bytesOf(nameOf(row), 0)), next_(bytesOf(nameOf(row), sizeof begin_)), row_(&row)
+    {}
+
+    std::string takeRow() const { return std::move(*row_); }
+
+    friend bool operator<(const SortKey& a, const SortKey& b)
+    {
+        if (a.begin_ != b.begin_)
+            return a.begin_ < b.begin_;
+        if (a.next_ != b.next_)
+            return a.next_ < b.next_;
+        return nameOf(*a.row_) < nameOf(*b.row_);
+    }
+
+private:
+    // Eight bytes as a number that sorts as they do; what the name lacks is 0.
+    static std::uint64_t bytesOf(std::string_view name, std::size_t from)
+    {
+        std::uint64_t number = 0;
+        for (std::size_t i = from; i < from + sizeof number; ++i)
+            number = number << 8 | (i < name.size() ? static_cast<unsigned char>(name[i]) : 0U);
+        return number;
+    }
+
+    std::uint64_t begin_;
+    std::uint64_t next_;
+    std::string* row_;
+};
 
 RuntimeError noRow(int row)
 {
@@ -82,20 +110,28 @@ std::string ParameterGrid::rowText(int row) const
     return slots_[slotOf(row)];
 }
 
+std::span<const std::string> ParameterGrid::rows() const
+{
+    closeGaps();
+    return slots_;
+}
+
 void ParameterGrid::AddItem(std::string_view rowText)
 {
-    std::size_t end = 0;
-    int cells = 1;
-    for (; end < rowText.size(); ++end)
-        if (rowText[end] == separator && ++cells > columns_)
-            break;
+    const auto separators = static_cast<int>(std::count(rowText.begin(), rowText.end(), separator));
+    const int missing = columns_ - 1 - separators;
+    if (missing < 0) {  // surplus cells
+        const std::string_view last = cellOf(rowText, columns_ - 1);
+        rowText.remove_suffix(static_cast<std::size_t>(rowText.data() + rowText.size() -
+                                                       (last.data() + last.size())));
+    }
     std::string row;
-    const auto missing = static_cast<std::size_t>(std::max(0, columns_ - cells));
-    row.reserve(end + missing);
-    row.append(rowText.substr(0, end)).append(missing, separator);
+    const auto added = static_cast<std::size_t>(std::max(missing, 0));
+    row.reserve(rowText.size() + added);
+    row.append(rowText).append(added, separator);
     slots_.push_back(std::move(row));
     if (namesKnown_)
-        rememberName(static_cast<std::uint32_t>(slots_.size() - 1));
+        names_.add(nameOf(slots_.back()));
 }
 
 void ParameterGrid::RemoveItem(int row)
@@ -114,6 +150,7 @@ void ParameterGrid::removeRows(RowRange rows)
         throw RuntimeError(ErrorNumber::CannotRemoveRow,
                            "The last parameter row cannot be removed");
     forgetNames();
+    rowsTouched_ += slots_.size() - first;
     const auto begin = slots_.begin() + static_cast<std::ptrdiff_t>(first);
     slots_.erase(begin, begin + rows.count);
     keepSelectionInside();
@@ -132,24 +169,33 @@ void ParameterGrid::sortByName()
 {
     closeGaps();
     forgetNames();
-    std::stable_sort(slots_.begin(), slots_.end(), [](const std::string& a, const std::string& b) {
-        return nameOf(a) < nameOf(b);
-    });
+    std::vector<SortKey> keys;
+    keys.reserve(slots_.size());
+    rowsTouched_ += slots_.size();
+    for (std::string& row : slots_)
+        keys.emplace_back(row);
+    std::stable_sort(keys.begin(), keys.end());
+
+    std::vector<std::string> sorted;
+    sorted.reserve(slots_.size());
+    for (const SortKey& key : keys)
+        sorted.push_back(key.takeRow());
+    slots_ = std::move(sorted);
 }
 
 ParameterGrid::NameScan ParameterGrid::removeRowsNamed(std::string_view name)
 {
     rememberNames();
     NameScan scan;
-    const auto found = names_.find(hashOf(name));
-    if (found == names_.end())
+    NameIndex::Chain* const chain = names_.find(name);
+    if (chain == nullptr)
         return scan;
 
-    Namesakes& chain = found->second;
     std::uint32_t before = none;  // the namesake before this one
     std::uint32_t upFrom = none;  // the slot that was removed last
-    for (std::uint32_t slot = chain.first; slot != none;) {
-        const std::uint32_t after = nextNamesake_[slot];
+    for (std::uint32_t slot = chain->first; slot != none;) {
+        ++rowsTouched_;
+        const std::uint32_t after = names_.after(slot);
         const auto isRemoved = [](const std::string& text) { return text.empty(); };
         const auto place = [&](std::uint32_t s) { return slots_.begin() + s; };
         // The row that moved up into the place of a removed one is not looked at.
@@ -170,14 +216,10 @@ ParameterGrid::NameScan ParameterGrid::removeRowsNamed(std::string_view name)
         ++removed_;
         slots_[slot].clear();
         slots_[slot].shrink_to_fit();
-        (before == none ? chain.first : nextNamesake_[before]) = after;
-        if (after == none)
-            chain.last = before;
+        names_.unlink(*chain, before, slot);
         upFrom = slot;
         slot = after;
     }
-    if (chain.first == none)
-        names_.erase(found);
     popRemovedTail();
     keepSelectionInside();
     return scan;
@@ -199,6 +241,7 @@ void ParameterGrid::closeGaps() const
 {
     if (removed_ == 0)
         return;
+    rowsTouched_ += slots_.size();
     std::erase(slots_, std::string());
     removed_ = 0;
     forgetNames();
@@ -209,7 +252,7 @@ void ParameterGrid::popRemovedTail()
 {
     while (slots_.back().empty()) {
         slots_.pop_back();
-        nextNamesake_.pop_back();
+        names_.dropLast();
         --removed_;
     }
 }
@@ -218,7 +261,6 @@ void ParameterGrid::forgetNames() const
 {
     namesKnown_ = false;
     names_.clear();
-    nextNamesake_.clear();
 }
 
 void ParameterGrid::rememberNames()
@@ -226,21 +268,11 @@ void ParameterGrid::rememberNames()
     if (namesKnown_)
         return;
     closeGaps();
+    rowsTouched_ += slots_.size();
     names_.reserve(slots_.size());
-    for (std::uint32_t slot = 0; slot < slots_.size(); ++slot)
-        rememberName(slot);
+    for (const std::string& row : slots_)
+        names_.add(nameOf(row));
     namesKnown_ = true;
-}
-
-void ParameterGrid::rememberName(std::uint32_t slot)
-{
-    nextNamesake_.push_back(none);
-    const auto [place, isNew] =
-        names_.try_emplace(hashOf(nameOf(slots_[slot])), Namesakes{slot, slot});
-    if (isNew)
-        return;
-    nextNamesake_[place->second.last] = slot;
-    place->second.last = slot;
 }
 
 void ParameterGrid::checkColumn(int column) const

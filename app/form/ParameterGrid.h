@@ -1,12 +1,13 @@
 #pragma once
 
 #include "app/form/Controls.h"
+#include "app/form/NameIndex.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace form
@@ -44,6 +45,8 @@ public:
 
     /// A row's cells joined by TAB, as they are stored in the control file.
     std::string rowText(int row) const;
+    /// The same of all parameter rows, without a copy; they hold until the grid changes.
+    std::span<const std::string> rows() const;
 
     /// Appends a row of cells joined by TAB; surplus cells are dropped, missing ones stay empty.
     void AddItem(std::string_view rowText);
@@ -78,36 +81,34 @@ public:
     int Col = 0;
     std::vector<int> ColWidth;  // twips, per column
 
+    /// How many rows were touched so far while rows were looked for, moved or sorted. Shows that
+    /// the work grows with the rows and not with their square.
+    std::size_t rowsTouched() const { return rowsTouched_; }
+
     /// The selected rows, whichever way the selection was made.
     RowRange selectedRows() const;
 
 private:
-    // A row is its text; a removed one is an empty text until the next access by position, so
-    // that removing many rows by name moves each remaining row at most once.
-    struct Namesakes
-    {
-        std::uint32_t first;
-        std::uint32_t last;
-    };
-
     void keepSelectionInside();
     void closeGaps() const;
     void popRemovedTail();
     void forgetNames() const;
     void rememberNames();
-    void rememberName(std::uint32_t slot);
     void checkColumn(int column) const;
     std::size_t slotOf(int row) const;
 
     int columns_;
+    // A row is its text; a removed one is an empty text until the next access by position, so
+    // that removing many rows by name moves each remaining row at most once.
     mutable std::vector<std::string> slots_;
     mutable std::size_t removed_ = 0;
 
-    // Slots by the hash of their name, chained in grid order. Built by the first scan, kept by
-    // AddItem, dropped by everything that moves rows.
+    // The slots by name. Built by the first scan, kept by AddItem, dropped by everything that
+    // moves rows.
     mutable bool namesKnown_ = false;
-    mutable std::unordered_map<std::size_t, Namesakes> names_;
-    mutable std::vector<std::uint32_t> nextNamesake_;
+    mutable NameIndex names_;
+
+    mutable std::size_t rowsTouched_ = 0;
 };
 
 }  // namespace form

@@ -21,6 +21,7 @@ Progress::Progress(Context& context, std::string what, std::size_t total)
     : context_(context),
       what_(std::move(what)),
       total_(total),
+      nextLook_(stepsBetweenLooks),
       nextShow_(context.system.monotonicSeconds() + quietSeconds)
 {}
 
@@ -34,11 +35,12 @@ Progress::~Progress()
     }
 }
 
-void Progress::step()
+void Progress::step(std::size_t count)
 {
-    ++done_;
-    if (done_ % stepsBetweenLooks != 0)
+    done_ += count;
+    if (done_ < nextLook_)
         return;
+    nextLook_ = done_ + stepsBetweenLooks;
     const double now = context_.system.monotonicSeconds();
     if (now <= nextShow_)
         return;

@@ -20,8 +20,8 @@ public:
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    /// One more is done. Cheap enough for every entity of a large model.
-    void step();
+    /// One more is done, or as many. Cheap enough for every entity of a large model.
+    void step(std::size_t count = 1);
 
     /// The end of the walk: FEMAP's bar goes off, and the status line says again what it said
     /// before, unless a message came in between.
@@ -36,7 +36,8 @@ private:
     std::string what_;
     std::size_t total_;
     std::size_t done_ = 0;
-    double nextShow_;  // on the clock
+    std::size_t nextLook_;  // at the clock
+    double nextShow_;       // in the clock's seconds
     std::string shownCaption_;
     std::string captionBefore_;
     bool barIsOn_ = false;

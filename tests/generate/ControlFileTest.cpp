@@ -193,6 +193,34 @@ TEST_F(ControlFile, LoadingWithoutAControlFileLeavesTheGridsAndOneQuietLineInThe
     EXPECT_THAT(f.messages(), IsEmpty());
 }
 
+TEST_F(ControlFile, IsReadThoughAnotherProgramHoldsItForAMoment)
+{
+    f.files.deniedReads = 5;
+
+    load("a\t1\r\n\r\nb\t2\r\n");
+
+    EXPECT_THAT(f.names(f.form.InputsList), ElementsAre("a"));
+    EXPECT_EQ(f.form.StatusLine.Caption, "");
+}
+
+TEST_F(ControlFile, ThatCannotBeReadIsNamedOnTheStatusLineBeforeItIsReplaced)
+{
+    f.addInput({"kept", "1"});
+    f.files.deniedReads = 6;
+
+    load("a\t1\r\n\r\nb\t2\r\n");
+
+    EXPECT_THAT(f.names(f.form.InputsList), ElementsAre("kept"));
+    EXPECT_EQ(
+        f.form.StatusLine.Caption,
+        "The selection of the last \"Apply\" could not be read (" + path +
+            " could not be opened: Permission denied). The next \"Apply\" replaces it; to keep "
+            "it, see that no other program has the file open and start this tool again");
+    EXPECT_THAT(f.log(), Contains("DEBUG: No selection to load: " + path +
+                                  " could not be opened: Permission denied"));
+    EXPECT_THAT(f.messages(), IsEmpty());
+}
+
 TEST_F(ControlFile, LoadingForAModelWithoutAFileOnlySaysSo)
 {
     f.femap.modelName.clear();

@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -112,7 +113,7 @@ TEST_F(DiskFilesTest, CannotReadAFolder)
 {
     const RuntimeError error = errorOf([&] { files.read(folder.path()); });
 
-    EXPECT_EQ(error.number(), ErrorNumber::FileError);
+    EXPECT_NE(error.number(), ErrorNumber::FileNotFound);
     EXPECT_THAT(error.description(), StartsWith(folder.path() + " could not be "));
 }
 
@@ -188,6 +189,24 @@ TEST_F(DiskFilesTest, LeavesTheOldFileWhenItCannotBeReplaced)
 
     EXPECT_EQ(error.number(), ErrorNumber::FileError);
     EXPECT_THAT(error.description(), StartsWith(folder.path("old") + " could not be replaced: "));
+    EXPECT_EQ(files.read(folder.path("old")), "old");
+}
+
+TEST_F(DiskFilesTest, LeavesTheOldFileWhenItIsWriteProtected)
+{
+    using std::filesystem::perms;
+    write(folder.path("old"), "old");
+    write(folder.path("new"), "new");
+    const perms protectedOnes = perms::owner_read | perms::group_read | perms::others_read;
+    std::filesystem::permissions(folder.path("old"), protectedOnes);
+
+    const RuntimeError error =
+        errorOf([&] { files.replace(folder.path("old"), folder.path("new")); });
+
+    std::filesystem::permissions(folder.path("old"), protectedOnes | perms::owner_write);
+    EXPECT_EQ(error.number(), ErrorNumber::PermissionDenied);
+    EXPECT_EQ(error.description(),
+              folder.path("old") + " could not be replaced: Permission denied");
     EXPECT_EQ(files.read(folder.path("old")), "old");
 }
 

@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
 #include <string>
+#include <string_view>
 
 using logging::LineWriter;
 using logging::RuntimeError;
@@ -87,6 +89,49 @@ TEST_F(LineWriterTest, KnowsTheFirstLineThatLostACharacter)
 
     EXPECT_EQ(atFirst, 0U);
     EXPECT_EQ(lines.firstLossyLine(), 2U);
+}
+
+TEST_F(LineWriterTest, PutsTheLineTogetherFromItsPieces)
+{
+    LineWriter lines = writer();
+    const std::array<std::string_view, 3> pieces = {"one", "", " ä"};
+
+    lines.line(pieces);
+    lines.close();
+
+    EXPECT_EQ(content(), "one \xE4\r\n");
+}
+
+TEST_F(LineWriterTest, EncodesEachLineOnceWhenItIsAskedInBetween)
+{
+    LineWriter lines = writer();
+
+    lines.line("ä");
+    lines.firstLossyLine();
+    lines.line("ö");
+    lines.firstLossyLine();
+    lines.line("u");
+    lines.flush();
+    lines.line("é");
+    lines.close();
+
+    EXPECT_EQ(content(), "\xE4\r\n\xF6\r\nu\r\n\xE9\r\n");
+    EXPECT_EQ(lines.firstLossyLine(), 0U);
+}
+
+TEST_F(LineWriterTest, CountsTheLinesBeforeALostCharacterOverAllPieces)
+{
+    LineWriter lines = writer();
+    const std::string large(1 << 17, 'x');
+
+    for (int i = 0; i < 5; ++i)
+        lines.line(large);
+    lines.line("ä");
+    lines.line("σ ä");
+    lines.close();
+
+    EXPECT_EQ(lines.firstLossyLine(), 7U);
+    EXPECT_TRUE(content().ends_with("x\r\n\xE4\r\n? \xE4\r\n"));
 }
 
 TEST_F(LineWriterTest, DropsWhatWasGatheredWhenDiscarded)

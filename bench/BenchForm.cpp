@@ -1,0 +1,96 @@
+#include "bench/BenchForm.h"
+
+#include "selection/InputSelection.h"
+#include "selection/OutputSelection.h"
+
+#include <numeric>
+#include <utility>
+
+namespace bench
+{
+
+namespace
+{
+
+logging::System systemWithTemp(const std::string& folder)
+{
+    logging::System system = logging::standardSystem();
+    system.environment = [folder](const std::string&) { return folder; };
+    return system;
+}
+
+}  // namespace
+
+BenchForm::BenchForm(std::string logLevel)
+    : system(systemWithTemp(folder.path())), femap(dialogs), context(form, host, system)
+{
+    femap.modelName = folder.path("model.neu");
+    context.application = femap.attach();
+    form.fileExtension = "neu";
+    form.Solver.Text = "NXNastran";
+    form.Optimizer.Text = "Velmar";
+    form.CommandLine.Text = "nastran model.dat notify=no";
+    std::string name = "bench.log";
+    context.log.InitialiseLogger(name, logLevel);
+}
+
+void BenchForm::addNodes(int count)
+{
+    std::vector<femap::embedded::Node> nodes(static_cast<std::size_t>(count));
+    int id = 0;
+    for (femap::embedded::Node& node : nodes) {
+        node.id = ++id;
+        node.x = coordinateOf(id, 0);
+        node.y = coordinateOf(id, 1);
+        node.z = coordinateOf(id, 2);
+    }
+    femap.openModel().nodes.merge(std::move(nodes));
+}
+
+void BenchForm::addVector(int id, int nodes)
+{
+    femap::embedded::OutputVector vector;
+    vector.id = id;
+    vector.title = "T" + std::to_string(id) + " Translation";
+    vector.ids.resize(static_cast<std::size_t>(nodes));
+    std::iota(vector.ids.begin(), vector.ids.end(), 1);
+    for (const int node : vector.ids)
+        vector.values.push_back(coordinateOf(node, id));
+    auto& sets = femap.openModel().outputSets;
+    if (sets.find(1) == nullptr)
+        sets.put({.id = 1});
+    sets.find(1)->vectors.put(std::move(vector));
+}
+
+void BenchForm::selectInputs(int nodes)
+{
+    pickNodes(nodes);
+    list_.choose({"x", "y", "z"});
+    form.InputSelection.Text = "Nodes";
+    selection::InputsButton_Click(context, dialog_);
+}
+
+void BenchForm::selectOutputs(int nodes)
+{
+    pickNodes(nodes);
+    list_.chooseAll();
+    form.OutputSelection.Text = "Nodes";
+    dialog_.UpdateCollection();
+    selection::OutputsButton_Click(context, dialog_);
+}
+
+void BenchForm::pickNodes(int count)
+{
+    std::vector<int> ids(static_cast<std::size_t>(count));
+    std::iota(ids.begin(), ids.end(), 1);
+    dialogs.answers.push_back({femap::ReturnCode::Ok, std::move(ids)});
+}
+
+double coordinateOf(int node, int axis)
+{
+    constexpr int prime = 7919;
+    constexpr int range = 100'000;
+    return static_cast<double>((static_cast<std::int64_t>(node) * prime + axis) % range) / 1000;
+}
+
+}  // namespace bench
