@@ -11,7 +11,7 @@ namespace app
 
 Program::Program(femap::Connector& connector, form::FormHost& host,
                  selection::PropertyListHost& dialogHost, logging::System& system)
-    : session_(connector, host, dialogHost, system)
+    : watched_(dialogHost), session_(connector, host, watched_, system)
 {
     bindComboBoxes(session_);
 }
@@ -82,7 +82,7 @@ Ended Program::run(const Binding& binding, int argument)
         return Ended::NotStarted;
     }
     const Ended ended =
-        dispatch_.run(binding.event, [&] { binding.procedure(session_, argument); });
+        perform({binding.event, argument}, [&] { binding.procedure(session_, argument); });
     catchUp();
     return ended;
 }
@@ -95,9 +95,28 @@ Ended Program::runChoice(const form::ComboBox& box, const std::function<void()>&
         return each.control == &box;
     };
     const std::string name(std::ranges::find_if(session_.form.controls(), isBox)->name);
-    const Ended ended = dispatch_.run(name + "_Click", choice);
+    const std::string event = name + "_Click";
+    const Ended ended = perform({event, 0, &box}, choice);
     if (ended != Ended::NotStarted)
         catchUp();
+    return ended;
+}
+
+void Program::WatchedDialog::showModal(selection::frmPropertyList& dialog)
+{
+    real.showModal(dialog);
+    if (watcher != nullptr)
+        watcher->answered(dialog);
+}
+
+Ended Program::perform(const Action& action, const std::function<void()>& procedure)
+{
+    Watcher* const watcher = dispatch_.isBusy() ? nullptr : watched_.watcher;
+    if (watcher != nullptr)
+        watcher->begins(action);
+    const Ended ended = dispatch_.run(action.event, procedure);
+    if (watcher != nullptr)
+        watcher->ended(action);
     return ended;
 }
 
@@ -107,8 +126,8 @@ void Program::catchUp()
     while (!waiting_.empty() && !session_.closeWanted) {
         const Waiting next = waiting_.front();
         waiting_.erase(waiting_.begin());
-        dispatch_.run(next.binding->event,
-                      [&] { next.binding->procedure(session_, next.argument); });
+        perform({next.binding->event, next.argument},
+                [&] { next.binding->procedure(session_, next.argument); });
     }
     if (session_.closeWanted)
         close();

@@ -3,8 +3,10 @@
 #include "app/Bindings.h"
 #include "app/Dispatch.h"
 #include "app/Session.h"
+#include "app/Watcher.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +35,8 @@ public:
     selection::frmPropertyList& propertyList() { return session_.propertyList; }
     /// Whether FEMAP was reached and has not been lost since.
     bool isConnected() const { return session_.context.application != nullptr; }
+    /// The watcher must outlive the program.
+    void watch(Watcher& watcher) { watched_.watcher = &watcher; }
 
     Started start(const std::string& arguments);
     /// Why the model of the command line could not be opened; empty when it was.
@@ -65,10 +69,22 @@ private:
         int argument;
     };
 
+    // Shows the property list dialog and tells the watcher how it was answered.
+    struct WatchedDialog : selection::PropertyListHost
+    {
+        explicit WatchedDialog(selection::PropertyListHost& host) : real(host) {}
+        void showModal(selection::frmPropertyList& dialog) override;
+
+        selection::PropertyListHost& real;
+        Watcher* watcher = nullptr;
+    };
+
     Ended run(const Binding& binding, int argument);
     Ended runChoice(const form::ComboBox& box, const std::function<void()>& choice);
+    Ended perform(const Action& action, const std::function<void()>& procedure);
     void catchUp();
 
+    WatchedDialog watched_;
     Session session_;
     Dispatch dispatch_{session_};
     std::vector<Waiting> waiting_;

@@ -42,7 +42,13 @@ std::function<std::unique_ptr<femap::Connector>(femap::SelectionDialogs&)> runni
 
 logging::System platformSystem()
 {
+    femap::com::takeLibrariesFromSystemOnly();
     return femap::com::windowsSystem();
+}
+
+bool errorsShowColours()
+{
+    return femap::com::errorsShowColours();
 }
 
 }  // namespace study

@@ -1,5 +1,7 @@
 #include "app/study/RunningFemap.h"
 
+#include <unistd.h>
+
 namespace study
 {
 
@@ -11,6 +13,16 @@ std::function<std::unique_ptr<femap::Connector>(femap::SelectionDialogs&)> runni
 logging::System platformSystem()
 {
     return logging::standardSystem();
+}
+
+std::function<void(const std::string& script, const std::string& arguments)> recordedForm()
+{
+    return {};
+}
+
+bool errorsShowColours()
+{
+    return isatty(STDERR_FILENO) == 1;
 }
 
 }  // namespace study

@@ -106,6 +106,12 @@ void selectItems(const Choice& choice, frmPropertyList& dialog)
 
 }  // namespace
 
+void StudyDialogs::forget()
+{
+    picks_.clear();
+    choices_.clear();
+}
+
 void StudyDialogs::checkNothingIsLeft() const
 {
     const bool pickIsFirst =

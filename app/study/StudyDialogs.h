@@ -22,6 +22,9 @@ public:
     /// The line of the action that is at work, to be blamed for a dialog without an answer.
     void setLine(int line) { line_ = line; }
 
+    /// Forgets the answers that are left.
+    void forget();
+
     /// Raises ScriptError when an answer is left.
     void checkNothingIsLeft() const;
 

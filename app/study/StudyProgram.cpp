@@ -1,6 +1,8 @@
 #include "app/study/StudyProgram.h"
 
 #include "app/Version.h"
+#include "app/study/ScratchFiles.h"
+#include "app/study/StudyCheck.h"
 #include "app/study/StudyFemap.h"
 #include "app/study/StudyRunner.h"
 
@@ -21,15 +23,21 @@ constexpr int exitWrongCall = 2;
 
 constexpr std::string_view usage =
     R"text(usage: velmar-study [--femap=embedded|running] [--quiet] SCRIPT
+       velmar-study [--femap=embedded|running] [--quiet] --check SCRIPT
+       velmar-study --record SCRIPT [ARGUMENTS]
        velmar-study --help | --version
 
 Replays a study script without a window. SCRIPT "-" reads standard input.
 
+  --record          show the form, started with the argument string, and write what is done
+                    in it as a script (Windows)
+  --check           try the script on the model, tell every problem and write nothing
   --femap=embedded  load the model into the model host of the program itself
   --femap=running   use the FEMAP that runs on this machine (Windows)
   --quiet           no progress on standard error
 
-Exit code 0: the whole script ran. 1: it was stopped. 2: wrong arguments.
+Exit code 0: the whole script ran, or --check found no problem. 1: it was stopped, or there are
+problems. 2: wrong arguments.
 )text";
 
 struct Call
@@ -37,21 +45,30 @@ struct Call
     bool wantsHelp = false;
     bool wantsVersion = false;
     bool isQuiet = false;
+    bool isCheck = false;
+    bool isRecording = false;
     std::optional<bool> isEmbedded;  // as far as the call says so
     std::optional<std::string> script;
-    std::string problem;  // empty: none
+    std::string formArguments;  // of the form that is recorded
+    std::string problem;        // empty: none
 };
 
 Call parseCall(const std::vector<std::string>& arguments)
 {
     Call call;
     for (const std::string& argument : arguments) {
-        if (argument == "--help")
+        if (call.isRecording && call.script)
+            call.formArguments += (call.formArguments.empty() ? "" : " ") + argument;
+        else if (argument == "--help")
             call.wantsHelp = true;
         else if (argument == "--version")
             call.wantsVersion = true;
         else if (argument == "--quiet")
             call.isQuiet = true;
+        else if (argument == "--check")
+            call.isCheck = true;
+        else if (argument == "--record")
+            call.isRecording = true;
         else if (argument == "--femap=embedded")
             call.isEmbedded = true;
         else if (argument == "--femap=running")
@@ -63,6 +80,8 @@ Call parseCall(const std::vector<std::string>& arguments)
         else
             call.script = argument;
     }
+    if (call.problem.empty() && call.isCheck && call.isRecording)
+        call.problem = "a script is either checked or recorded";
     if (call.problem.empty() && !call.script)
         call.problem = "no script is named";
     return call;
@@ -75,25 +94,46 @@ std::string readScript(const std::string& script, const Surroundings& around)
     return {std::istreambuf_iterator<char>(around.input), std::istreambuf_iterator<char>()};
 }
 
+// "SCRIPT:LINE: what is wrong", so that editors find the place.
+void tell(const ScriptError& problem, const std::string& name, const Surroundings& around)
+{
+    const std::string place = name + ':' + std::to_string(problem.line()) + ':';
+    around.errors << (around.showsColours ? "\x1b[1;31m" + place + "\x1b[0m" : place) << ' '
+                  << problem.what() << '\n';
+}
+
 // Runs the script and unloads the form whatever happens. Returns the exit code.
-int replay(StudyRunner& runner, const std::string& name, const std::string& content,
+int replay(StudyRunner& runner, const std::string& name, StudyScript& script,
            const Surroundings& around)
 {
     try {
-        StudyScript script(content);
         runner.run(script);
         return exitOk;
     }
     catch (const ScriptError& error) {
-        around.errors << name << ':' << error.line() << ": " << error.what() << '\n';
+        tell(error, name, around);
         runner.unload();
         return exitStopped;
     }
 }
 
-int replay(const Call& call, const Surroundings& around)
+// Returns the exit code.
+int tellProblems(const std::vector<ScriptError>& problems, const std::string& name,
+                 const Surroundings& around)
 {
-    const std::string content = readScript(*call.script, around);
+    for (const ScriptError& problem : problems)
+        tell(problem, name, around);
+    around.output << name << ": "
+                  << (problems.empty()       ? "no problem found"
+                      : problems.size() == 1 ? "1 problem"
+                                             : std::to_string(problems.size()) + " problems")
+                  << '\n';
+    return problems.empty() ? exitOk : exitStopped;
+}
+
+int runScript(const Call& call, const Surroundings& around)
+{
+    StudyScript script(readScript(*call.script, around));
     std::ostream nowhere(nullptr);
     StudyDialogs dialogs;
     femap::embedded::Host host(dialogs);
@@ -108,10 +148,31 @@ int replay(const Call& call, const Surroundings& around)
         running = around.runningFemap(dialogs);
     }
 
+    ScratchFiles scratch(around.system.files);
+    logging::System dry = {scratch,
+                           around.system.codePage,
+                           around.system.localTime,
+                           around.system.monotonicSeconds,
+                           around.system.environment,
+                           around.system.wait};
     StudyConnector connector(running ? *running : host, around.output);
-    StudyRunner runner({around.system, connector, dialogs, running ? nullptr : &host, around.output,
+    StudyRunner runner({call.isCheck ? dry : around.system, connector, dialogs,
+                        running ? nullptr : &host, call.isCheck ? nowhere : around.output,
                         around.errors, call.isQuiet ? nowhere : around.errors});
-    return replay(runner, *call.script, content, around);
+    if (!call.isCheck)
+        return replay(runner, *call.script, script, around);
+    return tellProblems(StudyCheck(runner, dialogs).problemsIn(script), *call.script, around);
+}
+
+int record(const Call& call, const Surroundings& around)
+{
+    if (!around.recordedForm) {
+        around.errors << "velmar-study: the form can be shown, and recorded, on Windows only\n";
+        return exitStopped;
+    }
+    around.recordedForm(*call.script, call.formArguments);
+    around.output << *call.script << " is recorded\n";
+    return exitOk;
 }
 
 int runCall(const Call& call, const Surroundings& around)
@@ -128,7 +189,7 @@ int runCall(const Call& call, const Surroundings& around)
         around.errors << "velmar-study: " << call.problem << '\n' << usage;
         return exitWrongCall;
     }
-    return replay(call, around);
+    return call.isRecording ? record(call, around) : runScript(call, around);
 }
 
 }  // namespace

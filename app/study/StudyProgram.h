@@ -24,10 +24,15 @@ struct Surroundings
     /// The way to a FEMAP that runs on this machine, with its selection dialogs answered. Empty
     /// where there can be none.
     std::function<std::unique_ptr<femap::Connector>(femap::SelectionDialogs&)> runningFemap;
+    /// Shows the form and records it into a script; see RunningFemap.h. Empty where there is none.
+    std::function<void(const std::string& script, const std::string& arguments)> recordedForm = {};
+    /// Standard error is a terminal that understands colours.
+    bool showsColours = false;
 };
 
-/// The program velmar-study: replays the script that the arguments name. Arguments are UTF-8.
-/// Returns the exit code: 0 the whole script ran, 1 it was stopped, 2 wrong arguments.
+/// The program velmar-study: replays, checks or records the script that the arguments name.
+/// Arguments are UTF-8. Returns the exit code: 0 the whole script ran or can be run, 1 it was
+/// stopped or has problems, 2 wrong arguments.
 int runStudy(const std::vector<std::string>& arguments, const Surroundings& around);
 
 }  // namespace study

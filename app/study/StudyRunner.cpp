@@ -186,7 +186,7 @@ void StudyRunner::perform(const ScriptLine& line)
     const Action& action = rowNamed(actions, line.action, "is no action; the actions are", line);
     const bool starts = action.procedure == &StudyRunner::start;
     if (!starts && !isStarted_)
-        throw ScriptError(line.number,
+        throw Unavailable(line.number,
                           "the form is not started yet; begin the script with a line "
                           "\"start MODEL$LOG NAME$LEVEL\"");
     if (starts && isStarted_)
@@ -310,6 +310,8 @@ femap::embedded::Host& StudyRunner::requireHost(const ScriptLine& line) const
         throw ScriptError(line.number, line.action +
                                            " changes the embedded model host only; run the script "
                                            "with --femap=embedded");
+    if (!world_.host->model)
+        throw Unavailable(line.number, "FEMAP has no model open");
     return *world_.host;
 }
 
@@ -319,7 +321,7 @@ void StudyRunner::requireEnabled(const std::string& control, const ScriptLine& l
     const auto place = std::ranges::find(controls, control, &MainForm::NamedControl::name);
     if (place->control->Enabled)
         return;
-    throw ScriptError(
+    throw Unavailable(
         line.number, control + " is disabled: " +
                          std::string(program_.isConnected() ? app::noModelOpen : app::femapIsGone));
 }

@@ -54,6 +54,11 @@ public:
     /// done; then the form is still loaded.
     void run(StudyScript& script);
 
+    /// Does one line. Raises ScriptError when it cannot be done.
+    void perform(const ScriptLine& line);
+    /// Whether a line started the form, well or not.
+    bool isStarted() const { return isStarted_; }
+
     /// Unloads the form, if it is loaded.
     void unload();
 
@@ -65,7 +70,6 @@ private:
     };
     static const Action actions[];
 
-    void perform(const ScriptLine& line);
     void start(const ScriptLine& line);
     void set(const ScriptLine& line);
     void pick(const ScriptLine& line);

@@ -22,6 +22,13 @@ private:
     int line_;
 };
 
+/// What a line is about is not there at present, so nobody can say whether the line is right.
+class Unavailable : public ScriptError
+{
+public:
+    using ScriptError::ScriptError;
+};
+
 /// One action of a script.
 struct ScriptLine
 {

@@ -20,8 +20,11 @@ int run(int argc, Character* argv[])
             arguments.emplace_back(utf8.begin(), utf8.end());
         }
         logging::System system = study::platformSystem();
+        const bool showsColours =
+            system.environment("NO_COLOR").empty() && study::errorsShowColours();
         return study::runStudy(arguments,
-                               {std::cin, std::cout, std::cerr, system, study::runningFemap()});
+                               {std::cin, std::cout, std::cerr, system, study::runningFemap(),
+                                study::recordedForm(), showsColours});
     }
     catch (const std::exception& error) {
         static_cast<void>(std::fprintf(stderr, "velmar-study: %s\n", error.what()));

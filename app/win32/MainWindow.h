@@ -12,6 +12,7 @@
 #include <exception>
 #include <map>
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace win32
@@ -29,9 +30,12 @@ public:
     MainWindow& operator=(const MainWindow&) = delete;
 
     /// Creates the window, starts the program and shows the form. False: no FEMAP is to be had.
-    bool open(const std::string& arguments, int showCommand);
+    bool open(const std::string& arguments, int showCommand = SW_SHOWNORMAL);
     /// Handles messages until the form is unloaded; the program's exit code.
     int run();
+    /// Tells the watcher what is done with the form; it must outlive the window.
+    void watch(app::Watcher& watcher) { program_.watch(watcher); }
+    const form::MainForm& form() { return program_.form(); }
     /// A word to the engineer while a procedure waits for FEMAP.
     void showStatus(const std::string& text);
 
@@ -88,6 +92,8 @@ private:
     void comboCommand(form::ComboBox& box, int notification);
     void commitTexts();
     void raise(std::string_view event, int argument = 0);
+    void beforeEvent(std::string_view event);
+    std::string clickOf(const form::Control& control);
     void afterEvent();
     void mirror();
     void mirrorCombo(const form::ComboBox& box);
@@ -115,6 +121,9 @@ private:
     std::unique_ptr<GridView> outputs_;
     std::unique_ptr<Font> font_;
     Pixels pixels_{USER_DEFAULT_SCREEN_DPI};
+    SIZE sizeSeen_{};          // of the window's inside
+    std::string waitingText_;  // on the status line while a procedure waits for FEMAP
+    std::string textBefore_;   // that stood there
     const form::ComboBox* typing_ = nullptr;  // its text is not taken over yet
     HWND focusBefore_ = nullptr;              // while another program has the keyboard
     HWND focusSeen_ = nullptr;

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <charconv>
 #include <filesystem>
 #include <string>
 
@@ -40,6 +41,13 @@ protected:
 
     StudyFixture f;
 };
+
+double valueIn(const std::string& row)
+{
+    double value = 0;
+    std::from_chars(row.data() + row.find('\t') + 1, row.data() + row.size(), value);
+    return value;
+}
 
 const std::string selectAllLoads =
     "set InputSelection LoadDefinition\npick all\nclick InputsButton\nprint InputsList\n";
@@ -88,8 +96,8 @@ TEST_F(SharedModels, OfAPlateGiveItsAreaAndMass)
     EXPECT_EQ(code, 0) << f.error();
     const auto rows = f.outputLines();
     ASSERT_THAT(rows, SizeIs(2));
-    EXPECT_NEAR(std::stod(rows[0].substr(rows[0].find('\t'))), 100, 1e-6);
-    EXPECT_NEAR(std::stod(rows[1].substr(rows[1].find('\t'))), 0.006347025, 1e-10);
+    EXPECT_NEAR(valueIn(rows[0]), 100, 1e-6);
+    EXPECT_NEAR(valueIn(rows[1]), 0.006347025, 1e-10);
 }
 
 TEST_F(SharedModels, WithRadiationLoadsGiveFourRowsForEachLoad)

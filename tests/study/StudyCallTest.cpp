@@ -1,6 +1,7 @@
 #include "StudyFixture.h"
 #include "fake/FakeConnector.h"
 #include "fake/FormFixture.h"
+#include "logging/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -64,7 +65,46 @@ INSTANTIATE_TEST_SUITE_P(
                     WrongCallExample{{"-q", "a.study"}, "unknown option -q"},
                     WrongCallExample{{"--femap=other", "a.study"}, "unknown option --femap=other"},
                     WrongCallExample{{"a.study", "b.study"},
-                                     "one script at a time, not also b.study"}));
+                                     "one script at a time, not also b.study"},
+                    WrongCallExample{{"--record"}, "no script is named"},
+                    WrongCallExample{{"--check", "--record", "a.study"},
+                                     "a script is either checked or recorded"}));
+
+TEST(StudyCall, RecordsTheFormStartedWithAllThatStandsBehindTheScript)
+{
+    StudyFixture f;
+    std::vector<std::string> given;
+    f.recordedForm = [&](const std::string& script, const std::string& arguments) {
+        given = {script, arguments};
+    };
+
+    EXPECT_EQ(f.call({"--record", "a.study", "C:\\my", "beam.modfem$--check$DEBUG"}), 0);
+
+    EXPECT_THAT(given, ElementsAre("a.study", "C:\\my beam.modfem$--check$DEBUG"));
+    EXPECT_EQ(f.output.str(), "a.study is recorded\n");
+}
+
+TEST(StudyCall, SaysWhereTheFormCanBeRecorded)
+{
+    StudyFixture f;
+
+    EXPECT_EQ(f.call({"--record", "a.study"}), 1);
+
+    EXPECT_EQ(f.errors.str(),
+              "velmar-study: the form can be shown, and recorded, on Windows only\n");
+}
+
+TEST(StudyCall, TellsWhyARecordingEnded)
+{
+    StudyFixture f;
+    f.recordedForm = [](const std::string&, const std::string&) {
+        throw logging::RuntimeError(logging::ErrorNumber::FileError, "The script ends too early");
+    };
+
+    EXPECT_EQ(f.call({"--record", "a.study"}), 1);
+
+    EXPECT_EQ(f.errors.str(), "velmar-study: The script ends too early\n");
+}
 
 TEST(StudyCall, ReadsStandardInput)
 {

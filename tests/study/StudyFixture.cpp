@@ -22,18 +22,18 @@ std::vector<std::string> splitLines(std::string_view text)
     return result;
 }
 
-StudyFixture::StudyFixture() : system_(logging::standardSystem())
+StudyFixture::StudyFixture()
+    : environment({{"TEMP", folder.path()}}), system_(logging::standardSystem())
 {
-    system_.environment = [this](const std::string& name) {
-        return name == "TEMP" ? folder.path() : "";
-    };
+    system_.environment = [this](const std::string& name) { return environment[name]; };
     system_.monotonicSeconds = [this] { return seconds += secondsPerLook; };
     write("beam.neu", neutral::completeFile());
 }
 
 int StudyFixture::call(const std::vector<std::string>& arguments)
 {
-    return runStudy(arguments, {input, output, errors, system_, runningFemap});
+    return runStudy(arguments,
+                    {input, output, errors, system_, runningFemap, recordedForm, showsColours});
 }
 
 int StudyFixture::runScript(const std::string& script)

@@ -5,6 +5,7 @@
 #include "logging/System.h"
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -28,6 +29,9 @@ public:
     double seconds = 0;
     double secondsPerLook = 0;  // how much the clock goes on each time it is looked at
     std::function<std::unique_ptr<femap::Connector>(femap::SelectionDialogs&)> runningFemap;
+    std::function<void(const std::string&, const std::string&)> recordedForm;
+    bool showsColours = false;
+    std::map<std::string, std::string> environment;  // TEMP is the folder
 
     /// Runs the program with these arguments; returns its exit code.
     int call(const std::vector<std::string>& arguments);

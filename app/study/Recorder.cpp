@@ -1,0 +1,168 @@
+#include "app/study/Recorder.h"
+
+#include "app/Bindings.h"
+#include "app/form/FormProcedures.h"
+#include "app/study/StudyScript.h"
+#include "logging/RuntimeError.h"
+
+#include <algorithm>
+#include <array>
+
+namespace study
+{
+
+using form::MainForm;
+using form::ParameterGrid;
+
+namespace
+{
+
+constexpr std::string_view clicked = "_Click";
+constexpr std::string_view pressedKey = "_KeyDown";
+
+struct Grid
+{
+    std::string_view name;
+    const ParameterGrid MainForm::*grid;
+};
+
+constexpr std::array<Grid, 2> grids = {{
+    {"InputsList", &MainForm::InputsList},
+    {"OutputsList", &MainForm::OutputsList},
+}};
+
+// The rows that are selected, for whatever is done with them.
+std::string selections(const MainForm& form)
+{
+    std::string lines;
+    for (const Grid& each : grids) {
+        const ParameterGrid& grid = form.*each.grid;
+        const auto [first, last] = std::minmax(grid.Row, grid.RowSel);
+        if (first >= 1 && last < grid.Rows() && (grid.Rows() > 2 || !grid.text(1, 0).empty()))
+            lines.append("select ").append(each.name).append(' ' + std::to_string(grid.Row) + ' ' +
+                                                             std::to_string(grid.RowSel) + '\n');
+    }
+    return lines;
+}
+
+bool usesSelection(std::string_view event)
+{
+    return event.ends_with(pressedKey) || event == "ClearInputSelection_Click" ||
+           event == "ClearOutputSelection_Click";
+}
+
+// The line that does the same; empty for what a script does not do, such as scrolling.
+std::string lineOf(const app::Action& action, const MainForm& form)
+{
+    const std::string_view event = action.event;
+    const std::string control(event.substr(0, event.rfind('_')));
+    if (action.box != nullptr)
+        return "set " + control + ' ' + action.box->Text;
+    if (event == app::femapEvent)
+        return "event " + std::to_string(action.argument);
+    if (event.ends_with(pressedKey))  // other keys only move about
+        return action.argument == form::deleteKey
+                   ? "key " + control + ' ' + std::to_string(form::deleteKey)
+                   : "";
+    const auto isBox = [&](const auto& each) { return each.name == control; };
+    const bool isControl = std::ranges::any_of(form.controls(), isBox);
+    return isControl && event.ends_with(clicked) ? "click " + control : "";
+}
+
+// Such as "1-20 31"; they ascend.
+std::string rangesText(const std::vector<int>& ids)
+{
+    std::string result;
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        const std::size_t first = i;
+        while (i + 1 < ids.size() && ids[i + 1] == ids[i] + 1)
+            ++i;
+        result += (result.empty() ? "" : " ") + std::to_string(ids[first]);
+        if (i > first)
+            result += '-' + std::to_string(ids[i]);
+    }
+    return result;
+}
+
+// The words of a script for how FEMAP's dialogs may end.
+std::string pickText(femap::ReturnCode code, const std::vector<int>& ids)
+{
+    switch (code) {
+    case femap::ReturnCode::Ok:
+        return ids.empty() ? "cancel" : rangesText(ids);
+    case femap::ReturnCode::Cancel:
+        return "cancel";
+    case femap::ReturnCode::NotExist:
+        return "missing";
+    default:
+        return "fail";
+    }
+}
+
+// An output vector goes by its ID, for its title may look like more than one item.
+std::string itemText(const std::string& text)
+{
+    const std::size_t digits = text.find_first_not_of("0123456789");
+    const bool isVector = digits != 0 && digits != std::string::npos &&
+                          std::string_view(text).substr(digits).starts_with(" - ");
+    return isVector ? text.substr(0, digits) : text;
+}
+
+}  // namespace
+
+Recorder::Recorder(logging::Files& files, const std::string& path, const std::string& arguments)
+    : file_(files.create(path))
+{
+    write("start " + arguments + '\n');
+    if (!failure_.empty())
+        throw logging::RuntimeError(logging::ErrorNumber::FileError, failure_);
+}
+
+void Recorder::begins(const app::Action& action)
+{
+    before_.clear();
+    if (usesSelection(action.event))
+        before_ = selections(*form_);
+    // Nothing else looks at what was typed there.
+    if (action.event == "GenerateButton_Click")
+        before_ += "set CommandLine " + form_->CommandLine.Text + '\n';
+}
+
+void Recorder::answered(const selection::frmPropertyList& dialog)
+{
+    std::string items;
+    // Left with "Cancel" the dialog has items that are selected and none that is chosen.
+    if (!dialog.selectedFields.empty() || !dialog.chosenEntries().empty())
+        for (const auto& item : dialog.lstProperties.items)
+            if (item.selected)
+                items += (items.empty() ? "" : " | ") + itemText(item.text);
+    before_ += "choose " + (items.empty() ? "cancel" : items) + '\n';
+}
+
+void Recorder::ended(const app::Action& action)
+{
+    const std::string line = lineOf(action, *form_);
+    if (!line.empty())
+        write(before_ + line + '\n');
+}
+
+void Recorder::picked(femap::ReturnCode code, const std::vector<int>& ids)
+{
+    before_ += "pick " + pickText(code, ids) + '\n';
+}
+
+// At once, so that nothing is lost whatever happens next.
+void Recorder::write(const std::string& lines)
+{
+    if (!failure_.empty())
+        return;
+    try {
+        file_->write(lines);
+        file_->flush();
+    }
+    catch (const logging::RuntimeError& error) {
+        failure_ = error.what();
+    }
+}
+
+}  // namespace study
