@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <iterator>
+#include <set>
 #include <sstream>
 
 using testing::HasSubstr;
@@ -37,9 +39,10 @@ public:
     Replay(const Replay&) = delete;
     Replay& operator=(const Replay&) = delete;
 
-    int run(const std::string& script)
+    int run(const std::string& script) { return run(script, readExample(script)); }
+    int run(const std::string& script, const std::string& content)
     {
-        files.contents[script] = readExample(script);
+        files.contents[script] = content;
         std::istringstream noInput;
         output.str("");
         return study::runStudy({"--quiet", "--femap=embedded", script},
@@ -144,6 +147,31 @@ TEST(OmbraStudy, WritesTheGoldenFiles)
 
     EXPECT_EQ(0, exitCode) << replay.errors.str();
     EXPECT_THAT(replay.differencesFromGolden("example/ombra"), IsEmpty());
+}
+
+// The user guide shows its ten steps as a script, too.
+TEST(StudyOfTheGuide, WritesTheFilesThatTheGuideNames)
+{
+    const std::string guide =
+        logging::DiskFiles().read((examples / ".." / "docs" / "guide.md").string());
+    const auto between = [&guide](const std::string& before, const std::string& after) {
+        const std::size_t start = guide.find(before) + before.size();
+        return guide.substr(start, guide.find(after, start) - start);
+    };
+    std::istringstream words(between("model's folder:\n\n", "\n\n"));
+    const std::set<std::string> named{std::istream_iterator<std::string>(words), {}};
+    Replay replay;
+
+    const int exitCode = replay.run("guide.study", between("```text\n", "```"));
+
+    EXPECT_EQ(0, exitCode) << replay.errors.str();
+    std::set<std::string> written;
+    for (const auto& [path, content] : replay.files.contents)
+        if (path.starts_with(replay.folder))
+            written.insert(path.substr(replay.folder.size()));
+    EXPECT_THAT(written, testing::ContainerEq(named));
+    EXPECT_THAT(replay.output.str(), HasSubstr("ThicknessAtProp1\t3\t"));
+    EXPECT_THAT(replay.output.str(), testing::Not(HasSubstr("NSMassLenAtProp1")));
 }
 
 }  // namespace

@@ -1,0 +1,169 @@
+#include "Documents.h"
+#include "SourceTree.h"
+#include "app/form/MainForm.h"
+#include "selection/FieldCatalogue.h"
+#include "selection/PropertyListDialog.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+// The user guide tells what the program has, no more and no less.
+
+using house::allMatches;
+using house::Document;
+using testing::ContainerEq;
+using testing::Contains;
+using testing::HasSubstr;
+
+namespace
+{
+
+using Texts = std::set<std::string>;
+
+const Document& guide()
+{
+    static const Document page("docs/guide.md");
+    return page;
+}
+
+Texts asSet(const std::vector<std::string>& texts)
+{
+    return {texts.begin(), texts.end()};
+}
+
+// Without the lines' ends, which may lie within a quotation.
+std::string onOneLine(const std::string& text)
+{
+    return std::regex_replace(text, std::regex("\\s+"), " ");
+}
+
+std::vector<std::string> quoted(const std::string& text)
+{
+    return allMatches(onOneLine(std::regex_replace(text, std::regex("`[^`\n]*`"), "")),
+                      "\"([^\"]+)\"");
+}
+
+struct NoFemap : femap::Connector
+{
+    std::unique_ptr<femap::Application> attach() override { return nullptr; }
+    std::unique_ptr<femap::Application> create() override { return nullptr; }
+};
+
+struct NoDialog : selection::PropertyListHost
+{
+    void showModal(selection::frmPropertyList&) override {}
+};
+
+Texts captions()
+{
+    const form::MainForm form;
+    NoFemap femap;
+    NoDialog host;
+    const selection::frmPropertyList dialog(femap, host);
+    return {form.Inputs.Caption,
+            form.InputsButton.Caption,
+            form.RefreshInputs.Caption,
+            form.ClearInputSelection.Caption,
+            form.InputsList.text(0, form::ParameterGrid::nameColumn),
+            form.InputsList.text(0, form::ParameterGrid::valueColumn),
+            form.Outputs.Caption,
+            form.OutputsButton.Caption,
+            form.RefreshOutputs.Caption,
+            form.ClearOutputSelection.Caption,
+            form.Execution.Caption,
+            form.Label1.Caption,
+            form.Label2.Caption,
+            form.Label3.Caption,
+            form.ClearAll.Caption,
+            form.GenerateButton.Caption,
+            dialog.Caption,
+            dialog.cmdSelect,
+            dialog.cmdDeSelect,
+            dialog.cmdAdd,
+            dialog.cmdCancel};
+}
+
+TEST(TheGuide, NamesEveryControlByItsCaption)
+{
+    const Texts named = asSet(allMatches(guide().section("Every control"), R"(\*\*([^*]+)\*\*)"));
+
+    EXPECT_THAT(named, ContainerEq(captions()));
+}
+
+TEST(TheGuide, NamesWhatTheBoxesOffer)
+{
+    const form::MainForm form;
+    Texts offered = {"Ombra"};  // not in the list, but it can be typed
+    for (const form::ComboBox* box :
+         {&form.InputSelection, &form.OutputSelection, &form.Solver, &form.Optimizer})
+        offered.insert(box->List.begin(), box->List.end());
+
+    EXPECT_THAT(asSet(quoted(guide().section("Every control"))), ContainerEq(offered));
+}
+
+TEST(TheGuide, TellsTheKeysInTheOrderOfTheirTable)
+{
+    const Document source("app/win32/AccessKeys.cpp");
+
+    EXPECT_THAT(allMatches(guide().section("Every control"), R"(\| Alt\+(\w) \|)"),
+                ContainerEq(allMatches(source.text(), R"re(\{"\w+", +L'(\w)')re")));
+}
+
+TEST(TheGuide, OffersOnlyQuantitiesThatTheCatalogueHas)
+{
+    Texts fields;
+    for (const char* kind : {"Node", "Elem", "Prop", "Matl", "MeshMass"})
+        for (const char* subType : {"", "Beam", "Plate", "Rod"})
+            for (const auto list = selection::findFieldList(kind, subType);
+                 const auto& some : {list->fields, list->commonFields})
+                for (const selection::Field& field : some)
+                    fields.emplace(field.name);
+
+    for (const std::string& named : allMatches(guide().section("What can be chosen"), "`([^`]+)`"))
+        EXPECT_THAT(fields, Contains(named));
+}
+
+// "both", "Velmar" or "Ombra" in the second column.
+Texts filesFor(const std::string& tool)
+{
+    return asSet(allMatches(guide().section("Every generated file"),
+                            "\n\\| `([^`]+)` \\| (?:both|" + tool + ") \\|"));
+}
+
+// The golden files are what the program writes; a test of the generators sees to that.
+Texts goldenFiles(const std::string& scenario)
+{
+    Texts names;
+    for (const auto& entry : std::filesystem::directory_iterator(
+             std::filesystem::path(SOURCE_FOLDER) / "tests" / "golden" / "example" / scenario))
+        names.insert(
+            std::regex_replace(entry.path().filename().string(), std::regex("panel"), "<name>"));
+    return names;
+}
+
+TEST(TheGuide, NamesEveryFileThatIsWritten)
+{
+    EXPECT_THAT(filesFor("Velmar"), ContainerEq(goldenFiles("panel")));
+    EXPECT_THAT(filesFor("Ombra"), ContainerEq(goldenFiles("ombra")));
+}
+
+TEST(TheGuide, QuotesOnlyMessagesAndWordsOfTheProgram)
+{
+    std::string sources;
+    for (const house::SourceFile& file : house::readSources(SOURCE_FOLDER))
+        if (file.isCode() && !file.path.starts_with("tests/"))
+            for (const std::string& line : file.lines)
+                sources += line + "\n";
+
+    for (const std::string& text : quoted(guide().section("When something is wrong")))
+        for (const std::string& part : allMatches(text + "...", R"(\s*(.*?)\s*\.\.\.)"))
+            EXPECT_THAT(sources, HasSubstr(part)) << text;
+}
+
+}  // namespace
