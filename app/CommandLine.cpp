@@ -22,9 +22,9 @@ std::string nextField(std::string_view& rest)
     return field;
 }
 
-std::string_view lastPiece(std::string_view text, char separator)
+std::string_view lastPiece(std::string_view text, std::string_view separators)
 {
-    const std::size_t place = text.rfind(separator);
+    const std::size_t place = text.find_last_of(separators);
     std::string_view piece = place == std::string_view::npos ? text : text.substr(place + 1);
     piece.remove_prefix(std::min(piece.find_first_not_of(' '), piece.size()));
     return piece.substr(0, piece.find_last_not_of(' ') + 1);
@@ -43,7 +43,7 @@ CommandLine parseCommandLine(std::string_view arguments)
 
 std::string GetFileExtension(std::string_view filename)
 {
-    return std::string(lastPiece(lastPiece(filename, logging::pathSeparator), '.'));
+    return std::string(lastPiece(lastPiece(filename, logging::pathSeparators), "."));
 }
 
 }  // namespace app

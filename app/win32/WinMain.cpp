@@ -45,9 +45,8 @@ int runForm(int showCommand)
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int showCommand)
 {
-    // Libraries come from the system's own folder, never from the model's.
-    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     try {
+        femap::com::takeLibrariesFromSystemOnly();
         return runForm(showCommand);
     }
     catch (const std::exception& mistake) {

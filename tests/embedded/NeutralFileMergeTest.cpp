@@ -1,4 +1,5 @@
 #include "embedded/NeutralText.h"
+#include "femap/NumberText.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,7 +16,7 @@ namespace
 
 std::string node(int id, double x)
 {
-    return std::to_string(id) + ",0,0,1,46,0,0,0,0,0,0," + std::to_string(x) + ",0.,0.,\n";
+    return std::to_string(id) + ",0,0,1,46,0,0,0,0,0,0," + femap::numberText(x) + ",0.,0.,\n";
 }
 
 std::vector<double> placesOf(const Model& model)

@@ -65,6 +65,9 @@ std::unique_ptr<logging::OutputFile> MemoryFiles::create(const std::string& path
 
 std::string MemoryFiles::read(const std::string& path)
 {
+    if (deniedReads > 0 && deniedReads-- > 0)
+        throw RuntimeError(ErrorNumber::PermissionDenied,
+                           path + " could not be opened: Permission denied");
     const auto place = contents.find(path);
     if (place == contents.end())
         throw RuntimeError(ErrorNumber::FileNotFound, path + " could not be opened");

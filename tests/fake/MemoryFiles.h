@@ -23,6 +23,8 @@ public:
     /// fails; 0: none. A write fails after half of its bytes.
     int failingOperation = 0;
     int operations = 0;
+    /// So many of the next reads are denied, as while another program holds the file.
+    int deniedReads = 0;
     std::string failure = "No space left on device";
 
     bool folderExists(const std::string& path) override;

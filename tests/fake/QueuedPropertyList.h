@@ -55,6 +55,7 @@ public:
     {
         answers_.push_back(std::move(action));
     }
+    void forgetAnswers() { answers_.clear(); }
 
     void showModal(selection::frmPropertyList& dialog) override
     {

@@ -1,0 +1,265 @@
+#pragma once
+
+#include "femap/Application.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace fake
+{
+
+/// What every object of a FaultyConnector shares.
+struct CallWatch
+{
+    /// Told the name of each call before it is made; raises to let it fail.
+    std::function<void(const std::string& call)> beforeCall = [](const std::string&) {};
+    /// Objects of FEMAP that are held now.
+    int objects = 0;
+};
+
+/// An object of FEMAP that tells the watch of itself and of the calls made to it.
+template <class Interface>
+class Watched : public Interface
+{
+public:
+    Watched(std::unique_ptr<Interface> real, CallWatch& watch)
+        : real_(std::move(real)), watch_(watch)
+    {
+        ++watch_.objects;
+    }
+    ~Watched() override { --watch_.objects; }
+    Watched(const Watched&) = delete;
+    Watched& operator=(const Watched&) = delete;
+
+protected:
+    Interface& told(const char* call)
+    {
+        watch_.beforeCall(call);
+        return *real_;
+    }
+
+private:
+    std::unique_ptr<Interface> real_;
+    CallWatch& watch_;
+};
+
+/// What is read by name.
+template <class Interface>
+class WatchedMembers : public Watched<Interface>
+{
+public:
+    using Watched<Interface>::Watched;
+
+    femap::Value member(const std::string& name) override
+    {
+        return this->told("member").member(name);
+    }
+    femap::Value member(const std::string& name, int index) override
+    {
+        return this->told("member").member(name, index);
+    }
+};
+
+class WatchedEntity : public WatchedMembers<femap::Entity>
+{
+public:
+    using WatchedMembers::WatchedMembers;
+
+    femap::ReturnCode Get(int id) override { return told("Get").Get(id); }
+    int Type() override { return told("Type").Type(); }
+    void readAhead(const std::vector<int>& ids,
+                   const std::vector<femap::MemberName>& members) override
+    {
+        told("readAhead").readAhead(ids, members);
+    }
+};
+
+class WatchedSet : public Watched<femap::EntitySet>
+{
+public:
+    using Watched::Watched;
+
+    int ID() override { return told("ID").ID(); }
+    int count() override { return told("count").count(); }
+    void Reset() override { told("Reset").Reset(); }
+    int Next() override { return told("Next").Next(); }
+    std::vector<int> ids() override { return told("ids").ids(); }
+    femap::ReturnCode AddAll(femap::EntityType type) override
+    {
+        return told("AddAll").AddAll(type);
+    }
+    femap::ReturnCode Copy(int setID) override { return told("Copy").Copy(setID); }
+    femap::ReturnCode Select(femap::EntityType type, bool clear, const std::string& title) override
+    {
+        return told("Select").Select(type, clear, title);
+    }
+    femap::ReturnCode SelectMultiID(femap::EntityType type, int ownerSet,
+                                    const std::string& title) override
+    {
+        return told("SelectMultiID").SelectMultiID(type, ownerSet, title);
+    }
+};
+
+class WatchedVector : public WatchedMembers<femap::OutputVector>
+{
+public:
+    using WatchedMembers::WatchedMembers;
+
+    femap::ReturnCode Get(int vectorID) override { return told("Get").Get(vectorID); }
+    int ID() override { return told("ID").ID(); }
+    std::string Title() override { return told("Title").Title(); }
+    int classicID() override { return told("classicID").classicID(); }
+    double Value(int entityID) override { return told("Value").Value(entityID); }
+    double maxval() override { return told("maxval").maxval(); }
+    double minval() override { return told("minval").minval(); }
+    void readAhead(std::vector<femap::VectorReading> plan) override
+    {
+        told("readAhead").readAhead(std::move(plan));
+    }
+};
+
+class WatchedFunction : public Watched<femap::Function>
+{
+public:
+    using Watched::Watched;
+
+    femap::ReturnCode SelectID(const std::string& title) override
+    {
+        return told("SelectID").SelectID(title);
+    }
+    femap::ReturnCode Get(int id) override { return told("Get").Get(id); }
+    int ID() override { return told("ID").ID(); }
+    std::string title() override { return told("title").title(); }
+    femap::FunctionPoints GetFunctionList() override
+    {
+        return told("GetFunctionList").GetFunctionList();
+    }
+};
+
+class WatchedLoad : public WatchedMembers<femap::MemberObject>
+{
+public:
+    using WatchedMembers::WatchedMembers;
+};
+
+class WatchedLoadDefinition : public Watched<femap::LoadDefinition>
+{
+public:
+    WatchedLoadDefinition(std::unique_ptr<femap::LoadDefinition> real, CallWatch& watch)
+        : Watched(std::move(real), watch), loads_(watch)
+    {}
+
+    femap::ReturnCode Get(int loadSet, int id) override { return told("Get").Get(loadSet, id); }
+    std::string title() override { return told("title").title(); }
+    int setID() override { return told("setID").setID(); }
+    int ID() override { return told("ID").ID(); }
+    int loadType() override { return told("loadType").loadType(); }
+    int dataType() override { return told("dataType").dataType(); }
+    void ResetNextLoad() override { told("ResetNextLoad").ResetNextLoad(); }
+    std::unique_ptr<femap::MemberObject> NextLoad() override
+    {
+        auto load = told("NextLoad").NextLoad();
+        if (load == nullptr)
+            return nullptr;
+        return std::make_unique<WatchedLoad>(std::move(load), loads_);
+    }
+
+private:
+    CallWatch& loads_;
+};
+
+/// FEMAP, told of each call. Opening a file only says that it worked: the model is there already.
+class WatchedFemap : public Watched<femap::Application>
+{
+public:
+    WatchedFemap(std::unique_ptr<femap::Application> real, CallWatch& watch)
+        : Watched(std::move(real), watch), objects_(watch)
+    {}
+
+    void feAppVisible(bool visible) override { told("feAppVisible").feAppVisible(visible); }
+    femap::ReturnCode feFileOpen(bool /*useDialog*/, const std::string& /*path*/) override
+    {
+        told("feFileOpen");
+        return femap::ReturnCode::Ok;
+    }
+    std::string ModelName() override { return told("ModelName").ModelName(); }
+    int feAppGetAllModels() override { return told("feAppGetAllModels").feAppGetAllModels(); }
+    int Info_ActiveID(femap::EntityType type) override
+    {
+        return told("Info_ActiveID").Info_ActiveID(type);
+    }
+    void feAppLock() override { told("feAppLock").feAppLock(); }
+    void feAppUnlock() override { told("feAppUnlock").feAppUnlock(); }
+    void feAppMessage(femap::MessageColour colour, const std::string& text) override
+    {
+        told("feAppMessage").feAppMessage(colour, text);
+    }
+    void feAppStatusShow(bool enable, int maximum) override
+    {
+        told("feAppStatusShow").feAppStatusShow(enable, maximum);
+    }
+    void feAppStatusUpdate(int current) override
+    {
+        told("feAppStatusUpdate").feAppStatusUpdate(current);
+    }
+    int feAppRegisterAddInPane(const femap::AddInPane& pane) override
+    {
+        return told("feAppRegisterAddInPane").feAppRegisterAddInPane(pane);
+    }
+    std::unique_ptr<femap::EntitySet> feSet() override
+    {
+        return std::make_unique<WatchedSet>(told("feSet").feSet(), objects_);
+    }
+    std::unique_ptr<femap::Entity> entity(const std::string& word) override
+    {
+        return std::make_unique<WatchedEntity>(told("entity").entity(word), objects_);
+    }
+    std::unique_ptr<femap::OutputVector> feOutput() override
+    {
+        return std::make_unique<WatchedVector>(told("feOutput").feOutput(), objects_);
+    }
+    std::unique_ptr<femap::Function> feFunction() override
+    {
+        return std::make_unique<WatchedFunction>(told("feFunction").feFunction(), objects_);
+    }
+    std::unique_ptr<femap::LoadDefinition> feLoadDefinition() override
+    {
+        return std::make_unique<WatchedLoadDefinition>(told("feLoadDefinition").feLoadDefinition(),
+                                                       objects_);
+    }
+    femap::MassProperties feMeasureMeshMassProp(int elementSet, int coordinateSystem,
+                                                bool printResults, bool printDetails) override
+    {
+        return told("feMeasureMeshMassProp")
+            .feMeasureMeshMassProp(elementSet, coordinateSystem, printResults, printDetails);
+    }
+
+private:
+    CallWatch& objects_;
+};
+
+/// A way to a FEMAP every call of which, to whatever object, can be made to fail.
+class FaultyConnector : public femap::Connector, public CallWatch
+{
+public:
+    explicit FaultyConnector(femap::Connector& real) : real_(real) {}
+
+    std::unique_ptr<femap::Application> attach() override
+    {
+        beforeCall("attach");
+        return std::make_unique<WatchedFemap>(real_.attach(), *this);
+    }
+    std::unique_ptr<femap::Application> create() override
+    {
+        beforeCall("create");
+        return std::make_unique<WatchedFemap>(real_.create(), *this);
+    }
+
+private:
+    femap::Connector& real_;
+};
+
+}  // namespace fake

@@ -1,0 +1,158 @@
+#include "RowsAndFiles.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <limits>
+
+namespace reliability
+{
+
+namespace
+{
+
+// The calls of a start that goes well.
+std::size_t callsOfStart()
+{
+    World world;
+    std::size_t calls = 0;
+    world.connector.beforeCall = [&](const std::string&) { ++calls; };
+    EXPECT_EQ(world.start(), app::Started::Normally);
+    world.connector.beforeCall = [](const std::string&) {};
+    return calls;
+}
+
+// Starts a fresh world for each call of the start; from the n-th on, calls may end in an error.
+template <class Error>
+void startWithFailures(bool once, const std::function<void(World&, std::size_t& calls)>& check)
+{
+    const std::size_t all = callsOfStart();
+    for (std::size_t n = 1; n <= all; ++n) {
+        SCOPED_TRACE("call " + std::to_string(n));
+        World world;
+        std::size_t calls = 0;
+        world.connector.beforeCall = [&](const std::string& call) {
+            ++calls;
+            if (calls == n || (calls > n && !once))
+                throw Error(call);
+        };
+        world.start();
+        check(world, calls);
+    }
+}
+
+struct Refused : logging::RuntimeError
+{
+    explicit Refused(const std::string& call)
+        : RuntimeError(logging::ErrorNumber::ObjectFailed, call + " was refused")
+    {}
+};
+
+void expectEverythingGivenBack(const World& world)
+{
+    EXPECT_TRUE(world.program.isClosed());
+    EXPECT_EQ(world.connector.objects, 0);
+    EXPECT_FALSE(world.host.hooked);
+    EXPECT_EQ(world.femap.lockCount, 0);
+}
+
+}  // namespace
+
+TEST(StartingBesideFemap, GivesAFormWhicheverCallIsRefusedAndTouchesNoFile)
+{
+    const auto files = World().generatedFiles();
+
+    startWithFailures<Refused>(true, [&](World& world, std::size_t&) {
+        EXPECT_EQ(world.generatedFiles(), files);
+        EXPECT_FALSE(world.program.isBusy());
+        world.program.close();
+        expectEverythingGivenBack(world);
+    });
+}
+
+TEST(StartingBesideFemap, AsksNothingMoreOfOneThatDiesMeanwhileAndTouchesNoFile)
+{
+    const auto files = World().generatedFiles();
+
+    startWithFailures<femap::ConnectionLost>(false, [&](World& world, std::size_t& calls) {
+        const std::size_t before = calls;
+        EXPECT_EQ(world.generatedFiles(), files);
+        world.program.raise("GenerateButton_Click");
+        EXPECT_EQ(world.generatedFiles(), files);
+        world.program.close();
+        EXPECT_EQ(calls, before);
+        expectEverythingGivenBack(world);
+    });
+}
+
+TEST(Unloading, WorksWhenFemapWasNeverReached)
+{
+    World world;
+    world.connector.beforeCall = [](const std::string& call) { throw Refused(call); };
+    EXPECT_EQ(world.start(), app::Started::FemapNotFound);
+
+    world.program.close();
+
+    expectEverythingGivenBack(world);
+}
+
+TEST(Unloading, WorksBeforeTheStart)
+{
+    World world;
+
+    world.program.close();
+
+    expectEverythingGivenBack(world);
+    EXPECT_EQ(world.host.unloads, 1);
+}
+
+TEST(Unloading, WorksWithoutAHook)
+{
+    World world;
+    world.connector.beforeCall = [](const std::string& call) {
+        if (call == "feAppRegisterAddInPane")
+            throw Refused(call);
+    };
+    world.start();
+    EXPECT_FALSE(world.host.hooked);
+
+    world.program.close();
+
+    expectEverythingGivenBack(world);
+}
+
+TEST(Unloading, WorksTwiceAndUnloadsOnce)
+{
+    World world;
+    world.start();
+
+    world.program.close();
+    world.program.close();
+
+    expectEverythingGivenBack(world);
+    EXPECT_EQ(world.host.unloads, 1);
+}
+
+TEST(AMessageOfAStranger, DoesNothing)
+{
+    World world;
+    world.start();
+    world.fillGrids();
+    const Kept before = keptBy(world);
+    int calls = 0;
+    world.connector.beforeCall = [&](const std::string&) { ++calls; };
+
+    for (const std::intptr_t code :
+         {std::intptr_t{-1}, std::intptr_t{0}, std::intptr_t{1}, std::intptr_t{5},
+          std::intptr_t{46}, (std::intptr_t{1} << 32) + 4,
+          std::numeric_limits<std::intptr_t>::min(), std::numeric_limits<std::intptr_t>::max()})
+        EXPECT_EQ(world.program.raiseFemapEvent(code), app::Ended::NotStarted) << code;
+
+    EXPECT_EQ(calls, 0);
+    EXPECT_FALSE(world.program.isClosed());
+    EXPECT_EQ(keptBy(world).inputs, before.inputs);
+    EXPECT_EQ(keptBy(world).files, before.files);
+}
+
+}  // namespace reliability
