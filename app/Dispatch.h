@@ -51,6 +51,6 @@ void releaseLocks(form::Context& context);
 
 /// On the status line when FEMAP is gone.
 constexpr std::string_view femapIsGone =
-    "FEMAP has ended or cannot be reached. The rows are kept; start FEMAP and this tool again.";
+    "FEMAP has ended or cannot be reached. The rows are kept; the form goes on when FEMAP is back.";
 
 }  // namespace app

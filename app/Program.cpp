@@ -2,6 +2,7 @@
 
 #include "app/FemapEvents.h"
 #include "app/StartUp.h"
+#include "logging/RuntimeError.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -50,6 +51,35 @@ Ended Program::enterText(form::ComboBox& box, const std::string& text)
 Ended Program::raiseFemapEvent(std::intptr_t code)
 {
     return isFemapEvent(code) ? raise(femapEvent, static_cast<int>(code)) : Ended::NotStarted;
+}
+
+bool Program::lookForFemap()
+{
+    if (isConnected() || closed_ || dispatch_.isBusy())
+        return false;
+    std::unique_ptr<femap::Application> found = livingFemap();
+    if (found == nullptr)
+        return false;
+    dispatch_.run("LookForFemap", [&] { femapReturned(session_, std::move(found)); });
+    catchUp();
+    return true;
+}
+
+// One that is just ending may be found, too; therefore it is asked something.
+std::unique_ptr<femap::Application> Program::livingFemap()
+{
+    try {
+        std::unique_ptr<femap::Application> found = session_.connector.attach();
+        if (found != nullptr)
+            found->feAppGetAllModels();
+        return found;
+    }
+    catch (const logging::RuntimeError&) {
+        return nullptr;
+    }
+    catch (const femap::ConnectionLost&) {
+        return nullptr;
+    }
 }
 
 void Program::close()

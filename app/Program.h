@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -54,6 +55,10 @@ public:
     /// FEMAP's event message. Other codes do nothing.
     Ended raiseFemapEvent(std::intptr_t code);
 
+    /// After FEMAP was lost: goes on with one that runs again. Returns whether there is one. Asks
+    /// quietly and may be called often.
+    bool lookForFemap();
+
     /// Unloads both forms; while a procedure runs, as soon as it has ended.
     void close();
     bool isClosed() const { return closed_; }
@@ -81,6 +86,7 @@ private:
 
     Ended run(const Binding& binding, int argument);
     Ended runChoice(const form::ComboBox& box, const std::function<void()>& choice);
+    std::unique_ptr<femap::Application> livingFemap();
     Ended perform(const Action& action, const std::function<void()>& procedure);
     void catchUp();
 

@@ -185,6 +185,20 @@ StartUp Form_Load(Session& session, const std::string& arguments)
     return StartUp::Done;
 }
 
+void femapReturned(Session& session, std::unique_ptr<femap::Application> application)
+{
+    Context& context = session.context;
+    context.application = std::move(application);
+    logDebug(context.log, "FEMAP is back");
+    context.form.StatusLine.Caption = femapIsBack;
+    RestoreFormEvents(session);
+    registerPlugin(session);
+    if (!enableWhileModelIsOpen(session))
+        return;
+    session.propertyList.UpdateCollection();
+    context.form.modelEntityCount = countOutputVectors(session);
+}
+
 void Form_Unload(Session& session)
 {
     Context& context = session.context;

@@ -2,6 +2,7 @@
 
 #include "app/Session.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,10 @@ namespace app
 /// On the status line while the form cannot be used.
 constexpr std::string_view noModelOpen = "FEMAP has no model open.";
 
+/// On the status line after FEMAP was lost and came back.
+constexpr std::string_view femapIsBack =
+    "FEMAP is back. The rows are kept; look whether their model is the one that is open.";
+
 enum class StartUp
 {
     Done,
@@ -19,6 +24,10 @@ enum class StartUp
 
 /// Starts the log, reaches FEMAP, opens the model, fills the form and registers it with FEMAP.
 StartUp Form_Load(Session& session, const std::string& arguments);
+
+/// Goes on with a FEMAP that runs again after it was lost: takes what is open there, and registers
+/// the form with it. The rows stay as they are.
+void femapReturned(Session& session, std::unique_ptr<femap::Application> application);
 
 /// Releases FEMAP and the log. Works in every state, also twice.
 void Form_Unload(Session& session);

@@ -242,7 +242,7 @@ TEST(Dispatch, ForgetsFemapWhenItIsGone)
     EXPECT_TRUE(f.pointersAreDefault());
     EXPECT_EQ(f.form.StatusLine.Caption,
               "FEMAP has ended or cannot be reached. The rows are kept; "
-              "start FEMAP and this tool again.");
+              "the form goes on when FEMAP is back.");
     EXPECT_EQ(f.dispatch.lastFailure(), f.form.StatusLine.Caption);
     EXPECT_EQ(f.form.InputsList.Rows(), 3);
     EXPECT_THAT(f.log(), ElementsAre("ERROR: --------------------In RefreshInputs_Click"

@@ -275,7 +275,7 @@ TEST(StudyOnARunningFemap, StopsWhenItEnds)
 
     EXPECT_EQ(f.error(),
               "beam.study:2: FEMAP has ended or cannot be reached. The rows are kept; "
-              "start FEMAP and this tool again.\n");
+              "the form goes on when FEMAP is back.\n");
 }
 
 TEST(StudyCall, FailsWhenStandardOutputCannotBeWritten)
