@@ -14,6 +14,14 @@
 #include <malloc.h>
 #endif
 
+#ifdef __SANITIZE_ADDRESS__
+// The C library never frees what it makes of the path to locales.
+extern "C" const char* __lsan_default_suppressions()
+{
+    return "leak:__argz_add_sep\n";
+}
+#endif
+
 namespace
 {
 

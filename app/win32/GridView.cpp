@@ -30,6 +30,19 @@ int itemOf(int row)
     return row - 1;
 }
 
+// Another program may have the clipboard open for a moment.
+bool openClipboard(HWND owner)
+{
+    constexpr int tries = 10;
+    constexpr DWORD pause = 20;  // milliseconds
+    for (int i = 0; i < tries; ++i) {
+        if (OpenClipboard(owner) != FALSE)
+            return true;
+        Sleep(pause);
+    }
+    return false;
+}
+
 void putOnClipboard(HWND owner, const std::wstring& text)
 {
     const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
@@ -39,7 +52,7 @@ void putOnClipboard(HWND owner, const std::wstring& text)
     std::copy_n(text.c_str(), text.size() + 1, static_cast<wchar_t*>(GlobalLock(memory)));
     GlobalUnlock(memory);
     bool given = false;
-    if (OpenClipboard(owner) != FALSE) {
+    if (openClipboard(owner)) {
         EmptyClipboard();
         given = SetClipboardData(CF_UNICODETEXT, memory) != nullptr;
         CloseClipboard();
@@ -188,11 +201,16 @@ void GridView::takeSelection()
     grid_.RowSel = rowOf(upwards ? first : last);
 }
 
-// An empty grid shows no selection: there is nothing to remove.
-void GridView::showSelection()
+// An empty grid shows no selection: there is nothing to remove or to copy.
+form::RowRange GridView::shownSelection() const
 {
     const bool isEmpty = grid_.Rows() == 2 && grid_.text(1, ParameterGrid::nameColumn).empty();
-    const form::RowRange rows = isEmpty ? form::RowRange{1, 0} : grid_.selectedRows();
+    return isEmpty ? form::RowRange{1, 0} : grid_.selectedRows();
+}
+
+void GridView::showSelection()
+{
+    const form::RowRange rows = shownSelection();
     const int shownCount = static_cast<int>(ListView_GetSelectedCount(window_));
     const int shownFirst = ListView_GetNextItem(window_, -1, LVNI_SELECTED);
     if (shownCount == rows.count && (rows.count == 0 || shownFirst == itemOf(rows.first)))
@@ -200,7 +218,7 @@ void GridView::showSelection()
 
     updating_ = true;
     setItemState(allItems, 0, LVIS_SELECTED);
-    if (!isEmpty) {
+    if (rows.count > 0) {
         if (rows.count == grid_.Rows() - 1)
             setItemState(allItems, LVIS_SELECTED, LVIS_SELECTED);
         else
@@ -230,11 +248,12 @@ void GridView::selectAll()
 
 void GridView::copySelection()
 {
-    const form::RowRange rows = grid_.selectedRows();
+    const form::RowRange rows = shownSelection();
     std::string text;
     for (int i = 0; i < rows.count; ++i)
         text += grid_.rowText(rows.first + i) + "\r\n";
-    putOnClipboard(window_, toWide(text));
+    if (!text.empty())
+        putOnClipboard(window_, toWide(text));
 }
 
 LRESULT CALLBACK GridView::listProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,

@@ -39,6 +39,7 @@ private:
     void addColumns();
     void takeColumnWidths();
     void takeSelection();
+    form::RowRange shownSelection() const;
     void showSelection();
     void setItemState(int item, UINT state, UINT mask);
     void selectAll();

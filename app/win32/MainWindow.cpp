@@ -18,6 +18,8 @@ namespace
 
 constexpr const wchar_t* frameClass = L"VelmarFemapInterface";
 constexpr int iconResource = 1;  // as in app.rc
+constexpr UINT_PTR lookTimer = 1;
+constexpr UINT lookInterval = 2000;  // milliseconds between two looks for a FEMAP that was lost
 
 void registerClass(const wchar_t* name, WNDPROC procedure)
 {
@@ -81,10 +83,13 @@ bool MainWindow::open(const std::string& arguments, int showCommand)
     // Start-up gave the columns their widths.
     inputs_->setResolution(pixels_);
     outputs_->setResolution(pixels_);
+    sizeSeen_ = {};
     resized();
     afterEvent();
-    if (window_ != nullptr)
-        ShowWindow(window_, showCommand);
+    if (window_ == nullptr)
+        return true;
+    SetTimer(window_, lookTimer, lookInterval, nullptr);
+    ShowWindow(window_, showCommand);
     return true;
 }
 
@@ -138,7 +143,11 @@ void MainWindow::showProgress()
 
 void MainWindow::showStatus(const std::string& text)
 {
-    program_.form().StatusLine.Caption = text;
+    std::string& caption = program_.form().StatusLine.Caption;
+    if (caption != text)
+        textBefore_ = caption;
+    waitingText_ = text;
+    caption = text;
     if (ready_)
         showProgress();
 }
@@ -227,6 +236,11 @@ LRESULT MainWindow::handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM
         return guarded([&] {
             applyResolution(GetDpiForWindow(window));
             resized();
+        });
+    case WM_TIMER:
+        return guarded([&] {
+            if (ready_ && program_.lookForFemap())
+                afterEvent();
         });
     case WM_CLOSE:
         return guarded([&] { program_.close(); });

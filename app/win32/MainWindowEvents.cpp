@@ -85,6 +85,7 @@ void MainWindow::comboCommand(form::ComboBox& box, int notification)
         break;
     case CBN_SELCHANGE:
         typing_ = nullptr;
+        beforeEvent(clickOf(box));
         program_.chooseItem(box, ComboBox_GetCurSel(window));
         afterEvent();
         break;
@@ -108,6 +109,7 @@ void MainWindow::commitTexts()
         if (typing_ == box)
             typing_ = nullptr;
         if (typed != box->Text) {
+            beforeEvent(clickOf(*box));
             program_.enterText(*box, typed);
             afterEvent();
         }
@@ -116,14 +118,36 @@ void MainWindow::commitTexts()
 
 void MainWindow::raise(std::string_view event, int argument)
 {
+    beforeEvent(event);
     program_.raise(event, argument);
     afterEvent();
+}
+
+std::string MainWindow::clickOf(const form::Control& control)
+{
+    return std::string(named(idOf(control))->name) + "_Click";
+}
+
+// A FEMAP that is busy lets a procedure wait from its first call on, before the procedure itself
+// comes to the hourglass.
+void MainWindow::beforeEvent(std::string_view event)
+{
+    const app::Binding* const binding = app::findBinding(event);
+    if (binding != nullptr && binding->needsFemap)
+        SetCursor(LoadCursorW(nullptr, IDC_WAIT));
 }
 
 void MainWindow::afterEvent()
 {
     if (!ready_ || program_.isClosed())
         return;
+    std::string& status = program_.form().StatusLine.Caption;
+    if (!program_.isBusy() && !waitingText_.empty()) {
+        if (status == waitingText_)  // FEMAP is waited for no longer
+            status = textBefore_;
+        waitingText_.clear();
+    }
+    showPointer();
     mirror();
     place();
 }
@@ -194,7 +218,7 @@ void MainWindow::showPointer()
 
 bool MainWindow::isBusy()
 {
-    return program_.form().pbInner.MousePointer == form::pointerHourglass;
+    return program_.isBusy() || program_.form().pbInner.MousePointer == form::pointerHourglass;
 }
 
 std::array<form::ComboBox*, 4> MainWindow::comboBoxes()

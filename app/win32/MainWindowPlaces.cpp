@@ -9,6 +9,7 @@ namespace win32
 void MainWindow::applyResolution(UINT dotsPerInch)
 {
     pixels_ = Pixels(dotsPerInch);
+    sizeSeen_ = {};  // the same size is another one in twips
     auto font = std::make_unique<Font>(dotsPerInch);
     for (const auto& [control, window] : windows_)
         setFont(window, *font);
@@ -23,6 +24,10 @@ void MainWindow::resized()
         return;
     RECT inside{};
     GetClientRect(window_, &inside);
+    const SIZE size{inside.right, inside.bottom};
+    if (size.cx == sizeSeen_.cx && size.cy == sizeSeen_.cy)
+        return;  // Windows tells it again when it shows the window
+    sizeSeen_ = size;
     form::MainForm& form = program_.form();
     form.ScaleWidth = pixels_.toTwips(inside.right);
     form.ScaleHeight = pixels_.toTwips(inside.bottom);
@@ -64,7 +69,9 @@ void MainWindow::place()
 void MainWindow::placeScrollBar(const form::ScrollBar& bar, int viewport)
 {
     const HWND window = windows_.at(&bar);
-    if ((IsWindowVisible(window) != FALSE) != bar.Visible)
+    // Its own style tells, also before the form is shown.
+    const bool isShown = (GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+    if (isShown != bar.Visible)
         ShowWindow(window, bar.Visible ? SW_SHOWNA : SW_HIDE);
     SCROLLINFO info{};
     info.cbSize = sizeof info;

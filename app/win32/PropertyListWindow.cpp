@@ -198,12 +198,24 @@ void PropertyListWindow::layOut()
     place(idCancel, right - buttonWidth, buttonTop, buttonWidth, buttonHeight);
 }
 
+// Stretch by stretch and painted once: there may be thousands of items.
 void PropertyListWindow::showChoice()
 {
     const HWND list = GetDlgItem(window_, idList);
-    int item = 0;
-    for (const selection::MultiSelectList::Item& each : dialog_->lstProperties.items)
-        SendMessageW(list, LB_SETSEL, each.selected ? TRUE : FALSE, item++);
+    const auto& items = dialog_->lstProperties.items;
+    SendMessageW(list, WM_SETREDRAW, FALSE, 0);
+    SendMessageW(list, LB_SETSEL, FALSE, -1);
+    for (std::size_t first = 0; first < items.size(); ++first) {
+        if (!items[first].selected)
+            continue;
+        std::size_t last = first;
+        while (last + 1 < items.size() && items[last + 1].selected)
+            ++last;
+        SendMessageW(list, LB_SELITEMRANGEEX, first, static_cast<LPARAM>(last));
+        first = last;
+    }
+    SendMessageW(list, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(list, nullptr, TRUE);
 }
 
 void PropertyListWindow::takeChoice()

@@ -31,9 +31,14 @@ HANDLE start(const std::string& arguments, HANDLE output)
     startup.hStdOutput = output;
     startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
-                        &process))
-        throw std::runtime_error("femap-standin cannot be started");
+    // While many programs end at once Wine now and then has no place for a new one.
+    const auto isStarted = [&] {
+        return CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                              &startup, &process) != FALSE;
+    };
+    if (!comesTrue(isStarted))
+        throw std::runtime_error("femap-standin cannot be started: " +
+                                 std::to_string(GetLastError()));
     CloseHandle(process.hThread);
     return process.hProcess;
 }

@@ -21,11 +21,16 @@ Taken takenSoFar()
 }  // namespace scaling
 
 // In place of the library's own; the forms for arrays come here, too.
-void* operator new(std::size_t size)
+void* operator new(std::size_t size, const std::nothrow_t& /*wish*/) noexcept
 {
     ++taken.pieces;
     taken.bytes += size;
-    if (void* const memory = std::malloc(size > 0 ? size : 1))
+    return std::malloc(size > 0 ? size : 1);
+}
+
+void* operator new(std::size_t size)
+{
+    if (void* const memory = operator new(size, std::nothrow))
         return memory;
     throw std::bad_alloc();
 }

@@ -1,5 +1,6 @@
 #include "FormDriver.h"
 
+#include "RemoteMemory.h"
 #include "app/win32/MainWindow.h"
 #include "app/win32/PropertyListWindow.h"
 #include "femap/com/Text.h"
@@ -35,7 +36,9 @@ BOOL CALLBACK look(HWND window, LPARAM parameter)
     return FALSE;
 }
 
-HWND topWindow(DWORD process, const std::wstring& className)
+}  // namespace
+
+HWND visibleWindow(DWORD process, const std::wstring& className)
 {
     Search search{[&](HWND window) {
         DWORD owner = 0;
@@ -58,7 +61,18 @@ std::string textOf(HWND window)
     return fromWide(text);
 }
 
-}  // namespace
+HWND controlOf(HWND form, std::string_view name)
+{
+    static const form::MainForm names;
+    const auto& controls = names.controls();
+    const auto place = std::ranges::find(controls, name, &form::MainForm::NamedControl::name);
+    if (place == controls.end())
+        throw std::logic_error("No control is named " + std::string(name));
+    const int id = win32::MainWindow::firstControlID + static_cast<int>(place - controls.begin());
+    Search search{[&](HWND window) { return GetDlgCtrlID(window) == id; }};
+    EnumChildWindows(form, look, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
 
 bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit)
 {
@@ -121,7 +135,7 @@ HWND FormDriver::window()
 {
     if (window_ == nullptr) {
         waitUntil([&] {
-            window_ = topWindow(process_.id(), L"VelmarFemapInterface");
+            window_ = visibleWindow(process_.id(), L"VelmarFemapInterface");
             return window_ != nullptr || !process_.isRunning();
         });
         if (window_ == nullptr)
@@ -133,19 +147,7 @@ HWND FormDriver::window()
 
 bool FormDriver::isOpen()
 {
-    return topWindow(process_.id(), L"VelmarFemapInterface") != nullptr;
-}
-
-HWND FormDriver::control(std::string_view name)
-{
-    const auto& controls = names_.controls();
-    const auto place = std::ranges::find(controls, name, &form::MainForm::NamedControl::name);
-    if (place == controls.end())
-        throw std::logic_error("No control is named " + std::string(name));
-    const int id = win32::MainWindow::firstControlID + static_cast<int>(place - controls.begin());
-    Search search{[&](HWND window) { return GetDlgCtrlID(window) == id; }};
-    EnumChildWindows(window(), look, reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    return visibleWindow(process_.id(), L"VelmarFemapInterface") != nullptr;
 }
 
 RECT FormDriver::placeOf(std::string_view name)
@@ -201,14 +203,16 @@ void FormDriver::key(std::string_view name, WPARAM key)
 }
 
 // A message that is sent overtakes those that were posted. So one is posted that leaves a trace.
-void FormDriver::settle()
+void FormDriver::settle(std::chrono::milliseconds limit)
 {
     const HWND edit = control("CommandLine");
     PostMessageW(edit, EM_SETLIMITTEXT, ++settled_, 0);
-    EXPECT_TRUE(waitUntil([&] {
-        return IsWindow(edit) == FALSE ||
-               SendMessageW(edit, EM_GETLIMITTEXT, 0, 0) == static_cast<LRESULT>(settled_);
-    }));
+    EXPECT_TRUE(waitUntil(
+        [&] {
+            return IsWindow(edit) == FALSE ||
+                   SendMessageW(edit, EM_GETLIMITTEXT, 0, 0) == static_cast<LRESULT>(settled_);
+        },
+        limit));
 }
 
 void FormDriver::sendEvent(WPARAM code)
@@ -221,20 +225,13 @@ LRESULT FormDriver::askList(std::string_view grid, UINT message, WPARAM item, LV
 {
     constexpr std::size_t textAt = 512;
     constexpr std::size_t size = 16384;
-    const HWND list = control(grid);
-    const HANDLE process = process_.handle();
-    auto* const there = static_cast<char*>(
-        VirtualAllocEx(process, nullptr, size, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE));
+    RemoteMemory there(process_.handle(), size);
     info.cchTextMax = 4000;
-    info.pszText = reinterpret_cast<wchar_t*>(there + textAt);
-    WriteProcessMemory(process, there, &info, sizeof info, nullptr);
-    const LRESULT answer = SendMessageW(list, message, item, reinterpret_cast<LPARAM>(there));
-    if (text != nullptr) {
-        text->resize(static_cast<std::size_t>(answer));
-        ReadProcessMemory(process, there + textAt, text->data(), text->size() * sizeof(wchar_t),
-                          nullptr);
-    }
-    VirtualFreeEx(process, there, 0, MEM_RELEASE);
+    info.pszText = reinterpret_cast<wchar_t*>(there.address(textAt));
+    there.write(info);
+    const LRESULT answer = SendMessageW(control(grid), message, item, there.parameter());
+    if (text != nullptr)
+        *text = there.text(textAt, static_cast<std::size_t>(answer));
     return answer;
 }
 
@@ -275,7 +272,7 @@ void FormDriver::markRow(std::string_view grid, int item, bool marked)
     askList(grid, LVM_SETITEMSTATE, static_cast<WPARAM>(item), info);
 }
 
-void FormDriver::click(std::string_view grid, int item)
+POINT FormDriver::rowPlace(std::string_view grid, int item)
 {
     const HWND list = control(grid);
     const auto spacing = [&](int rows) {
@@ -284,9 +281,15 @@ void FormDriver::click(std::string_view grid, int item)
     RECT header{};
     GetWindowRect(FindWindowExW(list, nullptr, L"SysHeader32", nullptr), &header);
     const int rowHeight = spacing(2) - spacing(1);
-    const int y = header.bottom - header.top + rowHeight * item + rowHeight / 2;
-    const LPARAM place = MAKELPARAM(20, y);
-    EXPECT_EQ(SendMessageW(list, LVM_GETTOPINDEX, 0, 0), 0) << "rows are counted from the top";
+    const int above = item - static_cast<int>(SendMessageW(list, LVM_GETTOPINDEX, 0, 0));
+    return {20, header.bottom - header.top + rowHeight * above + rowHeight / 2};
+}
+
+void FormDriver::click(std::string_view grid, int item)
+{
+    const HWND list = control(grid);
+    const POINT row = rowPlace(grid, item);
+    const LPARAM place = MAKELPARAM(row.x, row.y);
     PostMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON, place);
     PostMessageW(list, WM_LBUTTONUP, 0, place);
     settle();
@@ -310,16 +313,31 @@ std::vector<int> FormDriver::selectedRows(std::string_view grid)
     return result;
 }
 
+HWND FormDriver::focus()
+{
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetWindowThreadProcessId(window(), nullptr), &info);
+    return info.hwndFocus;
+}
+
+bool FormDriver::hasFocus(std::string_view name)
+{
+    const HWND wanted = control(name);
+    const HWND focused = focus();
+    return focused == wanted || (focused != nullptr && GetParent(focused) == wanted);
+}
+
 bool FormDriver::isDialogOpen()
 {
-    return topWindow(process_.id(), L"#32770") != nullptr;
+    return visibleWindow(process_.id(), L"#32770") != nullptr;
 }
 
 HWND FormDriver::dialog()
 {
     if (!waitUntil([&] { return isDialogOpen(); }))
         throw std::runtime_error("The dialog did not appear");
-    return topWindow(process_.id(), L"#32770");
+    return visibleWindow(process_.id(), L"#32770");
 }
 
 std::string FormDriver::heading()

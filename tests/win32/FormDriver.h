@@ -19,6 +19,13 @@ namespace driver
 bool waitUntil(const std::function<bool()>& condition,
                std::chrono::milliseconds limit = std::chrono::seconds(10));
 
+/// The window of a class that the process shows; null when it shows none.
+HWND visibleWindow(DWORD process, const std::wstring& className);
+/// A control of the main form by its name there, such as "InputsButton".
+HWND controlOf(HWND form, std::string_view name);
+/// The text of another process's control.
+std::string textOf(HWND window);
+
 /// Where a program of this build lies, seen from this test program's folder.
 std::filesystem::path programPath(std::string_view fromHere);
 
@@ -53,8 +60,7 @@ public:
     /// Waits for the window.
     HWND window();
     bool isOpen();
-    /// By its name in the form, such as "InputsButton".
-    HWND control(std::string_view name);
+    HWND control(std::string_view name) { return controlOf(window(), name); }
     RECT placeOf(std::string_view name);  // inside the main window
 
     std::string text(std::string_view name);
@@ -65,15 +71,20 @@ public:
     /// Presses a button and does not wait for what comes of it.
     void press(std::string_view button);
     void key(std::string_view name, WPARAM key);
+    /// The window that has the keyboard, and whether it is this control or a part of it.
+    HWND focus();
+    bool hasFocus(std::string_view name);
     bool isEnabled(std::string_view name) { return IsWindowEnabled(control(name)) != FALSE; }
     /// Waits until all that was posted so far is done.
-    void settle();
+    void settle(std::chrono::milliseconds limit = std::chrono::seconds(10));
     void sendEvent(WPARAM code);
 
     /// The parameter rows, cells joined by "|"; none for an empty grid.
     std::vector<std::string> rows(std::string_view grid, int columns = 2);
     int rowCount(std::string_view grid);
     std::string cell(std::string_view grid, int item, int column);
+    /// Where a row is, inside the grid's window.
+    POINT rowPlace(std::string_view grid, int item);
     /// Presses the mouse button on a row; beyond the last one the click falls beside the rows.
     void click(std::string_view grid, int item);
     /// A click on the first row, and the selection drawn out to the last one.
@@ -97,7 +108,6 @@ private:
     Process& process_;
     HWND window_ = nullptr;
     WPARAM settled_ = 100000;
-    form::MainForm names_;
 };
 
 }  // namespace driver

@@ -23,8 +23,10 @@ public:
     void pick(const std::string& text) { femap_->call("standinPick", text); }
     void sendEvent(int code) { femap_->call("standinSendEvent", code); }
     void dieAt(int call) { femap_->call("standinDieAt", call); }
-    /// Rejects calls until it is ended.
-    void beBusy() { femap_->call("standinBusy", 1000000); }
+    /// Rejects this many calls; without a number, calls until it is ended.
+    void beBusy(int calls = 1000000) { femap_->call("standinBusy", calls); }
+    /// "none" or "untitled".
+    void setModel(const std::string& state) { femap_->call("standinModel", state); }
     int lockCount() { return femap_->call("standinLockCount").number(); }
     int objectCount() { return femap_->call("standinObjectCount").number(); }
     std::string messages() { return femap_->call("standinMessages").text(); }

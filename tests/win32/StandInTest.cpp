@@ -148,6 +148,64 @@ TEST_F(ProductBesideFemap, FemapsEndUnloadsTheFormAndTakesThePaneBack)
     EXPECT_THAT(femap.registrations(), HasSubstr("0 " + window + " " + window + " 0 0 1 0\n"));
 }
 
+TEST_F(ProductBesideFemap, AModelThatIsClosedEndsTheFormWhenItWasTheLast)
+{
+    const int before = femap.objectCount();
+    start();
+    femap.setModel("none");
+
+    femap.sendEvent(3);
+
+    EXPECT_EQ(process->exitCode(), 0u);
+    EXPECT_TRUE(waitUntil([&] { return femap.objectCount() <= before; }));
+    EXPECT_THAT(files.log(), HasSubstr("Unloading the form"));
+}
+
+TEST_F(ProductBesideFemap, AModelThatIsClosedLeavesTheFormToTheOthers)
+{
+    start();
+    addMaterials("1", {"Ex"});
+
+    femap.sendEvent(3);
+    addMaterials("2", {"Ex"});
+
+    EXPECT_TRUE(form->isEnabled("InputsButton"));
+    EXPECT_THAT(inputs(), ElementsAre("ExAtMatl1", "ExAtMatl2"));
+}
+
+TEST_F(ProductBesideFemap, ControlsAreOnWhileFemapHasAModelOpen)
+{
+    start();
+    femap.setModel("none");
+    femap.sendEvent(2);
+    const bool isOff = waitUntil([&] { return !form->isEnabled("GenerateButton"); });
+
+    femap.setModel("untitled");
+    femap.sendEvent(2);
+
+    EXPECT_TRUE(isOff);
+    EXPECT_TRUE(waitUntil([&] { return form->isEnabled("GenerateButton"); }));
+}
+
+TEST_F(ProductBesideFemap, FemapsEndLeavesNothingBehind)
+{
+    const int before = femap.objectCount();
+    start();
+    addMaterials("1", {"Ex"});
+    femap.pick("1");
+    form->press("InputsButton");
+    form->dialog();
+    const HWND window = form->window();
+
+    femap.sendEvent(4);
+
+    EXPECT_EQ(process->exitCode(), 0u);
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_TRUE(waitUntil([&] { return femap.objectCount() <= before; }));
+    EXPECT_EQ(femap.lockCount(), 0);
+    EXPECT_THAT(files.log(), HasSubstr("Setting Main femap instance to Nothing"));
+}
+
 TEST_F(ProductBesideFemap, LeavesNoReferenceBehind)
 {
     const int before = femap.objectCount();
@@ -189,6 +247,29 @@ TEST_F(ProductBesideFemap, ADeadFemapLeavesTheRowsAndAMessage)
     form->press("ClearInputSelection");
     form->settle();
     EXPECT_THAT(inputs(), ElementsAre("ExAtMatl2"));
+    PostMessageW(form->window(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(process->exitCode(), 0u);
+}
+
+TEST_F(ProductBesideFemap, AFemapThatIsBackWakesTheForm)
+{
+    start();
+    addMaterials("1-2", {"Ex"});
+    const auto before = inputs();
+    femap.process().kill();
+    form->press("RefreshInputs");
+    waitUntil([&] { return !form->isEnabled("InputsButton"); });
+
+    StandIn again(files.folder() / "panel.neu");
+    const bool isAwake = waitUntil([&] { return form->isEnabled("InputsButton"); });
+
+    EXPECT_TRUE(isAwake);
+    EXPECT_THAT(form->text("StatusLine"), StartsWith("FEMAP is back."));
+    EXPECT_EQ(inputs(), before);
+    EXPECT_THAT(again.registrations(), Not(IsEmpty()));
+    form->press("GenerateButton");
+    form->settle();
+    EXPECT_TRUE(files.has("panelControl.txt"));
     PostMessageW(form->window(), WM_CLOSE, 0, 0);
     EXPECT_EQ(process->exitCode(), 0u);
 }

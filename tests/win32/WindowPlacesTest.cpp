@@ -24,6 +24,14 @@ TEST_F(Window, ColumnsHaveTheirWidths)
     }
 }
 
+TEST_F(Window, AFreshFormHasRoomForAllAndShowsNoScrollBars)
+{
+    form.settle();
+
+    EXPECT_FALSE(IsWindowVisible(form.control("VScroll1")));
+    EXPECT_FALSE(IsWindowVisible(form.control("HScroll1")));
+}
+
 TEST_F(Window, AWidenedColumnStaysWideWhenRowsCome)
 {
     const HWND list = form.control("InputsList");

@@ -1,0 +1,69 @@
+#!/usr/bin/env bash
+# Runs the Windows tests again and again under Wine, to find what fails now and then.
+#
+#   tools/repeat-wine-tests.sh TIMES [ctest arguments]
+#
+# Each round has a screen and a Wine folder of its own. What a failing round printed is shown and
+# kept below build/repeat. After each round no program of it may be left: one that is counts as a
+# failure, is named and ended. Stops at the first round in which no test ran at all. Ends well only
+# if every round was without fault.
+set -uo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
+build=build/windows-release
+logs=build/repeat
+times=${1-}
+if [[ ! $times =~ ^[1-9][0-9]*$ ]]; then
+    awk 'NR > 1 { if (!/^#/) exit; sub(/^# ?/, ""); print }' "${BASH_SOURCE[0]}" >&2
+    exit 2
+fi
+shift
+rm -rf -- "$logs"
+mkdir -p "$logs"
+
+# Wine's programs and screens that carry this round's mark in their environment. No other program is
+# looked at.
+leftOf()
+{
+    local folder program
+    for folder in /proc/[0-9]*; do
+        program=$(readlink "$folder/exe" 2>/dev/null) || continue
+        [[ ${program##*/} == wine* || ${program##*/} == Xvfb ]] || continue
+        if grep -qzx "VELMAR_ROUND=$1" "$folder/environ" 2>/dev/null; then
+            echo "${folder#/proc/}"
+        fi
+    done
+}
+
+good=0 bad=0
+for ((round = 1; round <= times; ++round)); do
+    log=$logs/$round.log start=$SECONDS faults=()
+    mark=$$-$round
+    VELMAR_ROUND=$mark taskset -c 0 tools/run-wine-tests.sh "$build" --no-tests=error "$@" \
+        >"$log" 2>&1 </dev/null || faults+=("ended with code $?")
+    summary=$(grep -E 'tests passed, [0-9]+ tests failed' "$log" || true)
+    [[ -n $summary ]] || faults+=("no test ran to its end")
+
+    sleep 1  # for what is about to end by itself
+    mapfile -t left < <(leftOf "$mark")
+    for pid in "${left[@]}"; do
+        faults+=("left over: $pid $(tr '\0' ' ' <"/proc/$pid/cmdline" 2>/dev/null)")
+        kill "$pid" 2>/dev/null
+    done
+
+    if ((${#faults[@]} == 0)); then
+        ((++good))
+        rm -f -- "$log"
+        echo "round $round of $times: ${summary:-} ($((SECONDS - start)) s)"
+        continue
+    fi
+    ((++bad))
+    echo "round $round of $times FAILED; all of its output: $PWD/$log"
+    printf '    %s\n' "${faults[@]}"
+    grep -E -A 8 'Failure$|\*\*\*|exception' "$log" | head -n 100
+    if [[ -z $summary ]]; then
+        echo "Stopped: what follows would tell nothing."
+        break
+    fi
+done
+echo "$good rounds without fault, $bad with; $((times - good - bad)) not run"
+((bad == 0 && good == times))
