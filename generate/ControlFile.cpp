@@ -1,6 +1,7 @@
 #include "generate/ControlFile.h"
 
 #include "app/form/FormProcedures.h"
+#include "app/form/Progress.h"
 #include "generate/ModelPath.h"
 #include "generate/ParameterRow.h"
 #include "logging/Module1.h"
@@ -94,10 +95,13 @@ void readFirstRow(Context& context, LineReader& lines, ParameterGrid& grid, std:
 
 void readRows(Context& context, LineReader& lines)
 {
+    form::Progress progress(context, "Loading the selection");
     ParameterGrid& inputs = context.form.InputsList;
     readFirstRow(context, lines, inputs, "Input");
-    for (std::string_view line = lines.next(); !line.empty(); line = lines.next())
+    for (std::string_view line = lines.next(); !line.empty(); line = lines.next()) {
         addLine(context, inputs, line, "Input");
+        progress.step();
+    }
 
     // The outputs may end with an empty line or with the file.
     ParameterGrid& outputs = context.form.OutputsList;
@@ -107,6 +111,7 @@ void readRows(Context& context, LineReader& lines)
         if (line.empty())
             break;
         addLine(context, outputs, line, "Output");
+        progress.step();
     }
 }
 

@@ -1,5 +1,6 @@
 #include "selection/LoadDefinitionInputs.h"
 
+#include "app/form/Progress.h"
 #include "femap/NumberText.h"
 #include "logging/Module1.h"
 #include "selection/EntityReading.h"
@@ -255,7 +256,7 @@ int addLoad(Context& context, const Definition& definition, MemberObject& load)
     return addComponents(context, definition, place->kind, load);
 }
 
-void addDefinition(Context& context, femap::LoadDefinition& loaded)
+void addDefinition(Context& context, femap::LoadDefinition& loaded, form::Progress& progress)
 {
     Definition definition;
     definition.title = loaded.title();
@@ -271,8 +272,10 @@ void addDefinition(Context& context, femap::LoadDefinition& loaded)
     logDebug(context.log, "Start iterating over loadDef.NextLoad");
     int rows = 0;
     loaded.ResetNextLoad();
-    while (const auto load = loaded.NextLoad())
+    while (const auto load = loaded.NextLoad()) {
         rows += addLoad(context, definition, *load);
+        progress.step();
+    }
     if (rows == 0)
         form::tellEngineer(context, "Load definition selection failed...");
 }
@@ -302,14 +305,16 @@ void selectAndAdd(Context& context)
     }
 
     logDebug(context.log, selected->count(), " Load definitions selected");
+    form::Progress progress(context, "Reading loads");
     while (const int id = selected->Next()) {
         if (definition->Get(loadSet, id) == ReturnCode::Ok)
-            addDefinition(context, *definition);
+            addDefinition(context, *definition, progress);
         else
             context.log.writeLogWithLevel(
                 context.log.LogLevel_error,
                 "FEMAP has no load definition with the ID " + std::to_string(id));
     }
+    progress.finish();
     logDebug(context.log, "Check for blank variable in Input List");
     if (removeBlankFirstRow(context.form.InputsList))
         logDebug(context.log, "Blank row found in Input List and hence deleted");

@@ -25,6 +25,11 @@ Progress::Progress(Context& context, std::string what, std::size_t total)
       nextShow_(context.system.monotonicSeconds() + quietSeconds)
 {}
 
+Progress::Progress(Context& context, std::string what) : Progress(context, std::move(what), 0)
+{
+    total_.reset();
+}
+
 Progress::~Progress()
 {
     try {
@@ -58,22 +63,29 @@ void Progress::finish()
         tryBar([&] { context_.femap().feAppStatusShow(false, percentDone); });
 }
 
+// Of the bar. Without a total it goes round, so that it is seen to move.
+int Progress::percent() const
+{
+    if (!total_)
+        return static_cast<int>(done_ / stepsBetweenLooks % percentDone);
+    const std::size_t part = *total_ == 0 ? percentDone : done_ * percentDone / *total_;
+    return static_cast<int>(std::min<std::size_t>(part, percentDone));
+}
+
 void Progress::show()
 {
-    const std::size_t part = total_ == 0 ? percentDone : done_ * percentDone / total_;
-    const int percent = static_cast<int>(std::min<std::size_t>(part, percentDone));
-
     std::string& caption = context_.form.StatusLine.Caption;
     if (caption != shownCaption_)
         captionBefore_ = caption;
-    shownCaption_ = what_ + " … " + std::to_string(percent) + " %";
+    shownCaption_ =
+        what_ + " … " + (total_ ? std::to_string(percent()) + " %" : std::to_string(done_));
     caption = shownCaption_;
     context_.host.showProgress();
 
     if (!barIsOn_ && barIsUsable_)
         barIsOn_ = tryBar([&] { context_.femap().feAppStatusShow(true, percentDone); });
     if (barIsOn_ && barIsUsable_)
-        tryBar([&] { context_.femap().feAppStatusUpdate(percent); });
+        tryBar([&] { context_.femap().feAppStatusUpdate(percent()); });
 }
 
 // A FEMAP that refuses its bar is not asked again: the walk matters more. The error stays out of

@@ -3,6 +3,7 @@
 #include "app/form/Context.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 namespace form
@@ -15,6 +16,8 @@ class Progress
 public:
     /// what: "Reading inputs". total: how many steps there will be.
     Progress(Context& context, std::string what, std::size_t total);
+    /// The same where nobody knows how many there will be: shows how many there were.
+    Progress(Context& context, std::string what);
     /// The end of a walk that an error cut short.
     ~Progress();
     Progress(const Progress&) = delete;
@@ -28,13 +31,14 @@ public:
     void finish();
 
 private:
+    int percent() const;
     void show();
     template <class Step>
     bool tryBar(Step&& step);
 
     Context& context_;
     std::string what_;
-    std::size_t total_;
+    std::optional<std::size_t> total_;
     std::size_t done_ = 0;
     std::size_t nextLook_;  // at the clock
     double nextShow_;       // in the clock's seconds

@@ -193,6 +193,19 @@ TEST_F(ProgressTest, NeverShowsMoreThanEverything)
     EXPECT_EQ(f.form.StatusLine.Caption, "Reading … 100 %");
 }
 
+TEST_F(ProgressTest, CountsWhereNobodyKnowsHowManyThereWillBe)
+{
+    Progress progress(f.context, "Reading");
+
+    walk(progress, 512, 2);
+
+    EXPECT_EQ(f.form.StatusLine.Caption, "Reading … 256");
+    walk(progress, 256 * 100, 3);
+    EXPECT_THAT(calls, ElementsAre("on", "1", "3"));
+    progress.finish();
+    EXPECT_EQ(f.form.StatusLine.Caption, "before");
+}
+
 TEST_F(ProgressTest, GoesOnWithoutABarThatFemapRefuses)
 {
     failAt("on");

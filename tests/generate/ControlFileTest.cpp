@@ -377,4 +377,18 @@ TEST_F(ControlFile, WithManyLinesOrALineOfTenMillionCharactersIsReadWithinASecon
     EXPECT_EQ(f.form.InputsList.text(1, 0), oneLine);
 }
 
+TEST_F(ControlFile, ShowsItsProgressWhenItTakesLong)
+{
+    std::string rows;
+    for (int id = 1; id <= 300; ++id)
+        rows += "xAtNode" + std::to_string(id) + "\t1\tNode\t1\tx\t\r\n";
+    f.system.monotonicSeconds = [this] { return f.seconds += 2; };
+
+    load(rows + "\r\n" + rows);
+
+    EXPECT_EQ(f.form.InputsList.Rows(), 301);
+    EXPECT_EQ(f.host.progressShown, 2);
+    EXPECT_EQ(f.form.StatusLine.Caption, "");
+}
+
 }  // namespace generate

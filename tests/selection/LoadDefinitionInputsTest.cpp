@@ -55,6 +55,20 @@ TEST_F(LoadDefinitionInputs, ElementTemperaturesGiveARowEach)
                                     "Hot_5_Temperature\t-30\tLoadETemp\t 5\t0\t0"));
 }
 
+TEST_F(LoadDefinitionInputs, ShowTheirProgressWhenTheyTakeLong)
+{
+    define(5, "Hot", LoadDataType::ElementalTemperature, 43);
+    for (int id = 1; id <= 600; ++id)
+        loads().elementTemperatures.push_back({.entityID = id, .temp = 20, .definitionID = 5});
+    f.system.monotonicSeconds = [this] { return f.seconds += 2; };
+
+    pick({5});
+
+    EXPECT_EQ(rows().size(), 600U);
+    EXPECT_EQ(f.host.progressShown, 2);
+    EXPECT_EQ(f.form.StatusLine.Caption, "");
+}
+
 TEST_F(LoadDefinitionInputs, NodalTemperaturesGiveARowEach)
 {
     define(6, "Cold", LoadDataType::NodalTemperature, 9);
