@@ -42,7 +42,13 @@ Ended Dispatch::run(std::string_view name, const std::function<void()>& procedur
     if (busy_)
         return Ended::NotStarted;
     const Busy busy(busy_);
-    const std::string where = "In " + std::string(name);
+    const Ended ended = carryOut("In " + std::string(name), procedure);
+    flushLog();
+    return ended;
+}
+
+Ended Dispatch::carryOut(const std::string& where, const std::function<void()>& procedure)
+{
     try {
         const bool endedNormally = session_.context.error.attempt(procedure);
         if (!endedNormally)
@@ -69,6 +75,14 @@ void Dispatch::insist(const std::function<void()>& step)
         return;
     error.clear();
     step();
+}
+
+// The log is read while the form is open, and most of all after the program broke down.
+void Dispatch::flushLog()
+{
+    logging::PendingError error;
+    if (!error.attempt([&] { session_.context.log.flush(); }))
+        session_.context.form.StatusLine.Caption = error.description();
 }
 
 // No error is lost without a line in the log.

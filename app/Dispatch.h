@@ -35,6 +35,8 @@ public:
     const std::string& lastFailure() const { return lastFailure_; }
 
 private:
+    Ended carryOut(const std::string& where, const std::function<void()>& procedure);
+    void flushLog();
     void insist(const std::function<void()>& step);
     void reportPending(const std::string& where);
     void showFailure(const std::string& where);

@@ -95,7 +95,7 @@ void FemapLogger::writeLoghighlighted(std::string_view msgtolog)
 void FemapLogger::flush()
 {
     if (IsInitialised())
-        file_->flush();
+        file_->drain();
 }
 
 void FemapLogger::DeinitialiseLogger()

@@ -24,7 +24,12 @@ void LineWriter::line(std::span<const std::string_view> pieces)
         buffer_ += piece;
     buffer_ += lineEnd;
     if (buffer_.size() >= pieceSize)
-        file_ = drainedFile();
+        drain();
+}
+
+void LineWriter::drain()
+{
+    file_ = drainedFile();
 }
 
 void LineWriter::flush()

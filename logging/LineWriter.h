@@ -24,6 +24,9 @@ public:
     void line(std::span<const std::string_view> pieces);
     void line(std::string_view text) { line({&text, 1}); }
 
+    /// Brings the lines so far into the file, where others can read them.
+    void drain();
+    /// The same, and onto the disk.
     void flush();
     void close();
     /// Gives up: closes the file without writing what was gathered. Never fails.

@@ -2,6 +2,7 @@
 // bulk. Prints a table in Markdown.
 
 #include "app/form/Context.h"
+#include "bench/com/FormStart.h"
 #include "com/StartedStandin.h"
 #include "fake/FormFixture.h"
 #include "fake/QueuedPropertyList.h"
@@ -214,6 +215,7 @@ void run(const std::string& script, const std::string& smallFile, const std::str
     std::cout << "| FEMAP | work | values | calls one by one | calls in bulk | times fewer | calls "
                  "for 100 000 nodes | times faster than the script | goal | met |\n"
                  "|---|---|---|---|---|---|---|---|---|---|\n";
+    std::map<std::string, double> formStart;
     for (const std::string generation : {"classic", "modern"}) {
         Results byScript;
         Results plain;
@@ -221,6 +223,7 @@ void run(const std::string& script, const std::string& smallFile, const std::str
         Results big;
         {
             StartedStandin standin("--" + generation + " --model \"" + smallFile + '"');
+            formStart[generation] = formStartSeconds("$bench.log$NOTHING");
             byScript = measureScript(script);
             plain = measureAll(standin, Reading::OneByOne, smallModel);
             bulk = measureAll(standin, Reading::InBulk, smallModel);
@@ -234,6 +237,13 @@ void run(const std::string& script, const std::string& smallFile, const std::str
         for (const char* name : {"vectors", "refresh of all"})
             printRow(generation, name, byScript, plain, bulk, big);
     }
+    const double program = programStartSeconds();
+    std::cout << "\n| Start | milliseconds | of a program that prints its version | ratio |\n"
+                 "|---|---|---|---|\n";
+    for (const auto& [generation, seconds] : formStart)
+        std::cout << "| the form beside a " << generation << " FEMAP, until it can be used | "
+                  << static_cast<int>(seconds * 1000) << " | " << static_cast<int>(program * 1000)
+                  << " | " << static_cast<int>(seconds / program * 10) / 10.0 << " |\n";
 }
 
 }  // namespace

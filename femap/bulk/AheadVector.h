@@ -49,7 +49,7 @@ private:
     /// A vector that will be read.
     struct Planned
     {
-        explicit Planned(VectorReading reading)
+        explicit Planned(VectorReading&& reading)
             : id(reading.vectorID), entities(std::move(reading.entityIDs))
         {}
 

@@ -350,5 +350,25 @@ TEST(Dispatch, ForgetsFemapAlsoWhenTheLogCannotBeWritten)
     EXPECT_EQ(f.form.StatusLine.Caption, femapIsGone);
 }
 
+TEST(Dispatch, BringsTheLogIntoItsFileAfterEachProcedure)
+{
+    StartedProgram f;
+
+    f.program.raise("ClearAll_Click");
+
+    EXPECT_EQ(f.logLines().back(), "DEBUG: Position at At end of ClearAll_Click");
+}
+
+TEST(Dispatch, TellsOnTheStatusLineThatTheLogCannotBeWritten)
+{
+    StartedProgram f;
+    f.files.failingOperation = f.files.operations + 1;
+
+    EXPECT_EQ(f.program.raise("ClearAll_Click"), Ended::Normally);
+
+    EXPECT_THAT(f.form.StatusLine.Caption, testing::HasSubstr("No space left on device"));
+    EXPECT_EQ(f.program.raise("ClearAll_Click"), Ended::Normally);
+}
+
 }  // namespace
 }  // namespace app

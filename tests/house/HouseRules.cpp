@@ -40,8 +40,8 @@ const Arrows arrows[] = {
 // Where anything of the project may be included.
 constexpr std::array<std::string_view, 2> freeFolders = {"tests", "bench"};
 
-constexpr std::array<std::string_view, 4> windowsFolders = {"app/win32", "femap/com", "tests/win32",
-                                                            "tests/com"};
+constexpr std::array<std::string_view, 5> windowsFolders = {"app/win32", "femap/com", "tests/win32",
+                                                            "tests/com", "bench/com"};
 constexpr std::array<std::string_view, 33> windowsHeaders = {
     "atlbase.h", "combaseapi.h", "comdef.h",   "commctrl.h", "commdlg.h",  "comutil.h", "dispex.h",
     "dwmapi.h",  "initguid.h",   "oaidl.h",    "objbase.h",  "objidl.h",   "ocidl.h",   "ole2.h",

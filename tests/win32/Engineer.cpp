@@ -123,8 +123,12 @@ void Engineer::waitFor(const std::string& what, const std::function<bool()>& con
 
 void Engineer::start(std::string_view argument)
 {
-    process_ = std::make_unique<Process>(programPath("../../app/win32/VelmarFemapInterface.exe"),
-                                         toWide(argument), folder_);
+    const bool isRecorded = !recording_.empty();
+    process_ = std::make_unique<Process>(
+        programPath(isRecorded ? "../../app/study/velmar-study.exe"
+                               : "../../app/win32/VelmarFemapInterface.exe"),
+        toWide((isRecorded ? "--record " + recording_ + ' ' : "") + std::string(argument)),
+        folder_);
     form_ = std::make_unique<FormDriver>(*process_);
     form_->window();
     waitFor("the form", [&] { return form_->isEnabled("InputsButton"); });

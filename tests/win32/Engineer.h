@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace driver
@@ -19,7 +20,9 @@ namespace driver
 class Engineer
 {
 public:
-    Engineer(StandIn& femap, const std::filesystem::path& folder) : femap_(femap), folder_(folder)
+    /// recording: the script into which velmar-study records the form; empty: the product itself.
+    Engineer(StandIn& femap, const std::filesystem::path& folder, std::string recording = "")
+        : femap_(femap), folder_(folder), recording_(std::move(recording))
     {}
 
     /// One line of a study script. Lines that a form has no hand for ("put", "print") do nothing.
@@ -58,6 +61,7 @@ private:
 
     StandIn& femap_;
     const std::filesystem::path& folder_;
+    const std::string recording_;
     std::unique_ptr<Process> process_;
     std::unique_ptr<FormDriver> form_;
     Hand hand_;

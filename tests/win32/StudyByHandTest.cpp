@@ -47,16 +47,21 @@ protected:
             for (const std::string& line : lines())
                 script << line << '\n';
         }
+        return replay(L"script.study");
+    }
+
+    Contents replay(const std::wstring& script)
+    {
         Process study(driver::programPath("../../app/study/velmar-study.exe"),
-                      L"--quiet --femap=embedded script.study", files.folder());
+                      L"--quiet --femap=embedded " + script, files.folder());
         EXPECT_EQ(study.exitCode(), 0U);
         return takeFiles();
     }
 
-    Contents doByHand()
+    Contents doByHand(const std::string& recording = "")
     {
         StandIn femap(files.folder() / "panel.neu");
-        Engineer engineer(femap, files.folder());
+        Engineer engineer(femap, files.folder(), recording);
         for (const std::string& line : lines())
             engineer.perform(line);
         EXPECT_EQ(engineer.close(), 0U);
@@ -67,7 +72,7 @@ protected:
     Contents takeFiles() const
     {
         Contents result;
-        const std::vector<std::string> own = {"panel.neu", "script.study"};
+        const std::vector<std::string> own = {"panel.neu", "script.study", "session.study"};
         for (const auto& entry : std::filesystem::recursive_directory_iterator(files.folder())) {
             const std::string name = entry.path().filename().string();
             if (!entry.is_regular_file() || std::ranges::find(own, name) != own.end())
@@ -118,12 +123,8 @@ std::string_view fromFirstDifference(const std::string& text, const std::string&
     return std::string_view(text).substr(before.rfind('\n') + 1);
 }
 
-TEST_P(StudyByHand, LeavesTheFilesAndTheLogOfTheReplay)
+void expectTheSame(Contents& byHand, Contents& replayed)
 {
-    Contents replayed = replay();
-
-    Contents byHand = doByHand();
-
     EXPECT_GT(replayed.size(), 8U);
     ASSERT_EQ(byHand.size(), replayed.size());
     for (auto& [name, content] : replayed) {
@@ -137,6 +138,24 @@ TEST_P(StudyByHand, LeavesTheFilesAndTheLogOfTheReplay)
                   fromFirstDifference(content, other).substr(0, 1000))
             << name;
     }
+}
+
+TEST_P(StudyByHand, LeavesTheFilesAndTheLogOfTheReplay)
+{
+    Contents replayed = replay();
+
+    Contents byHand = doByHand();
+
+    expectTheSame(byHand, replayed);
+}
+
+TEST_P(StudyByHand, IsRecordedAsAScriptThatLeavesTheSameFilesAndLog)
+{
+    Contents byHand = doByHand("session.study");
+
+    Contents replayed = replay(L"session.study");
+
+    expectTheSame(byHand, replayed);
 }
 
 }  // namespace
