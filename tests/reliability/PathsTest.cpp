@@ -174,8 +174,8 @@ TEST(Apply, SaysThatTheFolderIsGone)
 #ifdef _WIN32
 TEST(APathOnWindows, MayHaveEitherSlashAndAnyBeginning)
 {
-    EXPECT_EQ(splitModelPath("C:/work/a b/beam.mod").folder, "C:/work/a b/");
-    EXPECT_EQ(splitModelPath("C:/work/a b/beam.mod").name, "beam");
+    EXPECT_EQ(splitModelPath("C:/models/a b/beam.mod").folder, "C:/models/a b/");
+    EXPECT_EQ(splitModelPath("C:/models/a b/beam.mod").name, "beam");
     EXPECT_EQ(splitModelPath("C:\\work/v1.2\\beam.mod").folder, "C:\\work/v1.2\\");
     EXPECT_EQ(splitModelPath("\\\\server\\share\\beam.mod").folder, "\\\\server\\share\\");
     EXPECT_EQ(splitModelPath("\\\\?\\C:\\work\\beam.mod").folder, "\\\\?\\C:\\work\\");
@@ -216,8 +216,8 @@ TEST(Apply, SaysWhyAShareCannotBeReached)
 #else
 TEST(APathElsewhere, MayHaveBackslashesInItsNames)
 {
-    EXPECT_EQ(splitModelPath("/work/a\\b.mod").folder, "/work/");
-    EXPECT_EQ(splitModelPath("/work/a\\b.mod").name, "a\\b");
+    EXPECT_EQ(splitModelPath("/models/a\\b.mod").folder, "/models/");
+    EXPECT_EQ(splitModelPath("/models/a\\b.mod").name, "a\\b");
 }
 #endif
 
