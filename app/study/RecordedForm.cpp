@@ -1,9 +1,7 @@
+#include "app/study/Platform.h"
 #include "app/study/Recorder.h"
-#include "app/study/RunningFemap.h"
 #include "app/win32/MainWindow.h"
-#include "femap/com/Apartment.h"
-#include "femap/com/BusyFilter.h"
-#include "femap/com/ComApplication.h"
+#include "femap/com/WayToFemap.h"
 #include "logging/RuntimeError.h"
 
 namespace study
@@ -17,15 +15,12 @@ void record(const std::string& script, const std::string& arguments)
     using logging::ErrorNumber;
     using logging::RuntimeError;
 
-    const femap::com::Apartment apartment;
-    const auto patience = std::make_shared<femap::com::Patience>();
-    const femap::com::BusyFilter filter(*patience);
+    femap::com::WayToFemap femap(nullptr);
     logging::System system = platformSystem();
-    femap::com::ComConnector femap(nullptr, patience);
     Recorder recorder(system.files, script, arguments);
     RecordedConnector connector(femap, recorder);
     win32::MainWindow window(connector, system);
-    patience->report = [&window](const std::string& text) { window.showStatus(text); };
+    femap.reportTo([&window](const std::string& text) { window.showStatus(text); });
     recorder.follow(window.form());
     window.watch(recorder);
     if (!window.open(arguments))

@@ -24,7 +24,7 @@ struct Surroundings
     /// The way to a FEMAP that runs on this machine, with its selection dialogs answered. Empty
     /// where there can be none.
     std::function<std::unique_ptr<femap::Connector>(femap::SelectionDialogs&)> runningFemap;
-    /// Shows the form and records it into a script; see RunningFemap.h. Empty where there is none.
+    /// Shows the form and records it into a script; see Platform.h. Empty where there is none.
     std::function<void(const std::string& script, const std::string& arguments)> recordedForm = {};
     /// Standard error is a terminal that understands colours.
     bool showsColours = false;

@@ -1,4 +1,4 @@
-#include "app/study/RunningFemap.h"
+#include "app/study/Platform.h"
 #include "app/study/StudyProgram.h"
 
 #include <cstdio>

@@ -1,8 +1,6 @@
 #include "app/win32/MainWindow.h"
-#include "femap/com/Apartment.h"
-#include "femap/com/BusyFilter.h"
-#include "femap/com/ComApplication.h"
 #include "femap/com/Text.h"
+#include "femap/com/WayToFemap.h"
 #include "femap/com/WindowsSystem.h"
 
 #include <windows.h>
@@ -29,13 +27,10 @@ std::string argumentString()
 
 int runForm(int showCommand)
 {
-    const femap::com::Apartment apartment;
-    const auto patience = std::make_shared<femap::com::Patience>();
-    const femap::com::BusyFilter filter(*patience);
+    femap::com::WayToFemap femap(nullptr);
     logging::System system = femap::com::windowsSystem();
-    femap::com::ComConnector connector(nullptr, patience);
-    win32::MainWindow window(connector, system);
-    patience->report = [&window](const std::string& text) { window.showStatus(text); };
+    win32::MainWindow window(femap, system);
+    femap.reportTo([&window](const std::string& text) { window.showStatus(text); });
     if (!window.open(argumentString(), showCommand))
         return EXIT_FAILURE;
     return window.run();

@@ -1,4 +1,4 @@
-#include "app/study/RunningFemap.h"
+#include "app/study/Platform.h"
 
 #include <unistd.h>
 
