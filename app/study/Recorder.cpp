@@ -2,11 +2,12 @@
 
 #include "app/Bindings.h"
 #include "app/form/FormProcedures.h"
+#include "app/study/NamedGrids.h"
 #include "app/study/StudyScript.h"
 #include "logging/RuntimeError.h"
 
 #include <algorithm>
-#include <array>
+#include <string_view>
 
 namespace study
 {
@@ -20,22 +21,11 @@ namespace
 constexpr std::string_view clicked = "_Click";
 constexpr std::string_view pressedKey = "_KeyDown";
 
-struct Grid
-{
-    std::string_view name;
-    const ParameterGrid MainForm::*grid;
-};
-
-constexpr std::array<Grid, 2> grids = {{
-    {"InputsList", &MainForm::InputsList},
-    {"OutputsList", &MainForm::OutputsList},
-}};
-
 // The rows that are selected, for whatever is done with them.
 std::string selections(const MainForm& form)
 {
     std::string lines;
-    for (const Grid& each : grids) {
+    for (const NamedGrid& each : namedGrids) {
         const ParameterGrid& grid = form.*each.grid;
         const auto [first, last] = std::minmax(grid.Row, grid.RowSel);
         if (first >= 1 && last < grid.Rows() && (grid.Rows() > 2 || !grid.text(1, 0).empty()))
@@ -67,21 +57,6 @@ std::string lineOf(const app::Action& action, const MainForm& form)
     const auto isBox = [&](const auto& each) { return each.name == control; };
     const bool isControl = std::ranges::any_of(form.controls(), isBox);
     return isControl && event.ends_with(clicked) ? "click " + control : "";
-}
-
-// Such as "1-20 31"; they ascend.
-std::string rangesText(const std::vector<int>& ids)
-{
-    std::string result;
-    for (std::size_t i = 0; i < ids.size(); ++i) {
-        const std::size_t first = i;
-        while (i + 1 < ids.size() && ids[i + 1] == ids[i] + 1)
-            ++i;
-        result += (result.empty() ? "" : " ") + std::to_string(ids[first]);
-        if (i > first)
-            result += '-' + std::to_string(ids[i]);
-    }
-    return result;
 }
 
 // The words of a script for how FEMAP's dialogs may end.

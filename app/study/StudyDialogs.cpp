@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <string_view>
 
 namespace study
 {
@@ -29,25 +28,6 @@ std::string quoted(const std::string& text)
     return '"' + text + '"';
 }
 
-// Such as "1-20 31 40-42".
-std::string rangesText(const std::vector<int>& ids)
-{
-    std::string result;
-    std::size_t ranges = 0;
-    for (std::size_t i = 0; i < ids.size(); ++ranges) {
-        if (ranges == mostNamed)
-            return result + " …";
-        std::size_t last = i;
-        while (last + 1 < ids.size() && ids[last + 1] == ids[last] + 1)
-            ++last;
-        result += (ranges == 0 ? "" : " ") + std::to_string(ids[i]);
-        if (last > i)
-            result += '-' + std::to_string(ids[last]);
-        i = last + 1;
-    }
-    return result;
-}
-
 std::string itemsText(const MultiSelectList& list)
 {
     std::string result;
@@ -70,7 +50,7 @@ std::vector<int> pickedIds(const Pick& pick, const std::string& title,
             if (place == available.end() || *place != id)
                 throw ScriptError(pick.line, "FEMAP's dialog " + quoted(title) +
                                                  " does not offer the ID " + std::to_string(id) +
-                                                 "; it offers " + rangesText(available));
+                                                 "; it offers " + rangesText(available, mostNamed));
             ids.push_back(id);
             if (id == range.last)
                 break;
@@ -146,7 +126,8 @@ femap::Selection StudyDialogs::answer(femap::EntityType /*type*/, const std::str
         return {ReturnCode::NotExist, {}};
     if (onlyOne && ids.size() > 1)
         throw ScriptError(pick.line, "FEMAP's dialog " + quoted(title) +
-                                         " takes one ID; it offers " + rangesText(available));
+                                         " takes one ID; it offers " +
+                                         rangesText(available, mostNamed));
     return {ReturnCode::Ok, ids};
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/StartUp.h"
 #include "app/study/ModelChange.h"
+#include "app/study/NamedGrids.h"
 #include "femap/NumberText.h"
 
 #include <algorithm>
@@ -54,17 +55,6 @@ constexpr Button buttons[] = {
     {"InputsButton"},  {"RefreshInputs"},  {"ClearInputSelection"},
     {"OutputsButton"}, {"RefreshOutputs"}, {"ClearOutputSelection"},
     {"ClearAll"},      {"GenerateButton"},
-};
-
-struct Grid
-{
-    std::string_view name;
-    ParameterGrid MainForm::*grid;
-};
-
-constexpr Grid grids[] = {
-    {"InputsList", &MainForm::InputsList},
-    {"OutputsList", &MainForm::OutputsList},
 };
 
 struct Box
@@ -245,7 +235,7 @@ void StudyRunner::select(const ScriptLine& line)
     std::string_view rest = line.argument;
     const std::string name = takeWord(rest);
     ParameterGrid& grid =
-        program_.form().*rowNamed(grids, name, "is no grid; the grids are", line).grid;
+        program_.form().*rowNamed(namedGrids, name, "is no grid; the grids are", line).grid;
     requireEnabled(name, line);
     const auto takeRow = [&] {
         const int row = numberIn(takeWord(rest), "a row", line);
@@ -267,7 +257,7 @@ void StudyRunner::key(const ScriptLine& line)
 {
     std::string_view rest = line.argument;
     const std::string name = takeWord(rest);
-    rowNamed(grids, name, "is no grid; the grids are", line);
+    rowNamed(namedGrids, name, "is no grid; the grids are", line);
     requireEnabled(name, line);
     const int code = numberIn(std::string(rest), "a key code", line);
     checkEnd(program_.raise(name + "_KeyDown", code), line);

@@ -3,8 +3,8 @@
 #include "femap/NumberText.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <iterator>
+#include <utility>
 
 namespace study
 {
@@ -152,6 +152,24 @@ std::string takeWord(std::string_view& text)
     std::string word(text.substr(0, end));
     text = trimmed(text.substr(end));
     return word;
+}
+
+std::string rangesText(const std::vector<int>& ids, std::size_t mostRanges)
+{
+    std::string result;
+    std::size_t ranges = 0;
+    for (std::size_t i = 0; i < ids.size(); ++ranges) {
+        if (ranges == mostRanges)
+            return result + " …";
+        std::size_t last = i;
+        while (last + 1 < ids.size() && ids[last + 1] == ids[last] + 1)
+            ++last;
+        result += (ranges == 0 ? "" : " ") + std::to_string(ids[i]);
+        if (last > i)
+            result += '-' + std::to_string(ids[last]);
+        i = last + 1;
+    }
+    return result;
 }
 
 Pick parsePick(const ScriptLine& line)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <limits>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -94,6 +96,11 @@ struct Choice
     Kind kind = Kind::Items;
     std::vector<std::string> items;
 };
+
+/// Ascending IDs as pick takes them, such as "1-20 31". "…" stands for what goes beyond so many
+/// ranges.
+std::string rangesText(const std::vector<int>& ids,
+                       std::size_t mostRanges = std::numeric_limits<std::size_t>::max());
 
 // Both raise ScriptError when the argument is no such answer.
 Pick parsePick(const ScriptLine& line);
