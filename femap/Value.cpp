@@ -34,4 +34,16 @@ std::string withoutControlCharacters(std::string text)
     return text;
 }
 
+std::string_view firstCharacters(std::string_view text, std::size_t count)
+{
+    const auto continuesCharacter = [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+    };
+    std::size_t end = 0;
+    for (; end < text.size(); ++end)
+        if (!continuesCharacter(text[end]) && count-- == 0)
+            break;
+    return text.substr(0, end);
+}
+
 }  // namespace femap

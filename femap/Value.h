@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <variant>
 
 namespace femap
@@ -17,5 +19,8 @@ std::string toText(const Value& value);
 
 /// Text as FEMAP's titles are read: each control character becomes a blank.
 std::string withoutControlCharacters(std::string text);
+
+/// The first so many characters of a UTF-8 text; a character is never split.
+std::string_view firstCharacters(std::string_view text, std::size_t count);
 
 }  // namespace femap

@@ -22,7 +22,7 @@ constexpr std::size_t longestField = 15;  // characters in front of "At", commas
 // The name of a variable up to the ID.
 std::string nameStart(std::string_view field, std::string_view prefix)
 {
-    std::string name(firstCharacters(without(field, " -/"), longestField));
+    std::string name(femap::firstCharacters(without(field, " -/"), longestField));
     name.append("At").append(prefix);
     return without(name, ",");  // sic: only after the cut, so a comma costs a character
 }

@@ -84,7 +84,7 @@ void addExtremes(form::Context& context, femap::OutputVector& vector, const std:
     const std::string id = std::to_string(vector.ID());
     for (const Extreme& extreme : extremes) {
         FreshRow row;
-        row.name.assign(firstCharacters(title, titleOfExtreme));
+        row.name.assign(femap::firstCharacters(title, titleOfExtreme));
         row.name.append(extreme.suffix).append(entityWord).append(id);
         row.keys.assign(id).append("\t").append(id).append("\t").append(extreme.tag);
         addRow(context, row, extreme.listName, [&] { return (vector.*extreme.read)(); });
@@ -152,7 +152,7 @@ private:
     void addValues(const std::vector<int>& ids, form::Progress& progress)
     {
         const std::string vectorID = std::to_string(vector_->ID());
-        std::string nameStart(firstCharacters(shortTitle(*vector_), titleOfValue));
+        std::string nameStart(femap::firstCharacters(shortTitle(*vector_), titleOfValue));
         nameStart.append(vectorID).append("At").append(entityWord_);
         const std::string keysEnd = '\t' + vectorID + "\tOutput";
 

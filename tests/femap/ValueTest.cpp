@@ -6,6 +6,7 @@
 #include <limits>
 #include <string>
 
+using femap::firstCharacters;
 using femap::toText;
 using femap::Value;
 using femap::withoutControlCharacters;
@@ -60,6 +61,23 @@ TEST(WithoutControlCharacters, LeavesCharactersOutsideAsciiAlone)
 {
     EXPECT_EQ(withoutControlCharacters("Träger Ø12 梁 €"), "Träger Ø12 梁 €");
     EXPECT_EQ(withoutControlCharacters(""), "");
+}
+
+TEST(FirstCharacters, CutAfterSoManyCharacters)
+{
+    EXPECT_EQ(firstCharacters("abcdef", 4), "abcd");
+    EXPECT_EQ(firstCharacters("abcd", 4), "abcd");
+    EXPECT_EQ(firstCharacters("abc", 4), "abc");
+    EXPECT_EQ(firstCharacters("abc", 0), "");
+    EXPECT_EQ(firstCharacters("", 4), "");
+}
+
+TEST(FirstCharacters, NeverSplitACharacter)
+{
+    EXPECT_EQ(firstCharacters("Träger Ø12", 3), "Trä");
+    EXPECT_EQ(firstCharacters("Träger Ø12", 8), "Träger Ø");
+    EXPECT_EQ(firstCharacters("€uro", 1), "€");
+    EXPECT_EQ(firstCharacters("😀😀", 1), "😀");
 }
 
 }  // namespace

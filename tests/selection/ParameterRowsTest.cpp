@@ -15,23 +15,6 @@ TEST(Without, RemovesEveryOneOfTheCharacters)
     EXPECT_EQ(without(" - ", " -/"), "");
 }
 
-TEST(FirstCharacters, CutAfterSoManyCharacters)
-{
-    EXPECT_EQ(firstCharacters("abcdef", 4), "abcd");
-    EXPECT_EQ(firstCharacters("abcd", 4), "abcd");
-    EXPECT_EQ(firstCharacters("abc", 4), "abc");
-    EXPECT_EQ(firstCharacters("abc", 0), "");
-    EXPECT_EQ(firstCharacters("", 4), "");
-}
-
-TEST(FirstCharacters, NeverSplitACharacter)
-{
-    EXPECT_EQ(firstCharacters("Träger Ø12", 3), "Trä");
-    EXPECT_EQ(firstCharacters("Träger Ø12", 8), "Träger Ø");
-    EXPECT_EQ(firstCharacters("€uro", 1), "€");
-    EXPECT_EQ(firstCharacters("😀😀", 1), "😀");
-}
-
 TEST(RemoveBlankFirstRow, RemovesTheRowOfAnEmptyGridOnceThereAreOthers)
 {
     form::ParameterGrid grid(5);
