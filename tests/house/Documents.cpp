@@ -1,6 +1,5 @@
 #include "Documents.h"
 
-#include <algorithm>
 #include <cctype>
 #include <fstream>
 #include <iterator>
@@ -13,14 +12,6 @@ namespace house
 
 namespace
 {
-
-std::string contentOf(const std::string& file)
-{
-    std::ifstream in(std::string(SOURCE_FOLDER) + "/" + file, std::ios::binary);
-    if (!in)
-        throw std::runtime_error(file + " cannot be read");
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 // Blocks between fences, indented blocks and what stands in back-ticks.
 std::string withoutCode(const std::string& text)
@@ -52,6 +43,14 @@ std::string markOf(const std::string& heading)
 }
 
 }  // namespace
+
+std::string contentOf(const std::string& file)
+{
+    std::ifstream in(std::string(SOURCE_FOLDER) + "/" + file, std::ios::binary);
+    if (!in)
+        throw std::runtime_error(file + " cannot be read");
+    return {std::istreambuf_iterator<char>(in), {}};
+}
 
 Document::Document(const std::string& file) : text_(contentOf(file)) {}
 

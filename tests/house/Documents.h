@@ -6,6 +6,10 @@
 namespace house
 {
 
+/// A file's bytes. file: from the project's folder. Raises std::runtime_error when it cannot be
+/// read.
+std::string contentOf(const std::string& file);
+
 /// A page of the documentation.
 class Document
 {

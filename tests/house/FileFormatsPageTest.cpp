@@ -1,3 +1,4 @@
+#include "Documents.h"
 #include "logging/CodePage.h"
 
 #include <gmock/gmock.h>
@@ -5,8 +6,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -14,6 +13,8 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+using house::contentOf;
 
 // tools/make-file-formats.py writes the page; here the same is made by other means.
 
@@ -24,18 +25,9 @@ namespace fs = std::filesystem;
 
 using Lines = std::vector<std::string>;
 
-const fs::path project(SOURCE_FOLDER);
-const fs::path golden = project / "tests" / "golden";
-const fs::path page = project / "docs" / "file-formats.md";
+const std::string golden = "tests/golden/";
+const std::string page = "docs/file-formats.md";
 const std::regex slotForm(R"(\{\{golden (\S+)(?: ([\d,-]+))?( blanks)?\}\})");
-
-std::string bytesOf(const fs::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    if (!in)
-        throw std::runtime_error(file.string() + " cannot be read");
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 Lines linesOf(const std::string& text, std::string_view lineEnd)
 {
@@ -86,7 +78,7 @@ Lines chosen(const Lines& lines, const std::string& ranges)
 
 Lines linesOfSlot(const std::smatch& slot)
 {
-    Lines lines = linesOf(logging::windows1252().decode(bytesOf(golden / slot[1].str())), "\r\n");
+    Lines lines = linesOf(logging::windows1252().decode(contentOf(golden + slot[1].str())), "\r\n");
     for (std::string& line : lines)
         line = visible(line, slot[3].matched);
     return slot[2].matched ? chosen(lines, slot[2]) : lines;
@@ -94,7 +86,7 @@ Lines linesOfSlot(const std::smatch& slot)
 
 Lines templateLines()
 {
-    return linesOf(bytesOf(project / "docs" / "file-formats.template.md"), "\n");
+    return linesOf(contentOf("docs/file-formats.template.md"), "\n");
 }
 
 TEST(FileFormatsPage, ShowsWhatTheGoldenFilesHold)
@@ -112,7 +104,7 @@ TEST(FileFormatsPage, ShowsWhatTheGoldenFilesHold)
         expected += "```\n";
     }
 
-    const std::string actual = bytesOf(page);
+    const std::string actual = contentOf(page);
 
     EXPECT_EQ(actual, expected) << "Run tools/make-file-formats.py.";
 }
@@ -129,7 +121,8 @@ TEST(FileFormatsPage, HasAnExampleOfEveryKindOfFile)
     for (const std::string& name : shown)
         shownModels += name + "\n";
 
-    for (const auto& entry : fs::recursive_directory_iterator(golden / "example")) {
+    for (const auto& entry :
+         fs::recursive_directory_iterator(fs::path(SOURCE_FOLDER) / golden / "example")) {
         if (!entry.is_regular_file())
             continue;
         std::string name = entry.path().filename().string();
@@ -143,7 +136,7 @@ TEST(FileFormatsPage, HasAnExampleOfEveryKindOfFile)
 
 TEST(FileFormatsPage, LeavesNoSlotAsItIs)
 {
-    EXPECT_THAT(bytesOf(page), testing::Not(testing::HasSubstr("{{")));
+    EXPECT_THAT(contentOf(page), testing::Not(testing::HasSubstr("{{")));
 }
 
 }  // namespace

@@ -156,7 +156,7 @@ TEST(TheGuide, NamesEveryFileThatIsWritten)
 TEST(TheGuide, QuotesOnlyMessagesAndWordsOfTheProgram)
 {
     std::string sources;
-    for (const house::SourceFile& file : house::readSources(SOURCE_FOLDER))
+    for (const house::SourceFile& file : house::sources())
         if (file.isCode() && !file.path.starts_with("tests/"))
             for (const std::string& line : file.lines)
                 sources += line + "\n";

@@ -12,31 +12,6 @@ namespace house
 namespace
 {
 
-struct Arrows
-{
-    std::string_view folder;
-    std::vector<std::string_view> mayInclude;  // besides itself
-};
-
-// clang-format off
-const Arrows arrows[] = {
-    {"logging",        {}},
-    {"femap",          {"logging"}},
-    {"femap/bulk",     {"femap", "logging"}},
-    {"femap/embedded", {"femap", "logging"}},
-    {"femap/com",      {"femap/bulk", "femap", "logging"}},
-    {"femap/com/standin", {"femap/com", "femap/embedded", "femap", "logging"}},
-    {"app/form",       {"femap", "logging"}},
-    {"selection",      {"app/form", "femap", "logging"}},
-    {"generate",       {"app/form", "femap", "logging"}},
-    {"app",            {"selection", "generate", "app/form", "femap", "logging"}},
-    {"app/study",      {"app", "app/win32", "femap/embedded", "femap/com",
-                        "selection", "generate", "app/form", "femap", "logging"}},
-    {"app/win32",      {"app", "femap/embedded", "femap/com",
-                        "selection", "generate", "app/form", "femap", "logging"}},
-};
-// clang-format on
-
 // Where anything of the project may be included.
 constexpr std::array<std::string_view, 2> freeFolders = {"tests", "bench"};
 
@@ -122,16 +97,29 @@ std::size_t columnsOf(const std::string& line)
 
 }  // namespace
 
-std::vector<std::string> includesAgainstTheArrows(const SourceFile& file)
+bool isFree(const std::string& folder)
+{
+    return isBelowAny(folder, freeFolders);
+}
+
+std::vector<std::string> includedFolders(const SourceFile& file)
+{
+    std::vector<std::string> folders;
+    for (const std::string& line : file.lines) {
+        const std::optional<Include> include = includeIn(line);
+        if (include && include->opening == '"' && !folderOf(include->path).empty())
+            folders.push_back(folderOf(include->path));
+    }
+    return folders;
+}
+
+std::vector<std::string> includesAgainstTheArrows(const SourceFile& file, const Diagram& diagram)
 {
     std::vector<std::string> broken;
     const std::string folder = file.folder();
-    if (!file.isCode() || isBelowAny(folder, freeFolders))
+    if (!file.isCode() || isFree(folder))
         return broken;
-    const auto* const row =
-        std::find_if(std::begin(arrows), std::end(arrows),
-                     [&](const Arrows& candidate) { return candidate.folder == folder; });
-    if (row == std::end(arrows))
+    if (!diagram.has(folder))
         return {at(file, 0, "the folder has no place among the arrows")};
 
     for (std::size_t i = 0; i < file.lines.size(); ++i) {
@@ -139,9 +127,7 @@ std::vector<std::string> includesAgainstTheArrows(const SourceFile& file)
         if (!include || include->opening != '"')
             continue;
         const std::string target = folderOf(include->path);
-        const auto& allowed = row->mayInclude;
-        if (!target.empty() && target != folder &&
-            std::find(allowed.begin(), allowed.end(), target) == allowed.end())
+        if (!target.empty() && target != folder && !diagram.leads(folder, target))
             broken.push_back(at(file, i, folder + " must not include " + include->path));
     }
     return broken;

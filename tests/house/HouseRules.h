@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Diagram.h"
 #include "SourceTree.h"
 
 #include <string>
@@ -10,12 +11,17 @@ namespace house
 
 // Each rule lists where a file breaks it, as "path:line: what is wrong".
 
-/// Folders depend on each other only along the arrows of docs/architecture.md.
-std::vector<std::string> includesAgainstTheArrows(const SourceFile& file);
+/// Folders depend on each other only along the arrows.
+std::vector<std::string> includesAgainstTheArrows(const SourceFile& file, const Diagram& diagram);
 /// Windows is reached only where it has its place.
 std::vector<std::string> windowsHeadersOutOfPlace(const SourceFile& file);
 /// 400 lines a file, 100 columns a line; tables and text that is shown as it will be written may be
 /// wider.
 std::vector<std::string> tooLong(const SourceFile& file);
+
+/// A folder in which anything of the project may be included: tests and benchmarks.
+bool isFree(const std::string& folder);
+/// Where the headers lie that a file includes by their folder, once for each.
+std::vector<std::string> includedFolders(const SourceFile& file);
 
 }  // namespace house

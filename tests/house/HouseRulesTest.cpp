@@ -33,6 +33,12 @@ std::vector<std::string> brokenAnywhere(Rule rule)
     return broken;
 }
 
+const house::Diagram& architecture()
+{
+    static const house::Diagram drawn = house::Diagram::ofPage("docs/architecture.md");
+    return drawn;
+}
+
 TEST(HouseRules, SeeTheWholeProject)
 {
     const auto sees = [](const std::string& path) {
@@ -50,7 +56,10 @@ TEST(HouseRules, SeeTheWholeProject)
 
 TEST(EveryFolder, IncludesOnlyAlongTheArrows)
 {
-    EXPECT_THAT(brokenAnywhere(includesAgainstTheArrows), IsEmpty());
+    EXPECT_THAT(brokenAnywhere([](const SourceFile& file) {
+                    return includesAgainstTheArrows(file, architecture());
+                }),
+                IsEmpty());
 }
 
 TEST(EveryFolder, LeavesWindowsToTheFoldersMadeForIt)
@@ -66,11 +75,13 @@ TEST(EverySourceFile, KeepsWithinItsLengthAndWidth)
 TEST(IncludesAgainstTheArrows, AreFoundInEveryDirection)
 {
     const auto broken = [](const std::string& path, const std::string& header) {
-        return !includesAgainstTheArrows({path, {"#include \"" + header + "\""}}).empty();
+        return !includesAgainstTheArrows({path, {"#include \"" + header + "\""}}, architecture())
+                    .empty();
     };
 
     EXPECT_TRUE(broken("logging/A.cpp", "femap/Value.h"));
     EXPECT_TRUE(broken("femap/A.cpp", "femap/embedded/Host.h"));
+    EXPECT_TRUE(broken("femap/A.cpp", "logging/System.h"));
     EXPECT_TRUE(broken("femap/A.h", "app/form/MainForm.h"));
     EXPECT_TRUE(broken("selection/A.cpp", "generate/ControlFile.h"));
     EXPECT_TRUE(broken("generate/A.cpp", "selection/InputList.h"));
@@ -81,7 +92,7 @@ TEST(IncludesAgainstTheArrows, AreFoundInEveryDirection)
     EXPECT_TRUE(broken("app/study/A.cpp", "tests/fake/FormFixture.h"));
     EXPECT_TRUE(broken("util/A.cpp", "femap/Value.h"));
 
-    EXPECT_FALSE(broken("femap/A.cpp", "logging/System.h"));
+    EXPECT_FALSE(broken("femap/embedded/A.cpp", "logging/System.h"));
     EXPECT_FALSE(broken("femap/com/A.cpp", "femap/com/Dispatch.h"));
     EXPECT_FALSE(broken("app/A.cpp", "selection/InputList.h"));
     EXPECT_FALSE(broken("app/study/A.cpp", "femap/embedded/Host.h"));
@@ -94,7 +105,7 @@ TEST(IncludesAgainstTheArrows, AreNamedWithTheirLine)
     const SourceFile file = {"logging/A.cpp",
                              {"#include <string>", "", "  #  include \"femap/Value.h\" // why"}};
 
-    EXPECT_THAT(includesAgainstTheArrows(file),
+    EXPECT_THAT(includesAgainstTheArrows(file, architecture()),
                 ElementsAre("logging/A.cpp:3: logging must not include femap/Value.h"));
 }
 

@@ -43,7 +43,7 @@ TEST(EveryPage, LeadsOnlyToWhatIsThere)
 {
     std::vector<std::string> problems;
     int links = 0;
-    for (const house::SourceFile& page : house::readSources(SOURCE_FOLDER)) {
+    for (const house::SourceFile& page : house::sources()) {
         if (!page.path.ends_with(".md"))
             continue;
         for (const std::string& target : Document(page.path).targets()) {
@@ -77,7 +77,7 @@ TEST(EveryPageOfTheDocumentation, IsReachedFromTheReadme)
         }
     }
 
-    for (const house::SourceFile& page : house::readSources(SOURCE_FOLDER))
+    for (const house::SourceFile& page : house::sources())
         if (page.path.starts_with("docs/") && page.path.ends_with(".md") &&
             !page.path.ends_with(".template.md")) {
             EXPECT_THAT(reached, testing::Contains(page.path));

@@ -13,17 +13,12 @@ using house::messagePartsIn;
 using house::messagesOf;
 using house::partsOf;
 using house::SourceFile;
+using house::sources;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace
 {
-
-const std::vector<SourceFile>& sources()
-{
-    static const std::vector<SourceFile> all = house::readSources(SOURCE_FOLDER);
-    return all;
-}
 
 bool isProduct(const SourceFile& file)
 {

@@ -75,4 +75,10 @@ std::vector<SourceFile> readSources(const std::string& projectFolder)
     return sources;
 }
 
+const std::vector<SourceFile>& sources()
+{
+    static const std::vector<SourceFile> all = readSources(SOURCE_FOLDER);
+    return all;
+}
+
 }  // namespace house

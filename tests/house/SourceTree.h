@@ -20,5 +20,7 @@ struct SourceFile
 
 /// Every text file below the folder but what is built, generated or test data.
 std::vector<SourceFile> readSources(const std::string& projectFolder);
+/// Those of this project, read once.
+const std::vector<SourceFile>& sources();
 
 }  // namespace house

@@ -1,0 +1,73 @@
+#include "Diagram.h"
+#include "HouseRules.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+using house::Diagram;
+using house::SourceFile;
+using testing::Pair;
+
+namespace
+{
+
+const std::string page = "docs/architecture.md";
+
+TEST(TheDiagram, DrawsEveryFolderOfTheProduct)
+{
+    const Diagram diagram = Diagram::ofPage(page);
+    std::set<std::string> folders;
+    for (const SourceFile& file : house::sources())
+        if (file.isCode() && !house::isFree(file.folder()))
+            folders.insert(file.folder());
+    std::set<std::string> drawn;
+    for (const auto& [folder, targets] : diagram.arrows())
+        drawn.insert(folder);
+
+    EXPECT_THAT(drawn, testing::ContainerEq(folders));
+}
+
+TEST(TheDiagram, HasOnlyArrowsThatAnIncludeTakes)
+{
+    const Diagram diagram = Diagram::ofPage(page);
+    std::set<std::pair<std::string, std::string>> taken;
+    for (const SourceFile& file : house::sources())
+        for (const std::string& target : house::includedFolders(file))
+            taken.emplace(file.folder(), target);
+
+    for (const auto& [from, targets] : diagram.arrows())
+        for (const std::string& to : targets)
+            EXPECT_THAT(taken, testing::Contains(Pair(from, to)));
+}
+
+TEST(ADiagram, LeadsAlongItsArrowsOnly)
+{
+    const Diagram diagram(
+        "flowchart TD\n    a\n    b[\"b/c\"]\n    d\n\n    a --> b\n    b --> d\n");
+
+    EXPECT_TRUE(diagram.leads("a", "b/c"));
+    EXPECT_TRUE(diagram.leads("a", "d"));
+    EXPECT_FALSE(diagram.leads("d", "a"));
+    EXPECT_FALSE(diagram.leads("a", "a"));
+    EXPECT_FALSE(diagram.leads("x", "a"));
+}
+
+TEST(ADiagram, ThatGoesRoundInACircleIsRefused)
+{
+    EXPECT_THROW(Diagram("a\na --> a\n"), std::runtime_error);
+    EXPECT_THROW(Diagram("a\nb\nc\na --> b\nb --> c\nc --> a\n"), std::runtime_error);
+}
+
+TEST(ADiagram, WithWhatCannotBeReadIsRefused)
+{
+    EXPECT_THROW(Diagram("a\na --> b\n"), std::runtime_error);
+    EXPECT_THROW(Diagram("a\nb\na -.-> b\n"), std::runtime_error);
+    EXPECT_THROW(Diagram::ofPage("README.md"), std::runtime_error);
+}
+
+}  // namespace
