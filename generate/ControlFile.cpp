@@ -10,6 +10,7 @@
 #include "logging/TextFile.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,16 @@ constexpr std::string_view fileNameEnd = "Control.txt";
 std::string controlFilePath(const ModelPath& model)
 {
     return concatenated({model.folder, model.name, fileNameEnd});
+}
+
+// The open model; none, with a message, when it has no file yet.
+std::optional<ModelPath> savedModel(Context& context)
+{
+    const std::string modelFile = context.femap().ModelName();
+    if (!modelFile.empty())
+        return splitModelPath(modelFile);
+    form::tellEngineer(context, std::string(modelMustBeSaved));
+    return std::nullopt;
 }
 
 /// Hands out the lines of a text, whether they end in CR LF or in LF. A stray control character
@@ -141,13 +152,11 @@ bool readControlFile(Context& context, const std::string& path, std::string& con
 void Save_Config(Context& context)
 {
     logPosition(context.log, "At start of Save_Config");
-    const std::string modelFile = context.femap().ModelName();
-    if (modelFile.empty()) {
-        form::tellEngineer(context, std::string(modelMustBeSaved));
+    const std::optional<ModelPath> model = savedModel(context);
+    if (!model)
         return;
-    }
 
-    const std::string path = controlFilePath(splitModelPath(modelFile));
+    const std::string path = controlFilePath(*model);
     logging::TextFile file(context.system, context.log, path);
     logDebug(context.log, "Opened file ", path, " to write");
     const auto writeRow = [&](const ParameterRow& row) { file.line(row.text()); };
@@ -161,17 +170,14 @@ void Save_Config(Context& context)
 void Load_Click(Context& context)
 {
     logPosition(context.log, "At start of Load_Click");
-    const std::string modelFile = context.femap().ModelName();
-    if (modelFile.empty()) {
-        form::tellEngineer(context, std::string(modelMustBeSaved));
+    const std::optional<ModelPath> model = savedModel(context);
+    if (!model)
         return;
-    }
 
-    const ModelPath model = splitModelPath(modelFile);
-    logDebug(context.log, "fileBase=", model.name);
+    logDebug(context.log, "fileBase=", model->name);
     logPositionAndClearErrorIfAny(context.log, context.error, "In the Load_Click");
     std::string content;
-    if (!readControlFile(context, controlFilePath(model), content))
+    if (!readControlFile(context, controlFilePath(*model), content))
         return;
     context.error.attempt([&] {
         form::ClearAll_Click(context);

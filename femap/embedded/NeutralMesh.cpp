@@ -1,5 +1,9 @@
 #include "femap/embedded/NeutralBlocks.h"
 
+#include <array>
+#include <cstddef>
+#include <type_traits>
+
 namespace femap::embedded
 {
 
@@ -10,22 +14,20 @@ constexpr std::size_t linesOfElement = 7;
 constexpr int releaseFlags = 12;
 constexpr int listFlags = 4;
 
-template <std::size_t size>
-void readIntegers(Fields fields, std::array<int, size>& values, std::size_t first,
-                  std::size_t count)
+// Files may leave out numbers at the end of a line, but not all of them.
+template <class Number, std::size_t size>
+void readNumbers(Fields fields, std::array<Number, size>& values, std::size_t first,
+                 std::size_t count)
 {
-    values[first] = fields.integer();
+    const auto next = [&fields] {
+        if constexpr (std::is_same_v<Number, int>)
+            return fields.integer();
+        else
+            return fields.real();
+    };
+    values[first] = next();
     for (std::size_t i = first + 1; i < first + count && !fields.atEnd(); ++i)
-        values[i] = fields.integer();
-}
-
-template <std::size_t size>
-void readReals(Fields fields, std::array<double, size>& values, std::size_t first,
-               std::size_t count)
-{
-    values[first] = fields.real();
-    for (std::size_t i = first + 1; i < first + count && !fields.atEnd(); ++i)
-        values[i] = fields.real();
+        values[i] = next();
 }
 
 // The nodes of rigid and interpolation elements stand in lists behind the element.
@@ -83,11 +85,11 @@ void readElements(BlockReading& block)
     while (!lines.atEnd()) {
         Element& element = block.contents.elements.emplace_back();
         readElementHead(lines.record(), element);
-        readIntegers(lines.record(), element.node, 0, 10);
-        readIntegers(lines.record(), element.node, 10, 10);
-        readReals(lines.record(), element.orient, 0, 3);
-        readReals(lines.record(), element.offset, 0, 3);
-        readReals(lines.record(), element.offset, 3, 3);
+        readNumbers(lines.record(), element.node, 0, 10);
+        readNumbers(lines.record(), element.node, 10, 10);
+        readNumbers(lines.record(), element.orient, 0, 3);
+        readNumbers(lines.record(), element.offset, 0, 3);
+        readNumbers(lines.record(), element.offset, 3, 3);
         skipNodeLists(lines, lines.record());
     }
 }

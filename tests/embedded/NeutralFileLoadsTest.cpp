@@ -1,3 +1,4 @@
+#include "embedded/LoadMatchers.h"
 #include "embedded/NeutralText.h"
 
 #include <gmock/gmock.h>
@@ -5,12 +6,9 @@
 
 using namespace neutral;
 using femap::embedded::Load;
-using femap::embedded::LoadDefinition;
 using femap::embedded::LoadSet;
 using femap::embedded::Model;
-using testing::AllOf;
 using testing::ElementsAre;
-using testing::Field;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -26,13 +24,6 @@ LoadSet setOf(const std::string& records, const std::string& version = "9.3")
     const Model model = read(header(version) + block(507, records));
     EXPECT_THAT(model.loadSets, SizeIs(1));
     return *model.loadSets.begin();
-}
-
-auto isDefinition(int id, const std::string& title, int dataType, int loadType)
-{
-    return AllOf(Field(&LoadDefinition::id, id), Field(&LoadDefinition::title, title),
-                 Field(&LoadDefinition::dataType, dataType),
-                 Field(&LoadDefinition::loadType, loadType));
 }
 
 }  // namespace

@@ -1,17 +1,15 @@
+#include "embedded/LoadMatchers.h"
 #include "embedded/NeutralText.h"
+#include "fake/SharedModels.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 using namespace neutral;
 using femap::EntityType;
 using femap::embedded::Load;
-using femap::embedded::LoadDefinition;
 using femap::embedded::LoadSet;
 using femap::embedded::Model;
 using femap::embedded::OutputVector;
@@ -25,35 +23,16 @@ using testing::SizeIs;
 namespace
 {
 
-/// Real files that FEMAP wrote.
-class NeutralFileModels : public testing::Test
+class NeutralFileModels : public fake::SharedModels
 {
 protected:
-    void SetUp() override
-    {
-        if (!std::filesystem::exists(SHARED_MODELS))
-            GTEST_SKIP() << "the folder of real models is not here";
-    }
-
-    static Model open(const std::string& name)
-    {
-        std::ifstream file(std::string(SHARED_MODELS) + "/" + name, std::ios::binary);
-        const std::string text{std::istreambuf_iterator<char>(file), {}};
-        return read(text);
-    }
+    static Model open(const std::string& name) { return read(contentOf(name)); }
 };
 
 double valueAt(const OutputVector& vector, int id)
 {
     const auto place = std::find(vector.ids.begin(), vector.ids.end(), id);
     return vector.values.at(static_cast<std::size_t>(place - vector.ids.begin()));
-}
-
-auto isDefinition(int id, const std::string& title, int dataType, int loadType)
-{
-    return AllOf(Field(&LoadDefinition::id, id), Field(&LoadDefinition::title, title),
-                 Field(&LoadDefinition::dataType, dataType),
-                 Field(&LoadDefinition::loadType, loadType));
 }
 
 auto isLoad(int entityID, int type, int face, const std::array<double, 5>& values)
@@ -203,10 +182,8 @@ TEST_F(NeutralFileModels, TheHeatFluxModelHasItsLoads)
 TEST_F(NeutralFileModels, AllOfThemGoIntoOneModel)
 {
     Model model = open("callback.NEU");
-    for (const std::string name : {"ME361.NEU", "lam1.neu"}) {
-        std::ifstream file(std::string(SHARED_MODELS) + "/" + name, std::ios::binary);
-        readInto(model, {std::istreambuf_iterator<char>(file), {}});
-    }
+    for (const char* const name : {"ME361.NEU", "lam1.neu"})
+        readInto(model, contentOf(name));
 
     EXPECT_EQ(model.nodes.size(), 625U);
     EXPECT_EQ(model.loadSets.size(), 2U);

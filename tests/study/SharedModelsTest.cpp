@@ -1,11 +1,10 @@
 #include "StudyFixture.h"
-#include "logging/Files.h"
+#include "fake/SharedModels.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <charconv>
-#include <filesystem>
 #include <string>
 
 namespace study
@@ -22,20 +21,13 @@ using testing::StartsWith;
 namespace
 {
 
-// Replays on real models that lie beside the project, not in it.
-class SharedModels : public testing::Test
+class SharedModels : public fake::SharedModels
 {
 protected:
-    void SetUp() override
-    {
-        if (!std::filesystem::exists(SHARED_MODELS))
-            GTEST_SKIP() << "the shared models are not on this machine";
-    }
-
     // Starts the form on a copy of the model and goes on with the script.
     int replay(const std::string& model, const std::string& script)
     {
-        f.write(model, logging::DiskFiles().read(SHARED_MODELS "/" + model));
+        f.write(model, contentOf(model));
         return f.runScript("start " + f.folder.path(model) + "$model.log$DEBUG\n" + script);
     }
 

@@ -17,14 +17,10 @@ using testing::StartsWith;
 int runBinary(const StudyFixture& f, const std::string& arguments, const std::string& input = "")
 {
     f.write("in.txt", input);
-    std::string command = "\"" VELMAR_STUDY "\" " + arguments + " <\"" + f.folder.path("in.txt") +
-                          "\" >\"" + f.folder.path("out.txt") + "\" 2>\"" +
-                          f.folder.path("err.txt") + "\"";
-#ifdef _WIN32
-    return std::system(('"' + command + '"').c_str());
-#else
+    const std::string command = "\"" VELMAR_STUDY "\" " + arguments + " <\"" +
+                                f.folder.path("in.txt") + "\" >\"" + f.folder.path("out.txt") +
+                                "\" 2>\"" + f.folder.path("err.txt") + "\"";
     return std::system(command.c_str()) >> 8;
-#endif
 }
 
 TEST(StudyBinary, ReplaysAScript)
