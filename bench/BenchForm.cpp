@@ -83,7 +83,7 @@ void BenchForm::pickNodes(int count)
 {
     std::vector<int> ids(static_cast<std::size_t>(count));
     std::iota(ids.begin(), ids.end(), 1);
-    dialogs.answers.push_back({femap::ReturnCode::Ok, std::move(ids)});
+    dialogs.pick(std::move(ids));
 }
 
 double coordinateOf(int node, int axis)

@@ -7,7 +7,6 @@
 #include "femap/embedded/Host.h"
 
 #include <string>
-#include <vector>
 
 namespace bench
 {

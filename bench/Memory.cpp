@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <iostream>
 #include <malloc.h>
-#include <stdexcept>
 #include <string>
 #include <sys/resource.h>
 

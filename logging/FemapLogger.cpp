@@ -1,5 +1,7 @@
 #include "logging/FemapLogger.h"
 
+#include "logging/PendingError.h"
+
 #include <algorithm>
 #include <array>
 #include <utility>

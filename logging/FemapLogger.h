@@ -1,7 +1,6 @@
 #pragma once
 
 #include "logging/LineWriter.h"
-#include "logging/PendingError.h"
 #include "logging/System.h"
 
 #include <memory>

@@ -1,7 +1,6 @@
 #include "selection/FieldCatalogue.h"
 
 #include <algorithm>
-#include <functional>
 #include <iterator>
 
 namespace selection

@@ -2,7 +2,6 @@
 
 #include "femap/Objects.h"
 
-#include <cstddef>
 #include <span>
 #include <string_view>
 #include <vector>

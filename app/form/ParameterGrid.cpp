@@ -3,6 +3,7 @@
 #include "logging/RuntimeError.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace form

@@ -4,7 +4,6 @@
 #include "app/form/NameIndex.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>

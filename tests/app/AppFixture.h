@@ -6,40 +6,40 @@
 #include "app/Session.h"
 #include "fake/FakeConnector.h"
 #include "fake/FormFixture.h"
-#include "fake/MemoryFiles.h"
 #include "fake/QueuedPropertyList.h"
 
+#include <gtest/gtest.h>
+
 #include <functional>
-#include <map>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 namespace app
 {
 
-/// What a run of the tool finds around it: a FEMAP in which "/models/beam.neu" is open, a disk in
-/// memory, a clock that stands still.
-class AppFixture
+/// The argument string of a run with everything: the model, a log and its most talkative level.
+const std::string allArguments = "/models/beam.neu$beam.log$ALWAYS";
+
+/// The registration that makes the form's window a pane of FEMAP, or takes that back.
+inline void expectPane(const femap::AddInPane& pane, bool isRegistered, int location)
+{
+    EXPECT_EQ(pane.regster, isRegistered);
+    EXPECT_EQ(pane.windowID, 4711);
+    EXPECT_EQ(pane.messageID, 4711);
+    EXPECT_FALSE(pane.bPreventClose);
+    EXPECT_FALSE(pane.bPreventHide);
+    EXPECT_EQ(pane.location, location);
+    EXPECT_EQ(pane.neighborID, 0);
+}
+
+/// What a run of the tool finds around it, and its way to FEMAP.
+class AppFixture : public fake::Surroundings
 {
 public:
-    AppFixture()
-    {
-        femap.modelName = "/models/beam.neu";
-        connector.openStatus = femap::ReturnCode::Ok;
-    }
+    AppFixture() { connector.openStatus = femap::ReturnCode::Ok; }
 
-    fake::MemoryFiles files;
-    std::map<std::string, std::string> environment = {{"TEMP", "/temp"}};
-    logging::LocalTime time = {2024, 3, 7, 9, 5, 2, 45};
-    logging::System system{files, logging::windows1252(), [this] { return time; },
-                           [] { return 0.0; },
-                           [this](const std::string& name) { return environment[name]; }};
-    fake::QueuedDialogs dialogs;
-    femap::embedded::Host femap{dialogs};
     fake::FakeConnector connector{femap};
-    fake::FakeFormHost host;
     fake::QueuedPropertyList lists;
 
     /// Gives the model some result vectors with these IDs.
@@ -53,25 +53,13 @@ public:
             vector.title = "Vector";
             set.vectors.put(vector);
         }
-        femap.openModel().outputSets.put(set);
-    }
-
-    std::vector<std::string> messages() const
-    {
-        std::vector<std::string> result;
-        for (const femap::embedded::Host::Message& message : femap.messages)
-            result.push_back(message.text);
-        return result;
+        model().outputSets.put(set);
     }
 
     /// The lines of a log file as far as they are on the disk.
     std::vector<std::string> logLines(const std::string& name = "beam.log") const
     {
-        std::vector<std::string> result;
-        std::string_view rest = files.contents.at("/temp/korva/" + name);
-        for (; !rest.empty(); rest.remove_prefix(rest.find("\r\n") + 2))
-            result.emplace_back(rest.substr(0, rest.find("\r\n")));
-        return result;
+        return files.lines(logPath(name));
     }
 };
 
@@ -94,7 +82,7 @@ public:
     void forgetLog()
     {
         context.log.flush();
-        files.contents["/temp/korva/beam.log"].clear();
+        files.contents[logPath("beam.log")].clear();
     }
 };
 
@@ -105,7 +93,7 @@ public:
     Program program{connector, host, lists, system};
     form::MainForm& form = program.form();
 
-    void start() { program.start("/models/beam.neu$beam.log$ALWAYS"); }
+    void start() { program.start(allArguments); }
     /// Ends the run, which brings the log onto the disk.
     std::vector<std::string> log()
     {

@@ -66,7 +66,7 @@ class EveryBinding : public testing::TestWithParam<BoundProcedure>
 TEST_P(EveryBinding, RunsTheProcedureOfItsName)
 {
     ProgramFixture f;
-    f.program.start("/models/beam.neu$beam.log$ALWAYS");
+    f.program.start(allArguments);
     f.form.ScaleWidth = 10000;
     f.form.ScaleHeight = 10000;
     const std::string lastLineOfStart = "DEBUG: Position at At end of Load Form";

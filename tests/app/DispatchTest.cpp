@@ -24,7 +24,7 @@ class DispatchFixture : public SessionFixture
 public:
     DispatchFixture()
     {
-        Form_Load(session, "/models/beam.neu$beam.log$ALWAYS");
+        Form_Load(session, allArguments);
         forgetLog();
         connector.calls.clear();
     }
@@ -36,12 +36,7 @@ public:
         form::lockFemap(context);
         form.setMousePointers(form::pointerHourglass);
     }
-    bool pointersAreDefault() const
-    {
-        return std::ranges::all_of(form.controls(), [](const auto& each) {
-            return each.control->MousePointer == form::pointerDefault;
-        });
-    }
+    bool pointersAreDefault() const { return fake::pointersAreDefault(form); }
 };
 
 [[noreturn]] void fail(const std::string& why = "No value")

@@ -18,7 +18,7 @@ public:
     StartedSession()
     {
         addVectors({2, 3});
-        Form_Load(session, "/models/beam.neu$beam.log$ALWAYS");
+        Form_Load(session, allArguments);
         connector.calls.clear();
     }
 
@@ -173,14 +173,7 @@ TEST(ShutdownEvent, UnregistersThePaneAndUnloads)
     FormWindowProc(f.session, 4);
 
     ASSERT_EQ(f.femap.registrations.size(), 2u);
-    const femap::AddInPane& pane = f.femap.registrations[1];
-    EXPECT_FALSE(pane.regster);
-    EXPECT_EQ(pane.windowID, 4711);
-    EXPECT_EQ(pane.messageID, 4711);
-    EXPECT_FALSE(pane.bPreventClose);
-    EXPECT_FALSE(pane.bPreventHide);
-    EXPECT_EQ(pane.location, 1);
-    EXPECT_EQ(pane.neighborID, 0);
+    expectPane(f.femap.registrations[1], false, 1);
     EXPECT_TRUE(f.session.closeWanted);
 }
 

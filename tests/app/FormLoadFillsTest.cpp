@@ -15,8 +15,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
-const std::string allArguments = "/models/beam.neu$beam.log$ALWAYS";
-
 TEST(FormLoad, MakesTheInitialChoices)
 {
     SessionFixture f;
@@ -119,14 +117,7 @@ TEST(FormLoad, RegistersTheFormAsAPaneOnTheRight)
     Form_Load(f.session, allArguments);
 
     ASSERT_EQ(f.femap.registrations.size(), 1u);
-    const femap::AddInPane& pane = f.femap.registrations[0];
-    EXPECT_TRUE(pane.regster);
-    EXPECT_EQ(pane.windowID, 4711);
-    EXPECT_EQ(pane.messageID, 4711);
-    EXPECT_FALSE(pane.bPreventClose);
-    EXPECT_FALSE(pane.bPreventHide);
-    EXPECT_EQ(pane.location, 2);
-    EXPECT_EQ(pane.neighborID, 0);
+    expectPane(f.femap.registrations[0], true, 2);
     EXPECT_EQ(f.form.addInPaneResult, 17);
 }
 

@@ -12,8 +12,6 @@ namespace
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const std::string allArguments = "/models/beam.neu$beam.log$ALWAYS";
-
 TEST(FormUnload, ReleasesEventsFemapAndLogInThisOrder)
 {
     SessionFixture f;

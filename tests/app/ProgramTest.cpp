@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
-#include <utility>
 
 namespace app
 {
@@ -73,7 +72,7 @@ TEST(Program, KeepsTheFormWhenFemapIsLostDuringStart)
     ProgramFixture f;
     f.connector.dieAt("feFileOpen");
 
-    EXPECT_EQ(f.program.start("/models/beam.neu$beam.log$ALWAYS"), Started::ByError);
+    EXPECT_EQ(f.program.start(allArguments), Started::ByError);
 
     EXPECT_FALSE(f.program.isConnected());
     EXPECT_FALSE(f.form.GenerateButton.Enabled);
@@ -87,7 +86,7 @@ TEST(Program, KeepsWhyTheModelWasNotOpenedAndWhyThereIsNoLog)
     f.connector.openStatus = femap::ReturnCode::Fail;
     f.files.missingFolders = {"/temp", "/temp/korva"};
 
-    EXPECT_EQ(f.program.start("/models/beam.neu$beam.log$ALWAYS"), Started::Normally);
+    EXPECT_EQ(f.program.start(allArguments), Started::Normally);
 
     EXPECT_THAT(f.program.openFailure(), HasSubstr("/models/beam.neu"));
     EXPECT_THAT(f.program.logFailure(), HasSubstr("/temp/korva"));

@@ -18,7 +18,6 @@ using testing::IsEmpty;
 using testing::IsSupersetOf;
 using testing::Not;
 
-const std::string allArguments = "/models/beam.neu$beam.log$ALWAYS";
 const std::string rule(70, '-');
 
 using Lines = std::vector<std::string>;

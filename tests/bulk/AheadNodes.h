@@ -1,8 +1,8 @@
 #pragma once
 
+#include "bulk/Calls.h"
 #include "fake/FormFixture.h"
 #include "femap/bulk/AheadEntity.h"
-#include "logging/RuntimeError.h"
 
 #include <algorithm>
 #include <functional>
@@ -14,16 +14,6 @@
 
 namespace femap::bulk
 {
-
-using logging::ErrorNumber;
-using logging::RuntimeError;
-
-using Calls = std::vector<std::string>;
-
-[[noreturn]] inline void refuse(const std::string& what)
-{
-    throw RuntimeError(ErrorNumber::ObjectFailed, what + " was refused");
-}
 
 /// The host's entity, with a note of each call.
 class NotedEntity : public Entity

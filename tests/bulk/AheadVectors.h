@@ -1,8 +1,8 @@
 #pragma once
 
+#include "bulk/Calls.h"
 #include "fake/FormFixture.h"
 #include "femap/bulk/AheadVector.h"
-#include "logging/RuntimeError.h"
 
 #include <algorithm>
 #include <functional>
@@ -16,17 +16,7 @@
 namespace femap::bulk
 {
 
-using logging::ErrorNumber;
-using logging::RuntimeError;
-
-using Calls = std::vector<std::string>;
-
 constexpr double nothing = std::numeric_limits<double>::quiet_NaN();
-
-[[noreturn]] inline void refuse(const std::string& what)
-{
-    throw RuntimeError(ErrorNumber::ObjectFailed, what + " was refused");
-}
 
 /// The host's output vector, with a note of each call.
 class NotedVector : public OutputVector

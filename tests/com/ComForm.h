@@ -11,7 +11,6 @@
 #include <memory>
 #include <random>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace comtest
@@ -38,7 +37,7 @@ public:
     void selectInputs(const std::string& kind, const std::vector<int>& ids,
                       const std::vector<std::string>& fields = {}, int lists = 1)
     {
-        dialogs.answers.push_back({femap::ReturnCode::Ok, ids});
+        pick(ids);
         choose(fields, lists);
         form.InputSelection.Text = kind;
         selection::InputsButton_Click(context, dialog);
@@ -48,7 +47,7 @@ public:
     void selectOutputs(const std::string& kind, const std::vector<int>& ids, std::size_t vectors,
                        int lists = 1)
     {
-        dialogs.answers.push_back({femap::ReturnCode::Ok, ids});
+        pick(ids);
         for (int i = 0; i < lists; ++i)
             list.answer([vectors](selection::frmPropertyList& shown) {
                 auto& items = shown.lstProperties.items;
@@ -73,14 +72,8 @@ public:
             std::vector<std::string> all = rows(*grid);
             std::mt19937 random(2);
             std::shuffle(all.begin(), all.end(), random);
-            fill(*grid, all);
+            fake::fill(*grid, all);
         }
-    }
-    static void fill(form::ParameterGrid& grid, const std::vector<std::string>& rows)
-    {
-        for (const std::string& row : rows)
-            grid.AddItem(row);
-        grid.removeRows({1, grid.Rows() - 1 - static_cast<int>(rows.size())});
     }
 
     /// The rows of both grids and the log.

@@ -5,8 +5,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 using namespace neutral;
 using femap::embedded::Model;
 using testing::ElementsAre;

@@ -1,7 +1,7 @@
 #include "app/form/MainForm.h"
 #include "app/study/StudyProgram.h"
 #include "fake/Golden.h"
-#include "fake/MemoryFiles.h"
+#include "fake/MemoryMachine.h"
 #include "logging/CodePage.h"
 
 #include <gmock/gmock.h>
@@ -27,7 +27,7 @@ std::string readExample(const std::string& name)
 
 /// velmar-study, started in the folder of the examples, on a disk in memory: only the model is read
 /// from the real one.
-class Replay
+class Replay : public fake::MemoryMachine
 {
 public:
     Replay()
@@ -46,7 +46,7 @@ public:
         std::istringstream noInput;
         output.str("");
         return study::runStudy({"--quiet", "--femap=embedded", script},
-                               {noInput, output, errors, system_, {}});
+                               {noInput, output, errors, system, {}});
     }
 
     /// What the study wrote beside the model.
@@ -57,16 +57,11 @@ public:
     }
 
     std::string folder;  // of the model
-    fake::MemoryFiles files;
     std::ostringstream output;
     std::ostringstream errors;
 
 private:
     const std::filesystem::path folderBefore_ = std::filesystem::current_path();
-    logging::System system_ = {
-        files, logging::windows1252(), [] { return logging::LocalTime{2024, 3, 7, 9, 5, 2, 45}; },
-        [] { return 0.0; },
-        [](const std::string& name) -> std::string { return name == "TEMP" ? "/temp" : ""; }};
 };
 
 std::string withoutCarriageReturns(std::string text)
@@ -89,15 +84,12 @@ TEST(PanelStudy, WritesTheSameFilesWhenItIsReplayedOverItsOwn)
 {
     Replay replay;
     replay.run("panel.study");
-    const std::map<std::string, std::string> first = replay.files.contents;
+    const auto first = replay.files.inFolder(replay.folder);
 
     const int exitCode = replay.run("panel.study");
 
     EXPECT_EQ(0, exitCode) << replay.errors.str();
-    for (const auto& [path, content] : first)
-        if (path.starts_with(replay.folder)) {
-            EXPECT_EQ(content, replay.files.contents.at(path)) << path;
-        }
+    EXPECT_EQ(replay.files.inFolder(replay.folder), first);
 }
 
 TEST(PanelStudy, PrintsTheRowsThatTheControlFileKeeps)
@@ -119,9 +111,7 @@ TEST(PanelStudy, LeavesAFullLogBehind)
 
     replay.run("panel.study");
 
-    const std::string separator(1, logging::pathSeparator);
-    const std::string& log =
-        replay.files.contents.at("/temp" + separator + "korva" + separator + "panel.log");
+    const std::string& log = replay.files.contents.at(Replay::logPath("panel.log"));
     EXPECT_TRUE(log.starts_with("ALWAYS: Execution starts at 2024-03-07 Time 09:05:02.045\r\n"));
     EXPECT_THAT(log, HasSubstr("\r\nDEBUG: Position at Unloading the form\r\n"));
 }
@@ -166,9 +156,8 @@ TEST(StudyOfTheGuide, WritesTheFilesThatTheGuideNames)
 
     EXPECT_EQ(0, exitCode) << replay.errors.str();
     std::set<std::string> written;
-    for (const auto& [path, content] : replay.files.contents)
-        if (path.starts_with(replay.folder))
-            written.insert(path.substr(replay.folder.size()));
+    for (const auto& file : replay.files.inFolder(replay.folder))
+        written.insert(file.first);
     EXPECT_THAT(written, testing::ContainerEq(named));
     EXPECT_THAT(replay.output.str(), HasSubstr("ThicknessAtProp1\t3\t"));
     EXPECT_THAT(replay.output.str(), testing::Not(HasSubstr("NSMassLenAtProp1")));

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "fake/ForwardingFemap.h"
+#include "femap/ForwardingApplication.h"
 #include "femap/embedded/Host.h"
 #include "logging/RuntimeError.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -59,6 +60,24 @@ public:
                 throw femap::ConnectionLost("The RPC server is unavailable");
         };
     }
+    /// The same for calls counted from here on, the first one 1: only this one fails …
+    void failAtCall(std::size_t number)
+    {
+        calls.clear();
+        beforeCall = [this, number](const std::string&) {
+            if (calls.size() == number)
+                throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "refused");
+        };
+    }
+    /// … or FEMAP is gone from this one on.
+    void dieAtCall(std::size_t number)
+    {
+        calls.clear();
+        beforeCall = [this, number](const std::string&) {
+            if (calls.size() >= number)
+                throw femap::ConnectionLost("gone");
+        };
+    }
     long count(const std::string& call) const { return std::ranges::count(calls, call); }
 
     std::unique_ptr<femap::Application> attach() override;
@@ -70,11 +89,11 @@ private:
     femap::embedded::Host& host_;
 };
 
-class FakeConnector::Handle : public ForwardingFemap
+class FakeConnector::Handle : public femap::ForwardingApplication
 {
 public:
     Handle(std::unique_ptr<femap::Application> real, FakeConnector& connector)
-        : ForwardingFemap(std::move(real)), connector_(connector)
+        : ForwardingApplication(std::move(real)), connector_(connector)
     {
         ++connector_.handles;
     }
@@ -85,7 +104,7 @@ public:
     void feAppVisible(bool visible) override
     {
         note("feAppVisible");
-        ForwardingFemap::feAppVisible(visible);
+        ForwardingApplication::feAppVisible(visible);
     }
     femap::ReturnCode feFileOpen(bool useDialog, const std::string& path) override
     {
@@ -94,53 +113,54 @@ public:
         connector_.openedWithDialog = useDialog;
         if (connector_.openStatus)
             return *connector_.openStatus;
-        return ForwardingFemap::feFileOpen(useDialog, path);
+        return ForwardingApplication::feFileOpen(useDialog, path);
     }
     std::string ModelName() override
     {
         note("ModelName");
-        return ForwardingFemap::ModelName();
+        return ForwardingApplication::ModelName();
     }
     int feAppGetAllModels() override
     {
         note("feAppGetAllModels");
-        return connector_.models < 0 ? ForwardingFemap::feAppGetAllModels() : connector_.models;
+        return connector_.models < 0 ? ForwardingApplication::feAppGetAllModels()
+                                     : connector_.models;
     }
     void feAppLock() override
     {
         note("feAppLock");
-        ForwardingFemap::feAppLock();
+        ForwardingApplication::feAppLock();
     }
     void feAppUnlock() override
     {
         note("feAppUnlock");
-        ForwardingFemap::feAppUnlock();
+        ForwardingApplication::feAppUnlock();
     }
     void feAppMessage(femap::MessageColour colour, const std::string& text) override
     {
         note("feAppMessage");
-        ForwardingFemap::feAppMessage(colour, text);
+        ForwardingApplication::feAppMessage(colour, text);
     }
     int feAppRegisterAddInPane(const femap::AddInPane& pane) override
     {
         note("feAppRegisterAddInPane");
-        ForwardingFemap::feAppRegisterAddInPane(pane);
+        ForwardingApplication::feAppRegisterAddInPane(pane);
         return connector_.paneResult;
     }
     std::unique_ptr<femap::EntitySet> feSet() override
     {
         note("feSet");
-        return ForwardingFemap::feSet();
+        return ForwardingApplication::feSet();
     }
     std::unique_ptr<femap::OutputVector> feOutput() override
     {
         note("feOutput");
-        return ForwardingFemap::feOutput();
+        return ForwardingApplication::feOutput();
     }
     std::unique_ptr<femap::Function> feFunction() override
     {
         note("feFunction");
-        return ForwardingFemap::feFunction();
+        return ForwardingApplication::feFunction();
     }
 
 private:

@@ -40,6 +40,12 @@ protected:
         watch_.beforeCall(call);
         return *real_;
     }
+    /// One that the object hands out.
+    template <class Other, class Real>
+    std::unique_ptr<Other> watched(std::unique_ptr<Real> real)
+    {
+        return std::make_unique<Other>(std::move(real), watch_);
+    }
 
 private:
     std::unique_ptr<Interface> real_;
@@ -139,18 +145,12 @@ public:
     }
 };
 
-class WatchedLoad : public WatchedMembers<femap::MemberObject>
-{
-public:
-    using WatchedMembers::WatchedMembers;
-};
+using WatchedLoad = WatchedMembers<femap::MemberObject>;
 
 class WatchedLoadDefinition : public Watched<femap::LoadDefinition>
 {
 public:
-    WatchedLoadDefinition(std::unique_ptr<femap::LoadDefinition> real, CallWatch& watch)
-        : Watched(std::move(real), watch), loads_(watch)
-    {}
+    using Watched::Watched;
 
     femap::ReturnCode Get(int loadSet, int id) override { return told("Get").Get(loadSet, id); }
     std::string title() override { return told("title").title(); }
@@ -162,22 +162,15 @@ public:
     std::unique_ptr<femap::MemberObject> NextLoad() override
     {
         auto load = told("NextLoad").NextLoad();
-        if (load == nullptr)
-            return nullptr;
-        return std::make_unique<WatchedLoad>(std::move(load), loads_);
+        return load == nullptr ? nullptr : watched<WatchedLoad>(std::move(load));
     }
-
-private:
-    CallWatch& loads_;
 };
 
 /// FEMAP, told of each call. Opening a file only says that it worked: the model is there already.
 class WatchedFemap : public Watched<femap::Application>
 {
 public:
-    WatchedFemap(std::unique_ptr<femap::Application> real, CallWatch& watch)
-        : Watched(std::move(real), watch), objects_(watch)
-    {}
+    using Watched::Watched;
 
     void feAppVisible(bool visible) override { told("feAppVisible").feAppVisible(visible); }
     femap::ReturnCode feFileOpen(bool /*useDialog*/, const std::string& /*path*/) override
@@ -211,24 +204,23 @@ public:
     }
     std::unique_ptr<femap::EntitySet> feSet() override
     {
-        return std::make_unique<WatchedSet>(told("feSet").feSet(), objects_);
+        return watched<WatchedSet>(told("feSet").feSet());
     }
     std::unique_ptr<femap::Entity> entity(const std::string& word) override
     {
-        return std::make_unique<WatchedEntity>(told("entity").entity(word), objects_);
+        return watched<WatchedEntity>(told("entity").entity(word));
     }
     std::unique_ptr<femap::OutputVector> feOutput() override
     {
-        return std::make_unique<WatchedVector>(told("feOutput").feOutput(), objects_);
+        return watched<WatchedVector>(told("feOutput").feOutput());
     }
     std::unique_ptr<femap::Function> feFunction() override
     {
-        return std::make_unique<WatchedFunction>(told("feFunction").feFunction(), objects_);
+        return watched<WatchedFunction>(told("feFunction").feFunction());
     }
     std::unique_ptr<femap::LoadDefinition> feLoadDefinition() override
     {
-        return std::make_unique<WatchedLoadDefinition>(told("feLoadDefinition").feLoadDefinition(),
-                                                       objects_);
+        return watched<WatchedLoadDefinition>(told("feLoadDefinition").feLoadDefinition());
     }
     femap::MassProperties feMeasureMeshMassProp(int elementSet, int coordinateSystem,
                                                 bool printResults, bool printDetails) override
@@ -236,9 +228,6 @@ public:
         return told("feMeasureMeshMassProp")
             .feMeasureMeshMassProp(elementSet, coordinateSystem, printResults, printDetails);
     }
-
-private:
-    CallWatch& objects_;
 };
 
 /// A way to a FEMAP every call of which, to whatever object, can be made to fail.

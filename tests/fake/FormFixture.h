@@ -1,12 +1,15 @@
 #pragma once
 
 #include "app/form/Context.h"
-#include "fake/MemoryFiles.h"
+#include "fake/GridRows.h"
+#include "fake/MemoryMachine.h"
 #include "femap/SelectionDialogs.h"
 #include "femap/embedded/Host.h"
 
+#include <cstddef>
 #include <deque>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace fake
@@ -26,6 +29,9 @@ public:
 
     std::deque<femap::Selection> answers;
     std::vector<Asked> asked;
+
+    /// The answer to the next dialog: these entities.
+    void pick(std::vector<int> ids) { answers.push_back({femap::ReturnCode::Ok, std::move(ids)}); }
 
     /// A dialog without a queued answer is cancelled.
     femap::Selection answer(femap::EntityType type, const std::string& title, bool onlyOne,
@@ -47,35 +53,51 @@ public:
     void unload() override { ++unloads; }
 };
 
-/// The real form, logger and model host, with a disk in memory and a clock that stands still.
-/// FEMAP is attached, a model named "/models/beam.neu" is open and the log is at level "ALWAYS".
-class FormFixture
+/// Whether no control shows the hourglass.
+bool pointersAreDefault(const form::MainForm& form);
+
+/// What the form finds around it: a machine in memory, and the model host as its FEMAP, in which
+/// "/models/beam.neu" is open.
+class Surroundings : public MemoryMachine
+{
+public:
+    Surroundings() { femap.modelName = "/models/beam.neu"; }
+
+    QueuedDialogs dialogs;
+    femap::embedded::Host femap{dialogs};
+    FakeFormHost host;
+
+    femap::embedded::Model& model() { return femap.openModel(); }
+    /// The answer to FEMAP's next selection dialog.
+    void pick(std::vector<int> ids) { dialogs.pick(std::move(ids)); }
+    /// The texts in FEMAP's message window.
+    std::vector<std::string> messages() const;
+};
+
+/// The real form and logger in these surroundings. FEMAP is attached and the log is at level
+/// "ALWAYS".
+class FormFixture : public Surroundings
 {
 public:
     FormFixture();
 
-    MemoryFiles files;
-    std::map<std::string, std::string> environment = {{"TEMP", "/temp"}};
-    logging::LocalTime time = {2024, 3, 7, 9, 5, 2, 45};
-    double seconds = 0;
-    logging::System system;
-    QueuedDialogs dialogs;
-    femap::embedded::Host femap;
-    FakeFormHost host;
     form::MainForm form;
-    form::Context context;
-
-    femap::embedded::Model& model() { return femap.openModel(); }
+    form::Context context{form, host, system};
 
     /// The lines of the log so far, without their line ends.
     std::vector<std::string> log();
-    /// A file's lines without their CR LF; fails the test when one ends otherwise.
-    std::vector<std::string> lines(const std::string& path) const;
+    /// Those that an action writes.
+    template <class Action>
+    std::vector<std::string> logOf(const Action& action)
+    {
+        const auto before = static_cast<std::ptrdiff_t>(log().size());
+        action();
+        const std::vector<std::string> all = log();
+        return {all.begin() + before, all.end()};
+    }
 
-    std::vector<std::string> names(const form::ParameterGrid& grid) const;
-    std::vector<std::string> rows(const form::ParameterGrid& grid) const;
-    /// The texts in FEMAP's message window.
-    std::vector<std::string> messages() const;
+    std::vector<std::string> names(const form::ParameterGrid& grid) const { return namesOf(grid); }
+    std::vector<std::string> rows(const form::ParameterGrid& grid) const { return rowsOf(grid); }
 };
 
 }  // namespace fake

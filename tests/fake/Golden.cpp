@@ -17,15 +17,6 @@ namespace fs = std::filesystem;
 
 using FileSet = std::map<std::string, std::string>;  // contents by name
 
-FileSet filesIn(const MemoryFiles& files, const std::string& folder)
-{
-    FileSet result;
-    for (const auto& [path, content] : files.contents)
-        if (path.starts_with(folder))
-            result[path.substr(folder.size())] = content;
-    return result;
-}
-
 FileSet filesIn(const fs::path& folder)
 {
     FileSet result;
@@ -75,7 +66,7 @@ std::string firstDifference(std::string_view written, std::string_view golden)
 std::vector<std::string> differencesFromGolden(const MemoryFiles& files, const std::string& folder,
                                                const fs::path& golden)
 {
-    const FileSet written = filesIn(files, folder);
+    const FileSet written = files.inFolder(folder);
     const char* const update = std::getenv("UPDATE_GOLDEN");
     if (update != nullptr && std::string_view(update) == "1") {
         rewrite(golden, written);

@@ -2,6 +2,9 @@
 
 #include "logging/RuntimeError.h"
 
+#include <stdexcept>
+#include <utility>
+
 namespace fake
 {
 
@@ -84,6 +87,29 @@ void MemoryFiles::replace(const std::string& path, const std::string& by)
 void MemoryFiles::remove(const std::string& path)
 {
     contents.erase(path);
+}
+
+std::map<std::string, std::string> MemoryFiles::inFolder(const std::string& folder) const
+{
+    std::map<std::string, std::string> result;
+    for (const auto& [path, content] : contents)
+        if (path.starts_with(folder))
+            result[path.substr(folder.size())] = content;
+    return result;
+}
+
+std::vector<std::string> MemoryFiles::lines(const std::string& path) const
+{
+    const std::string& content = contents.at(path);
+    std::vector<std::string> result;
+    for (std::size_t begin = 0; begin < content.size();) {
+        const std::size_t end = content.find("\r\n", begin);
+        if (end == std::string::npos)
+            throw std::logic_error("a line of " + path + " does not end in CR LF");
+        result.push_back(content.substr(begin, end - begin));
+        begin = end + 2;
+    }
+    return result;
 }
 
 void MemoryFiles::step(const std::string& path)

@@ -34,6 +34,11 @@ public:
     void replace(const std::string& path, const std::string& by) override;
     void remove(const std::string& path) override;
 
+    /// What lies in a folder, by file name. The folder ends in the path separator.
+    std::map<std::string, std::string> inFolder(const std::string& folder) const;
+    /// A file's lines without their CR LF; std::logic_error when one ends otherwise.
+    std::vector<std::string> lines(const std::string& path) const;
+
     /// Counts an operation and raises when it is the one that fails.
     void step(const std::string& path);
 };

@@ -4,8 +4,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <string>
-
 using fake::FormFixture;
 using form::lockFemap;
 using form::showMessage;

@@ -1,6 +1,6 @@
-#include "GridRows.h"
 #include "app/form/FormProcedures.h"
 #include "fake/FormFixture.h"
+#include "fake/GridRows.h"
 #include "fake/RandomSeed.h"
 
 #include <gmock/gmock.h>
@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+using fake::fill;
 using fake::FormFixture;
 using form::ParameterGrid;
 using logging::ErrorNumber;

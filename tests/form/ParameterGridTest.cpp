@@ -1,5 +1,5 @@
-#include "GridRows.h"
 #include "app/form/ParameterGrid.h"
+#include "fake/GridRows.h"
 #include "logging/RuntimeError.h"
 
 #include <gmock/gmock.h>
@@ -11,6 +11,9 @@
 #include <string>
 #include <vector>
 
+using fake::fill;
+using fake::namesOf;
+using fake::rowsOf;
 using form::ParameterGrid;
 using form::RowRange;
 using logging::ErrorNumber;

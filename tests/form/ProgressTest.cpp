@@ -1,6 +1,6 @@
 #include "app/form/Progress.h"
 #include "fake/FormFixture.h"
-#include "fake/ForwardingFemap.h"
+#include "femap/ForwardingApplication.h"
 #include "logging/RuntimeError.h"
 
 #include <gmock/gmock.h>
@@ -22,11 +22,11 @@ using testing::Not;
 using Calls = std::vector<std::string>;
 
 // Records what FEMAP's progress bar is told; one kind of call can fail.
-class BarFemap : public fake::ForwardingFemap
+class BarFemap : public femap::ForwardingApplication
 {
 public:
     BarFemap(std::unique_ptr<femap::Application> real, Calls& calls)
-        : ForwardingFemap(std::move(real)), calls_(calls)
+        : ForwardingApplication(std::move(real)), calls_(calls)
     {}
 
     std::function<void(const std::string& call)> before = [](const std::string&) {};
@@ -34,12 +34,12 @@ public:
     void feAppStatusShow(bool enable, int maximum) override
     {
         record(enable ? "on" : "off");
-        ForwardingFemap::feAppStatusShow(enable, maximum);
+        ForwardingApplication::feAppStatusShow(enable, maximum);
     }
     void feAppStatusUpdate(int current) override
     {
         record(std::to_string(current));
-        ForwardingFemap::feAppStatusUpdate(current);
+        ForwardingApplication::feAppStatusUpdate(current);
     }
 
 private:

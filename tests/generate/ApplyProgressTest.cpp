@@ -30,18 +30,18 @@ struct Shown
     std::vector<std::string> captions;  // of the status line, at the same time
 };
 
-class WatchedFemap : public fake::ForwardingFemap
+class WatchedFemap : public femap::ForwardingApplication
 {
 public:
     WatchedFemap(std::unique_ptr<femap::Application> real, const form::Label& status, Shown& shown)
-        : ForwardingFemap(std::move(real)), status_(status), shown_(shown)
+        : ForwardingApplication(std::move(real)), status_(status), shown_(shown)
     {}
 
     void feAppStatusUpdate(int current) override
     {
         shown_.percents.push_back(current);
         shown_.captions.push_back(status_.Caption);
-        ForwardingFemap::feAppStatusUpdate(current);
+        ForwardingApplication::feAppStatusUpdate(current);
     }
 
 private:

@@ -3,6 +3,7 @@
 #include "logging/Files.h"
 
 #include <memory>
+#include <utility>
 
 namespace generate
 {
@@ -21,17 +22,17 @@ void addRow(form::ParameterGrid& grid, std::initializer_list<std::string_view> c
         grid.RemoveItem(1);
 }
 
-class CheckingFemap : public fake::ForwardingFemap
+class CheckingFemap : public femap::ForwardingApplication
 {
 public:
     CheckingFemap(std::unique_ptr<femap::Application> real, std::function<void(int)> check)
-        : ForwardingFemap(std::move(real)), check_(std::move(check))
+        : ForwardingApplication(std::move(real)), check_(std::move(check))
     {}
 
     std::string ModelName() override
     {
         check_(++calls_);
-        return ForwardingFemap::ModelName();
+        return ForwardingApplication::ModelName();
     }
 
 private:
@@ -76,17 +77,9 @@ void GenerateFixture::addFunction(int id, const std::string& title, std::vector<
     model().functions.put(std::move(function));
 }
 
-std::vector<std::string> GenerateFixture::logOf(const std::function<void()>& step)
-{
-    const auto before = static_cast<std::ptrdiff_t>(log().size());
-    step();
-    const std::vector<std::string> all = log();
-    return {all.begin() + before, all.end()};
-}
-
 std::vector<std::string> GenerateFixture::written(std::string_view fileName) const
 {
-    return lines(inWork(fileName));
+    return files.lines(inWork(fileName));
 }
 
 bool GenerateFixture::exists(std::string_view fileName) const
@@ -104,12 +97,7 @@ std::vector<std::string> GenerateFixture::fileNames() const
 
 std::map<std::string, std::string> GenerateFixture::workFolder() const
 {
-    std::map<std::string, std::string> result;
-    const std::string folder = inWork("");
-    for (const auto& [path, content] : files.contents)
-        if (path.starts_with(folder))
-            result[path.substr(folder.size())] = content;
-    return result;
+    return files.inFolder(inWork(""));
 }
 
 void GenerateFixture::beforeModelName(std::function<void(int call)> check)

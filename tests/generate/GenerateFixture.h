@@ -1,13 +1,12 @@
 #pragma once
 
 #include "fake/FormFixture.h"
-#include "fake/ForwardingFemap.h"
+#include "femap/ForwardingApplication.h"
 
 #include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace generate
@@ -29,9 +28,6 @@ public:
 
     void addFunction(int id, const std::string& title, std::vector<double> x,
                      std::vector<double> y);
-
-    /// What a step adds to the log.
-    std::vector<std::string> logOf(const std::function<void()>& step);
 
     /// A generated file's lines.
     std::vector<std::string> written(std::string_view fileName) const;

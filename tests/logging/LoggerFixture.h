@@ -1,22 +1,15 @@
 #pragma once
 
-#include "fake/MemoryFiles.h"
+#include "fake/MemoryMachine.h"
 #include "logging/Module1.h"
 
-#include <map>
 #include <string>
-#include <vector>
+#include <utility>
 
-/// The real logger on a disk in memory, not initialised yet.
-class LoggerFixture
+/// The real logger on a machine in memory, not initialised yet.
+class LoggerFixture : public fake::MemoryMachine
 {
 public:
-    fake::MemoryFiles files;
-    std::map<std::string, std::string> environment = {{"TEMP", "/temp"}};
-    logging::LocalTime time;
-    logging::System system{files, logging::windows1252(), [this] { return time; },
-                           [] { return 0.0; },
-                           [this](const std::string& name) { return environment[name]; }};
     logging::FemapLogger log{system};
     logging::PendingError error;
 

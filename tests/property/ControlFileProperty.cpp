@@ -1,6 +1,6 @@
 #include "fake/FormFixture.h"
+#include "fake/GridRows.h"
 #include "fake/RandomSeed.h"
-#include "form/GridRows.h"
 #include "generate/ControlFile.h"
 #include "property/Generators.h"
 
@@ -8,6 +8,8 @@
 
 namespace property
 {
+
+using fake::rowsOf;
 
 namespace
 {

@@ -1,8 +1,7 @@
 #include "property/Generators.h"
 
-#include "form/GridRows.h"
+#include "fake/GridRows.h"
 
-#include <algorithm>
 #include <iterator>
 
 namespace property
@@ -159,7 +158,7 @@ void putInto(form::ParameterGrid& grid, const std::vector<Row>& rows)
     std::vector<std::string> texts;
     for (const Row& row : rows)
         texts.push_back(joined(row));
-    fill(grid, texts);
+    fake::fill(grid, texts);
 }
 
 }  // namespace property

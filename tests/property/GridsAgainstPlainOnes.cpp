@@ -1,7 +1,7 @@
 #include "app/form/FormProcedures.h"
 #include "fake/FormFixture.h"
+#include "fake/GridRows.h"
 #include "fake/RandomSeed.h"
-#include "form/GridRows.h"
 #include "property/Generators.h"
 #include "property/PlainGrid.h"
 #include "selection/InputList.h"
@@ -14,6 +14,8 @@
 
 namespace property
 {
+
+using fake::rowsOf;
 
 namespace
 {
@@ -113,7 +115,7 @@ protected:
     }
     std::unique_ptr<femap::EntitySet> setOf(femap::EntityType type, const std::vector<int>& ids)
     {
-        f.dialogs.answers.push_back({femap::ReturnCode::Ok, ids});
+        f.pick(ids);
         auto set = f.context.femap().feSet();
         set->Select(type, true, "pick");
         return set;

@@ -1,11 +1,9 @@
 #include "property/LineGrammar.h"
 
 #include <algorithm>
-#include <iterator>
 #include <regex>
 #include <set>
 #include <stdexcept>
-#include <utility>
 
 namespace property
 {

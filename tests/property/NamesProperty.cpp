@@ -173,7 +173,7 @@ TEST(NameOfARandomLoadDefinition, LosesBlanksBracketsPointsAndSlashes)
                 expected.push_back(loadName(title, id, component));
         }
         f.model().loadSets.put(std::move(set));
-        f.dialogs.answers.push_back({femap::ReturnCode::Ok, ids});
+        f.pick(ids);
 
         selection::UpdateLoadDefinitionInputs(f.context);
 

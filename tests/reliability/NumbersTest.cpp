@@ -6,7 +6,6 @@
 
 #include <bit>
 #include <charconv>
-#include <clocale>
 #include <cmath>
 #include <limits>
 #include <locale>

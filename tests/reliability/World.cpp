@@ -3,7 +3,6 @@
 #include "femap/Constants.h"
 #include "generate/ModelPath.h"
 
-#include <algorithm>
 #include <ostream>
 
 namespace reliability
@@ -71,22 +70,6 @@ Model smallModel()
                          .values = {99}});
     model.outputSets.put(results);
     return model;
-}
-
-std::vector<std::string> rowsOf(const form::ParameterGrid& grid)
-{
-    std::vector<std::string> rows;
-    for (int row = 1; row < grid.Rows(); ++row)
-        rows.push_back(grid.rowText(row));
-    return rows;
-}
-
-void put(form::ParameterGrid& grid, const std::vector<std::string>& rows)
-{
-    grid.setRows(2);
-    for (const std::string& row : rows)
-        grid.AddItem(row);
-    grid.RemoveItem(1);
 }
 
 // Of whatever list is shown: when FEMAP refused something, it may be another one.
@@ -168,7 +151,7 @@ constexpr Action allActions[] = {
     {"ChoosesAnUnknownTool", [](World&) {},
      [](World& w) { return w.program.chooseItem(w.form.Optimizer, 1); }},
     {"HearsOfANewModel",
-     [](World& w) { w.femap.openModel().outputSets.find(1)->vectors.put({.id = 2}); },
+     [](World& w) { w.model().outputSets.find(1)->vectors.put({.id = 2}); },
      [](World& w) { return w.program.raiseFemapEvent(2); }},
     {"HearsOfAClosedModel", [](World&) {},
      [](World& w) { return w.program.raiseFemapEvent(3); }},
@@ -204,39 +187,30 @@ app::Started World::start()
     return program.start(modelFolder + modelName + ".neu$run.log$ALWAYS");
 }
 
-void World::pick(std::vector<int> ids)
-{
-    dialogs.answers.push_back({femap::ReturnCode::Ok, std::move(ids)});
-}
-
 void World::fillGrids()
 {
-    put(form.InputsList,
-        {"depth\t0\tProp\t1\tpval\t0", "force\t 7\tLoadMesh\t 1\t0\t0", "gone\t8\tNode\t99\tx\t",
-         "place\t0\tNode\t4\tx\t", "ramp\tX-Y Values\tFunction\t 1\t\t",
-         "stiffness\t0\tMatl\t1\tEx\t", "turn\t0\tElem\t1\torient\t0"});
-    put(form.OutputsList,
-        {"mass\t0\tMassTotal\t\tMassProperties", "most\t0\t1\t1\tmaxval", "least\t0\t1\t1\tminval",
-         "moved\t0\t4\t1\tOutput", "unmoved\t5\t2\t1\tOutput"});
+    fake::fill(form.InputsList, {"depth\t0\tProp\t1\tpval\t0", "force\t 7\tLoadMesh\t 1\t0\t0",
+                                 "gone\t8\tNode\t99\tx\t", "place\t0\tNode\t4\tx\t",
+                                 "ramp\tX-Y Values\tFunction\t 1\t\t",
+                                 "stiffness\t0\tMatl\t1\tEx\t", "turn\t0\tElem\t1\torient\t0"});
+    fake::fill(form.OutputsList,
+               {"mass\t0\tMassTotal\t\tMassProperties", "most\t0\t1\t1\tmaxval",
+                "least\t0\t1\t1\tminval", "moved\t0\t4\t1\tOutput", "unmoved\t5\t2\t1\tOutput"});
 }
 
 std::vector<std::string> World::inputs() const
 {
-    return rowsOf(form.InputsList);
+    return fake::rowsOf(form.InputsList);
 }
 
 std::vector<std::string> World::outputs() const
 {
-    return rowsOf(form.OutputsList);
+    return fake::rowsOf(form.OutputsList);
 }
 
 std::map<std::string, std::string> World::generatedFiles() const
 {
-    std::map<std::string, std::string> result;
-    for (const auto& [path, content] : files.contents)
-        if (path.starts_with(modelFolder))
-            result[path.substr(modelFolder.size())] = content;
-    return result;
+    return files.inFolder(modelFolder);
 }
 
 std::string World::controlFile() const
@@ -247,22 +221,7 @@ std::string World::controlFile() const
 std::string World::endAndReadLog()
 {
     program.close();
-    return files.contents.at("/temp" + separator + "korva" + separator + "run.log");
-}
-
-std::vector<std::string> World::messages() const
-{
-    std::vector<std::string> texts;
-    for (const auto& message : femap.messages)
-        texts.push_back(message.text);
-    return texts;
-}
-
-bool World::pointersAreDefault() const
-{
-    return std::ranges::all_of(form.controls(), [](const auto& each) {
-        return each.control->MousePointer == form::pointerDefault;
-    });
+    return files.contents.at(logPath("run.log"));
 }
 
 std::span<const Action> actions()

@@ -16,7 +16,7 @@ namespace reliability
 /// The whole tool beside a FEMAP every call of which can fail, on a disk in memory every operation
 /// of which can fail. The model has one of each kind of entity; an older selection and the files
 /// of its "Apply" are there.
-class World
+class World : public fake::Surroundings
 {
 public:
     World() : World(nullptr, "") {}
@@ -25,22 +25,12 @@ public:
 
     std::string modelFolder;  // ends in the path separator
     std::string modelName;    // of the file, without its ending
-    fake::MemoryFiles files;
-    logging::LocalTime time = {2024, 3, 7, 9, 5, 2, 45};
-    logging::System system{
-        files, logging::windows1252(), [this] { return time; }, [] { return 0.0; },
-        [](const std::string& name) -> std::string { return name == "TEMP" ? "/temp" : ""; }};
-    fake::QueuedDialogs dialogs;
-    femap::embedded::Host femap{dialogs};
     fake::FaultyConnector connector;
-    fake::FakeFormHost host;
     fake::QueuedPropertyList lists;
     app::Program program{connector, host, lists, system};
     form::MainForm& form = program.form();
 
     app::Started start();
-    /// The answer to FEMAP's next selection dialog.
-    void pick(std::vector<int> ids);
 
     /// The rows that each action begins with, in both grids.
     void fillGrids();
@@ -52,8 +42,7 @@ public:
     std::string controlFile() const;
     /// Ends the run, which brings the log onto the disk, and gives all of it.
     std::string endAndReadLog();
-    std::vector<std::string> messages() const;
-    bool pointersAreDefault() const;
+    bool pointersAreDefault() const { return fake::pointersAreDefault(form); }
 };
 
 /// Something that an engineer or FEMAP does with the form.

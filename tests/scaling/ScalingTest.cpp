@@ -9,9 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <functional>
-#include <memory>
 #include <numeric>
 #include <string>
 #include <vector>
@@ -51,14 +49,14 @@ public:
 
     void selectInputs()
     {
-        pickNodes();
+        pick(ids_);
         list_.choose({"x", "y", "z"});
         form.InputSelection.Text = "Nodes";
         selection::InputsButton_Click(context, dialog_);
     }
     void selectOutputs()
     {
-        pickNodes();
+        pick(ids_);
         list_.chooseAll();
         dialog_.UpdateCollection();
         form.OutputSelection.Text = "Nodes";
@@ -66,8 +64,6 @@ public:
     }
 
 private:
-    void pickNodes() { dialogs.answers.push_back({femap::ReturnCode::Ok, ids_}); }
-
     std::vector<int> ids_;
     fake::QueuedPropertyList list_;
     selection::frmPropertyList dialog_{femap, list_};

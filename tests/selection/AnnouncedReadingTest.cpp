@@ -1,5 +1,5 @@
-#include "fake/ForwardingFemap.h"
-#include "selection/FakeConnector.h"
+#include "fake/ForwardingObjects.h"
+#include "femap/ForwardingApplication.h"
 #include "selection/SelectionFixture.h"
 #include "selection/ValueRefresh.h"
 
@@ -26,11 +26,11 @@ bool isIn(const List& list, const Element& element)
 }
 
 // Fails when an entity is loaded or a member read that was not announced.
-class StrictEntity : public femap::Entity
+class StrictEntity : public fake::ForwardingEntity
 {
 public:
     StrictEntity(std::unique_ptr<femap::Entity> real, Tally& tally)
-        : real_(std::move(real)), tally_(tally)
+        : ForwardingEntity(std::move(real)), tally_(tally)
     {}
 
     void readAhead(const std::vector<int>& ids,
@@ -44,22 +44,22 @@ public:
     femap::ReturnCode Get(int id) override
     {
         EXPECT_TRUE(isIn(ids_, id)) << id;
-        return real_->Get(id);
+        return ForwardingEntity::Get(id);
     }
     int Type() override
     {
         read({"type"});
-        return real_->Type();
+        return ForwardingEntity::Type();
     }
     femap::Value member(const std::string& name) override
     {
         read({name});
-        return real_->member(name);
+        return ForwardingEntity::member(name);
     }
     femap::Value member(const std::string& name, int index) override
     {
         read({name, index});
-        return real_->member(name, index);
+        return ForwardingEntity::member(name, index);
     }
 
 private:
@@ -69,18 +69,17 @@ private:
         EXPECT_TRUE(isIn(members_, member)) << member.name;
     }
 
-    std::unique_ptr<femap::Entity> real_;
     Tally& tally_;
     std::vector<int> ids_;
     std::vector<femap::MemberName> members_;
 };
 
 // The same for vectors and their values.
-class StrictVector : public femap::OutputVector
+class StrictVector : public fake::ForwardingVector
 {
 public:
     StrictVector(std::unique_ptr<femap::OutputVector> real, Tally& tally)
-        : real_(std::move(real)), tally_(tally)
+        : ForwardingVector(std::move(real)), tally_(tally)
     {}
 
     void readAhead(std::vector<femap::VectorReading> plan) override
@@ -95,46 +94,35 @@ public:
         EXPECT_NE(place, plan_.end()) << vectorID;
         entities_ = place == plan_.end() ? std::vector<int>() : place->entityIDs;
         EXPECT_TRUE(std::is_sorted(entities_.begin(), entities_.end()));
-        return real_->Get(vectorID);
+        return ForwardingVector::Get(vectorID);
     }
     double Value(int entityID) override
     {
         ++tally_.read;
         EXPECT_TRUE(isIn(entities_, entityID)) << entityID;
-        return real_->Value(entityID);
-    }
-    int ID() override { return real_->ID(); }
-    std::string Title() override { return real_->Title(); }
-    int classicID() override { return real_->classicID(); }
-    double maxval() override { return real_->maxval(); }
-    double minval() override { return real_->minval(); }
-    femap::Value member(const std::string& name) override { return real_->member(name); }
-    femap::Value member(const std::string& name, int index) override
-    {
-        return real_->member(name, index);
+        return ForwardingVector::Value(entityID);
     }
 
 private:
-    std::unique_ptr<femap::OutputVector> real_;
     Tally& tally_;
     std::vector<femap::VectorReading> plan_;
     std::vector<int> entities_;
 };
 
-class StrictFemap : public fake::ForwardingFemap
+class StrictFemap : public femap::ForwardingApplication
 {
 public:
     StrictFemap(std::unique_ptr<femap::Application> real, Tally& tally)
-        : ForwardingFemap(std::move(real)), tally_(tally)
+        : ForwardingApplication(std::move(real)), tally_(tally)
     {}
 
     std::unique_ptr<femap::Entity> entity(const std::string& word) override
     {
-        return std::make_unique<StrictEntity>(ForwardingFemap::entity(word), tally_);
+        return std::make_unique<StrictEntity>(ForwardingApplication::entity(word), tally_);
     }
     std::unique_ptr<femap::OutputVector> feOutput() override
     {
-        return std::make_unique<StrictVector>(ForwardingFemap::feOutput(), tally_);
+        return std::make_unique<StrictVector>(ForwardingApplication::feOutput(), tally_);
     }
 
 private:
@@ -242,14 +230,14 @@ TEST_F(AnnouncedReading, CoversARefreshOfRowsInAnyOrder)
 
 TEST_F(AnnouncedReading, CoversTheVectorsOfTheList)
 {
-    FakeConnector connector;
-    connector.attached = [this] { return std::make_unique<StrictFemap>(f.femap.attach(), tally); };
-    frmPropertyList dialog(connector, f.list);
+    f.connector.attached = [this] {
+        return std::make_unique<StrictFemap>(f.femap.attach(), tally);
+    };
 
-    dialog.UpdateCollection();
+    f.dialog.UpdateCollection();
 
-    dialog.GetPropertyList("Output", "Node");
-    EXPECT_THAT(itemsOf(dialog), testing::ElementsAre("1 - Total Translation"));
+    f.dialog.GetPropertyList("Output", "Node");
+    EXPECT_THAT(itemsOf(f.dialog), testing::ElementsAre("1 - Total Translation"));
     EXPECT_EQ(tally.announced, 1);
 }
 

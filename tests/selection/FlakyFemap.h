@@ -1,6 +1,8 @@
 #pragma once
 
-#include "fake/ForwardingFemap.h"
+#include "fake/FormFixture.h"
+#include "fake/ForwardingObjects.h"
+#include "femap/ForwardingApplication.h"
 #include "logging/RuntimeError.h"
 
 #include <functional>
@@ -23,79 +25,81 @@ inline BeforeCall failsAt(std::string failing)
     };
 }
 
-class FlakyEntity : public femap::Entity
+/// The same, but FEMAP is gone then.
+inline BeforeCall goneAt(std::string last)
+{
+    return [last = std::move(last)](const std::string& call) {
+        if (call == last)
+            throw femap::ConnectionLost("gone");
+    };
+}
+
+/// As failsAt, but only the first time.
+inline BeforeCall failsAtFirst(std::string failing)
+{
+    return [failing = std::move(failing), isDone = false](const std::string& call) mutable {
+        if (call == failing && !std::exchange(isDone, true))
+            failsAt(failing)(call);
+    };
+}
+
+class FlakyEntity : public fake::ForwardingEntity
 {
 public:
     FlakyEntity(std::unique_ptr<femap::Entity> real, const BeforeCall& before)
-        : real_(std::move(real)), before_(before)
+        : ForwardingEntity(std::move(real)), before_(before)
     {}
 
     femap::ReturnCode Get(int id) override
     {
         before_("Get " + std::to_string(id));
         id_ = id;
-        return real_->Get(id);
+        return ForwardingEntity::Get(id);
     }
     int Type() override
     {
         before_("Type " + std::to_string(id_));
-        return real_->Type();
+        return ForwardingEntity::Type();
     }
     femap::Value member(const std::string& name) override
     {
         before_(name + " " + std::to_string(id_));
-        return real_->member(name);
+        return ForwardingEntity::member(name);
     }
-    femap::Value member(const std::string& name, int index) override
-    {
-        return real_->member(name, index);
-    }
+    using ForwardingEntity::member;  // with an index
 
 private:
-    std::unique_ptr<femap::Entity> real_;
     const BeforeCall& before_;
     int id_ = 0;
 };
 
-class FreshVectorRefuses : public femap::OutputVector
+class FreshVectorRefuses : public fake::ForwardingVector
 {
 public:
-    explicit FreshVectorRefuses(std::unique_ptr<femap::OutputVector> real) : real_(std::move(real))
-    {}
+    using ForwardingVector::ForwardingVector;
 
     femap::ReturnCode Get(int vectorID) override
     {
         loaded_ = true;
-        return real_->Get(vectorID);
+        return ForwardingVector::Get(vectorID);
     }
-    int ID() override { return real_->ID(); }
     std::string Title() override
     {
         if (!loaded_)
             throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "nothing loaded");
-        return real_->Title();
-    }
-    int classicID() override { return real_->classicID(); }
-    double Value(int entityID) override { return real_->Value(entityID); }
-    double maxval() override { return real_->maxval(); }
-    double minval() override { return real_->minval(); }
-    femap::Value member(const std::string& name) override { return real_->member(name); }
-    femap::Value member(const std::string& name, int index) override
-    {
-        return real_->member(name, index);
+        return ForwardingVector::Title();
     }
 
 private:
-    std::unique_ptr<femap::OutputVector> real_;
     bool loaded_ = false;
 };
 
 /// A FEMAP some of whose calls fail.
-class FlakyFemap : public fake::ForwardingFemap
+class FlakyFemap : public femap::ForwardingApplication
 {
 public:
     FlakyFemap(std::unique_ptr<femap::Application> real, BeforeCall before)
-        : ForwardingFemap(std::move(real)), before_(std::move(before))
+        : ForwardingApplication(std::move(real)), before_(std::move(before))
     {}
 
     bool freshVectorRefuses = false;
@@ -103,22 +107,22 @@ public:
     void feAppLock() override
     {
         before_("lock");
-        ForwardingFemap::feAppLock();
+        ForwardingApplication::feAppLock();
     }
     void feAppUnlock() override
     {
         before_("unlock");
-        ForwardingFemap::feAppUnlock();
+        ForwardingApplication::feAppUnlock();
     }
     std::unique_ptr<femap::Entity> entity(const std::string& word) override
     {
         before_("entity " + word);
-        return std::make_unique<FlakyEntity>(ForwardingFemap::entity(word), before_);
+        return std::make_unique<FlakyEntity>(ForwardingApplication::entity(word), before_);
     }
     std::unique_ptr<femap::OutputVector> feOutput() override
     {
         before_("feOutput");
-        auto real = ForwardingFemap::feOutput();
+        auto real = ForwardingApplication::feOutput();
         if (!freshVectorRefuses)
             return real;
         return std::make_unique<FreshVectorRefuses>(std::move(real));
@@ -128,23 +132,13 @@ private:
     BeforeCall before_;
 };
 
-/// FEMAP as the property list dialog reaches it; the first attempts fail.
-class FlakyConnector : public femap::Connector
+/// Puts one in the place of the form's FEMAP.
+inline FlakyFemap& makeFlaky(fake::FormFixture& f, BeforeCall before)
 {
-public:
-    FlakyConnector(femap::Connector& real, int failures) : real_(real), failures_(failures) {}
-
-    std::unique_ptr<femap::Application> attach() override
-    {
-        if (failures_-- > 0)
-            throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "attach failed");
-        return real_.attach();
-    }
-    std::unique_ptr<femap::Application> create() override { return real_.create(); }
-
-private:
-    femap::Connector& real_;
-    int failures_;
-};
+    auto flaky = std::make_unique<FlakyFemap>(f.femap.attach(), std::move(before));
+    FlakyFemap& result = *flaky;
+    f.context.application = std::move(flaky);
+    return result;
+}
 
 }  // namespace selection

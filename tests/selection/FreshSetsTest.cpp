@@ -1,4 +1,4 @@
-#include "fake/ForwardingFemap.h"
+#include "femap/ForwardingApplication.h"
 #include "selection/SelectionFixture.h"
 
 #include <gmock/gmock.h>
@@ -15,14 +15,14 @@ namespace
 using testing::ElementsAre;
 
 /// A FEMAP whose new entity sets still hold all nodes.
-class LeavesNodesInNewSets : public fake::ForwardingFemap
+class LeavesNodesInNewSets : public femap::ForwardingApplication
 {
 public:
-    using ForwardingFemap::ForwardingFemap;
+    using ForwardingApplication::ForwardingApplication;
 
     std::unique_ptr<femap::EntitySet> feSet() override
     {
-        auto set = ForwardingFemap::feSet();
+        auto set = ForwardingApplication::feSet();
         set->AddAll(femap::EntityType::Node);
         return set;
     }

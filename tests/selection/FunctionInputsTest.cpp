@@ -38,7 +38,7 @@ protected:
         function.title = title;
         f.model().functions.put(function);
     }
-    void pick(int id) { f.dialogs.answers.push_back({ReturnCode::Ok, {id}}); }
+    void pick(int id) { f.pick({id}); }
 
     FormFixture f;
 };

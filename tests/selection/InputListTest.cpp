@@ -14,7 +14,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
-using Texts = std::vector<std::string>;
 
 struct NameCase
 {
@@ -49,13 +48,7 @@ INSTANTIATE_TEST_SUITE_P(
                     NameCase{"123456789,123456789", "Node", 1, "12345678912345AtNode1"},
                     NameCase{"äöüäöüäöüäöüäöüäöü", "Node", 1, "äöüäöüäöüäöüäöüAtNode1"}));
 
-// Rows of an input grid that was filled before.
-void fill(form::ParameterGrid& grid, const Texts& names)
-{
-    for (const std::string& name : names)
-        grid.AddItem(name + "\told\tNode\t0\tx");
-    grid.RemoveItem(1);
-}
+const std::string restOfRow = "\told\tNode\t0\tx";
 
 class UpdateInputListTest : public testing::Test
 {
@@ -170,13 +163,12 @@ TEST_F(UpdateInputListTest, LeavesFemapUnlockedAndThePointersNormal)
     f.addNodes({1});
     int locks = 0;
     int pointer = 0;
-    f.context.application =
-        std::make_unique<FlakyFemap>(f.femap.attach(), [&](const std::string& call) {
-            if (call != "Get 1")
-                return;
-            locks = f.femap.lockCount;
-            pointer = f.form.GenerateButton.MousePointer;
-        });
+    makeFlaky(f, [&](const std::string& call) {
+        if (call != "Get 1")
+            return;
+        locks = f.femap.lockCount;
+        pointer = f.form.GenerateButton.MousePointer;
+    });
 
     f.selectInput("Nodes", {1}, {"x"});
 
@@ -251,7 +243,7 @@ TEST_P(InputDuplicates, AreRemovedRowByRowWithoutLookingAtTheRowThatMovesUp)
 {
     SelectionFixture f;
     f.addNodes({1});
-    fill(f.form.InputsList, GetParam().before);
+    fill(f.form.InputsList, GetParam().before, restOfRow);
     f.pick({1});
     f.list.choose({"x"});
 
@@ -340,7 +332,7 @@ TEST_P(InputListFailure, EndsTheUpdate)
     f.addProperties({{1, femap::elementBeam}});
     const auto set = f.context.femap().feSet();
     set->AddAll(femap::EntityType::Property);
-    f.context.application = std::make_unique<FlakyFemap>(f.femap.attach(), failsAt(GetParam()));
+    makeFlaky(f, failsAt(GetParam()));
 
     EXPECT_THROW(UpdateInputList(f.context, "Prop", *set, {"Color"}, {{"Color", "Color"}}, {},
                                  femap::elementBeam),
@@ -377,12 +369,11 @@ TEST_F(UpdateInputListTest, ShowsHowFarALongWalkHasCome)
         ids.push_back(id);
     f.addNodes(ids);
     Texts captions;
-    f.context.application =
-        std::make_unique<FlakyFemap>(f.femap.attach(), [&](const std::string& call) {
-            f.seconds += call.starts_with("Get") ? 0.005 : 0;
-            if (call == "Get 1000")
-                captions.push_back(f.form.StatusLine.Caption);
-        });
+    makeFlaky(f, [&](const std::string& call) {
+        f.seconds += call.starts_with("Get") ? 0.005 : 0;
+        if (call == "Get 1000")
+            captions.push_back(f.form.StatusLine.Caption);
+    });
 
     f.selectInput("Nodes", ids, {});
 

@@ -19,16 +19,6 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::SizeIs;
 using Asked = fake::QueuedDialogs::Asked;
-using Shown = fake::QueuedPropertyList::Shown;
-using Texts = std::vector<std::string>;
-
-Texts headings(const SelectionFixture& f)
-{
-    Texts result;
-    for (const Shown& shown : f.list.shown)
-        result.push_back(shown.heading);
-    return result;
-}
 
 struct KindCase
 {
@@ -59,7 +49,7 @@ TEST_P(EntityKinds, ArePickedInFemapAndGetTheirFields)
     EXPECT_THAT(f.dialogs.asked,
                 ElementsAre(AllOf(Field(&Asked::type, kind.type), Field(&Asked::title, kind.title),
                                   Field(&Asked::onlyOne, false))));
-    EXPECT_THAT(headings(f), ElementsAre(kind.heading));
+    EXPECT_THAT(f.headings(), ElementsAre(kind.heading));
     EXPECT_THAT(f.rows(f.form.InputsList), ElementsAre(kind.row));
     EXPECT_EQ(f.form.returnCode, -1);
 }
@@ -92,7 +82,7 @@ TEST_P(PropertyTypes, HaveTheirFieldList)
 
     f.selectInput("Properties");
 
-    EXPECT_THAT(headings(f), ElementsAre(GetParam().heading));
+    EXPECT_THAT(f.headings(), ElementsAre(GetParam().heading));
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryType, PropertyTypes,
@@ -136,7 +126,7 @@ TEST_F(InputSelection, AsksOncePerTypeOfProperty)
 
     f.selectInput("Properties");
 
-    EXPECT_THAT(headings(f), ElementsAre("Beam Properties", "Plate Properties"));
+    EXPECT_THAT(f.headings(), ElementsAre("Beam Properties", "Plate Properties"));
     EXPECT_THAT(f.names(f.form.InputsList), ElementsAre("JAtProp1", "JAtProp3", "JAtProp5",
                                                         "ThicknessAtProp2", "ThicknessAtProp4"));
 }
@@ -149,7 +139,8 @@ TEST_F(InputSelection, AsksInTheOrderInWhichTheTypesAppear)
 
     f.selectInput("Properties");
 
-    EXPECT_THAT(headings(f), ElementsAre("Plate Properties", "Rod Properties", "Plate Properties"));
+    EXPECT_THAT(f.headings(),
+                ElementsAre("Plate Properties", "Rod Properties", "Plate Properties"));
 }
 
 TEST_F(InputSelection, LogsEveryStepOfAPropertySelection)
@@ -253,12 +244,12 @@ TEST_F(InputSelection, HandsLoadDefinitionsToTheirOwnProcedure)
 TEST_F(InputSelection, SkipsAPropertyWhoseTypeCannotBeRead)
 {
     f.addProperties({{1, femap::elementBeam}, {2, femap::elementRod}});
-    f.context.application = std::make_unique<FlakyFemap>(f.femap.attach(), failsAt("Type 1"));
+    makeFlaky(f, failsAt("Type 1"));
     f.pick({1, 2});
 
     const Texts log = f.logOf([&] { f.selectInput("Properties"); });
 
-    EXPECT_THAT(headings(f), ElementsAre("Rod Properties"));
+    EXPECT_THAT(f.headings(), ElementsAre("Rod Properties"));
     EXPECT_THAT(log, Contains("ERROR: Type 1 failed"));
     EXPECT_THAT(log, Contains("DEBUG: Error occured After reading the type of a property"));
 }
@@ -266,30 +257,24 @@ TEST_F(InputSelection, SkipsAPropertyWhoseTypeCannotBeRead)
 TEST_F(InputSelection, SkipsAPropertyThatFemapLacks)
 {
     f.addProperties({{1, femap::elementBeam}, {2, femap::elementRod}});
-    f.context.application =
-        std::make_unique<FlakyFemap>(f.femap.attach(), [&](const std::string& call) {
-            if (call != "entity Prop")
-                return;
-            f.model().properties = {};
-            f.addProperties({{2, femap::elementRod}});
-        });
+    makeFlaky(f, [&](const std::string& call) {
+        if (call != "entity Prop")
+            return;
+        f.model().properties = {};
+        f.addProperties({{2, femap::elementRod}});
+    });
     f.pick({1, 2});
 
     const Texts log = f.logOf([&] { f.selectInput("Properties"); });
 
-    EXPECT_THAT(headings(f), ElementsAre("Rod Properties"));
+    EXPECT_THAT(f.headings(), ElementsAre("Rod Properties"));
     EXPECT_THAT(log, Contains("ERROR: FEMAP has no Prop with the ID 1"));
 }
 
 TEST_F(InputSelection, GoesOnWithTheNextTypeWhenOneFails)
 {
     f.addProperties({{1, femap::elementBeam}, {2, femap::elementRod}});
-    int locks = 0;
-    f.context.application =
-        std::make_unique<FlakyFemap>(f.femap.attach(), [&](const std::string& call) {
-            if (call == "lock" && ++locks == 1)
-                failsAt("lock")(call);
-        });
+    makeFlaky(f, failsAtFirst("lock"));
     f.pick({1, 2});
     f.list.chooseAll();
     f.list.choose({"Area"});
@@ -305,43 +290,35 @@ TEST_F(InputSelection, GoesOnWithTheNextTypeWhenOneFails)
 TEST_F(InputSelection, EndsAtOnceWhenFemapIsGone)
 {
     f.addProperties({{1, femap::elementBeam}, {2, femap::elementRod}});
-    f.context.application =
-        std::make_unique<FlakyFemap>(f.femap.attach(), [](const std::string& call) {
-            if (call == "lock")
-                throw femap::ConnectionLost("gone");
-        });
+    makeFlaky(f, goneAt("lock"));
     f.pick({1, 2});
 
     EXPECT_THROW(f.selectInput("Properties"), femap::ConnectionLost);
 
-    EXPECT_THAT(headings(f), ElementsAre("Beam Properties"));
+    EXPECT_THAT(f.headings(), ElementsAre("Beam Properties"));
 }
 
 TEST_F(InputSelection, OffersTheUndefinedPropertyWhenTheListFails)
 {
     f.addProperties({{1, femap::elementBeam}});
-    FlakyConnector connector(f.femap, 1);
-    frmPropertyList dialog(connector, f.list);
+    f.connector.failures = 1;
     f.pick({1});
-    f.form.InputSelection.Text = "Properties";
 
-    InputsButton_Click(f.context, dialog);
+    f.selectInput("Properties");
 
-    EXPECT_THAT(headings(f), ElementsAre("Undefined Property"));
+    EXPECT_THAT(f.headings(), ElementsAre("Undefined Property"));
     EXPECT_FALSE(f.context.error.isPending());
 }
 
 TEST_F(InputSelection, ShowsNoPropertyListThatCannotBeFilled)
 {
     f.addProperties({{1, femap::elementBeam}, {2, femap::elementRod}});
-    FlakyConnector connector(f.femap, 2);
-    frmPropertyList dialog(connector, f.list);
+    f.connector.failures = 2;
     f.pick({1, 2});
-    f.form.InputSelection.Text = "Properties";
 
-    const Texts log = f.logOf([&] { InputsButton_Click(f.context, dialog); });
+    const Texts log = f.logOf([&] { f.selectInput("Properties"); });
 
-    EXPECT_THAT(headings(f), ElementsAre("Rod Properties"));
+    EXPECT_THAT(f.headings(), ElementsAre("Rod Properties"));
     EXPECT_THAT(log, Contains("ERROR: attach failed"));
     EXPECT_EQ(log.back(), "DEBUG: After click of Select for input parameter");
 }
@@ -349,12 +326,10 @@ TEST_F(InputSelection, ShowsNoPropertyListThatCannotBeFilled)
 TEST_F(InputSelection, EndsWhenTheListOfAnyOtherKindFails)
 {
     f.addNodes({1});
-    FlakyConnector connector(f.femap, 1);
-    frmPropertyList dialog(connector, f.list);
+    f.connector.failures = 1;
     f.pick({1});
-    f.form.InputSelection.Text = "Nodes";
 
-    EXPECT_THROW(InputsButton_Click(f.context, dialog), logging::RuntimeError);
+    EXPECT_THROW(f.selectInput("Nodes"), logging::RuntimeError);
 
     EXPECT_THAT(f.list.shown, IsEmpty());
     EXPECT_THAT(f.log(), Not(Contains(HasSubstr("After click"))));

@@ -209,10 +209,10 @@ TEST_F(LoadDefinitionInputs, AnErrorGoesUpAfterFemapWasUnlocked)
 
 TEST_F(LoadDefinitionInputs, ALostConnectionGoesUpWithoutAnotherCall)
 {
-    class DeadFemap : public fake::ForwardingFemap
+    class DeadFemap : public femap::ForwardingApplication
     {
     public:
-        using ForwardingFemap::ForwardingFemap;
+        using ForwardingApplication::ForwardingApplication;
         std::unique_ptr<femap::LoadDefinition> feLoadDefinition() override
         {
             throw femap::ConnectionLost("FEMAP is gone");

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fake/FormFixture.h"
-#include "fake/ForwardingFemap.h"
+#include "femap/ForwardingApplication.h"
 #include "logging/RuntimeError.h"
 #include "selection/LoadDefinitionInputs.h"
 
@@ -75,11 +75,11 @@ private:
     std::size_t next_ = 0;
 };
 
-class ScriptedFemap : public fake::ForwardingFemap
+class ScriptedFemap : public femap::ForwardingApplication
 {
 public:
     ScriptedFemap(std::unique_ptr<femap::Application> real, const Script& script)
-        : ForwardingFemap(std::move(real)), script_(script)
+        : ForwardingApplication(std::move(real)), script_(script)
     {}
 
     std::unique_ptr<femap::LoadDefinition> feLoadDefinition() override
@@ -109,7 +109,7 @@ protected:
     }
     void pick(const std::vector<int>& ids)
     {
-        f.dialogs.answers.push_back({femap::ReturnCode::Ok, ids});
+        f.pick(ids);
         UpdateLoadDefinitionInputs(f.context);
     }
     /// Runs the procedure on a FEMAP that answers as the script says.

@@ -1,4 +1,4 @@
-#include "fake/ForwardingFemap.h"
+#include "femap/ForwardingApplication.h"
 #include "logging/RuntimeError.h"
 #include "selection/MassQuantities.h"
 #include "selection/OutputList.h"
@@ -13,13 +13,12 @@ namespace
 {
 
 using testing::ElementsAre;
-using Texts = std::vector<std::string>;
 
 // A FEMAP that measures known numbers.
-class MeasuringFemap : public fake::ForwardingFemap
+class MeasuringFemap : public femap::ForwardingApplication
 {
 public:
-    using ForwardingFemap::ForwardingFemap;
+    using ForwardingApplication::ForwardingApplication;
 
     femap::MassProperties measured;
     std::vector<int> asked;  // coordinate system and switches of the last measurement
@@ -28,8 +27,8 @@ public:
                                                 bool printResults, bool printDetails) override
     {
         asked = {coordinateSystem, printResults, printDetails};
-        ForwardingFemap::feMeasureMeshMassProp(elementSet, coordinateSystem, printResults,
-                                               printDetails);
+        ForwardingApplication::feMeasureMeshMassProp(elementSet, coordinateSystem, printResults,
+                                                     printDetails);
         return measured;
     }
 };

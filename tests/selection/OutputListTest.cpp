@@ -16,14 +16,8 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
-using Texts = std::vector<std::string>;
 
-void fill(form::ParameterGrid& grid, const Texts& names)
-{
-    for (const std::string& name : names)
-        grid.AddItem(name + "\told\t0\t0\tOutput");
-    grid.RemoveItem(1);
-}
+const std::string restOfRow = "\told\t0\t0\tOutput";
 
 class UpdateOutputListTest : public testing::Test
 {
@@ -105,7 +99,8 @@ TEST_F(UpdateOutputListTest, LogsEveryStepOfVectorRows)
 TEST_F(UpdateOutputListTest, LogsEveryStepOfExtremes)
 {
     f.addVector(1, "Total Translation");
-    fill(f.form.OutputsList, {"TotalTranslatiMaxAtElem1", "TotalTranslatiMinAtElem1", "a"});
+    fill(f.form.OutputsList, {"TotalTranslatiMaxAtElem1", "TotalTranslatiMinAtElem1", "a"},
+         restOfRow);
 
     const Texts log = f.logOf([&] { UpdateOutputList(f.context, "Elem", nullptr, {"1 "}); });
 
@@ -212,7 +207,7 @@ TEST_F(UpdateOutputListTest, KeepsTheOnlyRowWhenItIsChosenAgain)
 TEST_F(UpdateOutputListTest, KeepsTheOnlyExtremeAndAddsTheOther)
 {
     f.addVector(1, "V");
-    fill(f.form.OutputsList, {"VMaxAtNode1"});
+    fill(f.form.OutputsList, {"VMaxAtNode1"}, restOfRow);
 
     UpdateOutputList(f.context, "Node", nullptr, {"1 "});
 
@@ -235,7 +230,7 @@ TEST_P(OutputDuplicates, GiveWayToTheNewRow)
     SelectionFixture f;
     f.addNodes({1});
     f.addVector(1, "V", {1}, {4});
-    fill(f.form.OutputsList, GetParam().before);
+    fill(f.form.OutputsList, GetParam().before, restOfRow);
     const auto set = f.context.femap().feSet();
     set->AddAll(femap::EntityType::Node);
 
@@ -275,7 +270,7 @@ TEST_F(UpdateOutputListTest, LeavesTheGridAtItsTop)
 {
     f.addNodes({1});
     f.addVector(1, "V", {1}, {4});
-    fill(f.form.OutputsList, {"a", "b"});
+    fill(f.form.OutputsList, {"a", "b"}, restOfRow);
     f.form.OutputsList.Row = 2;
     f.form.OutputsList.RowSel = 2;
     f.form.OutputsList.Col = 1;
@@ -300,13 +295,12 @@ TEST_F(UpdateOutputListTest, LocksFemapMeanwhile)
     f.addVector(1, "V", {1}, {4});
     int locks = 0;
     int pointer = 0;
-    f.context.application =
-        std::make_unique<FlakyFemap>(f.femap.attach(), [&](const std::string& call) {
-            if (call != "Get 1")
-                return;
-            locks = f.femap.lockCount;
-            pointer = f.form.OutputsButton.MousePointer;
-        });
+    makeFlaky(f, [&](const std::string& call) {
+        if (call != "Get 1")
+            return;
+        locks = f.femap.lockCount;
+        pointer = f.form.OutputsButton.MousePointer;
+    });
 
     updateNodes({"1 "});
 
@@ -320,9 +314,7 @@ TEST_F(UpdateOutputListTest, GoesOnWhenAFreshVectorHasNoTitle)
 {
     f.addNodes({1});
     f.addVector(1, "V", {1}, {4});
-    auto flaky = std::make_unique<FlakyFemap>(f.femap.attach(), failsAt(""));
-    flaky->freshVectorRefuses = true;
-    f.context.application = std::move(flaky);
+    makeFlaky(f, failsAt("")).freshVectorRefuses = true;
 
     const Texts log = f.logOf([&] { updateNodes({"1 "}); });
 
@@ -362,11 +354,7 @@ TEST_F(UpdateOutputListTest, EndsAtOnceWhenFemapIsGone)
     f.addNodes({1});
     f.addVector(1, "V", {1}, {4});
     const auto set = all(femap::EntityType::Node);
-    f.context.application =
-        std::make_unique<FlakyFemap>(f.femap.attach(), [](const std::string& call) {
-            if (call == "Get 1")
-                throw femap::ConnectionLost("gone");
-        });
+    makeFlaky(f, goneAt("Get 1"));
 
     EXPECT_THROW(UpdateOutputList(f.context, "Node", set.get(), {"1 "}), femap::ConnectionLost);
 }
@@ -381,7 +369,7 @@ TEST_P(OutputListFailure, EndsTheUpdate)
     f.addVector(1, "V", {3}, {4});
     const auto set = f.context.femap().feSet();
     set->AddAll(femap::EntityType::Element);
-    f.context.application = std::make_unique<FlakyFemap>(f.femap.attach(), failsAt(GetParam()));
+    makeFlaky(f, failsAt(GetParam()));
 
     EXPECT_THROW(UpdateOutputList(f.context, "Elem", set.get(), {"1 "}, femap::elementPlate),
                  logging::RuntimeError);

@@ -210,10 +210,10 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(ValueRefresh, AFailedMeasurementCostsItsRowOnly)
 {
-    class UnmeasurableFemap : public fake::ForwardingFemap
+    class UnmeasurableFemap : public femap::ForwardingApplication
     {
     public:
-        using ForwardingFemap::ForwardingFemap;
+        using ForwardingApplication::ForwardingApplication;
         femap::MassProperties feMeasureMeshMassProp(int, int, bool, bool) override
         {
             throw RuntimeError(ErrorNumber::ObjectFailed, "The mass came out negative");

@@ -18,15 +18,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 using Asked = fake::QueuedDialogs::Asked;
-using Texts = std::vector<std::string>;
-
-Texts headings(const SelectionFixture& f)
-{
-    Texts result;
-    for (const auto& shown : f.list.shown)
-        result.push_back(shown.heading);
-    return result;
-}
 
 class OutputSelection : public testing::Test
 {
@@ -67,7 +58,7 @@ TEST_F(OutputSelection, LogsEveryStepForNodes)
     EXPECT_THAT(f.dialogs.asked, ElementsAre(AllOf(Field(&Asked::type, EntityType::Node),
                                                    Field(&Asked::title, "Select Nodes to Analyze"),
                                                    Field(&Asked::onlyOne, false))));
-    EXPECT_THAT(headings(f), ElementsAre("Node Output Properties"));
+    EXPECT_THAT(f.headings(), ElementsAre("Node Output Properties"));
     EXPECT_EQ(f.form.returnCode, -1);
 }
 
@@ -78,7 +69,7 @@ TEST_F(OutputSelection, ReportsExtremesOfNodesWithoutPicking)
     const Texts log = f.logOf([&] { f.selectOutput("Nodes Min/Max"); });
 
     EXPECT_THAT(f.dialogs.asked, IsEmpty());
-    EXPECT_THAT(headings(f), ElementsAre("Node Output Properties"));
+    EXPECT_THAT(f.headings(), ElementsAre("Node Output Properties"));
     EXPECT_THAT(f.names(f.form.OutputsList),
                 ElementsAre("TotalTranslatiMaxAtNode1", "TotalTranslatiMinAtNode1"));
     EXPECT_THAT(log, Contains("DEBUG: Called update output list for Node"));
@@ -92,7 +83,7 @@ TEST_F(OutputSelection, ReportsExtremesOfElementsWithoutPicking)
     const Texts log = f.logOf([&] { f.selectOutput("Elements Min/Max"); });
 
     EXPECT_THAT(f.dialogs.asked, IsEmpty());
-    EXPECT_THAT(headings(f), ElementsAre("All Element Output Properties"));
+    EXPECT_THAT(f.headings(), ElementsAre("All Element Output Properties"));
     EXPECT_THAT(f.names(f.form.OutputsList),
                 ElementsAre("PlateStressMaxAtElem7020", "PlateStressMinAtElem7020"));
     EXPECT_THAT(log, Contains("DEBUG: Called update output list for entity type=Elem"));
@@ -114,7 +105,7 @@ TEST_F(OutputSelection, AsksOncePerTypeOfElement)
     EXPECT_THAT(f.dialogs.asked,
                 ElementsAre(AllOf(Field(&Asked::type, EntityType::Element),
                                   Field(&Asked::title, "Select Elements to Analyze"))));
-    EXPECT_THAT(headings(f),
+    EXPECT_THAT(f.headings(),
                 ElementsAre("Solid Element Output Properties", "Plate Element Output Properties"));
     EXPECT_THAT(f.names(f.form.OutputsList),
                 ElementsAre("SolidStres60010AtElem10", "SolidStres60010AtElem12",
@@ -130,7 +121,7 @@ TEST_F(OutputSelection, AsksForEachTypeEvenOfOneCategory)
 
     f.selectOutput("Elements");
 
-    EXPECT_THAT(headings(f),
+    EXPECT_THAT(f.headings(),
                 ElementsAre("Plate Element Output Properties", "Plate Element Output Properties"));
 }
 
@@ -152,7 +143,7 @@ TEST_P(ElementCategories, HaveTheirOutputList)
 
     f.selectOutput("Elements");
 
-    EXPECT_THAT(headings(f), ElementsAre(GetParam().heading));
+    EXPECT_THAT(f.headings(), ElementsAre(GetParam().heading));
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryType, ElementCategories,
@@ -201,7 +192,7 @@ TEST_F(OutputSelection, LogsEveryStepForMassPropertiesWithoutAClosingLine)
 
     const Texts log = f.logOf([&] { f.selectOutput("Mass Properties"); });
 
-    EXPECT_THAT(headings(f), ElementsAre("Total Mesh Properties"));
+    EXPECT_THAT(f.headings(), ElementsAre("Total Mesh Properties"));
     EXPECT_THAT(f.names(f.form.OutputsList),
                 ElementsAre("TotalLength", "TotalCGx", "TotalCGy", "TotalCGz"));
     EXPECT_THAT(
@@ -274,12 +265,12 @@ TEST_F(OutputSelection, AddsNoRowsWhenTheListIsCancelled)
 TEST_F(OutputSelection, SkipsAnElementWhoseTypeCannotBeRead)
 {
     f.addElements({{10, femap::elementSolid}, {11, femap::elementPlate}});
-    f.context.application = std::make_unique<FlakyFemap>(f.femap.attach(), failsAt("Type 10"));
+    makeFlaky(f, failsAt("Type 10"));
     f.pick({10, 11});
 
     const Texts log = f.logOf([&] { f.selectOutput("Elements"); });
 
-    EXPECT_EQ(headings(f).front(), "Plate Element Output Properties");
+    EXPECT_EQ(f.headings().front(), "Plate Element Output Properties");
     EXPECT_THAT(log, Contains("ERROR: Type 10 failed"));
     EXPECT_THAT(log, Contains("DEBUG: Error occured After reading the type of an element"));
     EXPECT_FALSE(f.context.error.isPending());
@@ -288,30 +279,24 @@ TEST_F(OutputSelection, SkipsAnElementWhoseTypeCannotBeRead)
 TEST_F(OutputSelection, SkipsAnElementThatFemapLacks)
 {
     f.addElements({{10, femap::elementSolid}, {11, femap::elementPlate}});
-    f.context.application =
-        std::make_unique<FlakyFemap>(f.femap.attach(), [&](const std::string& call) {
-            if (call != "entity Elem")
-                return;
-            f.model().elements = {};
-            f.addElements({{11, femap::elementPlate}});
-        });
+    makeFlaky(f, [&](const std::string& call) {
+        if (call != "entity Elem")
+            return;
+        f.model().elements = {};
+        f.addElements({{11, femap::elementPlate}});
+    });
     f.pick({10, 11});
 
     const Texts log = f.logOf([&] { f.selectOutput("Elements"); });
 
-    EXPECT_THAT(headings(f), ElementsAre("Plate Element Output Properties"));
+    EXPECT_THAT(f.headings(), ElementsAre("Plate Element Output Properties"));
     EXPECT_THAT(log, Contains("ERROR: FEMAP has no Elem with the ID 10"));
 }
 
 TEST_F(OutputSelection, GoesOnWithTheNextTypeWhenOneFails)
 {
     f.addElements({{10, femap::elementSolid}, {11, femap::elementPlate}});
-    int locks = 0;
-    f.context.application =
-        std::make_unique<FlakyFemap>(f.femap.attach(), [&](const std::string& call) {
-            if (call == "lock" && ++locks == 1)
-                failsAt("lock")(call);
-        });
+    makeFlaky(f, failsAtFirst("lock"));
     f.pick({10, 11});
     f.list.chooseAll();
     f.list.chooseAll();
@@ -327,28 +312,24 @@ TEST_F(OutputSelection, GoesOnWithTheNextTypeWhenOneFails)
 TEST_F(OutputSelection, OffersAllElementsWhenTheListOfACategoryFails)
 {
     f.addElements({{10, femap::elementSolid}});
-    FlakyConnector connector(f.femap, 1);
-    frmPropertyList dialog(connector, f.list);
+    f.connector.failures = 1;
     f.pick({10});
-    f.form.OutputSelection.Text = "Elements";
 
-    OutputsButton_Click(f.context, dialog);
+    f.selectOutput("Elements");
 
-    EXPECT_THAT(headings(f), ElementsAre("Undefined Output Property"));
+    EXPECT_THAT(f.headings(), ElementsAre("Undefined Output Property"));
     EXPECT_FALSE(f.context.error.isPending());
 }
 
 TEST_F(OutputSelection, ShowsNoListThatCannotBeFilled)
 {
     f.addElements({{10, femap::elementSolid}, {11, femap::elementPlate}});
-    FlakyConnector connector(f.femap, 2);
-    frmPropertyList dialog(connector, f.list);
+    f.connector.failures = 2;
     f.pick({10, 11});
-    f.form.OutputSelection.Text = "Elements";
 
-    const Texts log = f.logOf([&] { OutputsButton_Click(f.context, dialog); });
+    const Texts log = f.logOf([&] { f.selectOutput("Elements"); });
 
-    EXPECT_THAT(headings(f), ElementsAre("Plate Element Output Properties"));
+    EXPECT_THAT(f.headings(), ElementsAre("Plate Element Output Properties"));
     EXPECT_THAT(log, Contains("ERROR: attach failed"));
     EXPECT_EQ(log.back(), "DEBUG: Position at At end of OutputsButton_Click");
 }

@@ -1,5 +1,4 @@
-#include "fake/ForwardingFemap.h"
-#include "selection/FakeConnector.h"
+#include "femap/ForwardingApplication.h"
 #include "selection/SelectionFixture.h"
 
 #include <gmock/gmock.h>
@@ -12,7 +11,6 @@ namespace
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Texts = std::vector<std::string>;
 
 // One vector of every range.
 void addVectorsOfAllRanges(SelectionFixture& f)
@@ -131,10 +129,10 @@ private:
     int id_ = 0;
 };
 
-class RenumberedFemap : public fake::ForwardingFemap
+class RenumberedFemap : public femap::ForwardingApplication
 {
 public:
-    using ForwardingFemap::ForwardingFemap;
+    using ForwardingApplication::ForwardingApplication;
 
     std::unique_ptr<femap::OutputVector> feOutput() override
     {
@@ -147,16 +145,14 @@ TEST(OutputLists, GroupByTheOldNumberAndShowTheOneThatFemapGives)
     SelectionFixture f;
     for (const int id : {1, 2, 3, 4, 7500})
         f.addVector(id, "Vector");
-    FakeConnector connector;
-    connector.attached = [&] { return std::make_unique<RenumberedFemap>(f.femap.attach()); };
-    frmPropertyList dialog(connector, f.list);
+    f.connector.attached = [&] { return std::make_unique<RenumberedFemap>(f.femap.attach()); };
 
-    dialog.UpdateCollection();
+    f.dialog.UpdateCollection();
 
-    dialog.GetPropertyList("Output", "PlateElement");
-    EXPECT_THAT(itemsOf(dialog), ElementsAre("1 - Vector", "2 - Vector"));
-    dialog.GetPropertyList("Output", "Node");
-    EXPECT_THAT(itemsOf(dialog), ElementsAre("7500 - Vector"));
+    f.dialog.GetPropertyList("Output", "PlateElement");
+    EXPECT_THAT(itemsOf(f.dialog), ElementsAre("1 - Vector", "2 - Vector"));
+    f.dialog.GetPropertyList("Output", "Node");
+    EXPECT_THAT(itemsOf(f.dialog), ElementsAre("7500 - Vector"));
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 #include "logging/RuntimeError.h"
-#include "selection/FakeConnector.h"
 #include "selection/SelectionFixture.h"
 
 #include <gmock/gmock.h>
@@ -14,8 +13,6 @@ namespace
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-using Texts = std::vector<std::string>;
 
 Texts operator+(Texts left, const Texts& right)
 {
@@ -318,53 +315,35 @@ TEST(frmPropertyList, TakesAFieldThatIsNotInTheListForAPlainMember)
     EXPECT_EQ(f.dialog.GetMemberIndex("layer"), "");
 }
 
-TEST(frmPropertyList, IsVisibleFromShowUntilItIsAccepted)
+TEST(frmPropertyList, IsVisibleFromShowUntilItIsAcceptedOrCancelled)
 {
-    SelectionFixture f;
-    f.dialog.GetPropertyList("Node", "");
-    std::vector<bool> visible;
-    f.list.answer([&](frmPropertyList& dialog) {
-        visible.push_back(dialog.Visible);
-        dialog.cmdAdd_Click();
-        visible.push_back(dialog.Visible);
-    });
+    for (const auto button : {&frmPropertyList::cmdAdd_Click, &frmPropertyList::cmdCancel_Click}) {
+        SelectionFixture f;
+        f.dialog.GetPropertyList("Node", "");
+        std::vector<bool> visible;
+        f.list.answer([&](frmPropertyList& dialog) {
+            visible.push_back(dialog.Visible);
+            (dialog.*button)();
+            visible.push_back(dialog.Visible);
+        });
 
-    f.dialog.Show();
+        f.dialog.Show();
 
-    EXPECT_THAT(visible, ElementsAre(true, false));
-}
-
-TEST(frmPropertyList, IsVisibleFromShowUntilItIsCancelled)
-{
-    SelectionFixture f;
-    std::vector<bool> visible;
-    f.list.answer([&](frmPropertyList& dialog) {
-        visible.push_back(dialog.Visible);
-        dialog.cmdCancel_Click();
-        visible.push_back(dialog.Visible);
-    });
-
-    f.dialog.Show();
-
-    EXPECT_THAT(visible, ElementsAre(true, false));
-    EXPECT_FALSE(f.dialog.Visible);
+        EXPECT_THAT(visible, ElementsAre(true, false));
+        EXPECT_FALSE(f.dialog.Visible);
+    }
 }
 
 TEST(frmPropertyList, OffersNothingWhenFemapCannotBeReached)
 {
     SelectionFixture f;
-    FakeConnector connector;
-    connector.attached = [&] { return f.femap.attach(); };
-    frmPropertyList dialog(connector, f.list);
-    dialog.GetPropertyList("Node", "");
-    connector.attached = []() -> std::unique_ptr<femap::Application> {
-        throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "no FEMAP");
-    };
+    f.dialog.GetPropertyList("Node", "");
+    f.connector.failures = 2;
 
-    EXPECT_THROW(dialog.GetPropertyList("Node", ""), logging::RuntimeError);
-    EXPECT_THROW(dialog.UpdateCollection(), logging::RuntimeError);
+    EXPECT_THROW(f.dialog.GetPropertyList("Node", ""), logging::RuntimeError);
+    EXPECT_THROW(f.dialog.UpdateCollection(), logging::RuntimeError);
 
-    EXPECT_THAT(itemsOf(dialog), IsEmpty());
+    EXPECT_THAT(itemsOf(f.dialog), IsEmpty());
 }
 
 }  // namespace

@@ -2,15 +2,28 @@
 
 #include "fake/FormFixture.h"
 #include "fake/QueuedPropertyList.h"
+#include "logging/RuntimeError.h"
 #include "selection/InputSelection.h"
 #include "selection/OutputSelection.h"
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace selection
 {
+
+using Texts = std::vector<std::string>;
+
+/// Rows of a grid that was filled before, with these names and the rest as given.
+inline void fill(form::ParameterGrid& grid, Texts names, const std::string& rest)
+{
+    for (std::string& name : names)
+        name += rest;
+    fake::fill(grid, names);
+}
 
 /// The texts in a dialog's list.
 inline std::vector<std::string> itemsOf(const frmPropertyList& dialog)
@@ -21,18 +34,43 @@ inline std::vector<std::string> itemsOf(const frmPropertyList& dialog)
     return result;
 }
 
+/// The property list dialog's way to FEMAP.
+class DialogConnector : public femap::Connector
+{
+public:
+    explicit DialogConnector(femap::Connector& real) : attached([&real] { return real.attach(); })
+    {}
+
+    std::function<std::unique_ptr<femap::Application>()> attached;
+    int failures = 0;  // of the next attempts
+
+    std::unique_ptr<femap::Application> attach() override
+    {
+        if (failures == 0)
+            return attached();
+        --failures;
+        throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "attach failed");
+    }
+    std::unique_ptr<femap::Application> create() override { return attach(); }
+};
+
 /// The form with FEMAP behind it and the property list dialog.
 class SelectionFixture : public fake::FormFixture
 {
 public:
     fake::QueuedPropertyList list;
-    frmPropertyList dialog{femap, list};
+    DialogConnector connector{femap};
+    frmPropertyList dialog{connector, list};
 
-    /// The answer to FEMAP's next selection dialog.
-    void pick(std::vector<int> ids)
+    /// The headings of the property lists that were shown.
+    Texts headings() const
     {
-        dialogs.answers.push_back({femap::ReturnCode::Ok, std::move(ids)});
+        Texts result;
+        for (const auto& shown : list.shown)
+            result.push_back(shown.heading);
+        return result;
     }
+
     /// "Select..." under Input, with all answers given before.
     void selectInput(const std::string& kind)
     {
@@ -50,16 +88,6 @@ public:
     {
         form.OutputSelection.Text = kind;
         OutputsButton_Click(context, dialog);
-    }
-
-    /// The log lines that an action writes.
-    template <class Action>
-    std::vector<std::string> logOf(Action&& action)
-    {
-        const std::size_t before = log().size();
-        action();
-        std::vector<std::string> all = log();
-        return {all.begin() + static_cast<std::ptrdiff_t>(before), all.end()};
     }
 
     femap::embedded::OutputVector& addVector(int id, const std::string& title,

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fake/FormFixture.h"
-#include "fake/ForwardingFemap.h"
+#include "femap/ForwardingApplication.h"
 #include "selection/ValueRefresh.h"
 
 #include <gtest/gtest.h>
@@ -15,17 +15,19 @@ namespace selection
 {
 
 /// Measures numbers that tell every quantity from every other, a thousand more at each measurement.
-class MeasuringFemap : public fake::ForwardingFemap
+class MeasuringFemap : public femap::ForwardingApplication
 {
 public:
     MeasuringFemap(std::unique_ptr<femap::Application> real, fake::FormFixture& fixture,
                    std::vector<std::vector<int>>& measuredElements)
-        : ForwardingFemap(std::move(real)), fixture_(fixture), measuredElements_(measuredElements)
+        : ForwardingApplication(std::move(real)),
+          fixture_(fixture),
+          measuredElements_(measuredElements)
     {}
 
     std::unique_ptr<femap::EntitySet> feSet() override
     {
-        auto set = ForwardingFemap::feSet();
+        auto set = ForwardingApplication::feSet();
         lastSet_ = set.get();
         return set;
     }
@@ -62,22 +64,22 @@ private:
 };
 
 /// Notes what the form looks like while entities are read.
-class WatchingFemap : public fake::ForwardingFemap
+class WatchingFemap : public femap::ForwardingApplication
 {
 public:
     WatchingFemap(std::unique_ptr<femap::Application> real, fake::FormFixture& fixture)
-        : ForwardingFemap(std::move(real)), fixture_(fixture)
+        : ForwardingApplication(std::move(real)), fixture_(fixture)
     {}
 
     std::unique_ptr<femap::Entity> entity(const std::string& word) override
     {
         look();
-        return ForwardingFemap::entity(word);
+        return ForwardingApplication::entity(word);
     }
     std::unique_ptr<femap::OutputVector> feOutput() override
     {
         look();
-        return ForwardingFemap::feOutput();
+        return ForwardingApplication::feOutput();
     }
 
 private:
@@ -114,8 +116,8 @@ protected:
         model.outputSets.put(set);
     }
 
-    void fillInputs(const std::vector<std::string>& rows) { fill(f.form.InputsList, rows); }
-    void fillOutputs(const std::vector<std::string>& rows) { fill(f.form.OutputsList, rows); }
+    void fillInputs(const std::vector<std::string>& rows) { fake::fill(f.form.InputsList, rows); }
+    void fillOutputs(const std::vector<std::string>& rows) { fake::fill(f.form.OutputsList, rows); }
     std::vector<std::string> inputs() const { return f.rows(f.form.InputsList); }
     std::vector<std::string> outputs() const { return f.rows(f.form.OutputsList); }
     std::string input(int row) const { return f.form.InputsList.text(row, 1); }
@@ -130,21 +132,12 @@ protected:
     {
         EXPECT_EQ(f.femap.lockCount, 0);
         EXPECT_EQ(f.context.lockDepth, 0);
-        for (const form::MainForm::NamedControl& each : f.form.controls())
-            EXPECT_EQ(each.control->MousePointer, 0) << each.name;
+        EXPECT_TRUE(fake::pointersAreDefault(f.form));
         EXPECT_FALSE(f.context.error.isPending());
     }
 
     fake::FormFixture f;
     std::vector<std::vector<int>> measuredElements;
-
-private:
-    static void fill(form::ParameterGrid& grid, const std::vector<std::string>& rows)
-    {
-        for (const std::string& row : rows)
-            grid.AddItem(row);
-        grid.RemoveItem(1);
-    }
 };
 
 /// A row that cannot be refreshed, and what the log says of it.

@@ -224,10 +224,10 @@ TEST_F(ValueRefresh, AModelClosedMeanwhileLeavesEveryRowAsItWas)
 
 TEST_F(ValueRefresh, ALostConnectionGoesUpAtOnce)
 {
-    class DeadFemap : public fake::ForwardingFemap
+    class DeadFemap : public femap::ForwardingApplication
     {
     public:
-        using ForwardingFemap::ForwardingFemap;
+        using ForwardingApplication::ForwardingApplication;
         std::unique_ptr<femap::Entity> entity(const std::string&) override
         {
             throw femap::ConnectionLost("FEMAP is gone");

@@ -43,7 +43,7 @@ protected:
         program.start(arguments);
     }
 
-    void pick(std::vector<int> ids) { dialogs.answers.push_back({ReturnCode::Ok, ids}); }
+    void pick(std::vector<int> ids) { dialogs.pick(std::move(ids)); }
     void click(const std::string& button) { program.raise(button + "_Click"); }
 
     // The script without its first line.

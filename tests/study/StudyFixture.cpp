@@ -3,7 +3,6 @@
 #include "embedded/NeutralText.h"
 
 #include <algorithm>
-#include <filesystem>
 
 namespace study
 {

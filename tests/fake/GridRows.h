@@ -2,17 +2,21 @@
 
 #include "app/form/ParameterGrid.h"
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 
-/// Takes the blank row of a fresh grid for the first of these rows.
+namespace fake
+{
+
+/// Puts these rows, if there are any, in the place of all that the grid has.
 inline void fill(form::ParameterGrid& grid, const std::vector<std::string>& rows)
 {
+    if (rows.empty())
+        return;
+    const int before = grid.Rows() - 1;
     for (const std::string& row : rows)
         grid.AddItem(row);
-    if (!rows.empty())
-        grid.RemoveItem(1);
+    grid.removeRows({1, before});
 }
 
 inline std::vector<std::string> rowsOf(const form::ParameterGrid& grid)
@@ -30,3 +34,5 @@ inline std::vector<std::string> namesOf(const form::ParameterGrid& grid)
         names.push_back(grid.text(row, form::ParameterGrid::nameColumn));
     return names;
 }
+
+}  // namespace fake

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "fake/MemoryFiles.h"
+#include "logging/System.h"
+
+#include <map>
+#include <string>
+
+namespace fake
+{
+
+/// A machine with a disk in memory, a clock that stands still, and an environment of its own.
+class MemoryMachine
+{
+public:
+    MemoryMachine() = default;
+    MemoryMachine(const MemoryMachine&) = delete;  // the system looks into it
+    MemoryMachine& operator=(const MemoryMachine&) = delete;
+
+    MemoryFiles files;
+    std::map<std::string, std::string> environment = {{"TEMP", "/temp"}};
+    logging::LocalTime time = {2024, 3, 7, 9, 5, 2, 45};
+    double seconds = 0;
+    logging::System system{files, logging::windows1252(), [this] { return time; },
+                           [this] { return seconds; },
+                           [this](const std::string& name) { return environment[name]; }};
+
+    /// Where a log lies as long as TEMP stays as it is.
+    static std::string logPath(const std::string& name)
+    {
+        const std::string separator(1, logging::pathSeparator);
+        return "/temp" + separator + "korva" + separator + name;
+    }
+};
+
+}  // namespace fake
