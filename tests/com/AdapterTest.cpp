@@ -1,3 +1,4 @@
+#include "com/Generations.h"
 #include "com/StartedStandin.h"
 #include "com/Transcript.h"
 #include "femap/com/Apartment.h"
@@ -51,10 +52,7 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(OfBothGenerations, Adapter, testing::Values("--classic", "--modern"),
-                         [](const auto& generation) {
-                             return std::string(generation.param).substr(2);
-                         });
+INSTANTIATE_TEST_SUITE_P(OfBothGenerations, Adapter, bothGenerations, nameOfGeneration);
 
 }  // namespace
 

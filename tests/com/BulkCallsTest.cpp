@@ -1,4 +1,5 @@
 #include "com/ComForm.h"
+#include "com/Generations.h"
 #include "com/StartedStandin.h"
 #include "com/WrittenModel.h"
 #include "femap/com/Apartment.h"
@@ -87,10 +88,7 @@ struct BulkCalls : testing::TestWithParam<const char*>
     std::optional<StartedStandin> standin;
 };
 
-INSTANTIATE_TEST_SUITE_P(OfBothGenerations, BulkCalls, testing::Values("--classic", "--modern"),
-                         [](const auto& generation) {
-                             return std::string(generation.param).substr(2);
-                         });
+INSTANTIATE_TEST_SUITE_P(OfBothGenerations, BulkCalls, bothGenerations, nameOfGeneration);
 
 }  // namespace
 

@@ -1,4 +1,5 @@
 #include "com/ComForm.h"
+#include "com/Generations.h"
 #include "com/StartedStandin.h"
 #include "com/WrittenModel.h"
 #include "femap/com/Apartment.h"
@@ -164,10 +165,7 @@ struct DyingFemap : testing::TestWithParam<const char*>
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(OfBothGenerations, DyingFemap, testing::Values("--classic", "--modern"),
-                         [](const auto& generation) {
-                             return std::string(generation.param).substr(2);
-                         });
+INSTANTIATE_TEST_SUITE_P(OfBothGenerations, DyingFemap, bothGenerations, nameOfGeneration);
 
 struct SetFault : testing::TestWithParam<const char*>
 {};

@@ -1,3 +1,4 @@
+#include "com/Generations.h"
 #include "com/StartedStandin.h"
 #include "femap/com/Apartment.h"
 
@@ -22,10 +23,7 @@ struct GoneFemap : testing::TestWithParam<const char*>
     std::unique_ptr<femap::Application> femap = femap::com::ComConnector(nullptr).attach();
 };
 
-INSTANTIATE_TEST_SUITE_P(OfBothGenerations, GoneFemap, testing::Values("--classic", "--modern"),
-                         [](const auto& generation) {
-                             return std::string(generation.param).substr(2);
-                         });
+INSTANTIATE_TEST_SUITE_P(OfBothGenerations, GoneFemap, bothGenerations, nameOfGeneration);
 
 }  // namespace
 

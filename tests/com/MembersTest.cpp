@@ -1,3 +1,4 @@
+#include "com/Generations.h"
 #include "com/StartedStandin.h"
 #include "com/Transcript.h"
 #include "femap/com/Apartment.h"
@@ -244,10 +245,7 @@ HRESULT invoke(IDispatch* object, DISPID number, WORD flags, std::vector<Variant
 
 constexpr WORD reading = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 
-INSTANTIATE_TEST_SUITE_P(BothGenerations, MembersOf, testing::Values("--classic", "--modern"),
-                         [](const auto& generation) {
-                             return std::string(generation.param).substr(2);
-                         });
+INSTANTIATE_TEST_SUITE_P(BothGenerations, MembersOf, bothGenerations, nameOfGeneration);
 
 // How one member is called, right and wrong.
 void tryMember(IDispatch* object, const Declared& one, DISPID number)

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <oleauto.h>
 #include <stdexcept>
+#include <utility>
 
 namespace comtest
 {
@@ -21,10 +22,10 @@ std::string fullPath(const std::string& path)
     return femap::com::fromWide(std::filesystem::absolute(path).make_preferred().wstring());
 }
 
-// Starts the program; its output goes to the handle when there is one.
-HANDLE start(const std::string& arguments, HANDLE output)
+// Starts the program with its output going to the handle.
+HANDLE start(const std::string& program, const std::string& arguments, HANDLE output)
 {
-    std::wstring line = femap::com::toWide('"' + fullPath(STANDIN_PROGRAM) + "\" " + arguments);
+    std::wstring line = femap::com::toWide('"' + fullPath(program) + "\" " + arguments);
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESTDHANDLES;
@@ -37,8 +38,7 @@ HANDLE start(const std::string& arguments, HANDLE output)
                               &startup, &process) != FALSE;
     };
     if (!comesTrue(isStarted))
-        throw std::runtime_error("femap-standin cannot be started: " +
-                                 std::to_string(GetLastError()));
+        throw std::runtime_error(program + " cannot be started: " + std::to_string(GetLastError()));
     CloseHandle(process.hThread);
     return process.hProcess;
 }
@@ -47,6 +47,17 @@ Dispatch asControl(IDispatch* application)
 {
     return {application, "control",
             std::make_shared<femap::com::Connection>(std::make_shared<femap::com::Patience>())};
+}
+
+// Of the server that has announced its class; COM starts one where there is none.
+std::optional<Dispatch> offeredFemap()
+{
+    CLSID id{};
+    IDispatch* application = nullptr;
+    if (FAILED(CLSIDFromProgID(L"femap.model", &id)) ||
+        FAILED(CoCreateInstance(id, nullptr, CLSCTX_LOCAL_SERVER, IID_PPV_ARGS(&application))))
+        return std::nullopt;
+    return asControl(application);
 }
 
 }  // namespace
@@ -82,14 +93,20 @@ bool comesTrue(const std::function<bool()>& condition)
     return false;
 }
 
-DWORD runStandin(const std::string& arguments)
+DWORD runProgram(const std::string& program, const std::string& arguments)
 {
-    const HANDLE process = start(arguments, GetStdHandle(STD_OUTPUT_HANDLE));
-    WaitForSingleObject(process, 20'000);
+    constexpr DWORD limit = 50'000;  // milliseconds
+    const HANDLE process = start(program, arguments, GetStdHandle(STD_OUTPUT_HANDLE));
+    WaitForSingleObject(process, limit);
     DWORD code = STILL_ACTIVE;
     GetExitCodeProcess(process, &code);
     CloseHandle(process);
     return code;
+}
+
+DWORD runStandin(const std::string& arguments)
+{
+    return runProgram(STANDIN_PROGRAM, arguments);
 }
 
 std::optional<Dispatch> runningFemap()
@@ -105,6 +122,13 @@ std::optional<Dispatch> runningFemap()
     return asControl(application);
 }
 
+StartedStandin::Process::~Process()
+{
+    if (WaitForSingleObject(handle, 0) == WAIT_TIMEOUT)
+        TerminateProcess(handle, EXIT_FAILURE);
+    CloseHandle(handle);
+}
+
 StartedStandin::StartedStandin(const std::string& arguments)
 {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
@@ -113,7 +137,7 @@ StartedStandin::StartedStandin(const std::string& arguments)
     if (!CreatePipe(&output, &input, &inherited, 0))
         throw std::runtime_error("no pipe");
     SetHandleInformation(output, HANDLE_FLAG_INHERIT, 0);
-    process_ = start(arguments, input);
+    process_.handle = start(STANDIN_PROGRAM, arguments, input);
     CloseHandle(input);
     std::array<char, 16> said{};
     DWORD length = 0;
@@ -122,12 +146,15 @@ StartedStandin::StartedStandin(const std::string& arguments)
     CloseHandle(output);
     if (!isReady)
         throw std::runtime_error("femap-standin did not become ready");
-    CLSID id{};
-    IDispatch* application = nullptr;
-    if (FAILED(CLSIDFromProgID(L"femap.model", &id)) ||
-        FAILED(CoCreateInstance(id, nullptr, CLSCTX_LOCAL_SERVER, IID_PPV_ARGS(&application))))
+    // One that was killed leaves its class behind; Windows would start another one for that.
+    const bool isAnnounced = arguments.find("--no-rot") == std::string::npos;
+    comesTrue([&] {
+        if (auto found = isAnnounced ? runningFemap() : offeredFemap())
+            control_.emplace(*std::move(found));
+        return control_.has_value();
+    });
+    if (!control_)
         throw std::runtime_error("femap-standin does not answer");
-    control_.emplace(asControl(application));
 }
 
 // Under Wine this process's connection may go when another client of the same server ends; then a
@@ -143,19 +170,23 @@ void StartedStandin::quit()
                 fresh->call("standinQuit");
         }
         catch (const std::exception&) {
-            TerminateProcess(process_, EXIT_FAILURE);
+            kill();
         }
     }
 }
 
+void StartedStandin::kill()
+{
+    TerminateProcess(process_.handle, EXIT_FAILURE);
+    WaitForSingleObject(process_.handle, 5000);
+}
+
 StartedStandin::~StartedStandin()
 {
-    if (WaitForSingleObject(process_, 0) == WAIT_TIMEOUT)
+    if (WaitForSingleObject(process_.handle, 0) == WAIT_TIMEOUT)
         quit();
     control_.reset();
-    if (WaitForSingleObject(process_, 5000) == WAIT_TIMEOUT)
-        TerminateProcess(process_, EXIT_FAILURE);
-    CloseHandle(process_);
+    WaitForSingleObject(process_.handle, 5000);
 }
 
 }  // namespace comtest

@@ -7,7 +7,6 @@
 #include <windows.h>
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,7 +23,9 @@ std::vector<std::string> linesOf(const std::string& path);
 /// Whether the condition came true within five seconds.
 bool comesTrue(const std::function<bool()>& condition);
 
-/// Runs a command of the stand-in program to its end. Returns its exit code.
+/// Runs a program to its end. Returns its exit code; STILL_ACTIVE when it does not end.
+DWORD runProgram(const std::string& program, const std::string& arguments);
+/// The same with the stand-in program.
 DWORD runStandin(const std::string& arguments);
 /// The running femap.model; none when there is none.
 std::optional<femap::com::Dispatch> runningFemap();
@@ -40,13 +41,22 @@ public:
 
     /// Its application, for the stand-in's own members.
     femap::com::Dispatch& control() { return *control_; }
+    DWORD processID() const { return GetProcessId(process_.handle); }
+    void kill();
     /// The program has ended by itself within five seconds.
-    bool ends() const { return WaitForSingleObject(process_, 5000) == WAIT_OBJECT_0; }
+    bool ends() const { return WaitForSingleObject(process_.handle, 5000) == WAIT_OBJECT_0; }
 
 private:
+    // Ended with this by force, if it still runs.
+    struct Process
+    {
+        ~Process();
+        HANDLE handle = nullptr;
+    };
+
     void quit();
 
-    HANDLE process_ = nullptr;
+    Process process_;
     std::optional<femap::com::Dispatch> control_;
 };
 

@@ -3,7 +3,6 @@
 #include "femap/NumberText.h"
 #include "logging/RuntimeError.h"
 
-#include <array>
 #include <sstream>
 
 namespace comtest

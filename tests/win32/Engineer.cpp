@@ -209,7 +209,7 @@ void Engineer::click(std::string_view argument)
         HWND pick = nullptr;
         HWND choice = nullptr;
         waitFor("a dialog that takes the next answer", [&] {
-            pick = visibleWindow(femap_.process().id(), dialogClass);
+            pick = visibleWindow(femap_.processID(), dialogClass);
             choice = visibleWindow(process_->id(), dialogClass);
             return pick != nullptr || choice != nullptr;
         });

@@ -290,9 +290,7 @@ TEST_F(Keys, APointerThatRestsOnAButtonShowsWhatItDoesAndItsAccessKey)
 
 TEST_F(Keys, EnterInTheDialogAddsAndEscapeLeavesIt)
 {
-    form.choose("InputSelection", "Materials");
-    form.press("InputsButton");
-    const HWND first = form.dialog();
+    const HWND first = openListOfMaterials();
     hand.clickAt(driver::placeIn(GetDlgItem(first, win32::PropertyListWindow::idList), {20, 5}));
     hand.key({"Escape"});
     const bool isLeft = waitUntil([&] { return IsWindow(first) == FALSE; });

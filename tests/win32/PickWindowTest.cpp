@@ -44,7 +44,7 @@ struct PickWindow : testing::Test
         form->choose("InputSelection", kind);
         form->press("InputsButton");
         ASSERT_TRUE(waitUntil([&] {
-            window = driver::visibleWindow(femap->process().id(), L"#32770");
+            window = driver::visibleWindow(femap->processID(), L"#32770");
             return window != nullptr;
         }));
         list = FindWindowExW(window, nullptr, L"ListBox", nullptr);

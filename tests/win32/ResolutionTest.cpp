@@ -181,9 +181,7 @@ TEST_F(Resolution, AColumnThatTheMouseWidenedKeepsItsShareOfTheScreen)
 
 TEST_F(Resolution, TheDialogScalesToo)
 {
-    form.choose("InputSelection", "Materials");
-    form.press("InputsButton");
-    const HWND dialog = form.dialog();
+    const HWND dialog = openListOfMaterials();
     constexpr int ids[] = {PropertyListWindow::idHeading, PropertyListWindow::idList,
                            PropertyListWindow::idSelect,  PropertyListWindow::idDeSelect,
                            PropertyListWindow::idAdd,     PropertyListWindow::idCancel};

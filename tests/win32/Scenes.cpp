@@ -9,7 +9,6 @@
 
 #include <chrono>
 #include <fstream>
-#include <memory>
 #include <thread>
 
 using driver::FormDriver;
@@ -141,7 +140,7 @@ TEST_F(Scene, busy)
 
     show();
     process.kill();
-    femap.process().kill();
+    femap.kill();
 }
 
 }  // namespace

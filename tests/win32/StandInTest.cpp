@@ -235,7 +235,7 @@ TEST_F(ProductBesideFemap, ADeadFemapLeavesTheRowsAndAMessage)
     addMaterials("1-2", {"Ex"});
     const auto before = inputs();
 
-    femap.process().kill();
+    femap.kill();
     form->press("RefreshInputs");
     const bool isTold = waitUntil(
         [&] { return form->text("StatusLine").find("cannot be reached") != std::string::npos; });
@@ -256,7 +256,7 @@ TEST_F(ProductBesideFemap, AFemapThatIsBackWakesTheForm)
     start();
     addMaterials("1-2", {"Ex"});
     const auto before = inputs();
-    femap.process().kill();
+    femap.kill();
     form->press("RefreshInputs");
     waitUntil([&] { return !form->isEnabled("InputsButton"); });
 

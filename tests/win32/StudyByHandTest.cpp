@@ -1,88 +1,37 @@
 #include "Engineer.h"
 #include "FormFiles.h"
-#include "femap/com/Text.h"
+#include "com/ExampleStudy.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <fstream>
-#include <iterator>
-#include <map>
-
+using comtest::Contents;
+using comtest::fromFirstDifference;
 using driver::Engineer;
 using driver::FormFiles;
-using driver::Process;
 using driver::StandIn;
 
 namespace
 {
-
-using Contents = std::map<std::string, std::string>;  // by file name
 
 // A study of the examples, done twice in the same folder: replayed without a window and without
 // FEMAP, and by hand.
 class StudyByHand : public testing::TestWithParam<const char*>
 {
 protected:
-    // The model by its full path, for FEMAP has a current folder of its own, and without the lines
-    // that change the model: an engineer does that in FEMAP.
-    std::vector<std::string> lines() const
+    Contents replayed(const std::filesystem::path& script) const
     {
-        std::ifstream file(std::filesystem::path(SOURCE_FOLDER) / "examples" / GetParam());
-        std::vector<std::string> result;
-        const std::string start = "start ";
-        for (std::string line; std::getline(file, line);) {
-            if (line.starts_with(start))
-                line = start + (files.folder() / line.substr(start.size())).string();
-            if (!line.empty() && line[0] != '#' && !line.starts_with("put "))
-                result.push_back(line);
-        }
-        return result;
+        EXPECT_EQ(comtest::replay(script, "embedded"), 0U);
+        return comtest::takeFiles(files.folder());
     }
 
-    Contents replay()
-    {
-        {
-            std::ofstream script(files.folder() / "script.study", std::ios::binary);
-            for (const std::string& line : lines())
-                script << line << '\n';
-        }
-        return replay(L"script.study");
-    }
-
-    Contents replay(const std::wstring& script)
-    {
-        Process study(driver::programPath("../../app/study/velmar-study.exe"),
-                      L"--quiet --femap=embedded " + script, files.folder());
-        EXPECT_EQ(study.exitCode(), 0U);
-        return takeFiles();
-    }
-
-    Contents doByHand(const std::string& recording = "")
+    Contents doneByHand(const std::string& recording = "") const
     {
         StandIn femap(files.folder() / "panel.neu");
         Engineer engineer(femap, files.folder(), recording);
-        for (const std::string& line : lines())
+        for (const std::string& line : comtest::actionsOf(GetParam(), files.folder()))
             engineer.perform(line);
         EXPECT_EQ(engineer.close(), 0U);
-        return takeFiles();
-    }
-
-    // What a study left, the log too.
-    Contents takeFiles() const
-    {
-        Contents result;
-        const std::vector<std::string> own = {"panel.neu", "script.study", "session.study"};
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(files.folder())) {
-            const std::string name = entry.path().filename().string();
-            if (!entry.is_regular_file() || std::ranges::find(own, name) != own.end())
-                continue;
-            std::ifstream file(entry.path(), std::ios::binary);
-            result[name] = {std::istreambuf_iterator<char>(file), {}};
-            file.close();
-            std::filesystem::remove(entry.path());
-        }
-        return result;
+        return comtest::takeFiles(files.folder());
     }
 
     FormFiles files;
@@ -93,14 +42,6 @@ INSTANTIATE_TEST_SUITE_P(OfTheExamples, StudyByHand, testing::Values("panel.stud
                              const std::string name = study.param;
                              return name.substr(0, name.find('.'));
                          });
-
-// The line that holds the time differs from run to run.
-void forgetTime(std::string& log)
-{
-    const std::size_t begin = log.find("Execution starts at ");
-    if (begin != std::string::npos)
-        log.erase(begin, log.find("\r\n", begin) - begin);
-}
 
 // A form that is shown gets its size once; a replay shows none.
 void forgetFirstSize(std::string& log)
@@ -113,27 +54,16 @@ void forgetFirstSize(std::string& log)
         log.erase(begin, lines.size());
 }
 
-// What is left of a text where it begins to differ from another one, from the start of that line.
-std::string_view fromFirstDifference(const std::string& text, const std::string& other)
-{
-    const auto end =
-        text.begin() + static_cast<std::ptrdiff_t>(std::min(text.size(), other.size()));
-    const auto place = std::mismatch(text.begin(), end, other.begin()).first;
-    const std::string_view before(text.data(), static_cast<std::size_t>(place - text.begin()));
-    return std::string_view(text).substr(before.rfind('\n') + 1);
-}
-
 void expectTheSame(Contents& byHand, Contents& replayed)
 {
     EXPECT_GT(replayed.size(), 8U);
     ASSERT_EQ(byHand.size(), replayed.size());
+    comtest::forgetTime(byHand);
+    comtest::forgetTime(replayed);
     for (auto& [name, content] : replayed) {
         std::string& other = byHand[name];
-        if (name.ends_with(".log")) {
-            forgetTime(content);
-            forgetTime(other);
+        if (name.ends_with(".log"))
             forgetFirstSize(other);
-        }
         EXPECT_EQ(fromFirstDifference(other, content).substr(0, 1000),
                   fromFirstDifference(content, other).substr(0, 1000))
             << name;
@@ -142,20 +72,20 @@ void expectTheSame(Contents& byHand, Contents& replayed)
 
 TEST_P(StudyByHand, LeavesTheFilesAndTheLogOfTheReplay)
 {
-    Contents replayed = replay();
+    Contents once = replayed(comtest::writeScript(GetParam(), files.folder()));
 
-    Contents byHand = doByHand();
+    Contents byHand = doneByHand();
 
-    expectTheSame(byHand, replayed);
+    expectTheSame(byHand, once);
 }
 
 TEST_P(StudyByHand, IsRecordedAsAScriptThatLeavesTheSameFilesAndLog)
 {
-    Contents byHand = doByHand("session.study");
+    Contents byHand = doneByHand("session.study");
 
-    Contents replayed = replay(L"session.study");
+    Contents afterwards = replayed(files.folder() / "session.study");
 
-    expectTheSame(byHand, replayed);
+    expectTheSame(byHand, afterwards);
 }
 
 }  // namespace

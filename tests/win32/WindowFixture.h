@@ -19,10 +19,16 @@ struct Window : testing::Test
                     files.folder()};
     FormDriver form{process};
 
-    void addMaterials(const std::vector<std::string>& fields)
+    /// "Select..." for materials, up to the list of their quantities; its window.
+    HWND openListOfMaterials()
     {
         form.choose("InputSelection", "Materials");
         form.press("InputsButton");
+        return form.dialog();
+    }
+    void addMaterials(const std::vector<std::string>& fields)
+    {
+        openListOfMaterials();
         form.add(fields);
     }
     std::vector<std::string> inputs() { return form.rows("InputsList", 1); }

@@ -33,8 +33,7 @@ TEST_F(Window, StartsWithItsInitialChoicesAndEmptyGrids)
 
 TEST_F(Window, ChoosingInTheDialogGivesRows)
 {
-    form.choose("InputSelection", "Materials");
-    form.press("InputsButton");
+    openListOfMaterials();
     const std::string heading = form.heading();
     const bool mainIsEnabled = IsWindowEnabled(form.window()) != FALSE;
     form.add({"Ex", "Density"});
@@ -47,9 +46,7 @@ TEST_F(Window, ChoosingInTheDialogGivesRows)
 
 TEST_F(Window, SelectAllAndDeselectAllMarkTheWholeList)
 {
-    form.choose("InputSelection", "Materials");
-    form.press("InputsButton");
-    const HWND list = GetDlgItem(form.dialog(), PropertyListWindow::idList);
+    const HWND list = GetDlgItem(openListOfMaterials(), PropertyListWindow::idList);
     const auto marked = [&] { return SendMessageW(list, LB_GETSELCOUNT, 0, 0); };
 
     form.pressInDialog(PropertyListWindow::idSelect);
@@ -66,9 +63,8 @@ TEST_F(Window, SelectAllAndDeselectAllMarkTheWholeList)
 
 TEST_F(Window, EscapeLeavesTheDialogAndEnterAdds)
 {
-    form.choose("InputSelection", "Materials");
-    form.press("InputsButton");
-    PostMessageW(GetDlgItem(form.dialog(), PropertyListWindow::idList), WM_KEYDOWN, VK_ESCAPE, 0);
+    PostMessageW(GetDlgItem(openListOfMaterials(), PropertyListWindow::idList), WM_KEYDOWN,
+                 VK_ESCAPE, 0);
     const bool isLeft = waitUntil([&] { return !form.isDialogOpen(); });
     form.settle();
     const auto afterEscape = inputs();
@@ -87,9 +83,7 @@ TEST_F(Window, EscapeLeavesTheDialogAndEnterAdds)
 
 TEST_F(Window, TheDialogsListTakesTheSpaceWhenItGrows)
 {
-    form.choose("InputSelection", "Materials");
-    form.press("InputsButton");
-    const HWND dialog = form.dialog();
+    const HWND dialog = openListOfMaterials();
     const HWND list = GetDlgItem(dialog, PropertyListWindow::idList);
     RECT dialogBefore{};
     RECT before{};
@@ -203,9 +197,7 @@ TEST_F(Window, ApplyWritesTheFilesWithTheTypedCommandLine)
 
 TEST_F(Window, EventThatEndsFemapClosesTheFormAndItsDialog)
 {
-    form.choose("InputSelection", "Materials");
-    form.press("InputsButton");
-    form.dialog();
+    openListOfMaterials();
 
     form.sendEvent(shutdown);
 
@@ -226,9 +218,7 @@ TEST_F(Window, EventsOfModelsLeaveTheFormUsable)
 
 TEST_F(Window, AnEventThatComesWithTheDialogOpenIsHandledAfterIt)
 {
-    form.choose("InputSelection", "Materials");
-    form.press("InputsButton");
-    form.dialog();
+    openListOfMaterials();
 
     form.sendEvent(newModel);
     form.add({"Ex"});
@@ -246,9 +236,7 @@ TEST_F(Window, ClosingUnloadsTheForm)
 
 TEST_F(Window, ACloseWhileTheDialogIsOpenIsCarriedOutAfterIt)
 {
-    form.choose("InputSelection", "Materials");
-    form.press("InputsButton");
-    form.dialog();
+    openListOfMaterials();
 
     PostMessageW(form.window(), WM_CLOSE, 0, 0);
     form.settle();

@@ -1,0 +1,80 @@
+#include "com/ExampleStudy.h"
+
+#include "com/StartedStandin.h"
+#include "femap/com/Text.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+
+namespace comtest
+{
+
+std::string contentOf(const std::filesystem::path& file)
+{
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+std::vector<std::string> actionsOf(const std::string& study, const std::filesystem::path& folder)
+{
+    std::ifstream file(std::filesystem::path(SOURCE_FOLDER) / "examples" / study);
+    std::vector<std::string> result;
+    const std::string start = "start ";
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with(start))
+            line = start + (folder / line.substr(start.size())).string();
+        if (!line.empty() && line[0] != '#' && !line.starts_with("put "))
+            result.push_back(line);
+    }
+    return result;
+}
+
+std::filesystem::path writeScript(const std::string& study, const std::filesystem::path& folder)
+{
+    const std::filesystem::path path = folder / "script.study";
+    std::ofstream script(path, std::ios::binary);
+    for (const std::string& line : actionsOf(study, folder))
+        script << line << '\n';
+    return path;
+}
+
+DWORD replay(const std::filesystem::path& script, const std::string& femap)
+{
+    return runProgram(STUDY_PROGRAM, "--quiet --femap=" + femap + " \"" +
+                                         femap::com::fromWide(script.wstring()) + '"');
+}
+
+Contents takeFiles(const std::filesystem::path& folder)
+{
+    Contents result;
+    const std::vector<std::string> toStay = {".neu", ".study"};
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        const std::string ending = entry.path().extension().string();
+        if (!entry.is_regular_file() || std::ranges::find(toStay, ending) != toStay.end())
+            continue;
+        result[entry.path().filename().string()] = contentOf(entry.path());
+        std::filesystem::remove(entry.path());
+    }
+    return result;
+}
+
+void forgetTime(Contents& contents)
+{
+    for (auto& [name, content] : contents) {
+        const std::size_t begin = content.find("Execution starts at ");
+        if (begin != std::string::npos)
+            content.erase(begin, content.find("\r\n", begin) - begin);
+    }
+}
+
+std::string_view fromFirstDifference(const std::string& text, const std::string& other)
+{
+    const auto end =
+        text.begin() + static_cast<std::ptrdiff_t>(std::min(text.size(), other.size()));
+    const auto place = std::mismatch(text.begin(), end, other.begin()).first;
+    const std::string_view before(text.data(), static_cast<std::size_t>(place - text.begin()));
+    return std::string_view(text).substr(before.rfind('\n') + 1);
+}
+
+}  // namespace comtest
