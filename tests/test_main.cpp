@@ -41,8 +41,8 @@ bool takeLocale(const char* name)
 }
 
 #ifdef _WIN32
-// Ends the program after a test that damaged the heap. With Wine's heap checking that is also one
-// that wrote a byte too far.
+// Ends the program after a test that damaged the heap. With the heap's checks switched on that is
+// also one that wrote a byte too far.
 class HeapWatch : public testing::EmptyTestEventListener
 {
     void OnTestEnd(const testing::TestInfo& test) override

@@ -1,5 +1,6 @@
 #include "FormDriver.h"
 
+#include "RemoteHeap.h"
 #include "RemoteMemory.h"
 #include "app/win32/MainWindow.h"
 #include "app/win32/PropertyListWindow.h"
@@ -213,6 +214,7 @@ void FormDriver::settle(std::chrono::milliseconds limit)
                    SendMessageW(edit, EM_GETLIMITTEXT, 0, 0) == static_cast<LRESULT>(settled_);
         },
         limit));
+    EXPECT_NE(RemoteHeap(process_.handle()).isSound(), false) << "the program damaged its heap";
 }
 
 void FormDriver::sendEvent(WPARAM code)
