@@ -9,7 +9,7 @@ namespace
 {
 
 // clang-format off
-constexpr AccessKey accessKeys[] = {
+constexpr AccessKey table[] = {
     {"InputSelection",       L'N', "Kind of input"},
     {"InputsButton",         L'I', "Pick inputs in FEMAP"},
     {"RefreshInputs",        L'R', "Read the inputs' values from the model again"},
@@ -30,13 +30,13 @@ constexpr AccessKey accessKeys[] = {
 
 std::span<const AccessKey> accessKeyTable()
 {
-    return accessKeys;
+    return table;
 }
 
 AccessKeys::AccessKeys(const std::function<int(std::string_view)>& idOf)
 {
     std::vector<ACCEL> entries;
-    for (const AccessKey& each : accessKeys)
+    for (const AccessKey& each : table)
         entries.push_back(
             {FALT | FVIRTKEY, static_cast<WORD>(each.key), static_cast<WORD>(idOf(each.control))});
     table_ = CreateAcceleratorTableW(entries.data(), static_cast<int>(entries.size()));

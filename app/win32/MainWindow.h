@@ -68,6 +68,7 @@ private:
     };
 
     void createControls();
+    void createScrollBars();
     void createTips();
     HWND create(form::Control& control, const wchar_t* windowClass, std::string_view text,
                 DWORD style, DWORD extendedStyle = 0);

@@ -65,11 +65,17 @@ void MainWindow::createControls()
     createButton(form.GenerateButton);
     createLabel(form.StatusLine);
 
+    createScrollBars();
+    form.pointersChanged = [this] { showPointer(); };
+    createTips();
+}
+
+void MainWindow::createScrollBars()
+{
+    form::MainForm& form = program_.form();
     for (form::ScrollBar* const bar : {&form.HScroll1, &form.VScroll1})
         windows_[bar] = createControl(window_, L"SCROLLBAR", "",
                                       bar == &form.VScroll1 ? SBS_VERT : SBS_HORZ, 0, idOf(*bar));
-    form.pointersChanged = [this] { showPointer(); };
-    createTips();
 }
 
 // Each button tells its access key, for the captions have no room for it.

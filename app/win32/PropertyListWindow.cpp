@@ -21,8 +21,8 @@ constexpr int gap = 105;
 constexpr int headingHeight = 225;
 constexpr int buttonHeight = 375;
 constexpr int buttonWidth = 1350;
-constexpr int startWidth = 5 * margin + 4 * buttonWidth + gap;
-constexpr int startHeight = 6000;
+constexpr int dialogWidth = 5 * margin + 4 * buttonWidth + gap;
+constexpr int dialogHeight = 6000;
 constexpr int smallestHeight = 3000;
 
 // An empty dialog: its controls are made when it opens, in the user's own font.
@@ -114,7 +114,7 @@ INT_PTR PropertyListWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
         layOut();
         return TRUE;
     case WM_GETMINMAXINFO: {
-        const SIZE smallest = windowSize(window_, startWidth, smallestHeight, dotsPerInch_);
+        const SIZE smallest = windowSize(window_, dialogWidth, smallestHeight, dotsPerInch_);
         reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {smallest.cx, smallest.cy};
         return TRUE;
     }
@@ -136,7 +136,7 @@ void PropertyListWindow::initialise()
     createControls();
     applyResolution(GetDpiForWindow(window_));
 
-    const SIZE size = windowSize(window_, startWidth, startHeight, dotsPerInch_);
+    const SIZE size = windowSize(window_, dialogWidth, dialogHeight, dotsPerInch_);
     RECT owner{};
     GetWindowRect(owner_(), &owner);
     const int left = owner.left + (owner.right - owner.left - size.cx) / 2;

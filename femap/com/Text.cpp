@@ -43,7 +43,8 @@ std::string fromBstr(BSTR text)
 std::string describe(HRESULT result)
 {
     std::array<char, 16> code{};
-    std::snprintf(code.data(), code.size(), "0x%08lX", static_cast<unsigned long>(result));
+    static_cast<void>(
+        std::snprintf(code.data(), code.size(), "0x%08lX", static_cast<unsigned long>(result)));
     std::array<wchar_t, 512> reason{};
     const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
                                         nullptr, static_cast<DWORD>(result), 0, reason.data(),

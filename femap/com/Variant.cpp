@@ -4,6 +4,7 @@
 #include "logging/RuntimeError.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <new>
 
 namespace femap::com
@@ -42,7 +43,7 @@ public:
         if (FAILED(SafeArrayGetLBound(array_, 1, &lower)) ||
             FAILED(SafeArrayGetUBound(array_, 1, &upper)))
             throw RuntimeError(ErrorNumber::ObjectFailed, "FEMAP returned an array without bounds");
-        return static_cast<std::size_t>(upper - lower + 1);
+        return static_cast<std::size_t>(std::int64_t{upper} - lower + 1);
     }
 
     template <class Element>

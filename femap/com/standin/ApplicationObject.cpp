@@ -19,13 +19,9 @@ using logging::RuntimeError;
 namespace
 {
 
-constexpr int ok = static_cast<int>(ReturnCode::Ok);
-constexpr int failed = static_cast<int>(ReturnCode::Fail);
 constexpr int cancelled = static_cast<int>(ReturnCode::Cancel);
 
 using enum Type;
-constexpr Kind method = Kind::Method;
-constexpr Kind property = Kind::Property;
 using App = ApplicationObject;
 
 // A new object at each get.

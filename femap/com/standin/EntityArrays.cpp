@@ -11,9 +11,6 @@ namespace femap::com::standin
 namespace
 {
 
-constexpr int ok = static_cast<int>(ReturnCode::Ok);
-constexpr int failed = static_cast<int>(ReturnCode::Fail);
-
 using embedded::Element;
 using embedded::Material;
 using embedded::Node;

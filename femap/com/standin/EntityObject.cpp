@@ -14,12 +14,7 @@ namespace femap::com::standin
 namespace
 {
 
-constexpr int ok = static_cast<int>(ReturnCode::Ok);
-constexpr int failed = static_cast<int>(ReturnCode::Fail);
-
 using enum Type;
-constexpr Kind method = Kind::Method;
-constexpr Kind property = Kind::Property;
 
 using embedded::Element;
 using embedded::Material;

@@ -7,9 +7,6 @@ namespace femap::com::standin
 namespace
 {
 
-constexpr int ok = static_cast<int>(ReturnCode::Ok);
-constexpr int failed = static_cast<int>(ReturnCode::Fail);
-
 using enum Type;
 using F = FunctionObject;
 
@@ -19,8 +16,6 @@ Variant ofFunction(F& function, Arguments&)
     return function.loaded.*member;
 }
 
-constexpr Kind method = Kind::Method;
-constexpr Kind property = Kind::Property;
 using embedded::Function;
 
 // clang-format off

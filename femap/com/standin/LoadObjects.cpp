@@ -11,12 +11,7 @@ namespace femap::com::standin
 namespace
 {
 
-constexpr int ok = static_cast<int>(ReturnCode::Ok);
-constexpr int failed = static_cast<int>(ReturnCode::Fail);
-
 using enum Type;
-constexpr Kind method = Kind::Method;
-constexpr Kind property = Kind::Property;
 
 // One of the loads of a definition; the four classes differ in their tables alone.
 template <LoadDataType type>

@@ -18,6 +18,10 @@ namespace femap::com::standin
 
 class Server;
 
+// What most members return.
+constexpr int ok = static_cast<int>(ReturnCode::Ok);
+constexpr int failed = static_cast<int>(ReturnCode::Fail);
+
 /// An object of FEMAP's, reached through IDispatch alone, as FEMAP's are. What it has is listed in
 /// the table of its class; names, argument counts and types are checked here for all of them.
 class Object : public IDispatch

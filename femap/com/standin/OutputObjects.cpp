@@ -11,13 +11,9 @@ namespace femap::com::standin
 namespace
 {
 
-constexpr int ok = static_cast<int>(ReturnCode::Ok);
-constexpr int failed = static_cast<int>(ReturnCode::Fail);
 constexpr double noValue = 0;
 
 using enum Type;
-constexpr Kind method = Kind::Method;
-constexpr Kind property = Kind::Property;
 
 using Output = OutputObject;
 

@@ -9,22 +9,17 @@ namespace femap::com::standin
 namespace
 {
 
-constexpr int ok = static_cast<int>(ReturnCode::Ok);
-constexpr int failed = static_cast<int>(ReturnCode::Fail);
 constexpr int invalid = 3;
 constexpr int badType = 8;
 constexpr int notExist = static_cast<int>(ReturnCode::NotExist);
 
 using enum Type;
-constexpr Kind method = Kind::Method;
-constexpr Generation classic = Generation::Classic;
-constexpr Generation modern = Generation::Modern;
 using Results = ResultsObject;
 
 // clang-format off
 constexpr Types columnArguments = {I4, I4, Bool, OutI4, OutAny};
 constexpr Types extremeArguments = {I4, I4, OutI4, OutI4, OutR8, OutR8};
-constexpr Types titlesArguments = {I4, Bool, I4, I4, OutI4, OutAny, OutAny};
+constexpr Types vectorTitlesArguments = {I4, Bool, I4, I4, OutI4, OutAny, OutAny};
 
 constexpr Types infoArguments = {I4, I4, OutI4, OutI4, OutBool, OutBool, OutI4};
 
@@ -57,7 +52,7 @@ constexpr Member<ResultsObject> resultsMembers[] = {
     {{"VectorTitleV2",   method, {I4, I4, OutText},   20317, modern},
         serve<&Results::vectorTitle>},
     {{"VectorsV2",       method, {I4, I4, Bool},      20321, modern}, serve<&Results::vectors>},
-    {{"VectorTitlesV2",  method, titlesArguments,     20352, modern},
+    {{"VectorTitlesV2",  method, vectorTitlesArguments,     20352, modern},
         serve<&Results::vectorTitles>},
     {{"EntityValue",     method, {I4, I4, I4, OutR8}, 20400, classic},
         serve<&Results::entityValue>},

@@ -28,7 +28,7 @@ enum class Admission
 class Server
 {
 public:
-    explicit Server(bool classic) : isClassic(classic), host(picks) {}
+    explicit Server(bool asClassic) : isClassic(asClassic), host(picks) {}
 
     const bool isClassic;  // FEMAP before 2020.1
     Picks picks;

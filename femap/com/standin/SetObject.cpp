@@ -8,19 +8,12 @@ namespace femap::com::standin
 namespace
 {
 
-constexpr int ok = static_cast<int>(ReturnCode::Ok);
-constexpr int failed = static_cast<int>(ReturnCode::Fail);
-
 int code(bool condition)
 {
     return condition ? ok : failed;
 }
 
 using enum Type;
-constexpr Kind method = Kind::Method;
-constexpr Kind property = Kind::Property;
-constexpr Generation classic = Generation::Classic;
-constexpr Generation modern = Generation::Modern;
 using Set = SetObject;
 
 // clang-format off

@@ -43,6 +43,12 @@ enum class Generation
     Modern,
 };
 
+// Short, for the tables of members.
+constexpr Kind method = Kind::Method;
+constexpr Kind property = Kind::Property;
+constexpr Generation classic = Generation::Classic;
+constexpr Generation modern = Generation::Modern;
+
 class Types
 {
 public:

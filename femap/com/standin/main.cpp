@@ -202,7 +202,7 @@ void serve(const Options& options)
         if (options.wasStartedByCOM)
             application.endWithLastClient();
         std::puts("ready");
-        std::fflush(stdout);
+        static_cast<void>(std::fflush(stdout));  // nobody may be reading
         MSG message;
         while (GetMessageW(&message, nullptr, 0, 0) > 0) {
             TranslateMessage(&message);
@@ -231,7 +231,7 @@ int wmain(int argc, wchar_t* argv[])
     try {
         Options options;
         if (!parse(argc, argv, options)) {
-            std::fputs(usage, stderr);
+            static_cast<void>(std::fputs(usage, stderr));
             return 2;
         }
         if (options.wasStartedByCOM)
@@ -239,7 +239,7 @@ int wmain(int argc, wchar_t* argv[])
         return run(options);
     }
     catch (const std::exception& error) {
-        std::fprintf(stderr, "femap-standin: %s\n", error.what());
+        static_cast<void>(std::fprintf(stderr, "femap-standin: %s\n", error.what()));
         return EXIT_FAILURE;
     }
 }
