@@ -11,7 +11,6 @@ namespace comtest
 
 using femap::com::Patience;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 namespace

@@ -15,7 +15,6 @@ using femap::ConnectionLost;
 using femap::com::Connection;
 using femap::com::Dispatch;
 using femap::com::Patience;
-using femap::com::Variant;
 using logging::ErrorNumber;
 using logging::RuntimeError;
 

@@ -9,10 +9,8 @@
 #include <filesystem>
 
 using femap::MassProperties;
-using femap::embedded::Element;
 using femap::embedded::measureMassProperties;
 using femap::embedded::Model;
-using testing::DoubleNear;
 using testing::Each;
 using testing::ElementsAre;
 using testing::Pointwise;

@@ -7,7 +7,6 @@ using namespace neutral;
 using femap::embedded::Element;
 using femap::embedded::Model;
 using femap::embedded::Node;
-using testing::Each;
 using testing::ElementsAre;
 
 namespace

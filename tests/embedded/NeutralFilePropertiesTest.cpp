@@ -8,7 +8,6 @@ using femap::embedded::Function;
 using femap::embedded::Material;
 using femap::embedded::Model;
 using femap::embedded::Property;
-using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;

@@ -17,7 +17,6 @@ using form::ParameterGrid;
 using logging::ErrorNumber;
 using logging::RuntimeError;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace
 {

@@ -4,6 +4,7 @@
 #include <array>
 #include <cctype>
 #include <optional>
+#include <regex>
 #include <string_view>
 
 namespace house
@@ -145,6 +146,28 @@ std::vector<std::string> windowsHeadersOutOfPlace(const SourceFile& file)
         const std::string header = lowerCase(include->path);
         if (std::find(windowsHeaders.begin(), windowsHeaders.end(), header) != windowsHeaders.end())
             broken.push_back(at(file, i, "<" + include->path + "> has no place here"));
+    }
+    return broken;
+}
+
+std::vector<std::string> unusedNames(const SourceFile& file)
+{
+    std::vector<std::string> broken;
+    if (!file.isCode())
+        return broken;
+    const std::regex introduction(R"(\s*(?:using [\w:]*::(\w+);|namespace (\w+) = .*;).*)");
+    for (std::size_t i = 0; i < file.lines.size(); ++i) {
+        std::smatch found;
+        if (!std::regex_match(file.lines[i], found, introduction))
+            continue;
+        const std::string name = found[1].matched ? found[1] : found[2];
+        const std::regex word("\\b" + name + "\\b");
+        const auto uses =
+            std::count_if(file.lines.begin(), file.lines.end(), [&](const std::string& line) {
+                return line.find(name) != std::string::npos && std::regex_search(line, word);
+            });
+        if (uses < 2)
+            broken.push_back(at(file, i, "nobody uses " + name));
     }
     return broken;
 }

@@ -15,6 +15,8 @@ namespace house
 std::vector<std::string> includesAgainstTheArrows(const SourceFile& file, const Diagram& diagram);
 /// Windows is reached only where it has its place.
 std::vector<std::string> windowsHeadersOutOfPlace(const SourceFile& file);
+/// A name that is brought in from elsewhere, or made for a namespace, is used in its file.
+std::vector<std::string> unusedNames(const SourceFile& file);
 /// 400 lines a file, 100 columns a line; tables and text that is shown as it will be written may be
 /// wider.
 std::vector<std::string> tooLong(const SourceFile& file);

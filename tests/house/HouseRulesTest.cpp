@@ -10,6 +10,7 @@
 using house::includesAgainstTheArrows;
 using house::SourceFile;
 using house::tooLong;
+using house::unusedNames;
 using house::windowsHeadersOutOfPlace;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -67,6 +68,11 @@ TEST(EveryFolder, LeavesWindowsToTheFoldersMadeForIt)
     EXPECT_THAT(brokenAnywhere(windowsHeadersOutOfPlace), IsEmpty());
 }
 
+TEST(EverySourceFile, BringsInOnlyNamesThatItUses)
+{
+    EXPECT_THAT(brokenAnywhere(unusedNames), IsEmpty());
+}
+
 TEST(EverySourceFile, KeepsWithinItsLengthAndWidth)
 {
     EXPECT_THAT(brokenAnywhere(tooLong), IsEmpty());
@@ -121,6 +127,17 @@ TEST(WindowsHeaders, AreFoundOutsideTheirFoldersWhateverTheirSpelling)
     EXPECT_FALSE(broken("app/win32/A.cpp", "#include <windows.h>"));
     EXPECT_FALSE(broken("femap/com/A.h", "#include <oleauto.h>"));
     EXPECT_FALSE(broken("app/A.h", "// a note on <windows.h>"));
+}
+
+TEST(UnusedNames, AreFoundWhenTheyStandNowhereElse)
+{
+    const SourceFile file = {"generate/A.cpp",
+                             {"using logging::TextFile;", "using form::Context;  // why",
+                              "namespace fs = std::filesystem;", "namespace rs = std::ranges;",
+                              "void write(Context&, fs::path, TextFileName);"}};
+
+    EXPECT_THAT(unusedNames(file), ElementsAre("generate/A.cpp:1: nobody uses TextFile",
+                                               "generate/A.cpp:4: nobody uses rs"));
 }
 
 TEST(TooLong, CountsCharactersAndSparesTextThatIsShownAsItWillBeWritten)

@@ -13,7 +13,6 @@ using logging::DiskFiles;
 using logging::ErrorNumber;
 using logging::RuntimeError;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 

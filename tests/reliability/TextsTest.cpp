@@ -15,7 +15,6 @@ namespace reliability
 using generate::GenerateFixture;
 using testing::Contains;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
 

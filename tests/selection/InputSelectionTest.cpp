@@ -17,7 +17,6 @@ using testing::Field;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
-using testing::SizeIs;
 using Asked = fake::QueuedDialogs::Asked;
 
 struct KindCase
