@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 
 namespace comtest
 {
@@ -16,12 +17,28 @@ std::string contentOf(const std::filesystem::path& file)
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
+namespace
+{
+
+const std::string start = "start ";
+
+// A script, or the one that a page of the documentation shows.
+std::string scriptIn(const std::string& file)
+{
+    const std::string text = contentOf(std::filesystem::path(SOURCE_FOLDER) / file);
+    if (!file.ends_with(".md"))
+        return text;
+    const std::size_t begin = text.find('\n' + start);
+    return text.substr(begin, text.find("\n```", begin) - begin);
+}
+
+}  // namespace
+
 std::vector<std::string> actionsOf(const std::string& study, const std::filesystem::path& folder)
 {
-    std::ifstream file(std::filesystem::path(SOURCE_FOLDER) / "examples" / study);
+    std::istringstream script(scriptIn(study));
     std::vector<std::string> result;
-    const std::string start = "start ";
-    for (std::string line; std::getline(file, line);) {
+    for (std::string line; std::getline(script, line);) {
         if (line.starts_with(start))
             line = start + (folder / line.substr(start.size())).string();
         if (!line.empty() && line[0] != '#' && !line.starts_with("put "))

@@ -11,15 +11,15 @@
 namespace comtest
 {
 
-/// What a study of the examples left, by file name; the log is among it.
+/// What a study left, by file name; the log is among it.
 using Contents = std::map<std::string, std::string>;
 
 /// A file's bytes.
 std::string contentOf(const std::filesystem::path& file);
 
-/// The actions of a study of the examples on the model "panel.neu" of a folder: by its full path,
-/// for FEMAP has a current folder of its own, and without the lines that change the model, for an
-/// engineer does that in FEMAP.
+/// The actions of a study on the model "panel.neu" of a folder: by its full path, for FEMAP has a
+/// current folder of its own, and without the lines that change the model, for an engineer does
+/// that in FEMAP. study: a script, or a page that shows one, from the project's folder.
 std::vector<std::string> actionsOf(const std::string& study, const std::filesystem::path& folder);
 
 /// Writes them into a script in that folder and gives its path.

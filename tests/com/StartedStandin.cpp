@@ -40,6 +40,7 @@ HANDLE start(const std::string& program, const std::string& arguments, HANDLE ou
     if (!comesTrue(isStarted))
         throw std::runtime_error(program + " cannot be started: " + std::to_string(GetLastError()));
     CloseHandle(process.hThread);
+    endWithThisProgram(process.hProcess);
     return process.hProcess;
 }
 
@@ -61,6 +62,18 @@ std::optional<Dispatch> offeredFemap()
 }
 
 }  // namespace
+
+void endWithThisProgram(HANDLE process)
+{
+    static const HANDLE job = [] {
+        const HANDLE created = CreateJobObjectW(nullptr, nullptr);
+        JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+        limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+        SetInformationJobObject(created, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+        return created;
+    }();
+    AssignProcessToJobObject(job, process);
+}
 
 std::string panelModel()
 {

@@ -23,6 +23,9 @@ std::vector<std::string> linesOf(const std::string& path);
 /// Whether the condition came true within five seconds.
 bool comesTrue(const std::function<bool()>& condition);
 
+/// Whatever happens to this program, the process ends with it. One that stayed would hold what this
+/// one prints to, and whoever waits for the end of that would wait for ever.
+void endWithThisProgram(HANDLE process);
 /// Runs a program to its end. Returns its exit code; STILL_ACTIVE when it does not end.
 DWORD runProgram(const std::string& program, const std::string& arguments);
 /// The same with the stand-in program.

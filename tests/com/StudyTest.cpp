@@ -18,7 +18,7 @@ namespace comtest
 namespace
 {
 
-// A study of the examples in a folder of its own.
+// A study of the project in a folder of its own.
 class StudyOverCom : public testing::TestWithParam<const char*>
 {
 protected:
@@ -46,7 +46,8 @@ INSTANTIATE_TEST_SUITE_P(OfBothGenerations, StudyOverCom, bothGenerations, nameO
 
 TEST_P(StudyOverCom, LeavesTheFilesAndTheLogOfTheEmbeddedHost)
 {
-    for (const char* const study : {"panel.study", "ombra.study"}) {
+    for (const char* const study :
+         {"examples/panel.study", "examples/ombra.study", "docs/guide.md"}) {
         Contents embedded = replayed(study, "embedded");
         Contents running;
         {
@@ -71,7 +72,7 @@ TEST_P(StudyOverCom, WritesTheGoldenFiles)
     const femap::com::Apartment apartment;
     StartedStandin standin(GetParam());
 
-    const Contents written = replayed("ombra.study", "running");
+    const Contents written = replayed("examples/ombra.study", "running");
 
     int golden = 0;
     for (const auto& entry :

@@ -4,6 +4,7 @@
 #include "RemoteMemory.h"
 #include "app/win32/MainWindow.h"
 #include "app/win32/PropertyListWindow.h"
+#include "com/StartedStandin.h"
 #include "femap/com/Text.h"
 
 #include <gtest/gtest.h>
@@ -102,6 +103,7 @@ Process::Process(const std::filesystem::path& program, const std::wstring& rest,
     if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
                        folder.c_str(), &start, &info_) == FALSE)
         throw std::runtime_error("Could not start " + program.string());
+    comtest::endWithThisProgram(info_.hProcess);
 }
 
 Process::~Process()

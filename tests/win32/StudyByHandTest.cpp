@@ -13,8 +13,8 @@ using driver::StandIn;
 namespace
 {
 
-// A study of the examples, done twice in the same folder: replayed without a window and without
-// FEMAP, and by hand.
+// A study of the examples or of the guide, done twice in the same folder: replayed without a window
+// and without FEMAP, and by hand.
 class StudyByHand : public testing::TestWithParam<const char*>
 {
 protected:
@@ -37,10 +37,11 @@ protected:
     FormFiles files;
 };
 
-INSTANTIATE_TEST_SUITE_P(OfTheExamples, StudyByHand, testing::Values("panel.study", "ombra.study"),
+INSTANTIATE_TEST_SUITE_P(OfTheProject, StudyByHand,
+                         testing::Values("examples/panel.study", "examples/ombra.study",
+                                         "docs/guide.md"),
                          [](const auto& study) {
-                             const std::string name = study.param;
-                             return name.substr(0, name.find('.'));
+                             return std::filesystem::path(study.param).stem().string();
                          });
 
 // A form that is shown gets its size once; a replay shows none.
