@@ -60,8 +60,16 @@ Hand::Hand()
               ("hand-" + std::to_string(GetCurrentProcessId())))
 {}
 
+// A test that breaks must not leave the button down for the next one.
 Hand::~Hand()
 {
+    if (isPressed_) {
+        try {
+            release();
+        }
+        catch (const std::exception&) {  // then the next test tells
+        }
+    }
     std::error_code ignored;
     std::filesystem::remove(answer_, ignored);
 }
@@ -73,26 +81,31 @@ void Hand::moveTo(POINT place)
 
 void Hand::clickAt(POINT place, const std::string& held)
 {
+    awaitDisplayAt(place);
     if (held.empty())
-        act(at(place) + std::vector<std::string>{"click", "1"});
+        act({"click", "1"});
     else
-        act(at(place) + std::vector<std::string>{"keydown", held, "click", "1", "keyup", held});
+        act({"keydown", held, "click", "1", "keyup", held});
 }
 
 void Hand::pressAt(POINT place)
 {
-    act(at(place) + std::vector<std::string>{"mousedown", "1"});
+    awaitDisplayAt(place);
+    isPressed_ = true;
+    act({"mousedown", "1"});
 }
 
 void Hand::release()
 {
     act({"mouseup", "1"});
+    isPressed_ = false;
 }
 
 void Hand::drag(POINT from, POINT to)
 {
     const POINT between{(from.x + to.x) / 2, (from.y + to.y) / 2};
-    act(at(from) + std::vector<std::string>{"mousedown", "1"} + at(between) + at(to) +
+    awaitDisplayAt(from);
+    act(std::vector<std::string>{"mousedown", "1"} + at(between) + at(to) +
         std::vector<std::string>{"mouseup", "1"});
 }
 
@@ -133,6 +146,20 @@ void Hand::awaitKeyboardAt(HWND window)
             act({"windowfocus", number});
     }
     throw std::runtime_error("The window in front does not get the keyboard");
+}
+
+// The display shows and hides windows a little later than Windows does. What is pressed meanwhile
+// goes to a list or a dialog that is closed already, or not yet there.
+void Hand::awaitDisplayAt(POINT place)
+{
+    const auto isShown = [&] {
+        const std::string said =
+            act(at(place) + std::vector<std::string>{"getmouselocation", "--shell"});
+        const std::string number = displaysNumberOf(GetAncestor(WindowFromPoint(place), GA_ROOT));
+        return !number.empty() && said.find("WINDOW=" + number + "\n") != std::string::npos;
+    };
+    if (!waitUntil(isShown))
+        throw std::runtime_error("The display shows another window at the mouse than Windows");
 }
 
 bool Hand::hasKeyboard(HWND window)

@@ -39,10 +39,12 @@ public:
     void awaitKeyboardAt(HWND window);
 
 private:
+    void awaitDisplayAt(POINT place);
     bool hasKeyboard(HWND window);
     std::string act(const std::vector<std::string>& words);
 
     std::filesystem::path answer_;
+    bool isPressed_ = false;
 };
 
 /// The middle of a window, and a place inside it.
