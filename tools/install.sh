@@ -27,9 +27,8 @@ need()
 
 needToBuild=(g++:g++ cmake:cmake ninja:ninja-build)
 needToTest=("${needToBuild[@]}" /usr/include/gtest/gtest.h:libgtest-dev
-    /usr/include/gmock/gmock.h:libgmock-dev)
-needToBench=("${needToTest[@]}" /usr/include/benchmark/benchmark.h:libbenchmark-dev
-    python3:python3)
+    /usr/include/gmock/gmock.h:libgmock-dev python3:python3)
+needToBench=("${needToTest[@]}" /usr/include/benchmark/benchmark.h:libbenchmark-dev)
 needWindows=("${needToBuild[@]}" x86_64-w64-mingw32-g++-posix:g++-mingw-w64-x86-64-posix
     /usr/src/googletest/CMakeLists.txt:googletest)
 needWine=("${needWindows[@]}" wine:wine /usr/lib/wine/wine64:wine64

@@ -1,5 +1,6 @@
 #include "Documents.h"
 
+#include <algorithm>
 #include <cctype>
 #include <fstream>
 #include <iterator>
@@ -50,6 +51,17 @@ std::string contentOf(const std::string& file)
     if (!in)
         throw std::runtime_error(file + " cannot be read");
     return {std::istreambuf_iterator<char>(in), {}};
+}
+
+std::vector<std::string> linesOf(const std::string& text, std::string_view lineEnd)
+{
+    std::vector<std::string> lines;
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find(lineEnd, start), text.size());
+        lines.push_back(text.substr(start, end - start));
+        start = end + lineEnd.size();
+    }
+    return lines;
 }
 
 Document::Document(const std::string& file) : text_(contentOf(file)) {}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace house
@@ -9,6 +10,9 @@ namespace house
 /// A file's bytes. file: from the project's folder. Raises std::runtime_error when it cannot be
 /// read.
 std::string contentOf(const std::string& file);
+
+/// A text's lines, without their ends.
+std::vector<std::string> linesOf(const std::string& text, std::string_view lineEnd = "\n");
 
 /// A page of the documentation.
 class Document

@@ -15,6 +15,7 @@
 #include <vector>
 
 using house::contentOf;
+using house::linesOf;
 
 // tools/make-file-formats.py writes the page; here the same is made by other means.
 
@@ -28,17 +29,6 @@ using Lines = std::vector<std::string>;
 const std::string golden = "tests/golden/";
 const std::string page = "docs/file-formats.md";
 const std::regex slotForm(R"(\{\{golden (\S+)(?: ([\d,-]+))?( blanks)?\}\})");
-
-Lines linesOf(const std::string& text, std::string_view lineEnd)
-{
-    Lines lines;
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t end = std::min(text.find(lineEnd, start), text.size());
-        lines.push_back(text.substr(start, end - start));
-        start = end + lineEnd.size();
-    }
-    return lines;
-}
 
 std::string visible(const std::string& line, bool allBlanks)
 {
@@ -86,7 +76,7 @@ Lines linesOfSlot(const std::smatch& slot)
 
 Lines templateLines()
 {
-    return linesOf(contentOf("docs/file-formats.template.md"), "\n");
+    return linesOf(contentOf("docs/file-formats.template.md"));
 }
 
 TEST(FileFormatsPage, ShowsWhatTheGoldenFilesHold)

@@ -89,6 +89,12 @@ std::string folderOf(const std::string& path)
     return end == std::string::npos ? "" : path.substr(0, end);
 }
 
+// Of the project, and not of the same folder without naming it.
+bool isByFolder(const std::optional<Include>& include)
+{
+    return include && include->opening == '"' && !folderOf(include->path).empty();
+}
+
 // Counts characters, not bytes.
 std::size_t columnsOf(const std::string& line)
 {
@@ -106,11 +112,9 @@ bool isFree(const std::string& folder)
 std::vector<std::string> includedFolders(const SourceFile& file)
 {
     std::vector<std::string> folders;
-    for (const std::string& line : file.lines) {
-        const std::optional<Include> include = includeIn(line);
-        if (include && include->opening == '"' && !folderOf(include->path).empty())
+    for (const std::string& line : file.lines)
+        if (const auto include = includeIn(line); isByFolder(include))
             folders.push_back(folderOf(include->path));
-    }
     return folders;
 }
 
@@ -125,10 +129,10 @@ std::vector<std::string> includesAgainstTheArrows(const SourceFile& file, const 
 
     for (std::size_t i = 0; i < file.lines.size(); ++i) {
         const std::optional<Include> include = includeIn(file.lines[i]);
-        if (!include || include->opening != '"')
+        if (!isByFolder(include))
             continue;
         const std::string target = folderOf(include->path);
-        if (!target.empty() && target != folder && !diagram.leads(folder, target))
+        if (target != folder && !diagram.leads(folder, target))
             broken.push_back(at(file, i, folder + " must not include " + include->path));
     }
     return broken;

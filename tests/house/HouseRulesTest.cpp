@@ -9,6 +9,7 @@
 
 using house::includesAgainstTheArrows;
 using house::SourceFile;
+using house::sources;
 using house::tooLong;
 using house::unusedNames;
 using house::windowsHeadersOutOfPlace;
@@ -17,12 +18,6 @@ using testing::IsEmpty;
 
 namespace
 {
-
-const std::vector<SourceFile>& sources()
-{
-    static const std::vector<SourceFile> all = house::readSources(SOURCE_FOLDER);
-    return all;
-}
 
 template <class Rule>
 std::vector<std::string> brokenAnywhere(Rule rule)

@@ -1,5 +1,6 @@
 #include "Documents.h"
 #include "fake/TemporaryFolder.h"
+#include "logging/Files.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,14 +9,13 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <map>
-#include <sstream>
 #include <string>
 #include <vector>
 
 // What CONTRIBUTING.md shows of tools/add-field is what it does.
 
+using house::linesOf;
 using testing::ContainerEq;
 using testing::HasSubstr;
 
@@ -27,15 +27,6 @@ namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
 
 const std::string dialogTest = "tests/selection/PropertyListDialogTest.cpp";
-
-Lines linesOf(const std::string& text)
-{
-    Lines lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);)
-        lines.push_back(line);
-    return lines;
-}
 
 std::string example()
 {
@@ -71,8 +62,7 @@ protected:
     fs::path path(const std::string& file) const { return folder_.path(file); }
     std::string contentOf(const std::string& file) const
     {
-        std::ifstream in(path(file), std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
+        return logging::DiskFiles().read(folder_.path(file));
     }
     /// Its exit code.
     int run(const std::string& arguments) const

@@ -1,11 +1,10 @@
 #include "Hand.h"
 
 #include "FormDriver.h"
+#include "com/ExampleStudy.h"
 #include "femap/com/Text.h"
 
 #include <cstdint>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <system_error>
 
@@ -25,12 +24,6 @@ std::wstring quoted(const std::string& word)
         result += letter;
     }
     return result + L'"';
-}
-
-std::string contentOf(const std::filesystem::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 // Wine keeps the display's number of a window with the window.
@@ -193,7 +186,7 @@ std::string Hand::act(const std::vector<std::string>& words)
     const std::string end = "ended 0\n";
     std::string said;
     const bool hasEnded = waitUntil([&] {
-        said = contentOf(answer_);
+        said = comtest::contentOf(answer_);
         return said.ends_with("\n") && said.find("ended ") != std::string::npos;
     });
     if (!hasEnded || !said.ends_with(end))
