@@ -106,6 +106,7 @@ TEST_F(AddField, DoesWhatTheWorkedExampleShows)
     }
     EXPECT_THAT(added, ContainerEq(shownLines()));
     EXPECT_THAT(contentOf(dialogTest), HasSubstr("\"Bend Stiff\"};"));
+    EXPECT_THAT(contentOf(dialogTest), HasSubstr("{\"Bend Stiff\", 10}}},"));
 }
 
 TEST_F(AddField, WritesNothingWhenOneFileIsNotAsItShouldBe)
