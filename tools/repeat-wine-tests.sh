@@ -3,14 +3,16 @@
 #
 #   tools/repeat-wine-tests.sh TIMES [ctest arguments]
 #
-# Each round has a screen and a Wine folder of its own. What a failing round printed is shown and
-# kept below build/repeat. After each round no program of it may be left: one that is counts as a
-# failure, is named and ended. Stops at the first round in which no test ran at all. Ends well only
-# if every round was without fault.
+# Each round has a screen and a Wine folder of its own and keeps to one processor. Each processor
+# has two rounds at a time: while the one waits, the other works. What a failing round printed is
+# shown and kept below build/repeat. After each round no program of it may be left: one that is
+# counts as a failure, is named and ended. Stops at the first round in which no test ran at all.
+# Ends well only if every round was without fault.
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
 build=build/windows-release
 logs=build/repeat
+lanes=$((2 * $(nproc)))
 times=${1-}
 if [[ ! $times =~ ^[1-9][0-9]*$ ]]; then
     awk 'NR > 1 { if (!/^#/) exit; sub(/^# ?/, ""); print }' "${BASH_SOURCE[0]}" >&2
@@ -34,14 +36,17 @@ leftOf()
     done
 }
 
-good=0 bad=0
-for ((round = 1; round <= times; ++round)); do
-    log=$logs/$round.log start=$SECONDS faults=()
-    mark=$$-$round
-    VELMAR_ROUND=$mark taskset -c 0 tools/run-wine-tests.sh "$build" --no-tests=error "$@" \
-        >"$log" 2>&1 </dev/null || faults+=("ended with code $?")
-    summary=$(grep -E 'tests passed, [0-9]+ tests failed' "$log" || true)
-    [[ -n $summary ]] || faults+=("no test ran to its end")
+# Usage: oneRound NUMBER PROCESSOR [ctest arguments]. Ends well if the round was without fault, with 2
+# if no test of it ran to its end.
+oneRound()
+{
+    local round=$1 processor=$2 start=$SECONDS faults=() left=() pid summary
+    local log=$logs/$round.log mark=$$-$round
+    shift 2
+    VELMAR_ROUND=$mark taskset -c "$processor" tools/run-wine-tests.sh "$build" \
+        --no-tests=error "$@" >"$log" 2>&1 </dev/null || faults+=("ended with code $?")
+    summary=$(grep -E 'tests passed, [0-9]+ tests failed' "$log")
+    [[ $summary == *" out of $tests" ]] || faults+=("not all of the $tests tests ran")
 
     sleep 1  # for what is about to end by itself
     mapfile -t left < <(leftOf "$mark")
@@ -51,19 +56,51 @@ for ((round = 1; round <= times; ++round)); do
     done
 
     if ((${#faults[@]} == 0)); then
-        ((++good))
         rm -f -- "$log"
-        echo "round $round of $times: ${summary:-} ($((SECONDS - start)) s)"
-        continue
+        echo "round $round of $times: $summary ($((SECONDS - start)) s)"
+        return 0
     fi
-    ((++bad))
-    echo "round $round of $times FAILED; all of its output: $PWD/$log"
-    printf '    %s\n' "${faults[@]}"
-    grep -E -A 8 'Failure$|\*\*\*|exception' "$log" | head -n 100
-    if [[ -z $summary ]]; then
-        echo "Stopped: what follows would tell nothing."
-        break
-    fi
+    {
+        echo "round $round of $times FAILED; all of its output: $PWD/$log"
+        printf '    %s\n' "${faults[@]}"
+        grep -E -A 8 'Failure$|\*\*\*|exception' "$log" | head -n 100
+    }
+    [[ -n $summary ]] || return 2
+    return 1
+}
+
+# The rounds of one lane, one after the other. Each adds a line to the file of its outcome.
+roundsOf()
+{
+    local lane=$1 round
+    shift
+    for ((round = lane + 1; round <= times; round += lanes)); do
+        [[ ! -e $logs/stop ]] || return
+        oneRound "$round" $((lane % $(nproc))) "$@"
+        case $? in
+        0) echo "$round" >>"$logs/good" ;;
+        1) echo "$round" >>"$logs/bad" ;;
+        *)
+            echo "$round" >>"$logs/bad"
+            echo "Stopped: what follows would tell nothing."
+            touch "$logs/stop"
+            ;;
+        esac
+    done
+}
+
+# The first list of the tests is written down below the build; the lanes do not write it at once.
+tests=$(tools/run-wine-tests.sh "$build" -N "$@" 2>/dev/null </dev/null |
+    sed -n 's/^Total Tests: //p')
+if ((${tests:-0} == 0)); then
+    echo "No test is there to be run. First: ./check windows" >&2
+    exit 1
+fi
+touch "$logs/good" "$logs/bad"
+for ((lane = 0; lane < lanes; ++lane)); do
+    roundsOf "$lane" "$@" &
 done
+wait
+good=$(wc -l <"$logs/good") bad=$(wc -l <"$logs/bad")
 echo "$good rounds without fault, $bad with; $((times - good - bad)) not run"
 ((bad == 0 && good == times))

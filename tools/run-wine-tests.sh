@@ -17,7 +17,10 @@ cleanUp()
 {
     wineserver -k >/dev/null 2>&1 || true
     wineserver -w || true
-    if [ -n "$screen" ]; then kill "$screen" 2>/dev/null || true; fi
+    if [ -n "$screen" ]; then
+        kill "$screen" 2>/dev/null || true
+        wait "$screen" 2>/dev/null || true
+    fi
     rm -rf "$work"
 }
 trap cleanUp EXIT
@@ -61,6 +64,10 @@ wine reg import "Z:$work/heap.reg" >/dev/null 2>&1 </dev/null
 export VELMAR_HEAP_CHECKED=1
 # Without a window manager Wine draws captions and gives the focus itself.
 wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1 </dev/null
+# A command line that waits holds the desktop. A second after the last program Wine ends it, and then
+# every test would wait more than a second for one of its own.
+mkfifo "$work/silence"
+wine cmd <>"$work/silence" >/dev/null 2>&1 &
 
 if [ -n "${RUN_INSTEAD-}" ]; then
     sh -c "$RUN_INSTEAD"
