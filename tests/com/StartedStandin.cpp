@@ -61,6 +61,25 @@ std::optional<Dispatch> offeredFemap()
     return asControl(application);
 }
 
+// Why a stand-in that was ready is not found.
+std::string whyNotRunning(HANDLE process)
+{
+    DWORD code = STILL_ACTIVE;
+    GetExitCodeProcess(process, &code);
+    if (code != STILL_ACTIVE)
+        return "it has ended with " + std::to_string(code);
+    CLSID id{};
+    const HRESULT named = CLSIDFromProgID(L"femap.model", &id);
+    if (FAILED(named))
+        return "its name is not registered: " + femap::com::describe(named);
+    IUnknown* running = nullptr;
+    const HRESULT found = GetActiveObject(id, nullptr, &running);
+    if (FAILED(found))
+        return "none is announced: " + femap::com::describe(found);
+    running->Release();
+    return "now it is there";
+}
+
 }  // namespace
 
 void endWithThisProgram(HANDLE process)
@@ -167,7 +186,8 @@ StartedStandin::StartedStandin(const std::string& arguments)
         return control_.has_value();
     });
     if (!control_)
-        throw std::runtime_error("femap-standin does not answer");
+        throw std::runtime_error("femap-standin does not answer; " +
+                                 whyNotRunning(process_.handle));
 }
 
 // Under Wine this process's connection may go when another client of the same server ends; then a
