@@ -3,16 +3,16 @@
 #
 #   tools/repeat-wine-tests.sh TIMES [ctest arguments]
 #
-# Each round has a screen and a Wine folder of its own and keeps to one processor. Each processor
-# has two rounds at a time: while the one waits, the other works. What a failing round printed is
-# shown and kept below build/repeat. After each round no program of it may be left: one that is
-# counts as a failure, is named and ended. Stops at the first round in which no test ran at all.
-# Ends well only if every round was without fault.
+# Each round has a screen and a Wine folder of its own and keeps to one processor; each processor
+# takes one round after the other. What a failing round printed is shown and kept below build/repeat.
+# After each round no program of it may be left: one that is counts as a failure, is named and ended.
+# Stops at the first round in which no test ran at all. Ends well only if every round was without
+# fault.
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
 build=build/windows-release
 logs=build/repeat
-lanes=$((2 * $(nproc)))
+processors=$(nproc)
 times=${1-}
 if [[ ! $times =~ ^[1-9][0-9]*$ ]]; then
     awk 'NR > 1 { if (!/^#/) exit; sub(/^# ?/, ""); print }' "${BASH_SOURCE[0]}" >&2
@@ -69,14 +69,14 @@ oneRound()
     return 1
 }
 
-# The rounds of one lane, one after the other. Each adds a line to the file of its outcome.
+# The rounds of one processor, one after the other. Each adds a line to the file of its outcome.
 roundsOf()
 {
-    local lane=$1 round
+    local processor=$1 round
     shift
-    for ((round = lane + 1; round <= times; round += lanes)); do
+    for ((round = processor + 1; round <= times; round += processors)); do
         [[ ! -e $logs/stop ]] || return
-        oneRound "$round" $((lane % $(nproc))) "$@"
+        oneRound "$round" "$processor" "$@"
         case $? in
         0) echo "$round" >>"$logs/good" ;;
         1) echo "$round" >>"$logs/bad" ;;
@@ -89,7 +89,7 @@ roundsOf()
     done
 }
 
-# The first list of the tests is written down below the build; the lanes do not write it at once.
+# The first list of the tests is written down below the build; the processors do not write it at once.
 tests=$(tools/run-wine-tests.sh "$build" -N "$@" 2>/dev/null </dev/null |
     sed -n 's/^Total Tests: //p')
 if ((${tests:-0} == 0)); then
@@ -97,8 +97,8 @@ if ((${tests:-0} == 0)); then
     exit 1
 fi
 touch "$logs/good" "$logs/bad"
-for ((lane = 0; lane < lanes; ++lane)); do
-    roundsOf "$lane" "$@" &
+for ((processor = 0; processor < processors; ++processor)); do
+    roundsOf "$processor" "$@" &
 done
 wait
 good=$(wc -l <"$logs/good") bad=$(wc -l <"$logs/bad")
