@@ -36,8 +36,7 @@ leftOf()
     done
 }
 
-# Usage: oneRound NUMBER PROCESSOR [ctest arguments]. Ends well if the round was without fault, with 2
-# if no test of it ran to its end.
+# Usage: oneRound NUMBER PROCESSOR [ctest arguments]. Only a round with a fault leaves its log.
 oneRound()
 {
     local round=$1 processor=$2 start=$SECONDS faults=() left=() pid summary
@@ -57,19 +56,20 @@ oneRound()
 
     if ((${#faults[@]} == 0)); then
         rm -f -- "$log"
+        echo "$round" >>"$logs/good"
         echo "round $round of $times: $summary ($((SECONDS - start)) s)"
-        return 0
+        return
     fi
-    {
-        echo "round $round of $times FAILED; all of its output: $PWD/$log"
-        printf '    %s\n' "${faults[@]}"
-        grep -E -A 8 'Failure$|\*\*\*|exception' "$log" | head -n 100
-    }
-    [[ -n $summary ]] || return 2
-    return 1
+    echo "round $round of $times FAILED; all of its output: $PWD/$log"
+    printf '    %s\n' "${faults[@]}"
+    grep -E -A 8 'Failure$|\*\*\*|exception' "$log" | head -n 100
+    if [[ -z $summary ]]; then
+        echo "Stopped: what follows would tell nothing."
+        touch "$logs/stop"
+    fi
 }
 
-# The rounds of one processor, one after the other. Each adds a line to the file of its outcome.
+# The rounds of one processor, one after the other.
 roundsOf()
 {
     local processor=$1 round
@@ -77,15 +77,6 @@ roundsOf()
     for ((round = processor + 1; round <= times; round += processors)); do
         [[ ! -e $logs/stop ]] || return
         oneRound "$round" "$processor" "$@"
-        case $? in
-        0) echo "$round" >>"$logs/good" ;;
-        1) echo "$round" >>"$logs/bad" ;;
-        *)
-            echo "$round" >>"$logs/bad"
-            echo "Stopped: what follows would tell nothing."
-            touch "$logs/stop"
-            ;;
-        esac
     done
 }
 
@@ -96,11 +87,11 @@ if ((${tests:-0} == 0)); then
     echo "No test is there to be run. First: ./check windows" >&2
     exit 1
 fi
-touch "$logs/good" "$logs/bad"
+touch "$logs/good"
 for ((processor = 0; processor < processors; ++processor)); do
     roundsOf "$processor" "$@" &
 done
 wait
-good=$(wc -l <"$logs/good") bad=$(wc -l <"$logs/bad")
+good=$(wc -l <"$logs/good") bad=$(find "$logs" -name '*.log' | wc -l)
 echo "$good rounds without fault, $bad with; $((times - good - bad)) not run"
 ((bad == 0 && good == times))

@@ -189,7 +189,7 @@ TEST_P(BulkCalls, ListTheVectorsInFewerCalls)
 TEST_P(BulkCalls, AreNotMoreForAFewEntities)
 {
     open({.nodes = 8, .elements = 8, .properties = 8, .materials = 8, .nodeVectors = 2});
-    for (const int count : {1, 2, 8})
+    for (const int count : {1, 2, 3, 5, 8})
         for (const Select& select :
              {Select([&](ComForm& f) { f.selectInputs("Nodes", everyOther(2, count)); }),
               Select([&](ComForm& f) { f.selectInputs("Elements", everyOther(2, count)); }),

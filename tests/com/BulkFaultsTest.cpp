@@ -35,29 +35,29 @@ std::vector<int> idsTo(int last)
 
 void readNodes(ComForm& f)
 {
-    f.selectInputs("Nodes", idsTo(32));
+    f.selectInputs("Nodes", idsTo(60));
 }
 void readCoordinates(ComForm& f)
 {
-    f.selectInputs("Nodes", idsTo(32), {"z", "x"});
+    f.selectInputs("Nodes", idsTo(60), {"z", "x"});
 }
 void readElements(ComForm& f)
 {
-    f.selectInputs("Elements", idsTo(32), {"node1", "topology", "orientA", "PlateOffset"});
+    f.selectInputs("Elements", idsTo(60), {"node1", "topology", "orientA", "PlateOffset"});
 }
 void readProperties(ComForm& f)
 {
-    f.selectInputs("Properties", idsTo(12), {}, 2);
+    f.selectInputs("Properties", idsTo(24), {}, 2);
 }
 void readMaterials(ComForm& f)
 {
-    f.selectInputs("Materials", idsTo(12),
+    f.selectInputs("Materials", idsTo(24),
                    {"Ex", "Ey", "Nuxy", "Alphaxx", "Alphaxz", "Density", "RefTemp"});
 }
 void readOutputs(ComForm& f)
 {
     f.dialog.UpdateCollection();
-    f.selectOutputs("Nodes", idsTo(32), 4);
+    f.selectOutputs("Nodes", idsTo(60), 4);
 }
 
 // A member that reads or prepares much at once, and what uses it.
@@ -98,7 +98,7 @@ std::ostream& operator<<(std::ostream& out, const BulkMember& member)
 }
 
 const ModelSize smallModel = {
-    .nodes = 16, .elements = 16, .properties = 12, .materials = 12, .nodeVectors = 4};
+    .nodes = 30, .elements = 30, .properties = 24, .materials = 24, .nodeVectors = 4};
 
 struct BulkFault : testing::TestWithParam<BulkMember>
 {
@@ -135,7 +135,7 @@ struct DyingFemap : testing::TestWithParam<const char*>
         StartedStandin standin(std::string(GetParam()) + " --model \"" + model + '"');
         ComForm f(Reading::InBulk);
         f.dialog.UpdateCollection();
-        f.selectInputs("Nodes", idsTo(32), {"y"});
+        f.selectInputs("Nodes", idsTo(60), {"y"});
         const Lines rows = f.rows(f.form.InputsList);
         standin.control().call("standinDieAt", call);
         bool died = false;
@@ -183,7 +183,7 @@ TEST_P(BulkFault, LeavesTheRowsAndTheLogAsTheyAre)
 
         const Lines bulk = outcomeOf(Reading::InBulk);
 
-        EXPECT_GT(plain.size(), 60U) << how;
+        EXPECT_GT(plain.size(), 100U) << how;
         EXPECT_EQ(bulk, plain) << how;
     }
 }
@@ -205,12 +205,12 @@ TEST(StandinFault, IsAsTheTestWantsIt)
         return standin.control().call("standinFault", "feNode.GetCoordArray", how).number();
     };
     const auto sound = coordinates();
-    EXPECT_THAT(sound.second, testing::SizeIs(48));
+    EXPECT_THAT(sound.second, testing::SizeIs(90));
 
     EXPECT_EQ(fault("nonsense"), 0);
     EXPECT_EQ(coordinates(), sound);
     EXPECT_EQ(fault("short"), -1);
-    EXPECT_THAT(coordinates().second, testing::SizeIs(47));
+    EXPECT_THAT(coordinates().second, testing::SizeIs(89));
     fault("wrong");
     EXPECT_EQ(coordinates().second.back(), sound.second.back() + 1);
     fault("fails");
@@ -261,14 +261,14 @@ TEST_P(SetFault, LeavesTheIDsAsTheyAre)
 
 TEST_P(DyingFemap, EndsTheReadingOfEntitiesAtAnyCall)
 {
-    const auto read = [](ComForm& f) { f.selectInputs("Nodes", idsTo(32), {"x", "defCSys"}); };
+    const auto read = [](ComForm& f) { f.selectInputs("Nodes", idsTo(60), {"x", "defCSys"}); };
 
     EXPECT_GT(deathsOf(read), 12);
 }
 
 TEST_P(DyingFemap, EndsTheReadingOfResultsAtAnyCall)
 {
-    const auto read = [](ComForm& f) { f.selectOutputs("Nodes", idsTo(32), 1); };
+    const auto read = [](ComForm& f) { f.selectOutputs("Nodes", idsTo(60), 1); };
 
     EXPECT_GT(deathsOf(read), 15);
 }

@@ -61,6 +61,14 @@ std::optional<Dispatch> offeredFemap()
     return asControl(application);
 }
 
+// What is announced under FEMAP's name, if there is any.
+HRESULT findRunning(IUnknown*& running)
+{
+    CLSID id{};
+    const HRESULT named = CLSIDFromProgID(L"femap.model", &id);
+    return FAILED(named) ? named : GetActiveObject(id, nullptr, &running);
+}
+
 // Why a stand-in that was ready is not found.
 std::string whyNotRunning(HANDLE process)
 {
@@ -68,16 +76,11 @@ std::string whyNotRunning(HANDLE process)
     GetExitCodeProcess(process, &code);
     if (code != STILL_ACTIVE)
         return "it has ended with " + std::to_string(code);
-    CLSID id{};
-    const HRESULT named = CLSIDFromProgID(L"femap.model", &id);
-    if (FAILED(named))
-        return "its name is not registered: " + femap::com::describe(named);
     IUnknown* running = nullptr;
-    const HRESULT found = GetActiveObject(id, nullptr, &running);
-    if (FAILED(found))
-        return "none is announced: " + femap::com::describe(found);
-    running->Release();
-    return "now it is there";
+    const HRESULT found = findRunning(running);
+    if (running != nullptr)
+        running->Release();
+    return femap::com::describe(found);
 }
 
 }  // namespace
@@ -143,10 +146,8 @@ DWORD runStandin(const std::string& arguments)
 
 std::optional<Dispatch> runningFemap()
 {
-    CLSID id{};
     IUnknown* running = nullptr;
-    if (FAILED(CLSIDFromProgID(L"femap.model", &id)) ||
-        FAILED(GetActiveObject(id, nullptr, &running)))
+    if (FAILED(findRunning(running)))
         return std::nullopt;
     IDispatch* application = nullptr;
     running->QueryInterface(IID_PPV_ARGS(&application));
