@@ -32,12 +32,8 @@ HANDLE start(const std::string& program, const std::string& arguments, HANDLE ou
     startup.hStdOutput = output;
     startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
     PROCESS_INFORMATION process{};
-    // While many programs end at once Wine now and then has no place for a new one.
-    const auto isStarted = [&] {
-        return CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                              &startup, &process) != FALSE;
-    };
-    if (!comesTrue(isStarted))
+    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
+                        &process))
         throw std::runtime_error(program + " cannot be started: " + std::to_string(GetLastError()));
     CloseHandle(process.hThread);
     endWithThisProgram(process.hProcess);

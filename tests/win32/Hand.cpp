@@ -34,6 +34,9 @@ std::string displaysNumberOf(HWND window)
     return number == nullptr ? "" : std::to_string(reinterpret_cast<std::uintptr_t>(number));
 }
 
+// Left to itself the hand rests for a tenth of a second after each.
+const std::vector<std::string> click = {"click", "--delay", "5", "1"};
+
 std::vector<std::string> at(POINT place)
 {
     return {"mousemove", std::to_string(place.x), std::to_string(place.y)};
@@ -76,9 +79,10 @@ void Hand::clickAt(POINT place, const std::string& held)
 {
     awaitDisplayAt(place);
     if (held.empty())
-        act({"click", "1"});
+        act(click);
     else
-        act({"keydown", held, "click", "1", "keyup", held});
+        act(std::vector<std::string>{"keydown", held} + click +
+            std::vector<std::string>{"keyup", held});
 }
 
 void Hand::pressAt(POINT place)

@@ -10,14 +10,10 @@
 #include <fstream>
 #include <tuple>
 
-namespace comtest
+namespace reliability
 {
 
-using reliability::Action;
-using reliability::begin;
-using reliability::keptBy;
-using reliability::WholeRun;
-using reliability::World;
+using comtest::StartedStandin;
 
 namespace
 {
@@ -87,7 +83,7 @@ std::vector<std::tuple<const char*, Action>> actionsByTurns()
 {
     std::vector<std::tuple<const char*, Action>> result;
     bool isClassic = false;
-    for (const Action& action : reliability::actions())
+    for (const Action& action : actions())
         result.emplace_back((isClassic = !isClassic) ? "--classic" : "--modern", action);
     return result;
 }
@@ -150,4 +146,4 @@ TEST_P(EveryCallByCom, MayBeItsLastAndRowsAndFilesAreKept)
     }
 }
 
-}  // namespace comtest
+}  // namespace reliability
