@@ -9,7 +9,7 @@ set -eu
 # Every Windows program has a page at 0x7ffe0000. Where Linux scatters addresses, the heap of about one
 # in 8000 lies there already, and Wine does not start it.
 case $(cat /proc/self/personality) in
-*4????) ;;
+*[4567cdef]????) ;;
 *) setarch -R true 2>/dev/null && exec setarch -R "$0" "$@" ;;
 esac
 build=$1
@@ -18,9 +18,14 @@ work=$(mktemp -d)
 export WINEPREFIX="$work/prefix" WINEDEBUG=-all LC_ALL=C.UTF-8
 # No offers to fetch add-ons, and no window when a program crashes: it ends with code 5 at once.
 export WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe="
-screen=
+screen= holder=
 cleanUp()
 {
+    # One that is still starting would start Wine's server again.
+    if [ -n "$holder" ]; then
+        kill "$holder" 2>/dev/null || true
+        wait "$holder" 2>/dev/null || true
+    fi
     wineserver -k >/dev/null 2>&1 || true
     wineserver -w || true
     if [ -n "$screen" ]; then
@@ -74,6 +79,7 @@ wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1 
 # every test would wait more than a second for one of its own.
 mkfifo "$work/silence"
 wine cmd <>"$work/silence" >/dev/null 2>&1 &
+holder=$!
 
 if [ -n "${RUN_INSTEAD-}" ]; then
     sh -c "$RUN_INSTEAD"
