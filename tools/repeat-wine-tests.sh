@@ -6,12 +6,15 @@
 # Each round has a screen and a Wine folder of its own and keeps to one processor; each processor
 # takes one round after the other. What a failing round printed is shown and kept below build/repeat.
 # After each round no program of it may be left: one that is counts as a failure, is named and ended.
+# A round with failed tests during which the machine itself stood still for half the time that tests
+# wait tells nothing: it is named, its output is kept as well, and it is run again.
 # Stops at the first round in which no test ran at all. Ends well only if every round was without
 # fault.
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
 build=build/windows-release
 logs=build/repeat
+longestRest=5  # seconds
 processors=$(nproc)
 times=${1-}
 if [[ ! $times =~ ^[1-9][0-9]*$ ]]; then
@@ -36,14 +39,34 @@ leftOf()
     done
 }
 
-# Usage: oneRound NUMBER PROCESSOR [ctest arguments]. Only a round with a fault leaves its log.
+# Says how long the processor let a program rest that had asked for a second, whenever that was too
+# long.
+watchRests()
+{
+    local last now
+    read -r last _ </proc/uptime
+    while sleep 1; do
+        read -r now _ </proc/uptime
+        if ((${now%.*} - ${last%.*} > longestRest)); then
+            echo "$(date +%T): the machine stood still for $((${now%.*} - ${last%.*})) s"
+        fi
+        last=$now
+    done
+}
+
+# Usage: oneRound NUMBER [ctest arguments]. Only a round with a fault leaves its log. Fails if the
+# round tells nothing and is to be run again.
 oneRound()
 {
-    local round=$1 processor=$2 start=$SECONDS faults=() left=() pid summary
-    local log=$logs/$round.log mark=$$-$round
-    shift 2
-    VELMAR_ROUND=$mark taskset -c "$processor" tools/run-wine-tests.sh "$build" \
+    local round=$1 start=$SECONDS faults=() left=() pid summary watcher
+    local log=$logs/$round.log rests=$logs/$round.rests mark=$$-$round
+    shift
+    watchRests >"$rests" &
+    watcher=$!
+    VELMAR_ROUND=$mark tools/run-wine-tests.sh "$build" \
         --no-tests=error "$@" >"$log" 2>&1 </dev/null || faults+=("ended with code $?")
+    kill "$watcher"
+    wait "$watcher" 2>/dev/null
     summary=$(grep -E 'tests passed, [0-9]+ tests failed' "$log")
     [[ $summary == *" out of $tests" ]] || faults+=("not all of the $tests tests ran")
 
@@ -55,13 +78,20 @@ oneRound()
     done
 
     if ((${#faults[@]} == 0)); then
-        rm -f -- "$log"
+        rm -f -- "$log" "$rests"
         echo "$round" >>"$logs/good"
         echo "round $round of $times: $summary ($((SECONDS - start)) s)"
         return
     fi
+    if [[ -s $rests && -n $summary ]] && ((${#left[@]} == 0)); then
+        mv -- "$log" "$logs/$round.still-$start"
+        echo "round $round of $times tells nothing and is run again: $PWD/$logs/$round.still-$start"
+        cat -- "$rests"
+        return 1
+    fi
     echo "round $round of $times FAILED; all of its output: $PWD/$log"
     printf '    %s\n' "${faults[@]}"
+    cat -- "$rests"
     grep -E -A 8 'Failure$|\*\*\*|exception' "$log" | head -n 100
     if [[ -z $summary ]]; then
         echo "Stopped: what follows would tell nothing."
@@ -74,9 +104,11 @@ roundsOf()
 {
     local processor=$1 round
     shift
+    taskset -cp "$processor" "$BASHPID" >/dev/null || return
     for ((round = processor + 1; round <= times; round += processors)); do
-        [[ ! -e $logs/stop ]] || return
-        oneRound "$round" "$processor" "$@"
+        until [[ -e $logs/stop ]] || oneRound "$round" "$@"; do
+            :
+        done
     done
 }
 
