@@ -39,17 +39,16 @@ leftOf()
     done
 }
 
-# Says how long the processor let a program rest that had asked for a second, whenever that was too
-# long.
+# Usage: watchRests PID. As long as that process runs, says how long the processor let a program
+# rest that had asked for a second, whenever that was too long.
 watchRests()
 {
     local last now
-    read -r last _ </proc/uptime
-    while sleep 1; do
-        read -r now _ </proc/uptime
-        if ((${now%.*} - ${last%.*} > longestRest)); then
-            echo "$(date +%T): the machine stood still for $((${now%.*} - ${last%.*})) s"
-        fi
+    IFS=. read -r last _ </proc/uptime
+    while sleep 1 && kill -0 "$1" 2>/dev/null; do
+        IFS=. read -r now _ </proc/uptime
+        ((now - last <= longestRest)) ||
+            echo "$(date +%T): the machine stood still for $((now - last)) s"
         last=$now
     done
 }
@@ -59,9 +58,9 @@ watchRests()
 oneRound()
 {
     local round=$1 start=$SECONDS faults=() left=() pid summary watcher
-    local log=$logs/$round.log rests=$logs/$round.rests mark=$$-$round
+    local log=$logs/$round.log rests=$logs/$round.rests mark=$$-$round shell=$BASHPID
     shift
-    watchRests >"$rests" &
+    watchRests "$shell" >"$rests" &
     watcher=$!
     VELMAR_ROUND=$mark tools/run-wine-tests.sh "$build" \
         --no-tests=error "$@" >"$log" 2>&1 </dev/null || faults+=("ended with code $?")
@@ -84,8 +83,9 @@ oneRound()
         return
     fi
     if [[ -s $rests && -n $summary ]] && ((${#left[@]} == 0)); then
-        mv -- "$log" "$logs/$round.still-$start"
-        echo "round $round of $times tells nothing and is run again: $PWD/$logs/$round.still-$start"
+        local kept=$logs/$round.still-$start
+        mv -- "$log" "$kept"
+        echo "round $round of $times tells nothing and is run again; all of its output: $PWD/$kept"
         cat -- "$rests"
         return 1
     fi
@@ -125,5 +125,6 @@ for ((processor = 0; processor < processors; ++processor)); do
 done
 wait
 good=$(wc -l <"$logs/good") bad=$(find "$logs" -name '*.log' | wc -l)
-echo "$good rounds without fault, $bad with; $((times - good - bad)) not run"
+again=$(find "$logs" -name '*.still-*' | wc -l)
+echo "$good rounds without fault, $bad with; $((times - good - bad)) not run; $again run again"
 ((bad == 0 && good == times))
