@@ -1,7 +1,7 @@
 #include "app/Bindings.h"
 
 #include "app/FemapEvents.h"
-#include "app/form/FormProcedures.h"
+#include "form/FormProcedures.h"
 #include "generate/GenerationDriver.h"
 #include "selection/InputSelection.h"
 #include "selection/OutputSelection.h"
@@ -68,8 +68,8 @@ std::span<const Binding> bindings()
 
 const Binding* findBinding(std::string_view event)
 {
-    const auto* const place = std::ranges::find(table, event, &Binding::event);
-    return place == std::end(table) ? nullptr : place;
+    const auto* const found = std::ranges::find(table, event, &Binding::event);
+    return found == std::end(table) ? nullptr : found;
 }
 
 void bindComboBoxes(Session& session)

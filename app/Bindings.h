@@ -1,3 +1,4 @@
+// The table of the form's events and the procedures that they run.
 #pragma once
 
 #include "app/Session.h"
@@ -8,7 +9,6 @@
 namespace app
 {
 
-/// An event of the form and the procedure that it runs.
 struct Binding
 {
     /// Control and event, such as "InputsButton_Click".
@@ -17,7 +17,7 @@ struct Binding
     void (*procedure)(Session& session, int argument);
     /// The procedure can do nothing without FEMAP.
     bool needsFemap;
-    /// When another procedure is running: done after it. The others are dropped.
+    /// While another procedure runs, the event waits until it has ended. Others are dropped.
     bool waits;
 
     /// The name of the control.

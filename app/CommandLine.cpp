@@ -1,6 +1,6 @@
 #include "app/CommandLine.h"
 
-#include "logging/Files.h"
+#include "system/Files.h"
 
 #include <algorithm>
 
@@ -24,8 +24,8 @@ std::string nextField(std::string_view& rest)
 
 std::string_view lastPiece(std::string_view text, std::string_view separators)
 {
-    const std::size_t place = text.find_last_of(separators);
-    std::string_view piece = place == std::string_view::npos ? text : text.substr(place + 1);
+    const std::size_t position = text.find_last_of(separators);
+    std::string_view piece = position == std::string_view::npos ? text : text.substr(position + 1);
     piece.remove_prefix(std::min(piece.find_first_not_of(' '), piece.size()));
     return piece.substr(0, piece.find_last_not_of(' ') + 1);
 }
@@ -43,7 +43,7 @@ CommandLine parseCommandLine(std::string_view arguments)
 
 std::string GetFileExtension(std::string_view filename)
 {
-    return std::string(lastPiece(lastPiece(filename, logging::pathSeparators), "."));
+    return std::string(lastPiece(lastPiece(filename, sys::pathSeparators), "."));
 }
 
 }  // namespace app

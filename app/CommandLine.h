@@ -1,3 +1,4 @@
+// What the program was started with: model, log file and log level, out of one argument string.
 #pragma once
 
 #include <string>
@@ -6,7 +7,6 @@
 namespace app
 {
 
-/// What the program was started with.
 struct CommandLine
 {
     std::string modelFile;    // full path; empty: no model is opened

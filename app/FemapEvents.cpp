@@ -21,7 +21,7 @@ void shutDown(Session& session)
         return;
     femap::AddInPane pane = addInPane(session.context);
     pane.regster = false;
-    pane.location = 1;  // FEMAP takes no notice of it here
+    pane.location = 1;  // FEMAP ignores it here
     session.context.error.attempt([&] { session.eventFemap->feAppRegisterAddInPane(pane); });
 }
 
@@ -63,9 +63,9 @@ constexpr Reaction reactions[] = {
 
 const Reaction* findReaction(std::intptr_t code)
 {
-    const auto* const place = std::ranges::find(
+    const auto* const found = std::ranges::find(
         reactions, code, [](const Reaction& row) { return static_cast<std::intptr_t>(row.code); });
-    return place == std::end(reactions) ? nullptr : place;
+    return found == std::end(reactions) ? nullptr : found;
 }
 
 }  // namespace
@@ -80,7 +80,7 @@ void FormWindowProc(Session& session, int code)
     const Reaction* const reaction = findReaction(code);
     if (reaction == nullptr)
         return;
-    // A FEMAP that was lost is not asked again, whoever sends its messages.
+    // Nothing is asked of a FEMAP that was lost, even when an event message still comes.
     if (reaction->needsFemap && session.context.application == nullptr)
         return;
     reaction->procedure(session);

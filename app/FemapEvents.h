@@ -1,3 +1,4 @@
+// How the form reacts to FEMAP's event messages: a new model, a closed model, FEMAP ending.
 #pragma once
 
 #include "app/Session.h"
@@ -10,7 +11,7 @@ namespace app
 /// Whether the form reacts to an event message with this code.
 bool isFemapEvent(std::intptr_t code);
 
-/// What FEMAP's event message means for the form. Unloading is left to the caller: see closeWanted.
+/// Reacts to an event message. The caller unloads the form when this set closeWanted.
 void FormWindowProc(Session& session, int code);
 
 }  // namespace app

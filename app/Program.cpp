@@ -2,7 +2,7 @@
 
 #include "app/FemapEvents.h"
 #include "app/StartUp.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -11,8 +11,8 @@ namespace app
 {
 
 Program::Program(femap::Connector& connector, form::FormHost& host,
-                 selection::PropertyListHost& dialogHost, logging::System& system)
-    : watched_(dialogHost), session_(connector, host, watched_, system)
+                 selection::PropertyListHost& dialogHost, sys::System& system)
+    : observedDialog_(dialogHost), session_(connector, host, observedDialog_, system)
 {
     bindComboBoxes(session_);
 }
@@ -21,12 +21,12 @@ Started Program::start(const std::string& arguments)
 {
     StartUp result = StartUp::Done;
     const Ended ended =
-        dispatch_.run("Form_Load", [&] { result = Form_Load(session_, arguments); });
+        dispatcher_.run("Form_Load", [&] { result = Form_Load(session_, arguments); });
     if (result == StartUp::FemapNotFound) {
         closed_ = true;
         return Started::FemapNotFound;
     }
-    catchUp();
+    runWaiting();
     return ended == Ended::Normally ? Started::Normally : Started::ByError;
 }
 
@@ -55,17 +55,17 @@ Ended Program::raiseFemapEvent(std::intptr_t code)
 
 bool Program::lookForFemap()
 {
-    if (isConnected() || closed_ || dispatch_.isBusy())
+    if (isConnected() || closed_ || dispatcher_.isBusy())
         return false;
     std::unique_ptr<femap::Application> found = livingFemap();
     if (found == nullptr)
         return false;
-    dispatch_.run("LookForFemap", [&] { femapReturned(session_, std::move(found)); });
-    catchUp();
+    dispatcher_.run("LookForFemap", [&] { femapReturned(session_, std::move(found)); });
+    runWaiting();
     return true;
 }
 
-// One that is just ending may be found, too; therefore it is asked something.
+// Null when there is none. A FEMAP that is just ending may be found, so it must answer a call.
 std::unique_ptr<femap::Application> Program::livingFemap()
 {
     try {
@@ -74,7 +74,7 @@ std::unique_ptr<femap::Application> Program::livingFemap()
             found->feAppGetAllModels();
         return found;
     }
-    catch (const logging::RuntimeError&) {
+    catch (const sys::RuntimeError&) {
         return nullptr;
     }
     catch (const femap::ConnectionLost&) {
@@ -84,18 +84,18 @@ std::unique_ptr<femap::Application> Program::livingFemap()
 
 void Program::close()
 {
-    if (dispatch_.isBusy()) {
+    if (dispatcher_.isBusy()) {
         session_.closeWanted = true;
         return;
     }
     if (closed_)
         return;
     closed_ = true;
-    dispatch_.run("Form_Unload", [this] { releaseLocks(session_.context); });
-    // What an error kept the first run from releasing is released by the second one.
+    dispatcher_.run("Form_Unload", [this] { releaseLocks(session_.context); });
+    // A second run releases what an error kept the first one from releasing.
     const auto unload = [this] { Form_Unload(session_); };
-    if (dispatch_.run("Form_Unload", unload) != Ended::Normally)
-        dispatch_.run("Form_Unload", unload);
+    if (dispatcher_.run("Form_Unload", unload) != Ended::Normally)
+        dispatcher_.run("Form_Unload", unload);
     session_.context.host.unload();
 }
 
@@ -103,7 +103,7 @@ Ended Program::run(const Binding& binding, int argument)
 {
     if (closed_)
         return Ended::NotStarted;
-    if (dispatch_.isBusy()) {
+    if (dispatcher_.isBusy()) {
         const auto isThis = [&](const Waiting& other) {
             return other.binding == &binding && other.argument == argument;
         };
@@ -113,7 +113,7 @@ Ended Program::run(const Binding& binding, int argument)
     }
     const Ended ended =
         perform({binding.event, argument}, [&] { binding.procedure(session_, argument); });
-    catchUp();
+    runWaiting();
     return ended;
 }
 
@@ -128,30 +128,30 @@ Ended Program::runChoice(const form::ComboBox& box, const std::function<void()>&
     const std::string event = name + "_Click";
     const Ended ended = perform({event, 0, &box}, choice);
     if (ended != Ended::NotStarted)
-        catchUp();
+        runWaiting();
     return ended;
 }
 
-void Program::WatchedDialog::showModal(selection::frmPropertyList& dialog)
+void Program::ObservedDialog::showModal(selection::frmPropertyList& dialog)
 {
     real.showModal(dialog);
-    if (watcher != nullptr)
-        watcher->answered(dialog);
+    if (observer != nullptr)
+        observer->answered(dialog);
 }
 
 Ended Program::perform(const Action& action, const std::function<void()>& procedure)
 {
-    Watcher* const watcher = dispatch_.isBusy() ? nullptr : watched_.watcher;
-    if (watcher != nullptr)
-        watcher->begins(action);
-    const Ended ended = dispatch_.run(action.event, procedure);
-    if (watcher != nullptr)
-        watcher->ended(action);
+    ActionObserver* const observer = dispatcher_.isBusy() ? nullptr : observedDialog_.observer;
+    if (observer != nullptr)
+        observer->begins(action);
+    const Ended ended = dispatcher_.run(action.event, procedure);
+    if (observer != nullptr)
+        observer->ended(action);
     return ended;
 }
 
-// Does what came while a procedure ran.
-void Program::catchUp()
+// Runs the events that waited while a procedure ran.
+void Program::runWaiting()
 {
     while (!waiting_.empty() && !session_.closeWanted) {
         const Waiting next = waiting_.front();

@@ -1,9 +1,11 @@
+// The whole tool without a window. A shell (the window, a script) tells it what the engineer and
+// FEMAP do and shows the form that results.
 #pragma once
 
+#include "app/ActionObserver.h"
 #include "app/Bindings.h"
-#include "app/Dispatch.h"
+#include "app/EventDispatcher.h"
 #include "app/Session.h"
-#include "app/Watcher.h"
 
 #include <cstdint>
 #include <functional>
@@ -23,21 +25,19 @@ enum class Started
     FemapNotFound,  // nothing more can be done: the shell ends
 };
 
-/// The whole tool without a window. A shell (the window, a script) tells it what the engineer and
-/// FEMAP do and shows the form that results.
 class Program
 {
 public:
     /// Everything given here must outlive the program.
     Program(femap::Connector& connector, form::FormHost& host,
-            selection::PropertyListHost& dialogHost, logging::System& system);
+            selection::PropertyListHost& dialogHost, sys::System& system);
 
     form::MainForm& form() { return session_.form; }
     selection::frmPropertyList& propertyList() { return session_.propertyList; }
     /// Whether FEMAP was reached and has not been lost since.
     bool isConnected() const { return session_.context.application != nullptr; }
-    /// The watcher must outlive the program.
-    void watch(Watcher& watcher) { watched_.watcher = &watcher; }
+    /// The observer must outlive the program.
+    void observe(ActionObserver& observer) { observedDialog_.observer = &observer; }
 
     Started start(const std::string& arguments);
     /// Why the model of the command line could not be opened; empty when it was.
@@ -48,24 +48,24 @@ public:
     /// An event of a control, such as "InputsButton_Click". Anything that is not bound is a mistake
     /// of the shell and raises std::logic_error.
     Ended raise(std::string_view event, int argument = 0);
-    /// A choice in the drop-down list of a combo box, or a text typed into it. When it is not
-    /// started the box stays as it was.
+    /// A choice in the drop-down list of a combo box, or a text typed into it. The box stays as it
+    /// was when the procedure cannot start.
     Ended chooseItem(form::ComboBox& box, int index);
     Ended enterText(form::ComboBox& box, const std::string& text);
     /// FEMAP's event message. Other codes do nothing.
     Ended raiseFemapEvent(std::intptr_t code);
 
-    /// After FEMAP was lost: goes on with one that runs again. Returns whether there is one. Asks
-    /// quietly and may be called often.
+    /// After FEMAP was lost: goes on with one that runs again. Returns whether there is one. May be
+    /// called often: when there is none, nothing is logged.
     bool lookForFemap();
 
     /// Unloads both forms; while a procedure runs, as soon as it has ended.
     void close();
     bool isClosed() const { return closed_; }
 
-    bool isBusy() const { return dispatch_.isBusy(); }
+    bool isBusy() const { return dispatcher_.isBusy(); }
     /// Why the latest procedure that ended by an error did so; empty while none has.
-    const std::string& lastFailure() const { return dispatch_.lastFailure(); }
+    const std::string& lastFailure() const { return dispatcher_.lastFailure(); }
 
 private:
     struct Waiting
@@ -74,25 +74,25 @@ private:
         int argument;
     };
 
-    // Shows the property list dialog and tells the watcher how it was answered.
-    struct WatchedDialog : selection::PropertyListHost
+    // Shows the property list dialog and tells the observer how it was answered.
+    struct ObservedDialog : selection::PropertyListHost
     {
-        explicit WatchedDialog(selection::PropertyListHost& host) : real(host) {}
+        explicit ObservedDialog(selection::PropertyListHost& host) : real(host) {}
         void showModal(selection::frmPropertyList& dialog) override;
 
         selection::PropertyListHost& real;
-        Watcher* watcher = nullptr;
+        ActionObserver* observer = nullptr;
     };
 
     Ended run(const Binding& binding, int argument);
     Ended runChoice(const form::ComboBox& box, const std::function<void()>& choice);
     std::unique_ptr<femap::Application> livingFemap();
     Ended perform(const Action& action, const std::function<void()>& procedure);
-    void catchUp();
+    void runWaiting();
 
-    WatchedDialog watched_;
+    ObservedDialog observedDialog_;
     Session session_;
-    Dispatch dispatch_{session_};
+    EventDispatcher dispatcher_{session_};
     std::vector<Waiting> waiting_;
     bool closed_ = false;
 };

@@ -1,10 +1,11 @@
+// One run of the tool: both forms and the connections to FEMAP.
 #pragma once
 
-#include "app/form/Context.h"
-#include "app/form/MainForm.h"
 #include "femap/Application.h"
-#include "logging/System.h"
+#include "form/Context.h"
+#include "form/MainForm.h"
 #include "selection/PropertyListDialog.h"
+#include "system/System.h"
 
 #include <memory>
 #include <string>
@@ -12,12 +13,11 @@
 namespace app
 {
 
-/// One run of the tool: both forms and the ways to FEMAP.
 struct Session
 {
     /// Everything given here must outlive the session.
     Session(femap::Connector& femapConnector, form::FormHost& host,
-            selection::PropertyListHost& dialogHost, logging::System& system)
+            selection::PropertyListHost& dialogHost, sys::System& system)
         : connector(femapConnector),
           context(form, host, system),
           propertyList(femapConnector, dialogHost)
@@ -34,7 +34,7 @@ struct Session
     std::unique_ptr<femap::Application> eventFemap;
     bool eventsAreHooked = false;
 
-    /// A procedure wants both forms unloaded; done when it has ended.
+    /// Set by a procedure that wants both forms unloaded; that is done when it has ended.
     bool closeWanted = false;
 
     // Why the model could not be opened and why there is no log; empty when all went well.

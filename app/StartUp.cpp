@@ -10,11 +10,11 @@ namespace app
 {
 
 using form::Context;
-using logging::ErrorNumber;
 using logging::logDebug;
 using logging::logPosition;
 using logging::logPositionAndClearErrorIfAny;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 
 namespace
 {
@@ -60,7 +60,7 @@ bool attachToFemap(Session& session)
     return context.application != nullptr;
 }
 
-// Attaches or starts a FEMAP. False: there is none to be had.
+// Attaches to a running FEMAP or starts one. False when neither is possible.
 bool reachFemap(Session& session)
 {
     Context& context = session.context;
@@ -87,7 +87,7 @@ void openModelFile(Context& context, const std::string& path)
 {
     const std::string failure = "FEMAP could not open the model " + path;
     femap::ReturnCode status = femap::ReturnCode::Fail;
-    logging::PendingError reason;
+    sys::PendingError reason;
     if (!reason.attempt([&] { status = context.femap().feFileOpen(false, path); }))
         throw RuntimeError(ErrorNumber::FileError, failure + ": " + reason.description());
     if (status != femap::ReturnCode::Ok)

@@ -1,3 +1,4 @@
+// What happens when the tool starts, when a lost FEMAP comes back, and when the tool ends.
 #pragma once
 
 #include "app/Session.h"
@@ -25,21 +26,20 @@ enum class StartUp
 /// Starts the log, reaches FEMAP, opens the model, fills the form and registers it with FEMAP.
 StartUp Form_Load(Session& session, const std::string& arguments);
 
-/// Goes on with a FEMAP that runs again after it was lost: takes what is open there, and registers
-/// the form with it. The rows stay as they are.
+/// Goes on with a FEMAP that runs again after it was lost: takes over the model that is open there
+/// and registers the form with FEMAP. The rows stay as they are.
 void femapReturned(Session& session, std::unique_ptr<femap::Application> application);
 
 /// Releases FEMAP and the log. Works in every state, also twice.
 void Form_Unload(Session& session);
 
-/// Lets FEMAP's event messages reach the program, and takes that back.
+/// Start and end the delivery of FEMAP's event messages to the program.
 void InitFormEvents(Session& session);
 void RestoreFormEvents(Session& session);
 
-/// Enables the controls exactly while FEMAP has a model open; returns whether it has.
+/// Enables the controls if FEMAP has a model open, else disables them; returns whether it has.
 bool enableWhileModelIsOpen(Session& session);
 
-/// How many output vectors the model has.
 int countOutputVectors(Session& session);
 
 /// What the form tells FEMAP about itself when it becomes one of FEMAP's panes.

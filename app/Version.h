@@ -1,3 +1,4 @@
+// The version of the project, such as "1.2.3".
 #pragma once
 
 #include <string_view>
@@ -5,7 +6,6 @@
 namespace app
 {
 
-/// The version of the project, such as "1.2.3".
 std::string_view version();
 
 }  // namespace app

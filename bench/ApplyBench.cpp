@@ -70,7 +70,7 @@ void writeThroughBuffer(Bytes& bytes)
 {
     constexpr std::size_t bufferSize = 1 << 20;
     std::vector<char> buffer(bufferSize);
-    logging::DiskFiles disk;
+    sys::DiskFiles disk;
     for (const auto& [name, content] : bytes.files) {
         const std::string path = bytes.folder.path(name);
         const auto file = disk.create(path + "~");
@@ -111,7 +111,7 @@ auto formWithControlFile(const benchmark::State& state)
 
 std::string readControlFile(BenchForm& world)
 {
-    return logging::DiskFiles().read(world.folder.path("modelControl.txt"));
+    return sys::DiskFiles().read(world.folder.path("modelControl.txt"));
 }
 
 void loadControlFile(benchmark::State& state)

@@ -12,9 +12,9 @@ namespace bench
 namespace
 {
 
-logging::System systemWithTemp(const std::string& folder)
+sys::System systemWithTemp(const std::string& folder)
 {
-    logging::System system = logging::standardSystem();
+    sys::System system = sys::thisMachine();
     system.environment = [folder](const std::string&) { return folder; };
     return system;
 }
@@ -36,9 +36,9 @@ BenchForm::BenchForm(std::string logLevel)
 
 void BenchForm::addNodes(int count)
 {
-    std::vector<femap::embedded::Node> nodes(static_cast<std::size_t>(count));
+    std::vector<femap::neutral::Node> nodes(static_cast<std::size_t>(count));
     int id = 0;
-    for (femap::embedded::Node& node : nodes) {
+    for (femap::neutral::Node& node : nodes) {
         node.id = ++id;
         node.x = coordinateOf(id, 0);
         node.y = coordinateOf(id, 1);
@@ -49,7 +49,7 @@ void BenchForm::addNodes(int count)
 
 void BenchForm::addVector(int id, int nodes)
 {
-    femap::embedded::OutputVector vector;
+    femap::neutral::OutputVector vector;
     vector.id = id;
     vector.title = "T" + std::to_string(id) + " Translation";
     vector.ids.resize(static_cast<std::size_t>(nodes));

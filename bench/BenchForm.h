@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/form/Context.h"
 #include "fake/FormFixture.h"
 #include "fake/QueuedPropertyList.h"
 #include "fake/TemporaryFolder.h"
 #include "femap/embedded/Host.h"
+#include "form/Context.h"
 
 #include <string>
 
@@ -20,7 +20,7 @@ public:
     explicit BenchForm(std::string logLevel = "NOTHING");
 
     fake::TemporaryFolder folder;
-    logging::System system;
+    sys::System system;
     fake::QueuedDialogs dialogs;
     femap::embedded::Host femap;
     fake::FakeFormHost host;

@@ -36,7 +36,7 @@ void openModelBaseline(benchmark::State& state)
 {
     const std::string path = neutralModel(sizeOf(state));
     for (auto _ : state) {
-        const std::string content = logging::DiskFiles().read(path);
+        const std::string content = sys::DiskFiles().read(path);
         benchmark::DoNotOptimize(std::count(content.begin(), content.end(), '\n'));
     }
     countBytes(state);

@@ -1,7 +1,7 @@
-#include "app/form/FormProcedures.h"
-#include "app/form/Progress.h"
 #include "bench/BenchForm.h"
 #include "bench/TimeStep.h"
+#include "form/FormProcedures.h"
+#include "form/Progress.h"
 
 #include <algorithm>
 #include <array>

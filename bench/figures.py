@@ -108,7 +108,7 @@ def time_starts(build, folder, times):
     for name in ("panel.neu", "panel.study"):
         shutil.copy(TOP / "examples" / name, folder)
     nothing = [build / "bench" / "bench_nothing"]
-    replay = [build / "app" / "study" / "velmar-study", "--quiet", "panel.study"]
+    replay = [build / "programs" / "velmar-study", "--quiet", "panel.study"]
     pairs = [(elapsed(nothing, folder), elapsed(replay, folder)) for _ in range(times)]
     return min(a for a, _ in pairs), min(b for _, b in pairs)
 

@@ -1,3 +1,4 @@
+// FEMAP's application object as the program uses it, and the connector that gives it one.
 #pragma once
 
 #include "femap/Constants.h"
@@ -22,7 +23,7 @@ struct AddInPane
     int neighborID = 0;  // 0 FEMAP's main window
 };
 
-/// A running FEMAP ("femap.model"). Everything raises logging::RuntimeError when FEMAP refuses.
+/// A running FEMAP ("femap.model"). Everything raises sys::RuntimeError when FEMAP refuses.
 class Application
 {
 public:
@@ -58,15 +59,15 @@ public:
                                                  bool printResults, bool printDetails) = 0;
 };
 
-/// How the program gets at FEMAP. Both raise logging::RuntimeError when there is none to be had.
+/// Gives the program a FEMAP. Both raise sys::RuntimeError when they cannot.
 class Connector
 {
 public:
     virtual ~Connector() = default;
 
-    /// A FEMAP that runs already.
+    /// Takes a FEMAP that runs already.
     virtual std::unique_ptr<Application> attach() = 0;
-    /// A new one.
+    /// Starts a new one.
     virtual std::unique_ptr<Application> create() = 0;
 };
 

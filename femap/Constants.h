@@ -1,3 +1,4 @@
+// FEMAP's numbers: return codes, kinds of entities, elements and loads, message colours, events.
 #pragma once
 
 namespace femap

@@ -1,3 +1,4 @@
+// Hands every call on to another FEMAP; a base for classes that observe or change some calls.
 #pragma once
 
 #include "femap/Application.h"
@@ -9,7 +10,6 @@
 namespace femap
 {
 
-/// Hands every call on to another FEMAP; for those who watch or change some of the calls.
 class ForwardingApplication : public Application
 {
 public:

@@ -15,7 +15,7 @@ namespace
 constexpr int smallestPositionalExponent = -4;
 constexpr int largestPositionalExponent = 14;
 
-// "1234", 1 for 12.34: the significant digits and the decimal exponent of the first one.
+// The significant digits and the decimal exponent of the first one: "1234" and 1 for 12.34.
 struct Digits
 {
     std::string_view digits;
@@ -31,7 +31,7 @@ Digits shortestDigits(Real magnitude, Buffer& buffer)
     const char* const end =
         std::to_chars(first, first + buffer.size(), magnitude, std::chars_format::scientific).ptr;
     const char* const letter = std::find(static_cast<const char*>(first), end, 'e');
-    if (letter - first > 1) {  // the first digit takes the place of the point
+    if (letter - first > 1) {  // overwrite the point with the first digit
         first[1] = first[0];
         ++first;
     }

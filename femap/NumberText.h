@@ -1,3 +1,4 @@
+// Numbers as text in the forms that grids and files show, and whole numbers from text.
 #pragma once
 
 #include <cstdint>

@@ -3,7 +3,7 @@
 namespace femap
 {
 
-void Entity::readAhead(const std::vector<int>&, const std::vector<MemberName>&) {}
+void Entity::prefetch(const std::vector<int>&, const std::vector<MemberName>&) {}
 
 std::vector<int> EntitySet::ids()
 {
@@ -14,8 +14,8 @@ std::vector<int> EntitySet::ids()
     return result;
 }
 
-// Those who do something with the plan keep it.
+// By value, because the implementations that prefetch keep the plan.
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
-void OutputVector::readAhead(std::vector<VectorReading>) {}
+void OutputVector::prefetch(std::vector<VectorReading>) {}
 
 }  // namespace femap

@@ -1,3 +1,6 @@
+// FEMAP's objects as the program uses them: entities, sets, output vectors, functions and loads.
+// Every operation raises sys::RuntimeError when FEMAP refuses or lacks it and ConnectionLost when
+// FEMAP is gone. A status that FEMAP returns is not an error here: the caller gets it.
 #pragma once
 
 #include "femap/Constants.h"
@@ -12,17 +15,12 @@
 namespace femap
 {
 
-/// FEMAP ended or can no longer be reached. Not a RuntimeError: no handler carries on without
-/// FEMAP.
+/// FEMAP ended or can no longer be reached. Not a RuntimeError, for nothing may ignore it.
 class ConnectionLost : public std::runtime_error
 {
 public:
     using std::runtime_error::runtime_error;
 };
-
-// Every operation of these objects raises logging::RuntimeError when FEMAP refuses or lacks it and
-// ConnectionLost when FEMAP is gone. A status that FEMAP returns is not an error here: it is handed
-// to the caller.
 
 /// An object whose members are read by name. Names are case-insensitive; an unknown name and an
 /// index that the member lacks raise.
@@ -36,17 +34,16 @@ public:
     virtual Value member(const std::string& name, int index) = 0;
 };
 
-/// A member as it is asked for.
+/// The name of a member, with an index when it is one element of an array member.
 struct MemberName
 {
     std::string name;
-    std::optional<int> index = std::nullopt;  // of an array member
+    std::optional<int> index = std::nullopt;
 
     bool operator==(const MemberName&) const = default;
 };
 
-/// A node, element, property or material ("feNode" …): a place into which FEMAP copies one
-/// entity at a time.
+/// "feNode", "feElem", "feProp" or "feMatl": holds a copy of one entity at a time.
 class Entity : public MemberObject
 {
 public:
@@ -54,10 +51,10 @@ public:
     virtual ReturnCode Get(int id) = 0;
     /// The number of the loaded entity's sub-type.
     virtual int Type() = 0;
-    /// Says that these entities will be loaded next and these members of them read ("type" for
-    /// Type()), so that they may be fetched in few calls. IDs ascend. Changes no answer; holds
-    /// until the next time.
-    virtual void readAhead(const std::vector<int>& ids, const std::vector<MemberName>& members);
+    /// Announces which entities will be loaded next, IDs ascending, and which of their members will
+    /// be read ("type" for Type()), so that they can be fetched in few calls. Changes no answer.
+    /// The next announcement replaces this one.
+    virtual void prefetch(const std::vector<int>& ids, const std::vector<MemberName>& members);
 };
 
 /// A sorted set of IDs that FEMAP keeps under an ID of its own.
@@ -71,7 +68,7 @@ public:
     virtual void Reset() = 0;
     /// The next ID in ascending order, 0 at the end.
     virtual int Next() = 0;
-    /// All IDs in ascending order. Where a walk with Next is after it is left open.
+    /// All IDs in ascending order. Moves the walk with Next; call Reset before the next walk.
     virtual std::vector<int> ids();
     /// Adds all entities of a kind; output vectors are those of the active output set.
     virtual ReturnCode AddAll(EntityType type) = 0;
@@ -83,7 +80,7 @@ public:
     virtual ReturnCode SelectMultiID(EntityType type, int ownerSet, const std::string& title) = 0;
 };
 
-/// A vector of results and the nodes or elements at which its values will be read, ascending.
+/// A vector of results and the IDs, ascending, of the entities whose values will be read.
 struct VectorReading
 {
     int vectorID = 0;
@@ -103,9 +100,9 @@ public:
     virtual double Value(int entityID) = 0;
     virtual double maxval() = 0;
     virtual double minval() = 0;
-    /// Says that these vectors will be loaded next and these values of them read, so that they may
-    /// be fetched in few calls. Vector IDs ascend. Changes no answer; holds until the next time.
-    virtual void readAhead(std::vector<VectorReading> plan);
+    /// Announces which vectors will be loaded next, IDs ascending, and which values read, so
+    /// that they can be fetched in few calls. Changes no answer. The next announcement replaces it.
+    virtual void prefetch(std::vector<VectorReading> plan);
 };
 
 struct FunctionPoints

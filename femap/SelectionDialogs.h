@@ -1,3 +1,4 @@
+// Answers FEMAP's selection dialogs in place of an engineer, for scripts and tests.
 #pragma once
 
 #include "femap/Constants.h"
@@ -16,7 +17,6 @@ struct Selection
     std::vector<int> ids;  // for Ok
 };
 
-/// Answers FEMAP's selection dialogs in place of an engineer.
 class SelectionDialogs
 {
 public:

@@ -1,3 +1,4 @@
+// The value of a member of a FEMAP object, and how values and texts of FEMAP are shown.
 #pragma once
 
 #include <cstddef>

@@ -1,13 +1,13 @@
 #include "generate/ControlFile.h"
 
-#include "app/form/FormProcedures.h"
-#include "app/form/Progress.h"
+#include "form/FormProcedures.h"
+#include "form/Progress.h"
 #include "generate/ModelPath.h"
 #include "generate/ParameterRow.h"
+#include "generate/TextFile.h"
 #include "logging/Module1.h"
-#include "logging/Retry.h"
-#include "logging/RuntimeError.h"
-#include "logging/TextFile.h"
+#include "system/Retry.h"
+#include "system/RuntimeError.h"
 
 #include <algorithm>
 #include <optional>
@@ -43,8 +43,8 @@ std::optional<ModelPath> savedModel(Context& context)
     return std::nullopt;
 }
 
-/// Hands out the lines of a text, whether they end in CR LF or in LF. A stray control character
-/// becomes a blank; only TAB, which parts the cells, stays. A line holds until the next one.
+/// Gives the lines of a text one by one, whether they end in CR LF or in LF. Control characters
+/// become blanks, except TAB, which separates the cells. A line is valid until the next call.
 class LineReader
 {
 public:
@@ -55,8 +55,8 @@ public:
     std::string_view next()
     {
         if (atEnd())
-            throw logging::RuntimeError(logging::ErrorNumber::InputPastEnd,
-                                        "The control file ends before its selection is complete");
+            throw sys::RuntimeError(sys::ErrorNumber::InputPastEnd,
+                                    "The control file ends before its selection is complete");
         const std::size_t end = std::min(rest_.find('\n'), rest_.size());
         std::string_view line = rest_.substr(0, end);
         rest_.remove_prefix(std::min(end + 1, rest_.size()));
@@ -71,7 +71,7 @@ private:
         return (static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7F;
     }
 
-    // Without a way out of the loop, so that the compiler takes many characters at a time.
+    // Always runs to the end, so that the compiler can test many characters at a time.
     static bool holdsStray(std::string_view line)
     {
         bool found = false;
@@ -96,7 +96,7 @@ void addLine(Context& context, ParameterGrid& grid, std::string_view line, std::
     logDebug(context.log, "Added ", line, " to ", list, " list");
 }
 
-// The first line is a row whatever it holds; it takes the place of the blank row.
+// The first line is always a row, even when it is empty; it replaces the blank row.
 void readFirstRow(Context& context, LineReader& lines, ParameterGrid& grid, std::string_view list)
 {
     addLine(context, grid, lines.next(), list);
@@ -126,19 +126,19 @@ void readRows(Context& context, LineReader& lines)
     }
 }
 
-// False when there is none, which is nothing unusual: most models have no selection yet.
+// False when it cannot be read. A missing file is usual: most models have no selection yet.
 bool readControlFile(Context& context, const std::string& path, std::string& content)
 {
     const auto read = [&] { return context.system.files.read(path); };
     try {
-        content = logging::retriedWhileDenied(context.system, read);
-        if (!logging::isAscii(content))
+        content = sys::retriedWhileDenied(context.system, read);
+        if (!sys::isAscii(content))
             content = context.system.codePage.decode(content);
         return true;
     }
-    catch (const logging::RuntimeError& error) {
+    catch (const sys::RuntimeError& error) {
         logDebug(context.log, "No selection to load: ", error.description());
-        if (error.number() != logging::ErrorNumber::FileNotFound)
+        if (error.number() != sys::ErrorNumber::FileNotFound)
             context.form.StatusLine.Caption =
                 "The selection of the last \"Apply\" could not be read (" + error.description() +
                 "). The next \"Apply\" replaces it; to keep it, see that no other program has the "
@@ -157,7 +157,7 @@ void Save_Config(Context& context)
         return;
 
     const std::string path = controlFilePath(*model);
-    logging::TextFile file(context.system, context.log, path);
+    TextFile file(context.system, context.log, path);
     logDebug(context.log, "Opened file ", path, " to write");
     const auto writeRow = [&](const ParameterRow& row) { file.line(row.text()); };
     forEachNamedRow(context, context.form.InputsList, writeRow);

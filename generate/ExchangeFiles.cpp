@@ -1,8 +1,8 @@
 #include "generate/ExchangeFiles.h"
 
 #include "generate/SolverFormat.h"
+#include "generate/TextFile.h"
 #include "generate/TextTemplate.h"
-#include "logging/TextFile.h"
 
 #include <algorithm>
 
@@ -11,7 +11,6 @@ namespace generate
 
 using form::Context;
 using form::ParameterGrid;
-using logging::TextFile;
 
 namespace
 {

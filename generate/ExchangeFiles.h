@@ -1,6 +1,8 @@
+// The six exchange files, through which the optimisation tool and the model exchange parameters:
+// for each grid a description, the values, and a template of the values.
 #pragma once
 
-#include "app/form/Context.h"
+#include "form/Context.h"
 #include "generate/ParameterRow.h"
 
 #include <string>
@@ -9,12 +11,12 @@
 namespace generate
 {
 
-/// The files through which the optimiser and the model talk about one of the two grids.
+/// The three files of one grid.
 struct ExchangeFormat
 {
     std::string_view description;     // what each parameter is in the model
     std::string_view values;          // names and values
-    std::string_view valuesTemplate;  // from which the optimiser makes the values anew
+    std::string_view valuesTemplate;  // from which the optimiser writes new values
     std::string_view head;            // of the description, with slots
     LinePieces (*parameterLine)(const ParameterRow& row);  // of the description
 };
@@ -29,11 +31,10 @@ LinePieces templateLine(const ParameterRow& row);
 extern const ExchangeFormat inputExchange;
 extern const ExchangeFormat outputExchange;
 
-/// The head of a description for the chosen solver; lines that end in a line feed.
+/// The head of a description for the chosen solver; each line ends in a line feed.
 std::string exchangeHead(const form::Context& context, const ExchangeFormat& format,
                          const std::string& modelName);
 
-/// Writes all six exchange files of both grids.
 void WriteExchangeFiles(form::Context& context, const std::string& folder, const std::string& name);
 
 }  // namespace generate

@@ -3,8 +3,8 @@
 #include "femap/NumberText.h"
 #include "generate/ModelPath.h"
 #include "generate/ParameterRow.h"
+#include "generate/TextFile.h"
 #include "logging/Module1.h"
-#include "logging/TextFile.h"
 
 #include <cstdint>
 #include <optional>
@@ -16,7 +16,6 @@ namespace generate
 using femap::signBlankText;
 using form::Context;
 using logging::logDebug;
-using logging::TextFile;
 
 namespace
 {

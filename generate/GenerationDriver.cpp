@@ -1,13 +1,12 @@
 #include "generate/GenerationDriver.h"
 
-#include "app/form/Progress.h"
+#include "form/Progress.h"
 #include "generate/ControlFile.h"
 #include "generate/ModelPath.h"
 #include "generate/ScanProject.h"
 #include "generate/SolverFormat.h"
 #include "generate/TaskDescription.h"
 #include "logging/Module1.h"
-#include "logging/TextFile.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -59,9 +58,9 @@ private:
 
 const Tool* findTool(std::string_view name)
 {
-    const auto* const place = std::find_if(std::begin(tools), std::end(tools),
+    const auto* const found = std::find_if(std::begin(tools), std::end(tools),
                                            [&](const Tool& tool) { return tool.name == name; });
-    return place == std::end(tools) ? nullptr : place;
+    return found == std::end(tools) ? nullptr : found;
 }
 
 // How many rows the generators and the control file go through altogether.
@@ -161,17 +160,6 @@ void Optimizer_Click(Context& context)
         context.form.Optimizer.setListIndex(0);
     }
     logPosition(context.log, "At end of Optimizer_Click");
-}
-
-void WriteBatchFile(Context& context, const std::string& folder, const std::string& /*name*/)
-{
-    logPosition(context.log, "Before writing batch file object");
-    logging::TextFile file(context.system, context.log, folder + "FDFemap.bat");
-    const std::string& command = context.form.CommandLine.Text;
-    file.line(command);
-    logDebug(context.log, "Found command line argument as ", command);
-    file.close();
-    logPosition(context.log, "After writing batch file object");
 }
 
 }  // namespace generate

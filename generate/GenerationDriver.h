@@ -1,6 +1,7 @@
+// "Apply", and the choices of solver and optimisation tool that it goes by.
 #pragma once
 
-#include "app/form/Context.h"
+#include "form/Context.h"
 
 #include <string>
 
@@ -16,8 +17,5 @@ void Solver_Click(form::Context& context);
 
 /// A choice of tool: goes back to the first one when no files can be generated for it.
 void Optimizer_Click(form::Context& context);
-
-/// Writes FDFemap.bat, which holds the command line. The name of the model plays no part.
-void WriteBatchFile(form::Context& context, const std::string& folder, const std::string& name);
 
 }  // namespace generate

@@ -1,7 +1,7 @@
 #include "generate/ModelPath.h"
 
-#include "logging/Files.h"
-#include "logging/RuntimeError.h"
+#include "system/Files.h"
+#include "system/RuntimeError.h"
 
 namespace generate
 {
@@ -11,7 +11,7 @@ namespace
 
 std::size_t lengthOfFolder(const std::string& path)
 {
-    const std::size_t separator = path.find_last_of(logging::pathSeparators);
+    const std::size_t separator = path.find_last_of(sys::pathSeparators);
     return separator == std::string::npos ? 0 : separator + 1;
 }
 
@@ -29,10 +29,10 @@ ModelPath splitModelPath(const std::string& path)
     if (point == std::string::npos)
         return {path.substr(0, start), path.substr(start)};
     if (point < start)
-        throw logging::RuntimeError(logging::ErrorNumber::InvalidCall,
-                                    "The model file " + path +
-                                        " has a point in the name of a folder but no extension of "
-                                        "its own. Save the model under a name with an extension");
+        throw sys::RuntimeError(sys::ErrorNumber::InvalidCall,
+                                "The model file " + path +
+                                    " has a point in the name of a folder but no extension of "
+                                    "its own. Save the model under a name with an extension");
     return {path.substr(0, start), path.substr(start, point - start)};
 }
 

@@ -1,6 +1,7 @@
+// Where a model's generated files lie and what they are named after.
 #pragma once
 
-#include "app/form/Context.h"
+#include "form/Context.h"
 
 #include <string>
 #include <string_view>
@@ -8,7 +9,6 @@
 namespace generate
 {
 
-/// Where a model's generated files lie and what they are named after.
 struct ModelPath
 {
     std::string folder;  // ends in the path separator

@@ -1,7 +1,8 @@
+// What the writers of generated files share: grid rows with their cells, and lines made of pieces.
 #pragma once
 
-#include "app/form/Context.h"
-#include "app/form/Progress.h"
+#include "form/Context.h"
+#include "form/Progress.h"
 
 #include <algorithm>
 #include <array>
@@ -14,7 +15,7 @@
 namespace generate
 {
 
-/// A row of a grid with its cells at hand, which are looked for as far as they are asked for.
+/// A row of a grid; its cells are looked for only as far as they are asked for.
 class ParameterRow
 {
 public:
@@ -50,8 +51,7 @@ private:
     mutable std::array<std::string_view, mostCells> cells_;
 };
 
-/// A line in pieces, which come together only in the file's own buffer. What they point at must
-/// outlive this.
+/// The pieces of a line, joined only in the file's own buffer. The texts must outlive this.
 class LinePieces
 {
 public:
@@ -72,7 +72,7 @@ private:
     std::size_t count_ = 0;
 };
 
-/// Visits all parameter rows in grid order; the progress of the whole work goes on by as many.
+/// Visits all parameter rows in grid order and counts them in context.progress, if it is set.
 template <class Visit>
 void forEachRow(const form::Context& context, const form::ParameterGrid& grid, Visit&& visit)
 {

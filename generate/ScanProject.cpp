@@ -3,8 +3,8 @@
 #include "generate/ExchangeFiles.h"
 #include "generate/ModelPath.h"
 #include "generate/ParameterRow.h"
+#include "generate/TextFile.h"
 #include "generate/TextTemplate.h"
-#include "logging/TextFile.h"
 
 #include <string_view>
 
@@ -13,7 +13,6 @@ namespace generate
 
 using form::Context;
 using form::ParameterGrid;
-using logging::TextFile;
 
 namespace
 {

@@ -1,6 +1,7 @@
+// The files of the tool "Ombra".
 #pragma once
 
-#include "app/form/Context.h"
+#include "form/Context.h"
 
 #include <string>
 

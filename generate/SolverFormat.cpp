@@ -22,10 +22,10 @@ constexpr SolverFormat solverFormats[] = {
 
 const SolverFormat* findSolverFormat(std::string_view solver)
 {
-    const auto* const place =
+    const auto* const found =
         std::find_if(std::begin(solverFormats), std::end(solverFormats),
                      [&](const SolverFormat& format) { return format.solver == solver; });
-    return place == std::end(solverFormats) ? nullptr : place;
+    return found == std::end(solverFormats) ? nullptr : found;
 }
 
 std::string commandLine(const SolverFormat& format, std::string_view modelName)

@@ -1,3 +1,4 @@
+// What differs in the generated files from solver to solver.
 #pragma once
 
 #include <string>
@@ -6,7 +7,6 @@
 namespace generate
 {
 
-/// What differs in the generated files from solver to solver.
 struct SolverFormat
 {
     std::string_view solver;    // as the Solver box shows it
@@ -21,7 +21,6 @@ struct SolverFormat
 /// Null when the text names no supported solver. Upper and lower case differ.
 const SolverFormat* findSolverFormat(std::string_view solver);
 
-/// The command line that runs the solver on a model.
 std::string commandLine(const SolverFormat& format, std::string_view modelName);
 
 }  // namespace generate

@@ -1,8 +1,8 @@
 #include "generate/TaskDescription.h"
 
+#include "generate/BatchFile.h"
 #include "generate/ExchangeFiles.h"
 #include "generate/FunctionDataFile.h"
-#include "generate/GenerationDriver.h"
 #include "generate/ModelPath.h"
 #include "generate/ParameterRow.h"
 #include "generate/SolverFormat.h"
@@ -17,7 +17,6 @@ namespace generate
 using form::Context;
 using form::ParameterGrid;
 using logging::logDebug;
-using logging::TextFile;
 
 namespace
 {

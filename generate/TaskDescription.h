@@ -1,7 +1,8 @@
+// The task description of the tool "Velmar", and the files that are written along with it.
 #pragma once
 
-#include "app/form/Context.h"
-#include "logging/TextFile.h"
+#include "form/Context.h"
+#include "generate/TextFile.h"
 
 #include <string>
 
@@ -13,9 +14,9 @@ namespace generate
 void WriteDescFile(form::Context& context);
 
 // The parts of the task description.
-void WriteDescFileHead(form::Context& context, logging::TextFile& file);
+void WriteDescFileHead(form::Context& context, TextFile& file);
 /// Brings the file to its place as well.
-void WriteDescFileTail(form::Context& context, logging::TextFile& file, const std::string& name);
-void WriteDescFileOptimize(form::Context& context, logging::TextFile& file);
+void WriteDescFileTail(form::Context& context, TextFile& file, const std::string& name);
+void WriteDescFileOptimize(form::Context& context, TextFile& file);
 
 }  // namespace generate

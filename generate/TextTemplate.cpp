@@ -12,7 +12,7 @@ namespace
 
 constexpr char mark = '@';
 
-// Fixed text, and the lines that follow it in the same line of the result.
+// A piece of fixed text and the slot that follows it in the same line.
 struct Piece
 {
     std::string_view text;
@@ -21,11 +21,11 @@ struct Piece
 
 const Lines& linesOf(std::string_view name, std::initializer_list<Slot> slots)
 {
-    const auto* const place = std::find_if(slots.begin(), slots.end(),
+    const auto* const found = std::find_if(slots.begin(), slots.end(),
                                            [&](const Slot& slot) { return slot.name == name; });
-    if (place == slots.end())
+    if (found == slots.end())
         throw std::logic_error("Nothing is given for the slot @" + std::string(name) + "@");
-    return place->lines;
+    return found->lines;
 }
 
 std::vector<Piece> piecesOf(std::string_view line, std::initializer_list<Slot> slots)
@@ -46,7 +46,7 @@ std::vector<Piece> piecesOf(std::string_view line, std::initializer_list<Slot> s
     return pieces;
 }
 
-// Completes the line begun in every way that the pieces allow.
+// Adds the pieces to the line begun and writes it, once for each combination of slot lines.
 void complete(std::string& begun, std::span<const Piece> pieces, const LineSink& write)
 {
     const std::size_t before = begun.size();

@@ -1,3 +1,4 @@
+// Fixed text of generated files with named slots (@name@), and filling lines into the slots.
 #pragma once
 
 #include <functional>
@@ -9,7 +10,7 @@
 namespace generate
 {
 
-/// Takes one line.
+/// Is called with each line.
 using LineSink = std::function<void(std::string_view line)>;
 
 /// The lines that a slot stands for.
@@ -35,11 +36,10 @@ struct Slot
     Lines lines;
 };
 
-/// Fills a text's slots in and hands on line after line. A line of the text with a slot is
-/// repeated for each line that the slot stands for, so one without any removes it. What is filled
-/// in is never looked at again: it may hold "@". A line feed right at the start of the text is not
-/// part of it, so that a raw literal can begin at column 0.
-/// Throws std::logic_error for a slot that is not given.
+/// Fills the slots of a text and calls write with each line. A line of the text with a slot is
+/// repeated for each line of the slot; a slot without lines removes it. What is filled in may hold
+/// "@". A line feed at the very start of the text is left out, so that a raw literal can begin at
+/// column 0. Throws std::logic_error for a slot that is not given.
 void fillIn(std::string_view text, std::initializer_list<Slot> slots, const LineSink& write);
 
 /// The same as one text, each line ended by a line feed.

@@ -1,6 +1,6 @@
 #include "logging/FemapLogger.h"
 
-#include "logging/PendingError.h"
+#include "system/PendingError.h"
 
 #include <algorithm>
 #include <array>
@@ -15,8 +15,8 @@ namespace
 constexpr std::string_view defaultFileName = "VelmarFemapInterfaceLog.log";
 constexpr std::string_view folderWord = "korva";
 
-// Which levels of the run let a message pass. The order is the product's own: "ALWAYS" is the
-// most talkative setting and "ERROR" messages show only there.
+// The levels of the run at which a message is written. The order is the product's own: "ALWAYS"
+// writes most, and only "ALWAYS" writes "ERROR" messages.
 struct Passing
 {
     std::string_view message;
@@ -43,7 +43,7 @@ bool holds(const Words& words, std::string_view word)
 
 FemapLogger::~FemapLogger()
 {
-    PendingError ignored;  // nobody is left to be told
+    sys::PendingError ignored;  // a destructor must not raise
     ignored.attempt([&] { DeinitialiseLogger(); });
 }
 
@@ -67,8 +67,8 @@ void FemapLogger::InitialiseLogger(std::string& strlogfilename, std::string& str
     configuredLevel_ = strlogleval;
     if (strlogfilename.empty())
         strlogfilename = defaultFileName;
-    path_ = PrepareLogFolder(ChooseTempFolder()) + pathSeparator + strlogfilename;
-    file_ = std::make_unique<LineWriter>(system_.files.create(path_), system_.codePage);
+    path_ = PrepareLogFolder(ChooseTempFolder()) + sys::pathSeparator + strlogfilename;
+    file_ = std::make_unique<sys::LineWriter>(system_.files.create(path_), system_.codePage);
 }
 
 std::string FemapLogger::writeLog(std::string_view msgtolog)
@@ -104,7 +104,7 @@ void FemapLogger::DeinitialiseLogger()
 {
     if (!IsInitialised())
         return;
-    const std::unique_ptr<LineWriter> file = std::move(file_);
+    const std::unique_ptr<sys::LineWriter> file = std::move(file_);
     file->close();
 }
 
@@ -135,7 +135,7 @@ std::string FemapLogger::ChooseTempFolder() const
 // Creates one level only; the temporary folder itself must be there.
 std::string FemapLogger::PrepareLogFolder(const std::string& temporaryFolder)
 {
-    std::string folder = temporaryFolder + pathSeparator + std::string(folderWord);
+    std::string folder = temporaryFolder + sys::pathSeparator + std::string(folderWord);
     if (!system_.files.folderExists(folder))
         system_.files.createFolder(folder);
     return folder;

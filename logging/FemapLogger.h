@@ -1,7 +1,10 @@
+// The log file of one run. It does nothing until it is initialised, and nothing when the level is
+// none of the level words. A file that can no longer be written raises RuntimeError once; then the
+// log is off, so that a full disk does not stop the form.
 #pragma once
 
-#include "logging/LineWriter.h"
-#include "logging/System.h"
+#include "system/LineWriter.h"
+#include "system/System.h"
 
 #include <memory>
 #include <string>
@@ -10,13 +13,10 @@
 namespace logging
 {
 
-/// The log file of one run. Does nothing until it is initialised, and nothing when the level
-/// is none of the level words. A file that can no longer be written raises RuntimeError once; then
-/// the log is off, so that a full disk does not stop the form.
 class FemapLogger
 {
 public:
-    explicit FemapLogger(System& system) : system_(system) {}
+    explicit FemapLogger(sys::System& system) : system_(system) {}
     ~FemapLogger();
     FemapLogger(const FemapLogger&) = delete;
     FemapLogger& operator=(const FemapLogger&) = delete;
@@ -36,12 +36,12 @@ public:
 
     /// Always writes, after the level word of the run. Returns an empty text.
     std::string writeLog(std::string_view msgtolog);
-    /// Writes when the level of the run lets this level pass.
+    /// Writes when the level of the run includes this level.
     void writeLogWithLevel(std::string_view level, std::string_view msgtolog);
     /// Writes the message between two rules, without a level word.
     void writeLoghighlighted(std::string_view msgtolog);
 
-    /// Brings the lines so far into the file, for those who read it while the run goes on.
+    /// Brings the lines so far into the file, where they can be read during the run.
     void flush();
 
     /// Closes the file; safe when none is open.
@@ -59,10 +59,10 @@ private:
     std::string PrepareLogFolder(const std::string& temporaryFolder);
     bool IsInitialised() const { return file_ != nullptr && file_->isOpen(); }
 
-    System& system_;
+    sys::System& system_;
     std::string configuredLevel_;
     std::string path_;
-    std::unique_ptr<LineWriter> file_;
+    std::unique_ptr<sys::LineWriter> file_;
 };
 
 }  // namespace logging

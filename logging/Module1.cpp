@@ -21,7 +21,7 @@ void logPosition(FemapLogger& log, std::string_view startPoint)
     logDebug(log, "Position at ", startPoint);
 }
 
-void logPositionAndClearErrorIfAny(FemapLogger& log, PendingError& error,
+void logPositionAndClearErrorIfAny(FemapLogger& log, sys::PendingError& error,
                                    std::string_view errroStartPoint)
 {
     const std::string description = error.description();
@@ -38,9 +38,9 @@ void logPositionAndClearErrorIfAny(FemapLogger& log, PendingError& error,
     error.clear();
 }
 
-std::string GetTimeStamp(const System& system)
+std::string GetTimeStamp(const sys::System& system)
 {
-    const LocalTime now = system.localTime();
+    const sys::LocalTime now = system.localTime();
     return digits(now.year, 4) + "-" + digits(now.month, 2) + "-" + digits(now.day, 2) + " Time " +
            digits(now.hour, 2) + ":" + digits(now.minute, 2) + ":" + digits(now.second, 2) + "." +
            digits(now.millisecond, 3);

@@ -1,7 +1,8 @@
+// Procedures that write into the log: positions in the program, errors and debug lines.
 #pragma once
 
 #include "logging/FemapLogger.h"
-#include "logging/PendingError.h"
+#include "system/PendingError.h"
 
 #include <string>
 #include <string_view>
@@ -13,12 +14,12 @@ namespace logging
 /// "Position at " and the text, at debug level.
 void logPosition(FemapLogger& log, std::string_view startPoint);
 
-/// The one error reporter: logs the pending error, or that there is none, and clears it.
-void logPositionAndClearErrorIfAny(FemapLogger& log, PendingError& error,
+/// Logs the pending error, or that there is none, and clears it. All errors are reported here.
+void logPositionAndClearErrorIfAny(FemapLogger& log, sys::PendingError& error,
                                    std::string_view errroStartPoint);
 
 /// Local time as "2024-03-07 Time 09:05:02.045".
-std::string GetTimeStamp(const System& system);
+std::string GetTimeStamp(const sys::System& system);
 
 /// One line at debug level, joined from texts, characters and whole numbers. Joins nothing while
 /// the log is off, so it may stand in a loop over a million entities.

@@ -42,8 +42,8 @@ int wholeNumberIn(const std::string& text)
 {
     const std::optional<int> number = femap::wholeNumber(text);
     if (!number)
-        throw logging::RuntimeError(logging::ErrorNumber::InvalidCall,
-                                    "\"" + text + "\" is no whole number");
+        throw sys::RuntimeError(sys::ErrorNumber::InvalidCall,
+                                "\"" + text + "\" is no whole number");
     return *number;
 }
 

@@ -1,7 +1,8 @@
+// Loads entities and output vectors from FEMAP by their IDs, and reads whole numbers from cells.
 #pragma once
 
-#include "app/form/Context.h"
 #include "femap/Objects.h"
+#include "form/Context.h"
 
 #include <string>
 #include <string_view>
@@ -9,22 +10,21 @@
 namespace selection
 {
 
-/// In place of the number of a sub-type: entities of all of them.
+/// Given instead of a type's number: entities of every type.
 constexpr int everyType = -1;
 
-/// Loads the entity with this ID. False, with a line in the log at error level, when FEMAP has
-/// none: then the object still holds the entity before and must not be read.
+/// Loads the entity with this ID. When FEMAP has none: logs that at error level and returns false;
+/// the object then still holds the entity loaded before and must not be read.
 /// word: "Node", "Elem", "Prop" or "Matl".
 bool load(form::Context& context, femap::Entity& entity, std::string_view word, int id);
 /// The same for a vector of results.
 bool load(form::Context& context, femap::OutputVector& vector, int id);
 
-/// Reports the pending error, if there is one, and clears it. Unlike the error check after a risky
-/// step it writes nothing when all is well.
+/// Logs the pending error and clears it. Writes nothing when there is none, unlike
+/// logPositionAndClearErrorIfAny.
 void reportPendingError(form::Context& context, std::string_view where);
 
-/// A cell or list entry that holds a whole number, with blanks around it allowed. Raises
-/// RuntimeError when it holds anything else.
+/// The whole number in a cell or list entry, blanks around it allowed; else raises RuntimeError.
 int wholeNumberIn(const std::string& text);
 
 }  // namespace selection

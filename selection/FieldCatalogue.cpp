@@ -36,7 +36,7 @@ constexpr Field elementFields[] = {
     same("MaterialAngle"),
     same("PlateOffset"),
     same("geomID"),
-    {"orientID", "orient", 11},  // sic: its list position, as for all that begins with "orient"
+    {"orientID", "orient", 11},  // sic: its position in this list, as for the other "orient" rows
     same("topology"),
 };
 
@@ -213,10 +213,10 @@ static_assert(static_cast<int>(VectorGroup::Last) == vectorGroupCount - 1);
 
 const FieldList* findFieldList(std::string_view kind, std::string_view subType)
 {
-    const auto place = std::ranges::find_if(lists, [&](const FieldList& list) {
+    const auto found = std::ranges::find_if(lists, [&](const FieldList& list) {
         return list.kind == kind && (list.subType.empty() || list.subType == subType);
     });
-    return place == std::end(lists) ? nullptr : place;
+    return found == std::end(lists) ? nullptr : found;
 }
 
 const VectorRange* findVectorRange(int classicID)
@@ -227,8 +227,8 @@ const VectorRange* findVectorRange(int classicID)
 
 const OutputCategory& findOutputCategory(std::string_view category)
 {
-    const auto place = std::ranges::find(categories, category, &OutputCategory::category);
-    return place == std::end(categories) ? *std::prev(std::end(categories)) : *place;
+    const auto found = std::ranges::find(categories, category, &OutputCategory::category);
+    return found == std::end(categories) ? *std::prev(std::end(categories)) : *found;
 }
 
 }  // namespace selection

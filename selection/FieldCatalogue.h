@@ -1,3 +1,4 @@
+// What the property list dialog offers for each kind of entity; FieldCatalogue.cpp has the tables.
 #pragma once
 
 #include <span>
@@ -6,15 +7,14 @@
 namespace selection
 {
 
-/// A quantity of an entity that the property list dialog offers, and the FEMAP member that
-/// holds it.
+/// A quantity of an entity and the FEMAP member that holds it.
 struct Field
 {
     static constexpr int noIndex = -1;
 
     std::string_view name;
     std::string_view member;
-    int index = noIndex;  // place in an array member, from 0
+    int index = noIndex;  // in an array member, from 0
 
     constexpr bool isIndexed() const { return index != noIndex; }
 };
@@ -26,7 +26,7 @@ struct FieldList
     std::string_view subType;  // empty: every sub-type that no list above this one names
     std::string_view caption;
     std::span<const Field> fields;
-    std::span<const Field> commonFields = {};  // after those
+    std::span<const Field> commonFields = {};  // offered below them
 };
 
 /// The list of a kind and sub-type; null for a kind that has none.
@@ -47,12 +47,12 @@ enum class VectorGroup
 };
 constexpr int vectorGroupCount = 9;
 
-/// Vectors from this ID, in the numbering that sorts them by kind, to the next range's first.
+/// Vectors from firstID, in FEMAP's classic numbering by kind, up to the next range's firstID.
 struct VectorRange
 {
     int firstID;
     VectorGroup group;
-    bool isOfElements;  // then the vector is among all-element vectors too
+    bool isOfElements;  // then AllElements lists the vectors too
 };
 
 /// The range that an ID lies in; null below the first one.

@@ -1,6 +1,6 @@
 #include "selection/InputList.h"
 
-#include "app/form/Progress.h"
+#include "form/Progress.h"
 #include "logging/Module1.h"
 #include "selection/ParameterRows.h"
 
@@ -10,9 +10,9 @@
 namespace selection
 {
 
-using logging::ErrorNumber;
 using logging::logDebug;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 
 namespace
 {
@@ -55,7 +55,7 @@ std::vector<ChosenField> chosenFields(const std::string& prefix,
     return result;
 }
 
-// What is read of each entity.
+// The members that are read of each entity.
 std::vector<femap::MemberName> membersOf(const std::vector<ChosenField>& fields, int propertyType)
 {
     std::vector<femap::MemberName> result;
@@ -80,7 +80,7 @@ bool removeDuplicates(form::Context& context, const std::string& name)
         reportPendingError(context, "After checking for duplicate entry in Input List");
     }
     // On purpose a toggle: a scan that runs past the shortened grid counts as failed, so choosing a
-    // variable again takes its row away, and only the last row makes place for a fresh one.
+    // variable again removes its row and adds none. Only a row at the end of the grid is replaced.
     return !scan.removalRefused && !scan.ranPastTheEnd;
 }
 
@@ -91,7 +91,7 @@ public:
         : context_(context), entity_(entity), prefix_(prefix)
     {}
 
-    // For the entity that is loaded.
+    // Adds a row for each field of the entity that is loaded.
     void add(int id, const std::vector<ChosenField>& fields)
     {
         logDebug(context_.log, "Got entity of id = ", id);
@@ -130,7 +130,7 @@ private:
     form::Context& context_;
     femap::Entity& entity_;
     const std::string& prefix_;
-    std::string name_;  // kept from row to row, so that only the grid takes memory for each
+    std::string name_;  // reused for every row, to save memory allocations
     std::string row_;
 };
 
@@ -158,7 +158,7 @@ void UpdateInputList(form::Context& context, const std::string& prefix, femap::E
     InputRows rows(context, *entity, prefix);
 
     const std::vector<int> ids = set.ids();
-    entity->readAhead(ids, membersOf(fields, propertyType));
+    entity->prefetch(ids, membersOf(fields, propertyType));
     form::Progress progress(context, "Reading inputs", ids.size());
     logDebug(context.log, "Start iterating over ID");
     for (const int id : ids) {

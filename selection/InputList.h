@@ -1,7 +1,8 @@
+// Adds rows to the input grid: one for every chosen field of every selected entity.
 #pragma once
 
-#include "app/form/Context.h"
 #include "femap/Objects.h"
+#include "form/Context.h"
 #include "selection/EntityReading.h"
 
 #include <map>
@@ -15,9 +16,8 @@ namespace selection
 /// The name of the input parameter that is a field of one entity: "ThicknessAtProp12".
 std::string variableName(std::string_view field, std::string_view prefix, int id);
 
-/// Adds a row to the input grid for every chosen field of every entity of the set, or of those
-/// whose type is the given one. A variable that the grid has already goes instead of being added
-/// again, unless it was in the last row. Leaves the grid sorted by name.
+/// Takes the entities of the set, or those of propertyType only. A variable that the grid has
+/// already is removed instead of added; only one in the last row is replaced. Sorts by name.
 /// prefix: "Node", "Elem", "Prop" or "Matl". The fields are as the property list dialog gives them.
 void UpdateInputList(form::Context& context, const std::string& prefix, femap::EntitySet& set,
                      const std::vector<std::string>& selectedFields,

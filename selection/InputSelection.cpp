@@ -65,16 +65,16 @@ constexpr std::string_view propertyPrefix = "Prop";
 template <class Table>
 auto findChoice(const Table& table, const std::string& choice)
 {
-    const auto place =
+    const auto found =
         std::ranges::find_if(table, [&](const auto& row) { return row.choice == choice; });
-    return place == std::end(table) ? nullptr : &*place;
+    return found == std::end(table) ? nullptr : &*found;
 }
 
-// Empty, for the list of undefined properties, when the type has no name here.
+// Empty for a type that is not in the table; the dialog lists it as an undefined property.
 std::string propertyTypeName(int type)
 {
-    const auto place = std::ranges::find(propertyTypeNames, type, &PropertyTypeName::type);
-    return place == std::end(propertyTypeNames) ? "" : std::string(place->name);
+    const auto found = std::ranges::find(propertyTypeNames, type, &PropertyTypeName::type);
+    return found == std::end(propertyTypeNames) ? "" : std::string(found->name);
 }
 
 struct PropertyTypes
@@ -91,7 +91,7 @@ PropertyTypes distinctTypes(form::Context& context, femap::EntitySet& set)
     const std::string prefix(propertyPrefix);
     const std::unique_ptr<femap::Entity> entity = context.femap().entity(prefix);
     const std::vector<int> ids = set.ids();
-    entity->readAhead(ids, {{"type"}});
+    entity->prefetch(ids, {{"type"}});
     for (const int id : ids) {
         if (!load(context, *entity, prefix, id))
             continue;
@@ -114,8 +114,8 @@ void showAndUpdate(form::Context& context, frmPropertyList& dialog, const std::s
                     dialog.fieldIndexes, type);
 }
 
-// The fields of one type of property, and the rows of the properties that have the wanted type,
-// this one or any. Whatever goes wrong, the next type has its turn.
+// Shows the dialog for one type of property and adds rows for the properties of wantedType (this
+// one or every type). Errors are reported and end here, so that the next type has its turn.
 void offerPropertyType(form::Context& context, frmPropertyList& dialog, femap::EntitySet& set,
                        int type, int wantedType)
 {
@@ -142,7 +142,7 @@ void selectEntities(form::Context& context, frmPropertyList& dialog, const Entit
 
     if (kind.type == EntityType::Property) {
         const PropertyTypes found = distinctTypes(context, *set);
-        // Where all have one type there is no need to ask each for it again.
+        // When all have the same type, it need not be read again for each.
         const bool areAlike = found.areAllKnown && found.types.size() == 1;
         for (const int type : found.types)
             offerPropertyType(context, dialog, *set, type, areAlike ? everyType : type);

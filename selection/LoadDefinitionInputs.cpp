@@ -1,7 +1,7 @@
 #include "selection/LoadDefinitionInputs.h"
 
-#include "app/form/Progress.h"
 #include "femap/NumberText.h"
+#include "form/Progress.h"
 #include "logging/Module1.h"
 #include "selection/EntityReading.h"
 #include "selection/ParameterRows.h"
@@ -22,9 +22,9 @@ using femap::LoadDataType;
 using femap::MemberObject;
 using femap::ReturnCode;
 using form::Context;
-using logging::ErrorNumber;
 using logging::logDebug;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 
 namespace
 {
@@ -173,8 +173,8 @@ femap::Value read(MemberObject& load, const char* member, int index)
     return index == plainMember ? load.member(member) : load.member(member, index);
 }
 
-// A field that is only logged: nobody reads it while the log is off, and one that FEMAP refuses
-// costs nothing but its text.
+// Logs a field that nothing else needs: it is not read while debug lines are off, and its text
+// stays empty when FEMAP refuses it.
 void logField(Context& context, MemberObject& load, const LoggedField& field)
 {
     if (!context.log.lets(context.log.LogLevel_debug))
@@ -204,8 +204,7 @@ void addRow(Context& context, const Definition& definition, std::string_view pre
              " Entity type=", kind, " ID=", definition.id);
 }
 
-// Adds the row of one value and returns how many rows that made. A value that FEMAP refuses costs
-// its row only.
+// Adds the row of one value. Returns how many rows were added: 0 when FEMAP refuses the value.
 int addValue(Context& context, const Definition& definition, std::string_view prefix,
              std::string_view kind, MemberObject& load, const char* member, int index)
 {
@@ -239,21 +238,21 @@ int addComponents(Context& context, const Definition& definition, std::string_vi
 
 int addLoad(Context& context, const Definition& definition, MemberObject& load)
 {
-    const auto place =
+    const auto found =
         std::find_if(std::begin(loadKinds), std::end(loadKinds), [&](const LoadKind& loadKind) {
             return static_cast<int>(loadKind.dataType) == definition.dataType;
         });
-    if (place == std::end(loadKinds)) {
+    if (found == std::end(loadKinds)) {
         logDebug(context.log, "Load definition of load type = ", definition.loadType,
                  "and data type = ", definition.dataType, " not supported");  // sic: no blank
         return 0;
     }
-    logDebug(context.log, place->logText);
-    for (const LoggedField& field : place->fields)
+    logDebug(context.log, found->logText);
+    for (const LoggedField& field : found->fields)
         logField(context, load, field);
-    if (place->parameters == Parameters::TheTemperature)
-        return addValue(context, definition, "Temperature", place->kind, load, "temp", plainMember);
-    return addComponents(context, definition, place->kind, load);
+    if (found->parameters == Parameters::TheTemperature)
+        return addValue(context, definition, "Temperature", found->kind, load, "temp", plainMember);
+    return addComponents(context, definition, found->kind, load);
 }
 
 void addDefinition(Context& context, femap::LoadDefinition& loaded, form::Progress& progress)
@@ -332,19 +331,19 @@ void initialisePrefix(Context& context, std::int32_t loadType)
 {
     logDebug(context.log, "At start of initialisePrefix");
     form::MainForm& form = context.form;
-    const auto place = std::find_if(
+    const auto row = std::find_if(
         std::begin(componentNames), std::end(componentNames),
         [&](const ComponentNames& names) { return names.loadTypes.contains(loadType); });
-    const bool found = place != std::end(componentNames);
+    const bool found = row != std::end(componentNames);
     std::array<std::string_view, 4> prefixes;
     if (found)
-        prefixes = place->prefixes;
+        prefixes = row->prefixes;
     form.firstPrefix = prefixes[0];
     form.secondPrefix = prefixes[1];
     form.thirdPrefix = prefixes[2];
     form.fourthPrefix = prefixes[3];
     if (found)
-        logDebug(context.log, place->logText);
+        logDebug(context.log, row->logText);
     logDebug(context.log, "Selected Load Type=", loadType, " firstPrefix=", form.firstPrefix,
              " secondPrefix=", form.secondPrefix, " thirdPrefix=", form.thirdPrefix,
              " fourthPrefix=", form.fourthPrefix);

@@ -1,6 +1,8 @@
+// Loads as inputs: lets the engineer select load definitions of the active load set in FEMAP and
+// makes each component of each of their loads an input parameter.
 #pragma once
 
-#include "app/form/Context.h"
+#include "form/Context.h"
 
 #include <cstdint>
 
@@ -11,9 +13,7 @@ namespace selection
 /// empty prefix means that there is no such component.
 void initialisePrefix(form::Context& context, std::int32_t loadType);
 
-/// Lets the engineer pick load definitions of the active load set and makes each component of
-/// each of their loads an input parameter. FEMAP is locked meanwhile and released whichever way
-/// this ends; an error that ends it goes up after the release.
+/// FEMAP is locked meanwhile. An error that ends this is raised after FEMAP has been released.
 void UpdateLoadDefinitionInputs(form::Context& context);
 
 }  // namespace selection

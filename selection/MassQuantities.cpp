@@ -1,6 +1,6 @@
 #include "selection/MassQuantities.h"
 
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <algorithm>
 #include <iterator>
@@ -43,8 +43,8 @@ std::span<const MassQuantity> massQuantities()
 
 const MassQuantity* findMassQuantity(std::string_view tag)
 {
-    const auto place = std::ranges::find(quantities, tag, &MassQuantity::tag);
-    return place == std::end(quantities) ? nullptr : place;
+    const auto found = std::ranges::find(quantities, tag, &MassQuantity::tag);
+    return found == std::end(quantities) ? nullptr : found;
 }
 
 double massValue(const MassQuantity& quantity, const femap::MassProperties& measured, int component)
@@ -53,9 +53,9 @@ double massValue(const MassQuantity& quantity, const femap::MassProperties& meas
         return measured.*quantity.scalar;
     const std::vector<double>& components = measured.*quantity.components;
     if (component < 0 || static_cast<std::size_t>(component) >= components.size())
-        throw logging::RuntimeError(logging::ErrorNumber::SubscriptOutOfRange,
-                                    "FEMAP measured no component " + std::to_string(component) +
-                                        " of " + std::string(quantity.tag));
+        throw sys::RuntimeError(sys::ErrorNumber::SubscriptOutOfRange,
+                                "FEMAP measured no component " + std::to_string(component) +
+                                    " of " + std::string(quantity.tag));
     return components[static_cast<std::size_t>(component)];
 }
 

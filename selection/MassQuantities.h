@@ -1,3 +1,4 @@
+// The quantities of FEMAP's mass measurement and the rows of the output grid that show them.
 #pragma once
 
 #include "femap/Objects.h"
@@ -9,13 +10,12 @@
 namespace selection
 {
 
-/// One quantity of FEMAP's mass measurement and the rows of the output grid that show it.
 struct MassQuantity
 {
     std::string_view tag;   // in the row, to find the quantity again
     std::string_view name;  // of the row, or what the names of its rows begin with
 
-    // One of the two is set.
+    // The member of FEMAP's measurement; one of the two is set.
     double femap::MassProperties::*scalar;
     std::vector<double> femap::MassProperties::*components;
 

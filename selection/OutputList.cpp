@@ -1,7 +1,7 @@
 #include "selection/OutputList.h"
 
-#include "app/form/Progress.h"
 #include "femap/NumberText.h"
+#include "form/Progress.h"
 #include "logging/Module1.h"
 #include "selection/MassQuantities.h"
 #include "selection/ParameterRows.h"
@@ -53,7 +53,7 @@ bool removeDuplicates(form::Context& context, const std::string& name, std::stri
     return !scan.removalRefused;
 }
 
-// A row to be added; kept from row to row, so that only the grid takes memory for each.
+// A row to be added; reused for every row, to save memory allocations.
 struct FreshRow
 {
     std::string name;
@@ -109,13 +109,13 @@ public:
         std::vector<int> ids;
         if (set != nullptr) {
             ids = set->ids();
-            entity_->readAhead(ids, typeIfWanted());
+            entity_->prefetch(ids, typeIfWanted());
         }
         const std::size_t entities = set == nullptr ? 1 : ids.size();
         form::Progress progress(context_, "Reading outputs", entities * vectorIDs.size());
         for (const std::string& text : vectorIDs) {
             const int vectorID = wholeNumberIn(text);
-            vector_->readAhead({{vectorID, ids}});
+            vector_->prefetch({{vectorID, ids}});
             if (!load(context_, *vector_, vectorID))
                 continue;
             logDebug(context_.log, "Got entity of id = ", vectorID);
@@ -129,7 +129,7 @@ public:
     }
 
 private:
-    // What FEMAP puts into an object that holds no vector yet is up to FEMAP.
+    // The object holds no vector yet; what FEMAP answers then is only logged.
     void logFreshVector()
     {
         std::string title;
@@ -225,9 +225,9 @@ void addMassProperties(form::Context& context, const std::vector<std::string>& c
         context.femap().feMeasureMeshMassProp(elements->ID(), 0, false, false);
     logDebug(context.log, "Called feMeasureMeshMassProp to compute total mass values");
     for (const std::string& entry : chosenEntries) {
-        const auto place = static_cast<std::size_t>(wholeNumberIn(entry));
-        if (place < massQuantities().size())
-            addMassQuantity(context, massQuantities()[place], measured);
+        const auto index = static_cast<std::size_t>(wholeNumberIn(entry));
+        if (index < massQuantities().size())
+            addMassQuantity(context, massQuantities()[index], measured);
     }
 }
 

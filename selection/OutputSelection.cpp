@@ -56,11 +56,11 @@ constexpr ElementCategory elementCategories[] = {
 
 constexpr std::string_view massChoice = "Mass Properties";
 
-// Empty, for the list of all elements' vectors, when the type has no category.
+// Empty for a type that is not in the table; the dialog then lists the vectors of all elements.
 std::string elementCategory(int type)
 {
-    const auto place = std::ranges::find(elementCategories, type, &ElementCategory::type);
-    return place == std::end(elementCategories) ? "" : std::string(place->category);
+    const auto found = std::ranges::find(elementCategories, type, &ElementCategory::type);
+    return found == std::end(elementCategories) ? "" : std::string(found->category);
 }
 
 bool hasResults(form::Context& context)
@@ -82,8 +82,8 @@ void showAndUpdate(form::Context& context, frmPropertyList& dialog, std::string_
     UpdateOutputList(context, std::string(word), set, dialog.chosenEntries(), type);
 }
 
-// The vectors for one type of element, and the rows of the elements that have this type. Whatever
-// goes wrong, the next type has its turn.
+// Shows the vectors for one type of element and adds rows for the elements of this type. Errors are
+// reported and end here, so that the next type has its turn.
 void offerElementType(form::Context& context, frmPropertyList& dialog, std::string_view word,
                       femap::EntitySet& set, int type)
 {
@@ -104,11 +104,11 @@ void offerElementTypes(form::Context& context, frmPropertyList& dialog, std::str
 {
     const std::unique_ptr<femap::Entity> element = context.femap().entity(std::string(word));
     const std::unique_ptr<femap::EntitySet> workingCopy = context.femap().feSet();
-    workingCopy->Copy(picked.ID());  // its walk leaves the one here alone
+    workingCopy->Copy(picked.ID());  // rows are added from a set of their own
 
     std::set<int> seenTypes;
     const std::vector<int> ids = picked.ids();
-    element->readAhead(ids, {{"type"}});
+    element->prefetch(ids, {{"type"}});
     for (const int id : ids) {
         if (!load(context, *element, word, id))
             continue;
@@ -154,7 +154,7 @@ void OutputsButton_Click(form::Context& context, frmPropertyList& dialog)
     if (choice == massChoice) {
         dialog.GetPropertyList("MeshMass", "");
         showAndUpdate(context, dialog, massWord, nullptr);
-        return;  // sic: without the closing line
+        return;  // sic: without the log line at the end
     }
     const auto kind = std::ranges::find(outputKinds, choice, &OutputKind::choice);
     if (kind == std::end(outputKinds))

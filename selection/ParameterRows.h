@@ -1,14 +1,13 @@
+// What the rows of both grids have in common: cleaning names and removing the blank row.
 #pragma once
 
-#include "app/form/ParameterGrid.h"
+#include "form/ParameterGrid.h"
 
 #include <string>
 #include <string_view>
 
 namespace selection
 {
-
-// What the rows of both grids have in common.
 
 /// A text without any of these characters.
 std::string without(std::string_view text, std::string_view characters);

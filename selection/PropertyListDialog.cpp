@@ -53,7 +53,7 @@ void frmPropertyList::UpdateCollection()
     plan.reserve(ids.size());
     for (const int id : ids)
         plan.push_back({id});
-    vector->readAhead(std::move(plan));
+    vector->prefetch(std::move(plan));
     for (const int id : ids) {
         if (vector->Get(id) != femap::ReturnCode::Ok)
             continue;
@@ -155,8 +155,8 @@ void frmPropertyList::addField(const std::string& name)
 
 const Field* frmPropertyList::findField(std::string_view name) const
 {
-    const auto place = std::ranges::find(fields_, name, &Field::name);
-    return place == fields_.end() ? nullptr : *place;
+    const auto found = std::ranges::find(fields_, name, &Field::name);
+    return found == fields_.end() ? nullptr : *found;
 }
 
 std::vector<std::string>& frmPropertyList::vectorsOf(VectorGroup group)

@@ -1,3 +1,5 @@
+// The dialog "Select Properties", in which the engineer ticks which quantities of the selected
+// entities become parameters.
 #pragma once
 
 #include "femap/Application.h"
@@ -15,8 +17,8 @@ namespace selection
 
 class frmPropertyList;
 
-/// Shows the dialog to the engineer and returns when it is hidden again. The shell selects in
-/// lstProperties and ends with cmdAdd_Click or cmdCancel_Click of the dialog.
+/// Shows the dialog to the engineer and returns when it is hidden again. The implementation
+/// selects in lstProperties and ends with cmdAdd_Click or cmdCancel_Click of the dialog.
 class PropertyListHost
 {
 public:
@@ -35,8 +37,6 @@ struct MultiSelectList
     std::vector<Item> items;
 };
 
-/// The dialog "Select Properties", in which the engineer ticks which quantities of the selected
-/// entities become parameters.
 class frmPropertyList
 {
 public:
@@ -52,7 +52,7 @@ public:
     std::string cmdCancel = "Cancel";
     bool Visible = false;  // from Show to cmdAdd or cmdCancel
 
-    /// Fresh dialog: the constraint list until the first real call.
+    /// A fresh dialog shows the list of constraints until GetPropertyList is called.
     void Form_Load();
 
     /// Fills list and heading for a kind of entity ("Node", "Elem", "Prop", "Matl", "LoadSet",
@@ -72,8 +72,8 @@ public:
     void cmdAdd_Click();
     void cmdCancel_Click();
 
-    /// The FEMAP member that holds a field of the present list, and its place in an array member as
-    /// decimal text, empty for a plain member.
+    /// The FEMAP member that holds a field of the present list, and the field's index in an array
+    /// member as decimal text, empty for a plain member.
     std::string GetMemberName(const std::string& field) const;
     std::string GetMemberIndex(const std::string& field) const;
 

@@ -1,7 +1,8 @@
+// What "Refresh Values" will read from FEMAP, taken from the rows before the first is read.
 #pragma once
 
-#include "app/form/MainForm.h"
 #include "femap/Objects.h"
+#include "form/MainForm.h"
 
 #include <map>
 #include <string>
@@ -21,7 +22,7 @@ struct KindReading
     std::vector<femap::MemberName> members;
 };
 
-/// What refreshing the rows will read, as far as their cells make sense. The inputs by kind.
+/// Leave out rows whose cells make no sense. The inputs are sorted by kind.
 std::map<std::string, KindReading> inputsToRead(const form::ParameterGrid& grid);
 std::vector<femap::VectorReading> outputsToRead(const form::ParameterGrid& grid);
 

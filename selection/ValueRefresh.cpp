@@ -1,6 +1,6 @@
 #include "selection/ValueRefresh.h"
 
-#include "app/form/Progress.h"
+#include "form/Progress.h"
 #include "logging/Module1.h"
 #include "selection/EntityReading.h"
 #include "selection/MassQuantities.h"
@@ -16,14 +16,14 @@ namespace selection
 
 using form::Context;
 using form::ParameterGrid;
-using logging::ErrorNumber;
 using logging::logDebug;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 
 namespace
 {
 
-// The entity objects by kind, each told what will be read when it is made.
+// One entity object for each kind, made on first use and then told what to prefetch.
 class Entities
 {
 public:
@@ -37,7 +37,7 @@ public:
         if (entity == nullptr) {
             entity = context_.femap().entity(kind);
             const KindReading& reading = plan_[kind];
-            entity->readAhead(reading.ids, reading.members);
+            entity->prefetch(reading.ids, reading.members);
         }
         return *entity;
     }
@@ -104,7 +104,7 @@ void refreshOutputValue(Context& context, femap::OutputVector& vector, int row)
     grid.setText(row, ParameterGrid::valueColumn, femap::toText(value));
 }
 
-// Each row has its own measurement, however many there are.
+// Each row is measured anew, however many there are.
 void refreshMassProperty(Context& context, int row)
 {
     ParameterGrid& grid = context.form.OutputsList;
@@ -177,7 +177,7 @@ void RefreshOutputs_Click(Context& context)
     context.form.setMousePointers(form::pointerHourglass);
 
     const auto vector = context.femap().feOutput();
-    vector->readAhead(outputsToRead(context.form.OutputsList));
+    vector->prefetch(outputsToRead(context.form.OutputsList));
     refreshRows(context, context.form.OutputsList, "Refreshing outputs",
                 [&](int row) { refreshOutput(context, *vector, row); });
 

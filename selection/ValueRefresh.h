@@ -1,12 +1,12 @@
+// "Refresh Values" under Input and under Output: reads the value of every row again from the open
+// model. A row whose value cannot be read keeps the one it has.
 #pragma once
 
-#include "app/form/Context.h"
+#include "form/Context.h"
 
 namespace selection
 {
 
-/// "Refresh Values" under Input and under Output: reads the value of every row again from the open
-/// model. A row whose value cannot be read keeps the one it has.
 void RefreshInputs_Click(form::Context& context);
 void RefreshOutputs_Click(form::Context& context);
 

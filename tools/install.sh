@@ -1,5 +1,6 @@
 # Sourced by the scripts that need programs: `need THING:PACKAGE ...` installs the packages whose
-# thing, a command or a path, is missing. With everything there it uses no network.
+# thing, a command or a path, is missing. With everything there it uses no network; for those who may
+# not install it prints the one command that does, and fails.
 
 need()
 {
@@ -14,15 +15,15 @@ need()
     done
     ((${#missing[@]})) || return 0
 
-    echo "Installing: ${missing[*]}"
+    mapfile -t missing < <(printf '%s\n' "${missing[@]}" | sort -u)
+    local install="apt-get update && apt-get install --no-install-recommends -y ${missing[*]}"
     if ! command -v apt-get >/dev/null || ((EUID != 0)); then
-        echo "Please install these Debian packages first, or run this as root on Debian 12:" \
-            "${missing[*]}" >&2
+        printf 'Something is missing. This installs it on Debian 12, as root:\n\n    %s\n\n' \
+            "$install" >&2
         return 1
     fi
-    apt-get update -q >/dev/null &&
-        DEBIAN_FRONTEND=noninteractive \
-            apt-get install -q -y --no-install-recommends "${missing[@]}" >/dev/null
+    echo "Installing: ${missing[*]}"
+    DEBIAN_FRONTEND=noninteractive sh -c "$install" >/dev/null
 }
 
 needToBuild=(g++:g++ cmake:cmake ninja:ninja-build)
@@ -33,3 +34,5 @@ needWindows=("${needToBuild[@]}" x86_64-w64-mingw32-g++-posix:g++-mingw-w64-x86-
     /usr/src/googletest/CMakeLists.txt:googletest)
 needWine=("${needWindows[@]}" wine:wine /usr/lib/wine/wine64:wine64
     /usr/share/wine/fonts:fonts-wine Xvfb:xvfb xauth:xauth xdotool:xdotool import:imagemagick)
+needPackage=("${needWine[@]}" x86_64-w64-mingw32-strip:binutils-mingw-w64-x86-64 python3:python3
+    cmark-gfm:cmark-gfm zip:zip makensis:nsis)

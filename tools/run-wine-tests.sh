@@ -63,7 +63,7 @@ wineserver -p
     printf 'Windows Registry Editor Version 5.00\r\n\r\n'
     find "$build" -name '*.exe' -printf '%f\n' | sort -u | while read -r program; do
         case $program in
-        logging_test.exe | femap_test.exe | reliability_test.exe) flags=30 ;;
+        system_test.exe | windows_test.exe | reliability_test.exe) flags=30 ;;
         *) flags=10 ;;
         esac
         printf '[HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\'

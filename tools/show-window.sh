@@ -18,7 +18,7 @@ start()
     model=$(winepath -w "$folder/${model##*/}" 2>/dev/null)
     export TEMP=$folder
     cd "$folder"
-    wine "$build/femap/com/standin/femap-standin.exe" --model "$model" >standin.txt 2>&1 \
+    wine "$build/programs/femap-standin.exe" --model "$model" >standin.txt 2>&1 \
         </dev/null &
     standin=$!
     until grep -q ready standin.txt; do
@@ -29,7 +29,7 @@ start()
         sleep 0.2
     done
     # shellcheck disable=SC2016 # the "$" are the program's own
-    wine "$build/app/win32/VelmarFemapInterface.exe" '$window.log$DEBUG' </dev/null \
+    wine "$build/programs/VelmarFemapInterface.exe" '$window.log$DEBUG' </dev/null \
         >form.txt 2>&1 &
     form=$!
 }

@@ -30,7 +30,7 @@ take()
     wineserver -p >/dev/null 2>&1  # it would keep what reads this script's output waiting
     wine cmd /c rem >/dev/null 2>&1 </dev/null
 
-    (cd "$folder" && exec wine "$top/$build/tests/win32/form_scenes.exe" \
+    (cd "$folder" && exec wine "$top/$build/tests/form_scenes.exe" \
         --gtest_filter="Scene.$scene") </dev/null >"$folder/output" 2>&1 &
     local program=$! place
     while kill -0 "$program" 2>/dev/null; do

@@ -1,17 +1,17 @@
 // Reading a model through COM, out of process: a late-bound script, one value at a time, and in
 // bulk. Prints a table in Markdown.
 
-#include "app/form/Context.h"
 #include "bench/com/FormStart.h"
-#include "com/StartedStandin.h"
 #include "fake/FormFixture.h"
 #include "fake/QueuedPropertyList.h"
 #include "femap/com/Apartment.h"
 #include "femap/com/ComApplication.h"
-#include "femap/com/Text.h"
+#include "form/Context.h"
 #include "selection/InputSelection.h"
 #include "selection/OutputSelection.h"
 #include "selection/ValueRefresh.h"
+#include "standin/StartedStandin.h"
+#include "windows/Text.h"
 
 #include <chrono>
 #include <cstdio>
@@ -73,7 +73,7 @@ class Form
 {
 public:
     explicit Form(Reading reading)
-        : connector_(&dialogs_, std::make_shared<femap::com::Patience>(), reading)
+        : connector_(&dialogs_, std::make_shared<femap::com::RetryPolicy>(), reading)
     {
         context_.application = connector_.attach();
     }
@@ -127,7 +127,7 @@ private:
         return result;
     }
 
-    logging::System system_ = logging::standardSystem();
+    sys::System system_ = sys::thisMachine();
     fake::QueuedDialogs dialogs_;
     fake::FakeFormHost host_;
     form::MainForm form_;
@@ -155,7 +155,7 @@ Results measureScript(const std::string& script)
 {
     constexpr const wchar_t* entities = L"250";
     const std::wstring command =
-        L"cscript.exe //nologo \"" + femap::com::toWide(script) + L"\" " + entities;
+        L"cscript.exe //nologo \"" + windows::toWide(script) + L"\" " + entities;
     FILE* const pipe = _wpopen(command.c_str(), L"rt");
     if (pipe == nullptr)
         throw std::runtime_error("The script cannot be run");

@@ -1,6 +1,6 @@
 #include "bench/com/FormStart.h"
 
-#include "femap/com/Text.h"
+#include "windows/Text.h"
 
 #include <windows.h>
 
@@ -22,7 +22,7 @@ constexpr DWORD longest = 30'000;  // milliseconds
 double startSeconds(const std::string& command, const std::function<bool(HANDLE process)>& isReady,
                     const std::function<void()>& end)
 {
-    std::wstring line = femap::com::toWide(command);
+    std::wstring line = windows::toWide(command);
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
@@ -64,7 +64,10 @@ double formStartSeconds(const std::string& arguments)
 {
     return leastOf([&] {
         return startSeconds(
-            "\"" FORM_PROGRAM "\" " + arguments,
+            "\"" PROGRAM_FOLDER
+            "/VelmarFemapInterface.exe"
+            "\" " +
+                arguments,
             [](HANDLE) {
                 return formWindow() != nullptr && IsWindowVisible(formWindow()) != FALSE;
             },
@@ -76,7 +79,9 @@ double programStartSeconds()
 {
     return leastOf([] {
         return startSeconds(
-            "\"" STUDY_PROGRAM "\" --version",
+            "\"" PROGRAM_FOLDER
+            "/velmar-study.exe"
+            "\" --version",
             [](HANDLE process) { return WaitForSingleObject(process, 0) == WAIT_OBJECT_0; }, [] {});
     });
 }

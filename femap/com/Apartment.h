@@ -1,3 +1,4 @@
+// COM on this thread for as long as the object lives; every object of FEMAP's must be gone before.
 #pragma once
 
 #include <windows.h>
@@ -8,11 +9,10 @@
 namespace femap::com
 {
 
-/// COM on this thread for as long as this lives; every object of FEMAP's must be gone before it.
 class Apartment
 {
 public:
-    /// Raises std::runtime_error when COM cannot be had.
+    /// Raises std::runtime_error when COM cannot be initialised.
     Apartment()
     {
         if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)))

@@ -1,6 +1,6 @@
 #include "femap/com/BulkArrays.h"
 
-#include "femap/com/BulkSession.h"
+#include "femap/com/BulkCapabilities.h"
 #include "femap/com/Codes.h"
 
 #include <algorithm>
@@ -9,8 +9,8 @@
 namespace femap::com
 {
 
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 
 namespace
 {
@@ -50,7 +50,7 @@ constexpr std::string_view namedNumbers[] = {"Ex",
                                              "ShearLimit",
                                              "TsaiWu"};
 
-// The first of the numbers that are given to a fresh material, which holds none of them.
+// The values given to the named numbers of a fresh material: this one and those 1, 2 … above it.
 constexpr double firstNumber = 4096.5;
 
 }  // namespace
@@ -58,38 +58,38 @@ constexpr double firstNumber = 4096.5;
 const ArrayKind propertyArray = {EntityType::Property, "pval", "vpval", false};
 const ArrayKind materialArray = {EntityType::Material, "mval", "vmval", true};
 
-bool MaterialPlaces::isNamed(const std::string& member)
+bool MaterialIndices::isNamed(const std::string& member)
 {
     return std::any_of(std::begin(namedNumbers), std::end(namedNumbers),
                        [&](std::string_view name) { return isSameName(name, member); });
 }
 
-void MaterialPlaces::find(Dispatch& application, const std::vector<std::string>& members)
+void MaterialIndices::find(Dispatch& application, const std::vector<std::string>& members)
 {
     Dispatch material = application.object("feMatl");
     double number = firstNumber;
     std::map<std::string, double> given;
     for (const std::string& member : members) {
-        places_[member];
+        indices_[member];
         try {
             material.put(member, number);
             given[member] = number++;
         }
         catch (const RuntimeError&) {
-            // A number that cannot be given stays without a place.
+            // A number that cannot be set stays without an index.
         }
     }
     const std::vector<double> all = material.call(materialArray.whole).reals();
     for (const auto& [member, own] : given)
         if (std::count(all.begin(), all.end(), own) == 1)
-            places_[member] =
+            indices_[member] =
                 static_cast<int>(std::find(all.begin(), all.end(), own) - all.begin());
 }
 
-std::optional<int> MaterialPlaces::of(const std::string& member) const
+std::optional<int> MaterialIndices::of(const std::string& member) const
 {
-    const auto found = places_.find(member);
-    return found == places_.end() ? std::nullopt : found->second;
+    const auto found = indices_.find(member);
+    return found == indices_.end() ? std::nullopt : found->second;
 }
 
 std::vector<bool> ArrayFetcher::choose(const std::vector<MemberName>& members)
@@ -97,11 +97,11 @@ std::vector<bool> ArrayFetcher::choose(const std::vector<MemberName>& members)
     chosen_.clear();
     std::vector<bool> result;
     for (const MemberName& wanted : members) {
-        const bool isPlace =
+        const bool isIndexed =
             wanted.index && *wanted.index >= 0 && isSameName(wanted.name, kind_.array);
         const bool isNamed =
-            kind_.hasNamed && !wanted.index && MaterialPlaces::isNamed(wanted.name);
-        result.push_back(isPlace || isNamed);
+            kind_.hasNamed && !wanted.index && MaterialIndices::isNamed(wanted.name);
+        result.push_back(isIndexed || isNamed);
         if (result.back())
             chosen_.push_back(wanted);
     }
@@ -119,51 +119,52 @@ bulk::Cost ArrayFetcher::cost() const
 
 std::vector<int> ArrayFetcher::existing()
 {
-    return allIDs(session_.application, kind_.type);
+    return allIDs(context_.application, kind_.type);
 }
 
 std::vector<bulk::Column> ArrayFetcher::fetch(std::span<const int> ids)
 {
-    const std::vector<std::optional<int>> wanted = places();
-    return portion_ == 1 ? ofLoaded(wanted) : mixed(ids, wanted);
+    const std::vector<std::optional<int>> wanted = indices();
+    return portion_ == 1 ? fetchLoaded(wanted) : fetchMixed(ids, wanted);
 }
 
 std::vector<std::string> ArrayFetcher::namesToFind() const
 {
     std::vector<std::string> names;
     for (const MemberName& member : chosen_)
-        if (!member.index && !session_.bulk->materialPlaces.isLookedFor(member.name))
+        if (!member.index && !context_.bulk->materialIndices.isLookedFor(member.name))
             names.push_back(member.name);
     return names;
 }
 
-// Of the chosen members; none for those that have no place.
-std::vector<std::optional<int>> ArrayFetcher::places()
+// The array indices of the chosen members; none for a member whose index is not known.
+std::vector<std::optional<int>> ArrayFetcher::indices()
 {
-    MaterialPlaces& named = session_.bulk->materialPlaces;
+    MaterialIndices& named = context_.bulk->materialIndices;
     const std::vector<std::string> names = namesToFind();
     if (!names.empty())
-        named.find(session_.application, names);
+        named.find(context_.application, names);
     std::vector<std::optional<int>> result;
     for (const MemberName& member : chosen_)
         result.push_back(member.index ? member.index : named.of(member.name));
     return result;
 }
 
-std::vector<bulk::Column> ArrayFetcher::mixed(std::span<const int> ids,
-                                              const std::vector<std::optional<int>>& places)
+std::vector<bulk::Column> ArrayFetcher::fetchMixed(std::span<const int> ids,
+                                                   const std::vector<std::optional<int>>& indices)
 {
     std::vector<int> entities;
-    std::vector<int> indexes;
-    for (const std::optional<int>& place : places) {
-        if (!place)
+    std::vector<int> entityIndices;
+    for (const std::optional<int>& index : indices) {
+        if (!index)
             continue;
         entities.insert(entities.end(), ids.begin(), ids.end());
-        indexes.insert(indexes.end(), ids.size(), *place);
+        entityIndices.insert(entityIndices.end(), ids.size(), *index);
     }
     const std::size_t count = entities.size();
     Variant returned;
-    demandOk(code(object_.call(mixedMember, static_cast<int>(count), entities, indexes, &returned)),
+    demandOk(code(object_.call(mixedMember, static_cast<int>(count), entities, entityIndices,
+                               &returned)),
              "GetValueArray failed");
     const std::vector<double> values = returned.reals();
     if (values.size() != count)
@@ -171,8 +172,8 @@ std::vector<bulk::Column> ArrayFetcher::mixed(std::span<const int> ids,
 
     std::vector<bulk::Column> columns;
     auto next = values.begin();
-    for (const std::optional<int>& place : places) {
-        if (!place) {
+    for (const std::optional<int>& index : indices) {
+        if (!index) {
             columns.emplace_back();
             continue;
         }
@@ -183,14 +184,14 @@ std::vector<bulk::Column> ArrayFetcher::mixed(std::span<const int> ids,
     return columns;
 }
 
-// Places beyond the array are left to FEMAP's own answer.
-std::vector<bulk::Column> ArrayFetcher::ofLoaded(const std::vector<std::optional<int>>& places)
+// A member beyond the array is not fetched: it is read one by one, and FEMAP answers.
+std::vector<bulk::Column> ArrayFetcher::fetchLoaded(const std::vector<std::optional<int>>& indices)
 {
     const std::vector<double> all = object_.call(kind_.whole).reals();
     std::vector<bulk::Column> columns;
-    for (const std::optional<int>& place : places) {
-        if (place && static_cast<std::size_t>(*place) < all.size())
-            columns.emplace_back(std::vector<double>{all[static_cast<std::size_t>(*place)]});
+    for (const std::optional<int>& index : indices) {
+        if (index && static_cast<std::size_t>(*index) < all.size())
+            columns.emplace_back(std::vector<double>{all[static_cast<std::size_t>(*index)]});
         else
             columns.emplace_back();
     }

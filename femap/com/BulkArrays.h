@@ -1,8 +1,11 @@
+// Fetches numbers of properties or materials, which FEMAP keeps in one long array for each entity.
+// Newer versions return any mix of entities and array indices in one call, older ones the whole
+// array of the loaded entity.
 #pragma once
 
-#include "femap/bulk/EntityFetcher.h"
 #include "femap/com/BulkCalls.h"
 #include "femap/com/ComObjects.h"
+#include "femap/com/bulk/EntityFetcher.h"
 
 #include <optional>
 #include <span>
@@ -13,26 +16,23 @@
 namespace femap::com
 {
 
-/// A kind of entity whose numbers stand in one long array.
+/// The names of the members that give the array of a kind of entity.
 struct ArrayKind
 {
     EntityType type;
-    const char* array;  // the member with an index
-    const char* whole;  // the member that returns all of it
-    bool hasNamed;      // some numbers have members of their own, as those of a material
+    const char* array;  // takes an index and returns one number
+    const char* whole;  // returns the whole array
+    bool hasNamed;      // some numbers also have a member of their own, such as "Ex"
 };
 
 extern const ArrayKind propertyArray;
 extern const ArrayKind materialArray;
 
-/// Properties or materials: newer versions return any mix of entities and places in one call, older
-/// ones the whole array of the loaded entity.
 class ArrayFetcher : public bulk::EntityFetcher
 {
 public:
-    ArrayFetcher(Session session, const ArrayKind& kind, Dispatch& object)
-
-        : session_(std::move(session)), kind_(kind), object_(object)
+    ArrayFetcher(ComContext context, const ArrayKind& kind, Dispatch& object)
+        : context_(std::move(context)), kind_(kind), object_(object)
     {}
 
     std::vector<bool> choose(const std::vector<MemberName>& members) override;
@@ -43,12 +43,12 @@ public:
 
 private:
     std::vector<std::string> namesToFind() const;
-    std::vector<std::optional<int>> places();
-    std::vector<bulk::Column> mixed(std::span<const int> ids,
-                                    const std::vector<std::optional<int>>& places);
-    std::vector<bulk::Column> ofLoaded(const std::vector<std::optional<int>>& places);
+    std::vector<std::optional<int>> indices();
+    std::vector<bulk::Column> fetchMixed(std::span<const int> ids,
+                                         const std::vector<std::optional<int>>& indices);
+    std::vector<bulk::Column> fetchLoaded(const std::vector<std::optional<int>>& indices);
 
-    Session session_;
+    ComContext context_;
     const ArrayKind& kind_;
     Dispatch& object_;
     std::vector<MemberName> chosen_;

@@ -8,8 +8,8 @@
 namespace femap::com
 {
 
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 
 bool isSameName(std::string_view one, std::string_view other)
 {

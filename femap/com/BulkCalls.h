@@ -1,3 +1,4 @@
+// What all bulk calls over COM share: comparing names, listing IDs, and a set for passing IDs in.
 #pragma once
 
 #include "femap/Constants.h"
@@ -10,7 +11,7 @@
 namespace femap::com
 {
 
-/// Whether two names are the same for FEMAP, which does not heed the case of ASCII letters.
+/// Whether two names are the same for FEMAP, which ignores the case of ASCII letters.
 bool isSameName(std::string_view one, std::string_view other);
 
 /// The IDs that a set object holds, ascending and positive; raises RuntimeError for others.
@@ -19,13 +20,13 @@ std::vector<int> idsIn(Dispatch& set);
 /// All IDs of a kind, ascending.
 std::vector<int> allIDs(Dispatch& application, EntityType type);
 
-/// A set of FEMAP's for passing IDs in.
+/// A set object of FEMAP's that passes IDs to bulk calls.
 class ScratchSet
 {
 public:
     explicit ScratchSet(Dispatch& application);
 
-    /// From now on it holds these IDs.
+    /// Makes it hold these IDs only.
     void fill(std::span<const int> ids);
     int ID() const { return id_; }
 

@@ -9,14 +9,13 @@
 namespace femap::com
 {
 
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 
 namespace
 {
 
-// Three calls fetch as many: enough to make their number small, few enough for FEMAP and this
-// program to hold them several times over.
+// Enough for few calls, yet few enough for FEMAP and this program to hold several copies.
 constexpr std::size_t entitiesAtOnce = 16384;
 
 // clang-format off
@@ -24,7 +23,7 @@ constexpr BulkCall nodeCalls[] = {
     {"GetCoordArray", 2},
     {"GetAllArray",   8},
 };
-constexpr std::size_t nodePlaces[] = {1, 3, 1, 1, 1, 1, 1, 6};
+constexpr std::size_t nodeCounts[] = {1, 3, 1, 1, 1, 1, 1, 6};
 constexpr BulkMember nodeMembers[] = {
     {"x",       -1, 1, 0},
     {"y",       -1, 1, 1},
@@ -39,7 +38,7 @@ constexpr BulkMember nodeMembers[] = {
 constexpr BulkCall elementCalls[] = {
     {"GetAllArray", 15},
 };
-constexpr std::size_t elementPlaces[] = {1, 1, 1, 1, 1, 1, 2, 3, 6, 12, 1, 1, 20, 1, 1};
+constexpr std::size_t elementCounts[] = {1, 1, 1, 1, 1, 1, 2, 3, 6, 12, 1, 1, 20, 1, 1};
 constexpr BulkMember elementMembers[] = {
     {"propID",   -1, 1},
     {"type",     -1, 2},
@@ -94,7 +93,7 @@ std::vector<Number> everyNth(const std::vector<Number>& numbers, std::size_t fir
     return result;
 }
 
-// What the members of one array are made of.
+// The numbers of one returned array.
 using Numbers = std::variant<std::vector<int>, std::vector<double>>;
 
 Numbers numbersOf(const Variant& array, std::size_t count)
@@ -111,8 +110,8 @@ Numbers numbersOf(const Variant& array, std::size_t count)
 
 }  // namespace
 
-const BulkKind bulkNodes = {EntityType::Node, nodeMembers, nodeCalls, nodePlaces};
-const BulkKind bulkElements = {EntityType::Element, elementMembers, elementCalls, elementPlaces};
+const BulkKind bulkNodes = {EntityType::Node, nodeMembers, nodeCalls, nodeCounts};
+const BulkKind bulkElements = {EntityType::Element, elementMembers, elementCalls, elementCounts};
 
 std::vector<bool> MeshFetcher::choose(const std::vector<MemberName>& members)
 {
@@ -144,12 +143,12 @@ std::size_t MeshFetcher::portion() const
 
 std::vector<int> MeshFetcher::existing()
 {
-    return allIDs(session_.application, kind_.type);
+    return allIDs(context_.application, kind_.type);
 }
 
 std::vector<bulk::Column> MeshFetcher::fetch(std::span<const int> ids)
 {
-    const std::vector<Variant> arrays = callFor(ids);
+    const std::vector<Variant> arrays = fetchArrays(ids);
     const std::vector<int> returned = arrays.front().numbers();
     if (!std::equal(ids.begin(), ids.end(), returned.begin(), returned.end()))
         throw RuntimeError(ErrorNumber::ObjectFailed, "FEMAP returned other entities");
@@ -157,24 +156,24 @@ std::vector<bulk::Column> MeshFetcher::fetch(std::span<const int> ids)
     std::vector<std::optional<Numbers>> numbers(arrays.size());
     std::vector<bulk::Column> columns;
     for (const BulkMember* const member : chosen_) {
-        const std::size_t places = kind_.places[member->array];
+        const std::size_t perEntity = kind_.numbersPerEntity[member->array];
         std::optional<Numbers>& all = numbers[member->array];
         if (!all)
-            all = numbersOf(arrays[member->array], ids.size() * places);
+            all = numbersOf(arrays[member->array], ids.size() * perEntity);
         columns.push_back(std::visit(
             [&](const auto& array) -> bulk::Column {
-                return everyNth(array, member->place, places);
+                return everyNth(array, member->offset, perEntity);
             },
             *all));
     }
     return columns;
 }
 
-// The arrays that the call returns of the entities.
-std::vector<Variant> MeshFetcher::callFor(std::span<const int> ids)
+// Makes the bulk call for the entities and returns its arrays.
+std::vector<Variant> MeshFetcher::fetchArrays(std::span<const int> ids)
 {
     if (!set_)
-        set_.emplace(session_.application);
+        set_.emplace(context_.application);
     set_->fill(ids);
 
     std::vector<Variant> arrays(call_->arrays);

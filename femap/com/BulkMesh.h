@@ -1,8 +1,9 @@
+// Fetches nodes or elements by the calls of FEMAP that return arrays about all entities of a set.
 #pragma once
 
-#include "femap/bulk/EntityFetcher.h"
 #include "femap/com/BulkCalls.h"
 #include "femap/com/ComObjects.h"
+#include "femap/com/bulk/EntityFetcher.h"
 
 #include <optional>
 #include <span>
@@ -13,14 +14,13 @@
 namespace femap::com
 {
 
-/// A member and where FEMAP's bulk calls put it: in which of the returned arrays, and in which of
-/// the places that an entity has there.
+/// A member and where FEMAP's bulk calls return it.
 struct BulkMember
 {
     std::string_view name;
-    int index;  // -1: a plain member
-    std::size_t array;
-    std::size_t place = 0;
+    int index;               // -1: a plain member
+    std::size_t array;       // which of the returned arrays
+    std::size_t offset = 0;  // among the numbers that an entity has in it
 };
 
 /// A call that returns arrays about the entities of a set; the first one holds their IDs.
@@ -30,25 +30,23 @@ struct BulkCall
     std::size_t arrays;
 };
 
-/// What can be fetched of a kind, and by which calls, those that return less first.
+/// What can be fetched of a kind of entity. The calls that return fewer arrays come first.
 struct BulkKind
 {
     EntityType type;
     std::span<const BulkMember> members;
     std::span<const BulkCall> calls;
-    std::span<const std::size_t> places;  // of an entity in each array
+    std::span<const std::size_t> numbersPerEntity;  // in each array
 };
 
 extern const BulkKind bulkNodes;
 extern const BulkKind bulkElements;
 
-/// Nodes or elements, by the calls that return arrays.
 class MeshFetcher : public bulk::EntityFetcher
 {
 public:
-    MeshFetcher(Session session, const BulkKind& kind, Dispatch& object)
-
-        : session_(std::move(session)), kind_(kind), object_(object)
+    MeshFetcher(ComContext context, const BulkKind& kind, Dispatch& object)
+        : context_(std::move(context)), kind_(kind), object_(object)
     {}
 
     std::vector<bool> choose(const std::vector<MemberName>& members) override;
@@ -58,9 +56,9 @@ public:
     std::vector<bulk::Column> fetch(std::span<const int> ids) override;
 
 private:
-    std::vector<Variant> callFor(std::span<const int> ids);
+    std::vector<Variant> fetchArrays(std::span<const int> ids);
 
-    Session session_;
+    ComContext context_;
     const BulkKind& kind_;
     Dispatch& object_;
     std::vector<const BulkMember*> chosen_;

@@ -1,7 +1,7 @@
 #include "femap/com/BulkVectors.h"
 
-#include "femap/bulk/Places.h"
 #include "femap/com/Codes.h"
+#include "femap/com/bulk/IDIndex.h"
 
 #include <algorithm>
 #include <limits>
@@ -10,18 +10,18 @@
 namespace femap::com
 {
 
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 
 namespace
 {
 
 constexpr double nothing = std::numeric_limits<double>::quiet_NaN();
 
-int setOf(std::optional<ScratchSet>& set, const Session& session, const std::vector<int>& ids)
+int setOf(std::optional<ScratchSet>& set, const ComContext& context, const std::vector<int>& ids)
 {
     if (!set)
-        set.emplace(session.application);
+        set.emplace(context.application);
     set->fill(ids);
     return set->ID();
 }
@@ -44,7 +44,7 @@ std::vector<std::pair<int, std::string>> paired(LONG count, const Variant& ids,
 std::vector<double> ClassicVectorFetcher::values(int, const std::vector<int>& entityIDs)
 {
     Variant values;
-    demandOk(code(output_.call("GetOutputListAtSet", setOf(set_, session_, entityIDs), nothing,
+    demandOk(code(output_.call("GetOutputListAtSet", setOf(set_, context_, entityIDs), nothing,
                                &values)),
              "GetOutputListAtSet failed");
     return values.reals();
@@ -63,7 +63,7 @@ std::vector<std::pair<int, std::string>> ClassicVectorFetcher::titles()
 std::vector<double> ModernVectorFetcher::values(int vectorID, const std::vector<int>& entityIDs)
 {
     const int location = locationOf(vectorID);
-    const int set = setOf(set_, session_, entityIDs);
+    const int set = setOf(set_, context_, entityIDs);
     results_.call("clear");
     fillMissingWithNothing();
     demandOk(code(results_.call("DataNeeded", location, set)), "DataNeeded failed");
@@ -84,10 +84,10 @@ std::vector<double> ModernVectorFetcher::values(int vectorID, const std::vector<
     if (rows.size() != numbers.size())
         throw RuntimeError(ErrorNumber::ObjectFailed, "GetColumn returned unlike numbers");
     std::vector<double> result(entityIDs.size(), nothing);
-    bulk::Places places(entityIDs);
+    bulk::IDIndex indexOf(entityIDs);
     for (std::size_t i = 0; i < rows.size(); ++i)
-        if (const std::optional<std::size_t> place = places.find(rows[i]))
-            result[*place] = numbers[i];
+        if (const std::optional<std::size_t> index = indexOf.find(rows[i]))
+            result[*index] = numbers[i];
     return result;
 }
 
@@ -101,7 +101,7 @@ std::vector<std::pair<int, std::string>> ModernVectorFetcher::titles()
     return paired(count, ids, titles);
 }
 
-// Whether its values are at nodes or elements, by the number of the kind.
+// The EntityType at which the vector has its values: nodes or elements.
 int ModernVectorFetcher::locationOf(int vectorID)
 {
     LONG location = 0;
@@ -115,15 +115,15 @@ int ModernVectorFetcher::locationOf(int vectorID)
     return static_cast<int>(location);
 }
 
-// What FEMAP takes for a value that is not there. A FEMAP that cannot be told so shows it by a 0
-// that the plain way does not have.
+// Makes FEMAP return not-a-number for a missing value. A FEMAP that lacks this setting returns 0
+// there; reading one by one then finds no value, which ends the bulk reading.
 void ModernVectorFetcher::fillMissingWithNothing()
 {
     try {
         results_.put("ValueForNonExisting", nothing);
     }
     catch (const RuntimeError&) {
-        // Seen when the values are compared.
+        // Found out when PrefetchingVector compares values.
     }
 }
 

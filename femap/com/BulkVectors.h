@@ -1,8 +1,9 @@
+// Fetches titles and values of output vectors: from feOutput, or from a column of feResults.
 #pragma once
 
-#include "femap/bulk/VectorFetcher.h"
 #include "femap/com/BulkCalls.h"
 #include "femap/com/ComObjects.h"
+#include "femap/com/bulk/VectorFetcher.h"
 
 #include <optional>
 #include <string>
@@ -12,12 +13,12 @@
 namespace femap::com
 {
 
-/// Through the feOutput that holds the vector.
+/// Uses the feOutput that holds the vector (FEMAP before 2020.1).
 class ClassicVectorFetcher : public bulk::VectorFetcher
 {
 public:
-    ClassicVectorFetcher(Session session, ClassicOutputVector& vector)
-        : session_(std::move(session)), output_(vector.object())
+    ClassicVectorFetcher(ComContext context, ClassicOutputVector& vector)
+        : context_(std::move(context)), output_(vector.object())
     {}
 
     std::vector<double> values(int vectorID, const std::vector<int>& entityIDs) override;
@@ -25,28 +26,28 @@ public:
     int classicID(int vectorID) override { return vectorID; }
 
 private:
-    Session session_;
+    ComContext context_;
     Dispatch& output_;
     std::optional<ScratchSet> set_;
 };
 
-/// Through a column of the results table.
+/// Uses a column of the results table (FEMAP since 2020.1).
 class ModernVectorFetcher : public bulk::VectorFetcher
 {
 public:
-    ModernVectorFetcher(Session session, ModernOutputVector& vector)
-        : session_(std::move(session)), results_(vector.results()), outputSet_(vector.outputSet())
+    ModernVectorFetcher(ComContext context, ModernOutputVector& vector)
+        : context_(std::move(context)), results_(vector.results()), outputSet_(vector.outputSet())
     {}
 
     std::vector<double> values(int vectorID, const std::vector<int>& entityIDs) override;
     std::vector<std::pair<int, std::string>> titles() override;
-    int classicID(int vectorID) override { return classicVectorID(session_, vectorID); }
+    int classicID(int vectorID) override { return classicVectorID(context_, vectorID); }
 
 private:
     int locationOf(int vectorID);
     void fillMissingWithNothing();
 
-    Session session_;
+    ComContext context_;
     Dispatch& results_;
     int outputSet_;
     std::optional<ScratchSet> set_;

@@ -3,12 +3,12 @@
 namespace femap::com
 {
 
-// Windows asks here before a rejected call comes back to its caller. Wine 8 never does: there the
-// call ends with RPC_E_CALL_REJECTED, and Patience::whileBusy makes it again. The same way goes a
-// call that FEMAP itself answers with such a result.
+// Windows calls this before a rejected call returns to its caller. Wine 8 never does: there the
+// call returns RPC_E_CALL_REJECTED, and RetryPolicy::whileBusy makes it again, as it does when
+// FEMAP itself returns such a result.
 DWORD BusyFilter::RetryRejectedCall(HTASK, DWORD, DWORD)
 {
-    const std::optional<Patience::Duration> pause = patience_.rejected();
+    const std::optional<RetryPolicy::Duration> pause = retryPolicy_.rejected();
     return pause ? static_cast<DWORD>(pause->count()) : giveUp;
 }
 

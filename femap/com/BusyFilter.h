@@ -1,22 +1,22 @@
+// Has COM repeat a call that a busy FEMAP rejected, until the retry policy gives up.
 #pragma once
 
 #include "femap/com/MessageFilter.h"
-#include "femap/com/Patience.h"
+#include "femap/com/RetryPolicy.h"
 
 namespace femap::com
 {
 
-/// Has COM repeat a call that a busy FEMAP rejected, as long as the patience lasts.
 class BusyFilter : public MessageFilter
 {
 public:
-    /// patience must outlive the filter.
-    explicit BusyFilter(Patience& patience) : patience_(patience) {}
+    /// retryPolicy must outlive the filter.
+    explicit BusyFilter(RetryPolicy& retryPolicy) : retryPolicy_(retryPolicy) {}
 
     DWORD STDMETHODCALLTYPE RetryRejectedCall(HTASK callee, DWORD elapsed, DWORD kind) override;
 
 private:
-    Patience& patience_;
+    RetryPolicy& retryPolicy_;
 };
 
 }  // namespace femap::com

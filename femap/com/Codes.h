@@ -1,8 +1,9 @@
+// FEMAP's return codes and kinds of entities as the numbers that COM passes.
 #pragma once
 
 #include "femap/Constants.h"
 #include "femap/com/Variant.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <string>
 
@@ -23,8 +24,8 @@ inline int number(EntityType type)
 inline void demandOk(ReturnCode returned, const std::string& what)
 {
     if (returned != ReturnCode::Ok)
-        throw logging::RuntimeError(
-            logging::ErrorNumber::ObjectFailed,
+        throw sys::RuntimeError(
+            sys::ErrorNumber::ObjectFailed,
             what + " (FEMAP's code " + std::to_string(static_cast<int>(returned)) + ")");
 }
 

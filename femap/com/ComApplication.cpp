@@ -1,13 +1,13 @@
 #include "femap/com/ComApplication.h"
 
-#include "femap/bulk/AheadEntity.h"
-#include "femap/bulk/AheadVector.h"
 #include "femap/com/BulkArrays.h"
+#include "femap/com/BulkCapabilities.h"
 #include "femap/com/BulkMesh.h"
-#include "femap/com/BulkSession.h"
 #include "femap/com/BulkVectors.h"
-#include "femap/com/Text.h"
-#include "logging/RuntimeError.h"
+#include "femap/com/bulk/PrefetchingEntity.h"
+#include "femap/com/bulk/PrefetchingVector.h"
+#include "system/RuntimeError.h"
+#include "windows/Text.h"
 
 #include <algorithm>
 #include <objbase.h>
@@ -15,8 +15,9 @@
 namespace femap::com
 {
 
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
+using windows::describe;
 
 namespace
 {
@@ -33,32 +34,32 @@ CLSID femapClass()
     return id;
 }
 
-// What fetches the entities of a word in bulk; null for a word of none.
-std::unique_ptr<bulk::EntityFetcher> makeFetcher(const std::string& word, const Session& session,
+// The bulk fetcher for "Node", "Elem", "Prop" or "Matl"; null for any other word.
+std::unique_ptr<bulk::EntityFetcher> makeFetcher(const std::string& word, const ComContext& context,
                                                  Dispatch& object)
 {
     if (word == "Node")
-        return std::make_unique<MeshFetcher>(session, bulkNodes, object);
+        return std::make_unique<MeshFetcher>(context, bulkNodes, object);
     if (word == "Elem")
-        return std::make_unique<MeshFetcher>(session, bulkElements, object);
+        return std::make_unique<MeshFetcher>(context, bulkElements, object);
     if (word == "Prop")
-        return std::make_unique<ArrayFetcher>(session, propertyArray, object);
+        return std::make_unique<ArrayFetcher>(context, propertyArray, object);
     if (word == "Matl")
-        return std::make_unique<ArrayFetcher>(session, materialArray, object);
+        return std::make_unique<ArrayFetcher>(context, materialArray, object);
     return nullptr;
 }
 
 template <class Fetcher, class Vector>
-std::unique_ptr<OutputVector> withFetcher(const Session& session, std::unique_ptr<Vector> plain)
+std::unique_ptr<OutputVector> withFetcher(const ComContext& context, std::unique_ptr<Vector> plain)
 {
-    if (session.bulk == nullptr)
+    if (context.bulk == nullptr)
         return plain;
-    auto fetcher = std::make_unique<Fetcher>(session, *plain);
-    return std::make_unique<bulk::AheadVector>(std::move(plain), std::move(fetcher),
-                                               session.bulk->vectors);
+    auto fetcher = std::make_unique<Fetcher>(context, *plain);
+    return std::make_unique<bulk::PrefetchingVector>(std::move(plain), std::move(fetcher),
+                                                     context.bulk->vectors);
 }
 
-// Window handles fit 32 bits, and FEMAP takes them so.
+// Window handles fit into 32 bits, and FEMAP takes them as such numbers.
 int handleNumber(std::intptr_t handle)
 {
     return static_cast<int>(handle);
@@ -67,11 +68,12 @@ int handleNumber(std::intptr_t handle)
 }  // namespace
 
 ComApplication::ComApplication(IDispatch* application, SelectionDialogs* dialogs,
-                               std::shared_ptr<Patience> patience, Reading reading)
-    : application_(application, "application", std::make_shared<Connection>(std::move(patience))),
+                               std::shared_ptr<RetryPolicy> retryPolicy, Reading reading)
+    : application_(application, "application",
+                   std::make_shared<Connection>(std::move(retryPolicy))),
       dialogs_(dialogs),
       classic_(application_.has("feOutput")),
-      bulk_(reading == Reading::InBulk ? std::make_shared<BulkSession>() : nullptr)
+      bulk_(reading == Reading::InBulk ? std::make_shared<BulkCapabilities>() : nullptr)
 {}
 
 void ComApplication::feAppVisible(bool visible)
@@ -140,7 +142,7 @@ int ComApplication::feAppRegisterAddInPane(const AddInPane& pane)
 
 std::unique_ptr<EntitySet> ComApplication::feSet()
 {
-    return std::make_unique<ComSet>(session(), application_.object("feSet"));
+    return std::make_unique<ComSet>(context(), application_.object("feSet"));
 }
 
 std::unique_ptr<Entity> ComApplication::entity(const std::string& word)
@@ -148,18 +150,19 @@ std::unique_ptr<Entity> ComApplication::entity(const std::string& word)
     auto plain = std::make_unique<ComEntity>(application_.object("fe" + word));
     if (bulk_ == nullptr)
         return plain;
-    std::unique_ptr<bulk::EntityFetcher> fetcher = makeFetcher(word, session(), plain->object());
+    std::unique_ptr<bulk::EntityFetcher> fetcher = makeFetcher(word, context(), plain->object());
     if (fetcher == nullptr)
         return plain;
-    std::shared_ptr<bulk::Trust>& trust = bulk_->entities[word];
-    if (trust == nullptr)
-        trust = std::make_shared<bulk::Trust>();
-    return std::make_unique<bulk::AheadEntity>(std::move(plain), std::move(fetcher), trust);
+    std::shared_ptr<bulk::Capability>& capability = bulk_->entities[word];
+    if (capability == nullptr)
+        capability = std::make_shared<bulk::Capability>();
+    return std::make_unique<bulk::PrefetchingEntity>(std::move(plain), std::move(fetcher),
+                                                     capability);
 }
 
 std::unique_ptr<OutputVector> ComApplication::feOutput()
 {
-    const Session own = session();
+    const ComContext own = context();
     if (classic_)
         return withFetcher<ClassicVectorFetcher>(own, std::make_unique<ClassicOutputVector>(own));
     return withFetcher<ModernVectorFetcher>(own, std::make_unique<ModernOutputVector>(own));
@@ -167,7 +170,7 @@ std::unique_ptr<OutputVector> ComApplication::feOutput()
 
 std::unique_ptr<Function> ComApplication::feFunction()
 {
-    return std::make_unique<ComFunction>(session(), application_.object("feFunction"));
+    return std::make_unique<ComFunction>(context(), application_.object("feFunction"));
 }
 
 std::unique_ptr<LoadDefinition> ComApplication::feLoadDefinition()
@@ -210,7 +213,7 @@ MassProperties ComApplication::feMeasureMeshMassProp(int elementSet, int coordin
     return mass;
 }
 
-Session ComApplication::session()
+ComContext ComApplication::context()
 {
     return {application_, dialogs_, classic_, bulk_};
 }
@@ -222,26 +225,26 @@ std::unique_ptr<Application> ComConnector::attach()
     if (FAILED(result))
         throw RuntimeError(ErrorNumber::ObjectFailed, "No FEMAP is running: " + describe(result));
     IDispatch* application = nullptr;
-    result =
-        patience_->whileBusy([&] { return running->QueryInterface(IID_PPV_ARGS(&application)); });
+    result = retryPolicy_->whileBusy(
+        [&] { return running->QueryInterface(IID_PPV_ARGS(&application)); });
     running->Release();
     if (FAILED(result))
         throw RuntimeError(ErrorNumber::ObjectFailed,
                            "The running FEMAP does not answer: " + describe(result));
-    return std::make_unique<ComApplication>(application, dialogs_, patience_, reading_);
+    return std::make_unique<ComApplication>(application, dialogs_, retryPolicy_, reading_);
 }
 
 std::unique_ptr<Application> ComConnector::create()
 {
     IDispatch* application = nullptr;
     const CLSID id = femapClass();
-    const HRESULT result = patience_->whileBusy([&] {
+    const HRESULT result = retryPolicy_->whileBusy([&] {
         return CoCreateInstance(id, nullptr, CLSCTX_LOCAL_SERVER, IID_PPV_ARGS(&application));
     });
     if (FAILED(result))
         throw RuntimeError(ErrorNumber::ObjectFailed,
                            "FEMAP could not be started: " + describe(result));
-    return std::make_unique<ComApplication>(application, dialogs_, patience_, reading_);
+    return std::make_unique<ComApplication>(application, dialogs_, retryPolicy_, reading_);
 }
 
 std::string messageForFemap(const std::string& text)

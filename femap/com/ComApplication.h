@@ -1,3 +1,4 @@
+// FEMAP in another process, reached through COM.
 #pragma once
 
 #include "femap/Application.h"
@@ -15,17 +16,16 @@ namespace femap::com
 /// How much is read in one call.
 enum class Reading
 {
-    InBulk,    // where FEMAP can, with the other as what remains when it cannot
+    InBulk,    // many values in one call where FEMAP can, else one by one
     OneByOne,  // each value in a call of its own
 };
 
-/// A FEMAP in another process.
 class ComApplication : public Application
 {
 public:
     /// Takes over the reference.
     ComApplication(IDispatch* application, SelectionDialogs* dialogs,
-                   std::shared_ptr<Patience> patience, Reading reading = Reading::InBulk);
+                   std::shared_ptr<RetryPolicy> retryPolicy, Reading reading = Reading::InBulk);
 
     void feAppVisible(bool visible) override;
     ReturnCode feFileOpen(bool useDialog, const std::string& path) override;
@@ -47,12 +47,12 @@ public:
                                          bool printDetails) override;
 
 private:
-    Session session();
+    ComContext context();
 
     Dispatch application_;
     SelectionDialogs* dialogs_;
     bool classic_;
-    std::shared_ptr<BulkSession> bulk_;  // null: everything is read one by one
+    std::shared_ptr<BulkCapabilities> bulk_;  // null: everything is read one by one
 };
 
 /// Finds FEMAP by its name "femap.model". COM must be initialised on this thread.
@@ -61,10 +61,10 @@ class ComConnector : public Connector
 public:
     /// dialogs answers FEMAP's selection dialogs in place of the engineer; null: FEMAP shows them.
     explicit ComConnector(SelectionDialogs* dialogs) : dialogs_(dialogs) {}
-    /// The same, with a patience that a message filter may share.
-    ComConnector(SelectionDialogs* dialogs, std::shared_ptr<Patience> patience,
+    /// The same, with a retry policy that a message filter may share.
+    ComConnector(SelectionDialogs* dialogs, std::shared_ptr<RetryPolicy> retryPolicy,
                  Reading reading = Reading::InBulk)
-        : dialogs_(dialogs), patience_(std::move(patience)), reading_(reading)
+        : dialogs_(dialogs), retryPolicy_(std::move(retryPolicy)), reading_(reading)
     {}
 
     std::unique_ptr<Application> attach() override;
@@ -72,7 +72,7 @@ public:
 
 private:
     SelectionDialogs* dialogs_;
-    std::shared_ptr<Patience> patience_ = std::make_shared<Patience>();
+    std::shared_ptr<RetryPolicy> retryPolicy_ = std::make_shared<RetryPolicy>();
     Reading reading_ = Reading::InBulk;
 };
 

@@ -1,9 +1,9 @@
 #include "femap/com/ComObjects.h"
 
 #include "femap/com/BulkCalls.h"
-#include "femap/com/BulkSession.h"
+#include "femap/com/BulkCapabilities.h"
 #include "femap/com/Codes.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <utility>
 #include <variant>
@@ -11,8 +11,8 @@
 namespace femap::com
 {
 
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 
 namespace
 {
@@ -45,12 +45,12 @@ int activeOutputSet(Dispatch& application)
     return sets.call("First").number();
 }
 
-int classicVectorID(const Session& session, int vectorID)
+int classicVectorID(const ComContext& context, int vectorID)
 {
-    if (session.classic)
+    if (context.classic)
         return vectorID;
     const int classic =
-        session.application.call("feOutputConvertV2020VectorIDToV2019V2", vectorID).number();
+        context.application.call("feOutputConvertV2020VectorIDToV2019V2", vectorID).number();
     return classic > 0 ? classic : vectorID;
 }
 
@@ -86,13 +86,13 @@ int ComSet::Next()
 
 std::vector<int> ComSet::ids()
 {
-    if (session_.bulk == nullptr || !session_.bulk->sets.isGiven)
+    if (context_.bulk == nullptr || !context_.bulk->sets.isUsable)
         return EntitySet::ids();
     try {
         return idsIn(object_);
     }
     catch (const RuntimeError&) {
-        session_.bulk->sets.isGiven = false;
+        context_.bulk->sets.isUsable = false;
         return EntitySet::ids();
     }
 }
@@ -105,21 +105,21 @@ ReturnCode ComSet::AddAll(EntityType type)
     return ReturnCode::Ok;
 }
 
-// Which output set a plain AddAll takes vectors from is FEMAP's secret; the results that the
-// program reads are those of the active one.
+// FEMAP does not say which output set AddAll takes vectors from, so those of the active one, whose
+// results the program reads, are added explicitly.
 void ComSet::addOutputVectors()
 {
-    const int active = activeOutputSet(session_.application);
+    const int active = activeOutputSet(context_.application);
     if (active == 0)
         return;
     const int ownID = ID();
-    if (session_.classic) {
-        Dispatch outputSet = session_.application.object("feOutputSet");
+    if (context_.classic) {
+        Dispatch outputSet = context_.application.object("feOutputSet");
         demandOk(code(outputSet.call("Get", active)), "The active output set cannot be read");
         outputSet.call("OutputVectors", ownID);
     }
     else {
-        Dispatch results = session_.application.object("feResults");
+        Dispatch results = context_.application.object("feResults");
         results.call("VectorsV2", active, ownID, false);
     }
 }
@@ -131,7 +131,7 @@ ReturnCode ComSet::Copy(int setID)
 
 ReturnCode ComSet::Select(EntityType type, bool clear, const std::string& title)
 {
-    if (session_.dialogs == nullptr)
+    if (context_.dialogs == nullptr)
         return code(object_.call("Select", number(type), clear, title));
     if (clear)
         object_.call("clear");
@@ -140,7 +140,7 @@ ReturnCode ComSet::Select(EntityType type, bool clear, const std::string& title)
 
 ReturnCode ComSet::SelectMultiID(EntityType type, int ownerSet, const std::string& title)
 {
-    if (session_.dialogs != nullptr)
+    if (context_.dialogs != nullptr)
         return fillFromAnswer(type, title);
     const char* const member = object_.has("SelectMultiIDV2") ? "SelectMultiIDV2" : "SelectMultiID";
     return code(object_.call(member, number(type), ownerSet, title));
@@ -148,18 +148,18 @@ ReturnCode ComSet::SelectMultiID(EntityType type, int ownerSet, const std::strin
 
 ReturnCode ComSet::fillFromAnswer(EntityType type, const std::string& title)
 {
-    Dispatch existing = session_.application.object("feSet");
+    Dispatch existing = context_.application.object("feSet");
     existing.call("AddAll", number(type));
-    const Selection answer = session_.dialogs->answer(type, title, false, idsOf(existing));
+    const Selection answer = context_.dialogs->answer(type, title, false, idsOf(existing));
     if (answer.code == ReturnCode::Ok && !answer.ids.empty())
         object_.call("AddArray", static_cast<int>(answer.ids.size()), answer.ids);
     return answer.code;
 }
 
-ClassicOutputVector::ClassicOutputVector(const Session& session)
-    : ByName(session.application.object("feOutput"))
+ClassicOutputVector::ClassicOutputVector(const ComContext& context)
+    : ByName(context.application.object("feOutput"))
 {
-    const int active = activeOutputSet(session.application);
+    const int active = activeOutputSet(context.application);
     if (active != 0)
         object_.put("setID", active);
 }
@@ -194,10 +194,10 @@ double ClassicOutputVector::minval()
     return object_.call("minval").real();
 }
 
-ModernOutputVector::ModernOutputVector(Session session)
-    : session_(std::move(session)),
-      results_(session_.application.object("feResults")),
-      set_(activeOutputSet(session_.application))
+ModernOutputVector::ModernOutputVector(ComContext context)
+    : context_(std::move(context)),
+      results_(context_.application.object("feResults")),
+      set_(activeOutputSet(context_.application))
 {}
 
 femap::Value ModernOutputVector::member(const std::string& name)
@@ -224,7 +224,7 @@ ReturnCode ModernOutputVector::Get(int vectorID)
     return ReturnCode::Ok;
 }
 
-// Before the first Get there is no vector to ask for; feOutput shows an empty one then.
+// Empty before the first Get, as with feOutput.
 std::string ModernOutputVector::Title()
 {
     if (vector_ == 0)
@@ -239,7 +239,7 @@ int ModernOutputVector::classicID()
 {
     if (vector_ == 0)
         return 0;
-    return classicVectorID(session_, vector_);
+    return classicVectorID(context_, vector_);
 }
 
 double ModernOutputVector::Value(int entityID)
@@ -276,12 +276,12 @@ ModernOutputVector::Extremes ModernOutputVector::extremes()
 
 ReturnCode ComFunction::SelectID(const std::string& title)
 {
-    if (session_.dialogs == nullptr)
+    if (context_.dialogs == nullptr)
         return code(object_.call("SelectID", title));
-    Dispatch existing = session_.application.object("feSet");
+    Dispatch existing = context_.application.object("feSet");
     existing.call("AddAll", number(EntityType::Function));
     const Selection answer =
-        session_.dialogs->answer(EntityType::Function, title, true, idsOf(existing));
+        context_.dialogs->answer(EntityType::Function, title, true, idsOf(existing));
     if (answer.code != ReturnCode::Ok)
         return answer.code;
     return answer.ids.empty() ? ReturnCode::Cancel : Get(answer.ids.front());

@@ -1,3 +1,4 @@
+// FEMAP's objects over COM: entities, sets, output vectors, functions and loads.
 #pragma once
 
 #include "femap/Objects.h"
@@ -10,15 +11,15 @@
 namespace femap::com
 {
 
-struct BulkSession;
+struct BulkCapabilities;
 
-/// What the objects of a running FEMAP need of their application.
-struct Session
+/// What each of these objects needs from its application.
+struct ComContext
 {
     Dispatch& application;
     SelectionDialogs* dialogs;  // answers in place of the engineer; null: FEMAP shows its dialogs
     bool classic;               // FEMAP has feOutput (before 2020.1)
-    std::shared_ptr<BulkSession> bulk;  // null: everything is read one by one
+    std::shared_ptr<BulkCapabilities> bulk;  // null: everything is read one by one
 };
 
 /// The output set whose results are read: the active one, or the first when none is active; 0 when
@@ -26,7 +27,7 @@ struct Session
 int activeOutputSet(Dispatch& application);
 
 /// A vector's ID in the numbering before 2020.1; classic FEMAP has no other.
-int classicVectorID(const Session& session, int vectorID);
+int classicVectorID(const ComContext& context, int vectorID);
 
 /// What FEMAP returned for a member; control characters in text are blanks.
 femap::Value readable(const Variant& returned);
@@ -44,7 +45,7 @@ public:
         return readable(object_.call(name, index));
     }
 
-    /// For those who fetch more of it at once.
+    /// The object itself, for bulk calls.
     Dispatch& object() { return object_; }
 
 protected:
@@ -66,8 +67,8 @@ public:
 class ComSet : public EntitySet
 {
 public:
-    ComSet(Session session, Dispatch object)
-        : session_(std::move(session)), object_(std::move(object))
+    ComSet(ComContext context, Dispatch object)
+        : context_(std::move(context)), object_(std::move(object))
     {}
 
     int ID() override;
@@ -84,7 +85,7 @@ private:
     void addOutputVectors();
     ReturnCode fillFromAnswer(EntityType type, const std::string& title);
 
-    Session session_;
+    ComContext context_;
     Dispatch object_;
 };
 
@@ -92,7 +93,7 @@ private:
 class ClassicOutputVector : public ByName<OutputVector>
 {
 public:
-    explicit ClassicOutputVector(const Session& session);
+    explicit ClassicOutputVector(const ComContext& context);
 
     ReturnCode Get(int vectorID) override;
     int ID() override;
@@ -107,7 +108,7 @@ public:
 class ModernOutputVector : public OutputVector
 {
 public:
-    explicit ModernOutputVector(Session session);
+    explicit ModernOutputVector(ComContext context);
 
     /// Serves the members of a vector that the program reads by name: "maxval", "minval".
     femap::Value member(const std::string& name) override;
@@ -120,7 +121,7 @@ public:
     double maxval() override { return extremes().maximum; }
     double minval() override { return extremes().minimum; }
 
-    // For those who fetch more of it at once.
+    // For bulk calls.
     Dispatch& results() { return results_; }
     int outputSet() const { return set_; }
 
@@ -132,7 +133,7 @@ private:
     };
     Extremes extremes();
 
-    Session session_;
+    ComContext context_;
     Dispatch results_;
     int set_;
     int vector_ = 0;
@@ -141,8 +142,8 @@ private:
 class ComFunction : public Function
 {
 public:
-    ComFunction(Session session, Dispatch object)
-        : session_(std::move(session)), object_(std::move(object))
+    ComFunction(ComContext context, Dispatch object)
+        : context_(std::move(context)), object_(std::move(object))
     {}
 
     ReturnCode SelectID(const std::string& title) override;
@@ -152,7 +153,7 @@ public:
     FunctionPoints GetFunctionList() override;
 
 private:
-    Session session_;
+    ComContext context_;
     Dispatch object_;
 };
 

@@ -1,8 +1,9 @@
 #include "femap/com/Dispatch.h"
 
 #include "femap/Objects.h"
-#include "femap/com/Text.h"
-#include "logging/RuntimeError.h"
+#include "femap/com/Bstr.h"
+#include "system/RuntimeError.h"
+#include "windows/Text.h"
 
 #include <algorithm>
 #include <vector>
@@ -10,8 +11,10 @@
 namespace femap::com
 {
 
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
+using windows::describe;
+using windows::toWide;
 
 namespace
 {
@@ -33,7 +36,7 @@ bool meansGone(HRESULT result)
            std::end(goneResults);
 }
 
-// What a failing server says about itself.
+// The reason that a failing call gives.
 class ExceptionInfo
 {
 public:
@@ -142,7 +145,7 @@ Variant Dispatch::invoke(const std::string& name, WORD flags, Variant* arguments
         throw RuntimeError(ErrorNumber::NoSuchMember,
                            "FEMAP's " + kind_ + " has no member " + name);
 
-    // The arguments stay in their owners; these are views in the order that COM wants.
+    // Views of the arguments, the last one first as COM wants it; the callers own the values.
     std::vector<VARIANT> list(count);
     for (std::size_t i = 0; i < count; ++i)
         list[count - 1 - i] = *arguments[i].raw();

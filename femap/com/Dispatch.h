@@ -1,6 +1,7 @@
+// Calls members of FEMAP's objects by name, through COM's IDispatch.
 #pragma once
 
-#include "femap/com/Patience.h"
+#include "femap/com/RetryPolicy.h"
 #include "femap/com/Variant.h"
 
 #include <windows.h>
@@ -17,22 +18,24 @@
 namespace femap::com
 {
 
-/// What all objects of one running FEMAP share: whether it is still there, how long it is waited
-/// for when it is busy, and the numbers of its members' names. Asking for a name is a call to the
-/// other process of its own, so each is asked once for each kind of object.
+/// What all objects of one running FEMAP share: whether it still runs, the retry policy while it is
+/// busy, and the numbers of its members' names. To look up a name is a call to FEMAP, so each name
+/// is looked up once for each kind of object.
 class Connection
 {
 public:
-    /// The patience may be shared with others.
-    explicit Connection(std::shared_ptr<Patience> patience) : patience_(std::move(patience)) {}
+    /// The retry policy may be shared with others.
+    explicit Connection(std::shared_ptr<RetryPolicy> retryPolicy)
+        : retryPolicy_(std::move(retryPolicy))
+    {}
 
-    /// Makes a call, and makes it again while FEMAP is busy. Returns how it ended. Raises
-    /// ConnectionLost when that shows, or showed before, that FEMAP is gone.
+    /// Makes a call, and makes it again while FEMAP is busy. Returns its result. Raises
+    /// ConnectionLost when this call or an earlier one found FEMAP gone.
     template <class Call>
     HRESULT make(const Call& call)
     {
         demandAlive();
-        const HRESULT result = patience_->whileBusy(call);
+        const HRESULT result = retryPolicy_->whileBusy(call);
         learn(result);
         return result;
     }
@@ -46,7 +49,7 @@ private:
     void demandAlive() const;
     void learn(HRESULT result);
 
-    std::shared_ptr<Patience> patience_;
+    std::shared_ptr<RetryPolicy> retryPolicy_;
     bool alive_ = true;
     std::map<std::string, std::map<std::string, std::optional<DISPID>>> names_;
 };
@@ -57,8 +60,7 @@ private:
 class Dispatch
 {
 public:
-    /// Takes over the reference. kind names the sort of object; objects of one kind have the same
-    /// members.
+    /// Takes over the reference. Objects of one kind have the same members.
     Dispatch(IDispatch* object, std::string kind, std::shared_ptr<Connection> connection);
     Dispatch(Dispatch&& other) noexcept;
     Dispatch& operator=(Dispatch&&) = delete;
@@ -73,7 +75,6 @@ public:
     template <class... Arguments>
     Variant call(const std::string& name, Arguments&&... arguments)
     {
-        // COM wants the last argument first.
         std::array<Variant, sizeof...(Arguments)> list = {
             Variant(std::forward<Arguments>(arguments))...};
         return invoke(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, list.data(), list.size());
@@ -89,7 +90,7 @@ public:
     /// Writes a property.
     void put(const std::string& name, Variant value);
 
-    /// An object that a property of this one hands out.
+    /// The object that a property of this one returns.
     Dispatch object(const std::string& name);
     /// Wraps an object that a call of this one returned.
     Dispatch adopt(IDispatch* object, const std::string& kind) const;

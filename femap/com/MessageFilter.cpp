@@ -7,16 +7,16 @@ namespace femap::com
 
 MessageFilter::MessageFilter()
 {
-    // Without a filter COM has answers of its own, and rejected calls are still repeated.
-    if (FAILED(CoRegisterMessageFilter(this, &before_)))
-        before_ = nullptr;
+    // When this fails, COM answers by itself and RetryPolicy still repeats rejected calls.
+    if (FAILED(CoRegisterMessageFilter(this, &previous_)))
+        previous_ = nullptr;
 }
 
 MessageFilter::~MessageFilter()
 {
-    CoRegisterMessageFilter(before_, nullptr);
-    if (before_ != nullptr)
-        before_->Release();
+    CoRegisterMessageFilter(previous_, nullptr);
+    if (previous_ != nullptr)
+        previous_->Release();
 }
 
 HRESULT MessageFilter::QueryInterface(REFIID id, void** object)

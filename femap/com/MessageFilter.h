@@ -1,3 +1,6 @@
+// A COM message filter, registered on this thread for as long as it lives: COM asks it about
+// incoming and about rejected calls. It accepts every incoming call and repeats no rejected one; a
+// derived class overrides one of the two answers. COM must be initialised while it lives.
 #pragma once
 
 #include <windows.h>
@@ -7,9 +10,6 @@
 namespace femap::com
 {
 
-/// Registered on this thread for as long as it lives: COM then asks it about calls that come in and
-/// calls that are rejected. Takes every call and repeats none; who derives from it decides one of
-/// the two anew. COM must be initialised before and stay so.
 class MessageFilter : public IMessageFilter
 {
 public:
@@ -18,7 +18,7 @@ public:
     MessageFilter(const MessageFilter&) = delete;
     MessageFilter& operator=(const MessageFilter&) = delete;
 
-    // The owner decides how long it lives, not COM.
+    // References are not counted: the owner decides how long it lives.
     ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
     ULONG STDMETHODCALLTYPE Release() override { return 1; }
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
@@ -32,7 +32,7 @@ public:
     static constexpr DWORD giveUp = static_cast<DWORD>(-1);
 
 private:
-    IMessageFilter* before_ = nullptr;
+    IMessageFilter* previous_ = nullptr;
 };
 
 }  // namespace femap::com

@@ -1,7 +1,8 @@
 #include "femap/com/Variant.h"
 
-#include "femap/com/Text.h"
-#include "logging/RuntimeError.h"
+#include "femap/com/Bstr.h"
+#include "system/RuntimeError.h"
+#include "windows/Text.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -10,8 +11,8 @@
 namespace femap::com
 {
 
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 
 namespace
 {
@@ -22,7 +23,7 @@ namespace
                                                       std::to_string(type) + ")");
 }
 
-// An array's elements for as long as this lives.
+// Gives access to the elements of an array for as long as it lives.
 class LockedArray
 {
 public:

@@ -1,3 +1,4 @@
+// Owns a VARIANT, COM's type for values. One constructor for each type that FEMAP's members take.
 #pragma once
 
 #include "femap/Value.h"
@@ -13,7 +14,6 @@
 namespace femap::com
 {
 
-/// Owns a VARIANT. One constructor for each type that FEMAP's members take.
 class Variant
 {
 public:
@@ -27,7 +27,7 @@ public:
     Variant(const std::vector<int>& numbers);
     Variant(const std::vector<double>& numbers);
     Variant(const std::vector<std::string>& texts);
-    /// Refers to storage of the caller's, which FEMAP fills during the call.
+    /// These refer to a variable of the caller's, which FEMAP fills during the call.
     Variant(LONG* number) : Variant() { set(VT_BYREF | VT_I4).plVal = number; }
     Variant(double* number) : Variant() { set(VT_BYREF | VT_R8).pdblVal = number; }
     Variant(VARIANT_BOOL* flag) : Variant() { set(VT_BYREF | VT_BOOL).pboolVal = flag; }
@@ -53,13 +53,13 @@ public:
     Variant& operator=(const Variant&) = delete;
     ~Variant() { VariantClear(&raw_); }
 
-    // What holds the value for COM to read and fill.
+    // The VARIANT itself, for COM to read and fill.
     VARIANT* raw() { return &raw_; }
     const VARIANT& raw() const { return raw_; }
 
-    /// As a value of a member. Raises RuntimeError for what no member holds.
+    /// As the value of a member. Raises RuntimeError for a type that no member has.
     Value value() const;
-    /// Converted as COM converts. Raise RuntimeError when it cannot be.
+    /// Converted by COM. Raise RuntimeError when COM cannot.
     int number() const;
     double real() const;
     std::string text() const;
@@ -82,7 +82,7 @@ private:
     VARIANT raw_{};
 };
 
-/// Text that FEMAP fills in.
+/// A text that FEMAP fills in during a call.
 class OutText
 {
 public:

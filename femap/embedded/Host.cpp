@@ -1,10 +1,10 @@
 #include "femap/embedded/Host.h"
 
 #include "femap/embedded/HostObjects.h"
-#include "femap/embedded/NeutralFile.h"
-#include "logging/CodePage.h"
-#include "logging/Files.h"
-#include "logging/RuntimeError.h"
+#include "femap/neutral/NeutralFile.h"
+#include "system/CodePage.h"
+#include "system/Files.h"
+#include "system/RuntimeError.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -14,8 +14,8 @@
 namespace femap::embedded
 {
 
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 
 namespace
 {
@@ -96,7 +96,7 @@ std::string fullPathOf(const std::string& path)
 
 /// The row that is named active, the first one while none is; null when there is none.
 template <class Row>
-Row* activeOf(Table<Row>& table, int active)
+Row* activeOf(neutral::Table<Row>& table, int active)
 {
     if (active != 0)
         return table.find(active);
@@ -108,7 +108,7 @@ std::vector<int> definitionIDs(const Row* set)
 {
     std::vector<int> result;
     if (set != nullptr)
-        for (const embedded::LoadDefinition& definition : set->definitions)
+        for (const neutral::LoadDefinition& definition : set->definitions)
             result.push_back(definition.id);
     return result;
 }
@@ -143,7 +143,7 @@ void Host::openNeutralFile(const std::string& path)
         throw RuntimeError(ErrorNumber::FileNotFound, "No model file was named");
     std::string fullPath = fullPathOf(path);
     Model opened;
-    readNeutralFile(logging::DiskFiles().read(fullPath), fullPath, logging::windows1252(), opened);
+    readNeutralFile(sys::DiskFiles().read(fullPath), fullPath, sys::windows1252(), opened);
     model = std::move(opened);
     modelName = std::move(fullPath);
 }
@@ -151,7 +151,7 @@ void Host::openNeutralFile(const std::string& path)
 void Host::importNeutralFile(const std::string& path)
 {
     Model& target = openModel();
-    readNeutralFile(logging::DiskFiles().read(path), path, logging::windows1252(), target);
+    readNeutralFile(sys::DiskFiles().read(path), path, sys::windows1252(), target);
 }
 
 std::vector<int> Host::idsOf(EntityType type)

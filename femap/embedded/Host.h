@@ -1,8 +1,11 @@
+// The model host: a FEMAP of our own in this process, with its model and everything that FEMAP
+// keeps around it. It behaves as FEMAP does: sets are sorted, Get of a missing ID leaves the data,
+// unknown members raise, locks are counted.
 #pragma once
 
 #include "femap/Application.h"
 #include "femap/SelectionDialogs.h"
-#include "femap/embedded/Model.h"
+#include "femap/neutral/Model.h"
 
 #include <functional>
 #include <map>
@@ -14,18 +17,19 @@
 namespace femap::embedded
 {
 
+using neutral::LoadSet;
+using neutral::Model;
+using neutral::OutputSet;
+
 class HostSet;
 
-/// A FEMAP of our own that lives in the same process: the model, and everything that FEMAP keeps
-/// around it. Behaves as FEMAP does: sets are sorted, Get of a missing ID leaves the data, unknown
-/// members raise, locks are counted.
 class Host : public Connector
 {
 public:
-    /// Selection dialogs are answered by dialogs; its lifetime must cover the host's.
+    /// dialogs answers the selection dialogs and must outlive the host.
     explicit Host(SelectionDialogs& dialogs) : dialogs_(dialogs) {}
 
-    /// Both give a fresh handle on this one host.
+    /// Both return a new application object of this one host.
     std::unique_ptr<Application> attach() override;
     std::unique_ptr<Application> create() override;
 
@@ -49,7 +53,7 @@ public:
         std::string text;
     };
     std::vector<Message> messages;
-    std::function<void(const Message&)> messageShown;  // called as each one appears
+    std::function<void(const Message&)> messageShown;  // called for each new one
 
     std::vector<AddInPane> registrations;
     int statusMaximum = 0;  // 0: the progress bar is off
@@ -62,9 +66,9 @@ public:
     SelectionDialogs& dialogs() { return dialogs_; }
     Model& openModel();  // raises when none is open
     std::vector<int> idsOf(EntityType type);
-    /// The same; what lives in a load or output set is taken from that one.
+    /// The same; load definitions and output vectors are those of the owner set.
     std::vector<int> idsOf(EntityType type, int ownerSet);
-    /// Of the active load set or output set; 0 when there is none.
+    /// The ID of the active load set or output set; 0 when there is none.
     int activeID(EntityType type);
     MassProperties measure(int elementSet, int coordinateSystem);
     std::map<int, HostSet*> sets;  // by ID
@@ -74,7 +78,7 @@ private:
     SelectionDialogs& dialogs_;
 };
 
-/// The value of a member, as an engineer would change it in FEMAP. word is "Node", "Elem", "Prop"
+/// Changes the value of a member, as an engineer would in FEMAP. word is "Node", "Elem", "Prop"
 /// or "Matl"; index is -1 for a plain member. Raises for an ID, member or index that is not there
 /// and for a value that does not fit.
 void putMember(Model& model, const std::string& word, int id, const std::string& member, int index,
@@ -82,8 +86,8 @@ void putMember(Model& model, const std::string& word, int id, const std::string&
 /// Whether the member takes an index; false also for a member that is not there. Raises for an
 /// unknown word.
 bool isArrayMember(const std::string& word, const std::string& member);
-/// The value of an output vector of the active output set at an entity. Raises when the vector or
-/// the entity is not there. The vector's maximum and minimum follow.
+/// Changes the value of an output vector of the active output set at an entity, and with it the
+/// vector's maximum and minimum. Raises when the vector or the entity is not there.
 void putOutputValue(Model& model, int vectorID, int entityID, double value);
 
 /// The output set and the load set that FEMAP would call active; null when there is none.

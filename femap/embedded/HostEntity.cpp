@@ -1,3 +1,6 @@
+// The entity objects of the model host. Each holds a copy of the entity that was loaded last, as
+// FEMAP's do. Copying over an older copy reuses its memory, so a walk over a large model is cheap.
+
 #include "femap/embedded/HostMembers.h"
 #include "femap/embedded/HostObjects.h"
 
@@ -7,8 +10,6 @@ namespace femap::embedded
 namespace
 {
 
-/// Holds a copy of the entity that was loaded last, as FEMAP's objects do. A copy into a place that
-/// held one already takes no memory anew, so a walk over a large model is cheap.
 template <class Data>
 class HostEntity : public DataObject<Entity, Data>
 {

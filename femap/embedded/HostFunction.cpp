@@ -1,3 +1,5 @@
+// The function object ("feFunction") of the model host.
+
 #include "femap/Value.h"
 #include "femap/embedded/Host.h"
 #include "femap/embedded/HostObjects.h"
@@ -26,7 +28,7 @@ public:
     }
     ReturnCode Get(int id) override
     {
-        const embedded::Function* const found =
+        const neutral::Function* const found =
             host_.openModel().functions.find(id == 0 ? data_.id : id);
         if (found == nullptr)
             return ReturnCode::Fail;
@@ -39,7 +41,7 @@ public:
 
 private:
     Host& host_;
-    embedded::Function data_;
+    neutral::Function data_;
 };
 
 }  // namespace

@@ -1,3 +1,5 @@
+// Load definitions of the model host and the walk over their loads.
+
 #include "femap/embedded/HostMembers.h"
 #include "femap/embedded/HostObjects.h"
 
@@ -9,8 +11,7 @@ namespace femap::embedded
 namespace
 {
 
-// FEMAP's load types come in blocks by what they sit on: 1 to 48 on nodes and elements, then on
-// points, curves and surfaces.
+// FEMAP numbers load types by what the load acts on; 1 to 48 are loads on nodes and elements.
 constexpr int firstOnPoint = 81;
 constexpr int firstOnCurve = 121;
 constexpr int firstOnSurface = 161;
@@ -39,7 +40,7 @@ public:
             return ReturnCode::Fail;
         const auto found =
             std::find_if(set->definitions.begin(), set->definitions.end(),
-                         [&](const embedded::LoadDefinition& one) { return one.id == id; });
+                         [&](const neutral::LoadDefinition& one) { return one.id == id; });
         if (found == set->definitions.end())
             return ReturnCode::Fail;
         setID_ = loadSet;
@@ -52,7 +53,7 @@ public:
     int ID() override { return data_.id; }
     int loadType() override { return data_.loadType; }
     int dataType() override { return data_.dataType; }
-    void ResetNextLoad() override { place_ = 0; }
+    void ResetNextLoad() override { nextLoad_ = 0; }
 
     std::unique_ptr<MemberObject> NextLoad() override
     {
@@ -61,19 +62,19 @@ public:
             return nullptr;
         switch (static_cast<LoadDataType>(data_.dataType)) {
         case LoadDataType::Mesh:
-            return next(set->meshLoads, [this](const Load& load) {
+            return next(set->meshLoads, [this](const neutral::Load& load) {
                 return MeshLoad{load, setID_};
             });
         case LoadDataType::Geometry:
-            return next(set->geometryLoads, [this](const Load& load) {
+            return next(set->geometryLoads, [this](const neutral::Load& load) {
                 return GeometryLoad{load, setID_, geometryTypeOf(load.type)};
             });
         case LoadDataType::NodalTemperature:
-            return next(set->nodalTemperatures, [this](const TemperatureLoad& load) {
+            return next(set->nodalTemperatures, [this](const neutral::TemperatureLoad& load) {
                 return TemperatureObject{load, setID_};
             });
         case LoadDataType::ElementalTemperature:
-            return next(set->elementTemperatures, [this](const TemperatureLoad& load) {
+            return next(set->elementTemperatures, [this](const neutral::TemperatureLoad& load) {
                 return TemperatureObject{load, setID_};
             });
         }
@@ -84,8 +85,8 @@ private:
     template <class Loads, class Show>
     std::unique_ptr<MemberObject> next(const Loads& loads, const Show& show)
     {
-        while (place_ < loads.size()) {
-            const auto& load = loads[place_++];
+        while (nextLoad_ < loads.size()) {
+            const auto& load = loads[nextLoad_++];
             if (load.definitionID == data_.id)
                 return std::make_unique<HostLoad<decltype(show(load))>>(host_, show(load));
         }
@@ -94,8 +95,8 @@ private:
 
     Host& host_;
     int setID_ = 0;
-    embedded::LoadDefinition data_;
-    std::size_t place_ = 0;  // of the next load to look at in its list
+    neutral::LoadDefinition data_;
+    std::size_t nextLoad_ = 0;  // index in its list of the next load to look at
 };
 
 }  // namespace

@@ -1,3 +1,4 @@
+// An object of the model host with data of its own, whose members are read by name.
 #pragma once
 
 #include "femap/Objects.h"
@@ -11,7 +12,6 @@
 namespace femap::embedded
 {
 
-/// An object with data of its own, whose members are read by name.
 template <class Interface, class Data>
 class DataObject : public Interface
 {

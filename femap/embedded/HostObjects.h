@@ -1,3 +1,4 @@
+// The objects that the model host hands out: sets, entities, output vectors, functions and loads.
 #pragma once
 
 #include "femap/Objects.h"
@@ -11,7 +12,7 @@ namespace femap::embedded
 
 class Host;
 
-/// A set of IDs, known to the host under its own ID for as long as it lives.
+/// A set of IDs. The host finds it by its own ID for as long as it lives.
 class HostSet : public EntitySet
 {
 public:
@@ -32,14 +33,14 @@ public:
 
 private:
     void add(const std::vector<int>& ids);
-    ReturnCode pick(EntityType type, const std::string& title, const std::vector<int>& available);
+    ReturnCode ask(EntityType type, const std::string& title, const std::vector<int>& available);
 
     Host& host_;
     int id_;
     std::vector<int> ids_;
-    int current_ = 0;  // reached by the last Next; 0 before the first one
+    int current_ = 0;  // the ID that Next returned last; 0 before the first one
     bool ended_ = false;
-    std::size_t next_ = 0;  // place of the next ID
+    std::size_t next_ = 0;  // index in ids_ of the ID that Next returns
 };
 
 // The other objects that the host's application hands out.

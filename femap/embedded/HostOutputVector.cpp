@@ -1,7 +1,11 @@
+// The output vector object ("feOutput") of the model host. It keeps only which vector was loaded
+// and finds that vector in the model at each question: a vector may hold a value for each of a
+// million nodes, too many to copy at each Get.
+
 #include "femap/embedded/Host.h"
 #include "femap/embedded/HostObjects.h"
 #include "femap/embedded/Members.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,33 +13,33 @@
 namespace femap::embedded
 {
 
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 
 namespace
 {
+
+using Vector = neutral::OutputVector;
 
 /// A member of "feOutput" that takes no index.
 struct OutputMember
 {
     std::string_view name;
-    femap::Value (*read)(const OutputVector& vector, int setID);
+    femap::Value (*read)(const Vector& vector, int setID);
 };
 
 // clang-format off
 constexpr OutputMember outputMembers[] = {
-    {"ID",        [](const OutputVector& v, int) { return Value(std::int64_t{v.id}); }},
-    {"setID",     [](const OutputVector&, int setID) { return Value(std::int64_t{setID}); }},
-    {"title",     [](const OutputVector& v, int) { return Value(withoutControlCharacters(v.title)); }},
-    {"location",  [](const OutputVector& v, int) { return Value(static_cast<std::int64_t>(v.location)); }},
-    {"maxval",    [](const OutputVector& v, int) { return Value(v.maxval); }},
-    {"minval",    [](const OutputVector& v, int) { return Value(v.minval); }},
-    {"absmaxval", [](const OutputVector& v, int) { return Value(std::max(std::abs(v.minval), std::abs(v.maxval))); }},
+    {"ID",        [](const Vector& v, int) { return Value(std::int64_t{v.id}); }},
+    {"setID",     [](const Vector&, int setID) { return Value(std::int64_t{setID}); }},
+    {"title",     [](const Vector& v, int) { return Value(withoutControlCharacters(v.title)); }},
+    {"location",  [](const Vector& v, int) { return Value(static_cast<std::int64_t>(v.location)); }},
+    {"maxval",    [](const Vector& v, int) { return Value(v.maxval); }},
+    {"minval",    [](const Vector& v, int) { return Value(v.minval); }},
+    {"absmaxval", [](const Vector& v, int) { return Value(std::max(std::abs(v.minval), std::abs(v.maxval))); }},
 };
 // clang-format on
 
-/// Remembers which vector was loaded and looks it up anew at each question: a vector may hold a
-/// value for each of a million nodes, too many to copy at each Get.
 class HostOutputVector : public femap::OutputVector
 {
 public:
@@ -53,18 +57,17 @@ public:
     }
     int ID() override { return loaded().id; }
     std::string Title() override { return withoutControlCharacters(loaded().title); }
-    // A neutral file carries the numbering of the FEMAP that wrote it; those read here are older
-    // than 2020.1.
+    // A neutral file has the numbering of the FEMAP that wrote it, here one before 2020.1.
     int classicID() override { return loaded().id; }
     double Value(int entityID) override
     {
-        const embedded::OutputVector& vector = loaded();
-        const auto place = std::lower_bound(vector.ids.begin(), vector.ids.end(), entityID);
-        if (place == vector.ids.end() || *place != entityID)
+        const neutral::OutputVector& vector = loaded();
+        const auto found = std::lower_bound(vector.ids.begin(), vector.ids.end(), entityID);
+        if (found == vector.ids.end() || *found != entityID)
             throw RuntimeError(ErrorNumber::ObjectFailed,
                                "Output vector " + std::to_string(vector.id) +
                                    " has no value at the entity " + std::to_string(entityID));
-        return vector.values[static_cast<std::size_t>(place - vector.ids.begin())];
+        return vector.values[static_cast<std::size_t>(found - vector.ids.begin())];
     }
     double maxval() override { return loaded().maxval; }
     double minval() override { return loaded().minval; }
@@ -87,15 +90,15 @@ public:
     }
 
 private:
-    /// An empty vector before the first Get.
-    const embedded::OutputVector& loaded() const
+    /// The vector in the model; an empty one before the first Get.
+    const neutral::OutputVector& loaded() const
     {
-        static const embedded::OutputVector nothing;
+        static const neutral::OutputVector nothing;
         if (vectorID_ == 0)
             return nothing;
         Model& model = host_.openModel();
         const OutputSet* const set = model.outputSets.find(setID_);
-        const embedded::OutputVector* const vector =
+        const neutral::OutputVector* const vector =
             set == nullptr ? nullptr : set->vectors.find(vectorID_);
         if (vector == nullptr)
             throw RuntimeError(
@@ -119,7 +122,7 @@ std::unique_ptr<femap::OutputVector> makeOutputVector(Host& host)
 void putOutputValue(Model& model, int vectorID, int entityID, double value)
 {
     OutputSet* const set = activeOutputSet(model);
-    OutputVector* const vector = set == nullptr ? nullptr : set->vectors.find(vectorID);
+    neutral::OutputVector* const vector = set == nullptr ? nullptr : set->vectors.find(vectorID);
     if (vector == nullptr)
         throw RuntimeError(ErrorNumber::InvalidCall,
                            "FEMAP has no output vector " + std::to_string(vectorID));

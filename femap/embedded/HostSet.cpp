@@ -1,3 +1,5 @@
+// Sets of IDs in the model host: adding, selecting and walking.
+
 #include "femap/embedded/Host.h"
 #include "femap/embedded/HostObjects.h"
 
@@ -55,16 +57,16 @@ ReturnCode HostSet::Select(EntityType type, bool clear, const std::string& title
         ids_.clear();
         Reset();
     }
-    return pick(type, title, host_.idsOf(type));
+    return ask(type, title, host_.idsOf(type));
 }
 
 ReturnCode HostSet::SelectMultiID(EntityType type, int ownerSet, const std::string& title)
 {
-    return pick(type, title, host_.idsOf(type, ownerSet));
+    return ask(type, title, host_.idsOf(type, ownerSet));
 }
 
-ReturnCode HostSet::pick(EntityType type, const std::string& title,
-                         const std::vector<int>& available)
+ReturnCode HostSet::ask(EntityType type, const std::string& title,
+                        const std::vector<int>& available)
 {
     Selection selection = host_.dialogs().answer(type, title, false, available);
     if (selection.code != ReturnCode::Ok)
@@ -79,7 +81,7 @@ ReturnCode HostSet::pick(EntityType type, const std::string& title,
     return ReturnCode::Ok;
 }
 
-// Ascending IDs, perhaps with duplicates. The walk stays where it is.
+// Adds ascending IDs, perhaps with duplicates. The walk goes on after the ID it reached.
 void HostSet::add(const std::vector<int>& ids)
 {
     std::vector<int> all;

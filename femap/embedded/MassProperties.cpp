@@ -1,3 +1,8 @@
+// Measures mass properties from the mesh. Each element counts as a point mass at its centroid; its
+// own inertia, which vanishes as the mesh becomes finer, is left out. Parabolic elements are
+// measured by their corners, laminates by material and thickness of their property, which has none
+// where its plies carry them. Mass elements, springs and the like count nothing.
+
 #include "femap/embedded/Host.h"
 
 #include <algorithm>
@@ -10,10 +15,10 @@
 namespace femap::embedded
 {
 
-// Each element counts as a point mass at its centroid: its own inertia, which vanishes as the mesh
-// becomes finer, is left out. Parabolic elements are measured by their corners and laminates by the
-// material and thickness of their property, which has none where its plies carry them. Mass
-// elements, springs and the like count nothing.
+using neutral::Element;
+using neutral::Material;
+using neutral::Node;
+using neutral::Property;
 
 namespace
 {
@@ -52,7 +57,7 @@ Point meanOf(std::span<const Point> points)
     return (1.0 / static_cast<double>(points.size())) * sum;
 }
 
-using Face = std::array<int, 4>;  // corners in their cyclic order; -1 closes a triangle
+using Face = std::array<int, 4>;  // corners in their cyclic order; the last is -1 in a triangle
 
 constexpr Face tetraFaces[] = {{0, 1, 2, -1}, {0, 3, 1, -1}, {1, 3, 2, -1}, {2, 3, 0, -1}};
 constexpr Face pyramidFaces[] = {
@@ -112,8 +117,8 @@ const Shape* shapeOf(const Element& element)
     return isMeasured ? &*shape : nullptr;
 }
 
-/// The corners of an element; none when one of its nodes is missing. Triangular shapes leave a slot
-/// free where the others have a corner, so the corners are the first slots that are used.
+/// The corners of an element; none when one of its nodes is missing. Triangular shapes have
+/// a 0 where the others have a corner, so the corners are the first nodes that are not 0.
 std::vector<Point> cornersOf(const Model& model, const Element& element, std::size_t count)
 {
     std::vector<Point> corners;
@@ -137,7 +142,7 @@ struct Extent
     Point centre{};
 };
 
-/// Gathers pieces and their centres.
+/// Sums up pieces and their centres.
 class Pieces
 {
 public:
@@ -146,11 +151,11 @@ public:
         amount_ += amount;
         moment_ = moment_ + amount * centre;
     }
-    Extent extent(const Point& centreOfNothing) const
+    Extent extent(const Point& centreWhenEmpty) const
     {
         // A solid whose corners are numbered the other way round comes out negative.
         if (amount_ == 0)
-            return {0, centreOfNothing};
+            return {0, centreWhenEmpty};
         return {std::abs(amount_), (1 / amount_) * moment_};
     }
 
@@ -172,7 +177,7 @@ Extent areaOf(std::span<const Point> corners)
     return triangles.extent(middle);
 }
 
-/// Tetrahedra over the triangles into which each face is cut about its middle.
+/// Sums up tetrahedra: each face is cut into triangles about its middle, and joined to the centre.
 Extent volumeOf(std::span<const Point> corners, std::span<const Face> faces)
 {
     const Point inside = meanOf(corners);
@@ -204,22 +209,22 @@ constexpr std::size_t pvalArea = 0;
 constexpr std::size_t pvalThickness = 0;
 constexpr std::size_t pvalNonStructuralMass = 7;
 
-double placeOf(const std::vector<double>& values, std::size_t place)
+double valueAt(const std::vector<double>& values, std::size_t index)
 {
-    return place < values.size() ? values[place] : 0;
+    return index < values.size() ? values[index] : 0;
 }
 
 /// The mean thickness at the corners; 0 at a corner other than the first means that it is as thick
 /// as the first.
 double thicknessOf(const Property& property, std::size_t corners)
 {
-    const double thickness = placeOf(property.pval, pvalThickness);
+    const double thickness = valueAt(property.pval, pvalThickness);
     const bool isPlate = property.type == elementPlate || property.type == elementPlateParabolic;
     if (!isPlate)
         return thickness;
     double sum = thickness;
     for (std::size_t corner = 1; corner < corners; ++corner) {
-        const double atCorner = placeOf(property.pval, corner);
+        const double atCorner = valueAt(property.pval, corner);
         sum += atCorner == 0 ? thickness : atCorner;
     }
     return sum / static_cast<double>(corners);
@@ -230,21 +235,21 @@ double massPerExtent(const Model& model, const Property& property, const Shape& 
 {
     constexpr std::size_t mvalDensity = 49;
     const Material* const material = model.materials.find(property.matlID);
-    const double density = material == nullptr ? 0 : placeOf(material->mval, mvalDensity);
+    const double density = material == nullptr ? 0 : valueAt(material->mval, mvalDensity);
     if (shape.measure == Measure::Length)
-        return density * placeOf(property.pval, pvalArea);
+        return density * valueAt(property.pval, pvalArea);
     return shape.measure == Measure::Area ? density * thicknessOf(property, shape.corners)
                                           : density;
 }
 
 struct PointMass
 {
-    Point place{};
+    Point centre{};
     double structural = 0;
     double nonStructural = 0;
 };
 
-/// Adds the element's extent to the result and gives its mass.
+/// Adds the element's extent to the result and returns its mass.
 PointMass measureElement(const Model& model, const Element& element, MassProperties& result)
 {
     const Shape* const shape = shapeOf(element);
@@ -262,12 +267,12 @@ PointMass measureElement(const Model& model, const Element& element, MassPropert
     if (property == nullptr)
         return {};
     const double nonStructural =
-        shape->measure == Measure::Volume ? 0 : placeOf(property->pval, pvalNonStructuralMass);
+        shape->measure == Measure::Volume ? 0 : valueAt(property->pval, pvalNonStructuralMass);
     return {extent.centre, extent.amount * massPerExtent(model, *property, *shape),
             extent.amount * nonStructural};
 }
 
-/// The centre of gravity of one share of the masses; the origin when there is no mass.
+/// The centre of gravity of one share of each mass; the origin when there is no mass.
 template <class Share>
 std::vector<double> centreOf(std::span<const PointMass> masses, double total, const Share& share)
 {
@@ -275,7 +280,7 @@ std::vector<double> centreOf(std::span<const PointMass> masses, double total, co
         return std::vector<double>(3);
     Point moment{};
     for (const PointMass& mass : masses)
-        moment = moment + share(mass) * mass.place;
+        moment = moment + share(mass) * mass.centre;
     return {moment[0] / total, moment[1] / total, moment[2] / total};
 }
 
@@ -289,7 +294,7 @@ std::vector<double> inertiaAbout(const Point& origin, std::span<const PointMass>
 {
     std::vector<double> inertia(6);
     for (const PointMass& mass : masses) {
-        const auto [x, y, z] = mass.place - origin;
+        const auto [x, y, z] = mass.centre - origin;
         const double m = totalOf(mass);
         const std::array<double, 6> share = {m * (y * y + z * z), m * x * y, m * (x * x + z * z),
                                              m * z * x,           m * y * z, m * (x * x + y * y)};

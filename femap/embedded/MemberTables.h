@@ -1,3 +1,4 @@
+// The members that FEMAP's objects have in the model host, and which value of the model each reads.
 #pragma once
 
 #include "femap/Constants.h"
@@ -13,21 +14,21 @@
 namespace femap::embedded
 {
 
-/// Where the value of a member lies in an object's data.
+/// Points to the value of a member in an object's data.
 template <class Data>
-using Place = std::variant<bool Data::*, int Data::*, double Data::*, std::string Data::*,
-                           std::array<bool, 6> Data::*, std::array<int, 20> Data::*,
-                           std::array<double, 3> Data::*, std::array<double, 5> Data::*,
-                           std::array<double, 6> Data::*, std::vector<double> Data::*>;
+using DataPointer = std::variant<bool Data::*, int Data::*, double Data::*, std::string Data::*,
+                                 std::array<bool, 6> Data::*, std::array<int, 20> Data::*,
+                                 std::array<double, 3> Data::*, std::array<double, 5> Data::*,
+                                 std::array<double, 6> Data::*, std::vector<double> Data::*>;
 
 /// One member by its name.
 template <class Data>
 struct Member
 {
     std::string_view name;
-    Place<Data> place;
-    int element = -1;  // the number of an array that has this name of its own
-    bool (*appliesTo)(const Data&) = nullptr;  // entities that it says nothing of read as 0
+    DataPointer<Data> pointer;
+    int element = -1;  // for a name of one number of an array: the index of that number
+    bool (*appliesTo)(const Data&) = nullptr;  // for other entities the member reads as 0
 };
 
 inline bool isPlanar(const Element& element)

@@ -3,7 +3,7 @@
 #include "femap/NumberText.h"
 #include "femap/embedded/Host.h"
 #include "femap/embedded/MemberTables.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <algorithm>
 #include <charconv>
@@ -14,35 +14,35 @@
 namespace femap::embedded
 {
 
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 
 namespace
 {
 
-// FEMAP's arrays of numbers of properties and materials have this many places, however many of
-// them a file carries.
-constexpr int numberPlaces = 200;
+// The length of FEMAP's pval and mval arrays, however many of their numbers a file carries.
+constexpr int numbersLength = 200;
 
 template <class Held>
-constexpr int placesOf = 0;  // no array
+constexpr int lengthOf = 0;  // no array
 template <class Number, std::size_t size>
-constexpr int placesOf<std::array<Number, size>> = static_cast<int>(size);
+constexpr int lengthOf<std::array<Number, size>> = static_cast<int>(size);
 template <>
-constexpr int placesOf<std::vector<double>> = numberPlaces;
+constexpr int lengthOf<std::vector<double>> = numbersLength;
 
-/// How many places the member's index counts; 0 for a member that takes none.
+/// The length of the array that the member's index counts in; 0 for a member without an index.
 template <class Data>
-int indexedPlaces(const Member<Data>& member)
+int arrayLength(const Member<Data>& member)
 {
     if (member.element >= 0)
         return 0;
-    return std::visit([]<class Held>(Held Data::*const&) { return placesOf<Held>; }, member.place);
+    return std::visit([]<class Held>(Held Data::*const&) { return lengthOf<Held>; },
+                      member.pointer);
 }
 
-/// Whether the member means something for this entity.
+/// Whether the member means something for this entity; otherwise it reads as 0.
 template <class Data>
-bool tellsOf(const Member<Data>& member, const Data& data)
+bool appliesTo(const Member<Data>& member, const Data& data)
 {
     return member.appliesTo == nullptr || member.appliesTo(data);
 }
@@ -81,17 +81,17 @@ std::string nameOf(const Request& request)
 }
 
 /// Raises when there is an index and the member takes none, or the other way round.
-void checkForm(const Request& request, int places)
+void checkForm(const Request& request, int length)
 {
-    if (places > 0 && !request.index)
+    if (length > 0 && !request.index)
         throw RuntimeError(ErrorNumber::InvalidCall, nameOf(request) + " needs an index");
-    if (places == 0 && request.index)
+    if (length == 0 && request.index)
         throw RuntimeError(ErrorNumber::InvalidCall, nameOf(request) + " takes no index");
 }
 
-bool isBeyond(const Request& request, int places)
+bool isBeyond(const Request& request, int length)
 {
-    return request.index && (*request.index < 0 || *request.index >= places);
+    return request.index && (*request.index < 0 || *request.index >= length);
 }
 
 [[noreturn]] void refuseIndex(const Request& request)
@@ -100,8 +100,8 @@ bool isBeyond(const Request& request, int places)
                        nameOf(request) + " has no place " + std::to_string(*request.index));
 }
 
-/// Where an entity that the member says nothing of, or an index beyond the array, leads to.
-constexpr std::size_t noPlace = static_cast<std::size_t>(-1);
+/// An index beyond every array, where a 0 is read.
+constexpr std::size_t noIndex = static_cast<std::size_t>(-1);
 
 // What a member holds, ready to be read.
 using Content =
@@ -139,16 +139,16 @@ Content contentOf(const std::vector<double>& numbers)
     return std::span<const double>(numbers);
 }
 
-/// One of the numbers; what a file did not carry of a property or material is 0.
+/// Reads one of the numbers; 0 for those of a property or material that a file did not carry.
 struct ReadAt
 {
-    std::size_t place;
+    std::size_t index;
 
     Value operator()(const Value& plain) const { return plain; }
     template <class Number>
     Value operator()(std::span<const Number> numbers) const
     {
-        return toValue(place < numbers.size() ? numbers[place] : Number());
+        return toValue(index < numbers.size() ? numbers[index] : Number());
     }
 };
 
@@ -161,15 +161,15 @@ Target targetOf(Plain& plain, std::size_t)
     return &plain;
 }
 template <class Number, std::size_t size>
-Target targetOf(std::array<Number, size>& numbers, std::size_t place)
+Target targetOf(std::array<Number, size>& numbers, std::size_t index)
 {
-    return &numbers[place];
+    return &numbers[index];
 }
-Target targetOf(std::vector<double>& numbers, std::size_t place)
+Target targetOf(std::vector<double>& numbers, std::size_t index)
 {
-    if (place >= numbers.size())
-        numbers.resize(place + 1);
-    return &numbers[place];
+    if (index >= numbers.size())
+        numbers.resize(index + 1);
+    return &numbers[index];
 }
 
 [[noreturn]] void refuseText(const std::string& text, const std::string& kind)
@@ -205,24 +205,23 @@ void assign(std::string& target, const std::string& text)
     target = text;
 }
 
-/// Raises as reading does, also for an ID, which cannot be changed, and for a text that does not
-/// fit.
+/// Raises as readMember does, for an ID, which cannot be changed, and for a text that does not fit.
 template <class Data>
 void writeMember(Data& data, const std::string& name, std::optional<int> index,
                  const std::string& text)
 {
     const Request request{Kind<Data>::object, name, index};
     const Member<Data>& member = requireMember(data, name);
-    const int places = indexedPlaces(member);
-    checkForm(request, places);
-    if (isBeyond(request, places))
+    const int length = arrayLength(member);
+    checkForm(request, length);
+    if (isBeyond(request, length))
         refuseIndex(request);
-    if (isSameName(name, "ID") || !tellsOf(member, data))
+    if (isSameName(name, "ID") || !appliesTo(member, data))
         throw RuntimeError(ErrorNumber::InvalidCall,
                            nameOf(request) + " " + std::to_string(data.id) + " cannot be changed");
-    const auto place = static_cast<std::size_t>(index.value_or(member.element));
+    const auto element = static_cast<std::size_t>(index.value_or(member.element));
     const Target target = std::visit(
-        [&](const auto& pointer) { return targetOf(data.*pointer, place); }, member.place);
+        [&](const auto& pointer) { return targetOf(data.*pointer, element); }, member.pointer);
     std::visit([&](auto* held) { assign(*held, text); }, target);
 }
 
@@ -246,15 +245,15 @@ Value readMember(const Data& data, const std::string& name, std::optional<int> i
 {
     const Request request{Kind<Data>::object, name, index};
     const Member<Data>& member = requireMember(data, name);
-    const int places = indexedPlaces(member);
-    checkForm(request, places);
-    const bool beyond = isBeyond(request, places);
+    const int length = arrayLength(member);
+    checkForm(request, length);
+    const bool beyond = isBeyond(request, length);
     if (beyond && indexBeyondArrayRaises)
         refuseIndex(request);
-    const auto place = static_cast<std::size_t>(index.value_or(member.element));
+    const auto element = static_cast<std::size_t>(index.value_or(member.element));
     const Content content =
-        std::visit([&](const auto& pointer) { return contentOf(data.*pointer); }, member.place);
-    return std::visit(ReadAt{beyond || !tellsOf(member, data) ? noPlace : place}, content);
+        std::visit([&](const auto& pointer) { return contentOf(data.*pointer); }, member.pointer);
+    return std::visit(ReadAt{beyond || !appliesTo(member, data) ? noIndex : element}, content);
 }
 
 void putMember(Model& model, const std::string& word, int id, const std::string& member, int index,
@@ -273,7 +272,7 @@ bool isArrayMember(const std::string& word, const std::string& member)
 {
     return withKind(word, [&]<class Data>(Kind<Data>) {
         const Member<Data>* const found = findMember(Data(), member);
-        return found != nullptr && indexedPlaces(*found) > 0;
+        return found != nullptr && arrayLength(*found) > 0;
     });
 }
 

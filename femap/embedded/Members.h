@@ -1,7 +1,8 @@
+// Reads members of nodes, elements, properties, materials and loads by their names in FEMAP.
 #pragma once
 
 #include "femap/Value.h"
-#include "femap/embedded/Model.h"
+#include "femap/neutral/Model.h"
 
 #include <optional>
 #include <string>
@@ -10,24 +11,29 @@
 namespace femap::embedded
 {
 
-/// What FEMAP's load objects show of a load; the loads themselves do not know their load set.
-struct MeshLoad : Load
+using neutral::Element;
+using neutral::Material;
+using neutral::Node;
+using neutral::Property;
+
+/// A load as FEMAP's load objects show it: with its load set, which the model's loads lack.
+struct MeshLoad : neutral::Load
 {
     int setID = 0;
 };
 
-struct GeometryLoad : Load
+struct GeometryLoad : neutral::Load
 {
     int setID = 0;
     int geomTYPE = 0;  // 3 point, 4 curve, 5 surface
 };
 
-struct TemperatureObject : TemperatureLoad
+struct TemperatureObject : neutral::TemperatureLoad
 {
     int setID = 0;
 };
 
-/// How FEMAP and the model call a kind of data.
+/// The name that FEMAP gives to a kind of data, and the table of the model that holds it.
 template <class Data>
 struct Kind;
 
@@ -35,25 +41,25 @@ template <>
 struct Kind<Node>
 {
     static constexpr std::string_view object = "feNode";
-    static constexpr auto table = &Model::nodes;
+    static constexpr auto table = &neutral::Model::nodes;
 };
 template <>
 struct Kind<Element>
 {
     static constexpr std::string_view object = "feElem";
-    static constexpr auto table = &Model::elements;
+    static constexpr auto table = &neutral::Model::elements;
 };
 template <>
 struct Kind<Property>
 {
     static constexpr std::string_view object = "feProp";
-    static constexpr auto table = &Model::properties;
+    static constexpr auto table = &neutral::Model::properties;
 };
 template <>
 struct Kind<Material>
 {
     static constexpr std::string_view object = "feMatl";
-    static constexpr auto table = &Model::materials;
+    static constexpr auto table = &neutral::Model::materials;
 };
 template <>
 struct Kind<MeshLoad>
@@ -71,12 +77,12 @@ struct Kind<TemperatureObject>
     static constexpr std::string_view object = "A temperature load";
 };
 
-/// Whether two names are the same for FEMAP, which does not heed the case of ASCII letters.
+/// Whether two names are the same for FEMAP, which ignores the case of ASCII letters.
 bool isSameName(std::string_view one, std::string_view other);
 
 /// The value of a member; an array member takes an index, any other one none. Raises
-/// RuntimeError: NoSuchMember for an unknown name, InvalidCall for an index too many or too few and
-/// SubscriptOutOfRange for one that the array does not have, unless that shall read as 0.
+/// RuntimeError: NoSuchMember for an unknown name, InvalidCall for an index that is missing or not
+/// taken, and SubscriptOutOfRange for an index beyond the array, unless that reads as 0.
 template <class Data>
 Value readMember(const Data& data, const std::string& name, std::optional<int> index,
                  bool indexBeyondArrayRaises);

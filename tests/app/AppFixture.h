@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Bindings.h"
-#include "app/Dispatch.h"
+#include "app/EventDispatcher.h"
 #include "app/Program.h"
 #include "app/Session.h"
 #include "fake/FakeConnector.h"
@@ -34,7 +34,7 @@ inline void expectPane(const femap::AddInPane& pane, bool isRegistered, int loca
 }
 
 /// What a run of the tool finds around it, and its way to FEMAP.
-class AppFixture : public fake::Surroundings
+class AppFixture : public fake::Environment
 {
 public:
     AppFixture() { connector.openStatus = femap::ReturnCode::Ok; }
@@ -45,10 +45,10 @@ public:
     /// Gives the model some result vectors with these IDs.
     void addVectors(const std::vector<int>& ids)
     {
-        femap::embedded::OutputSet set;
+        femap::neutral::OutputSet set;
         set.id = 1;
         for (const int id : ids) {
-            femap::embedded::OutputVector vector;
+            femap::neutral::OutputVector vector;
             vector.id = id;
             vector.title = "Vector";
             set.vectors.put(vector);

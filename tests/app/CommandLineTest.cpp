@@ -1,5 +1,5 @@
 #include "app/CommandLine.h"
-#include "logging/Files.h"
+#include "system/Files.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ std::string path(std::string text)
 {
     for (char& c : text)
         if (c == '\\')
-            c = logging::pathSeparator;
+            c = sys::pathSeparator;
     return text;
 }
 

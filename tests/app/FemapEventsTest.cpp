@@ -162,7 +162,7 @@ TEST(EndModelEvent, LetsTheErrorOfACountThatFailsEndIt)
     StartedSession f;
     f.connector.failAt("feAppGetAllModels");
 
-    EXPECT_THROW(FormWindowProc(f.session, 3), logging::RuntimeError);
+    EXPECT_THROW(FormWindowProc(f.session, 3), sys::RuntimeError);
     EXPECT_FALSE(f.session.closeWanted);
 }
 

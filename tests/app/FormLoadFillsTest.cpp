@@ -137,7 +137,7 @@ TEST(FormLoad, LetsAnErrorAfterTheOpeningOfTheModelEndIt)
     SessionFixture f;
     f.connector.failAt("feAppRegisterAddInPane");
 
-    EXPECT_THROW(Form_Load(f.session, allArguments), logging::RuntimeError);
+    EXPECT_THROW(Form_Load(f.session, allArguments), sys::RuntimeError);
 
     EXPECT_FALSE(f.host.hooked);
     EXPECT_THAT(f.log(), AllOf(Contains("DEBUG: Position at Before registering plugin"),

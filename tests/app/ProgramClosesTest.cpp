@@ -85,7 +85,7 @@ TEST(Program, ClosesAfterAProcedureThatFailed)
     f.connector.beforeCall = [&](const std::string& call) {
         f.program.close();
         if (call == "feAppLock")
-            throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "refused");
+            throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "refused");
     };
 
     EXPECT_EQ(f.program.raise("GenerateButton_Click"), Ended::ByError);

@@ -1,7 +1,7 @@
 #include "fake/TemporaryFolder.h"
 #include "femap/embedded/Host.h"
-#include "femap/embedded/NeutralFile.h"
-#include "logging/CodePage.h"
+#include "femap/neutral/NeutralFile.h"
+#include "system/CodePage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,8 +11,9 @@
 #include <map>
 #include <string>
 
-using femap::embedded::Model;
-using femap::embedded::OutputVector;
+using femap::embedded::measureMassProperties;
+using femap::neutral::Model;
+using femap::neutral::OutputVector;
 using testing::ElementsAre;
 using testing::Pair;
 using testing::SizeIs;
@@ -24,13 +25,13 @@ const std::string examples = SOURCE_FOLDER "/examples/";
 
 std::string committedPanel()
 {
-    return logging::DiskFiles().read(examples + "panel.neu");
+    return sys::DiskFiles().read(examples + "panel.neu");
 }
 
 Model panel()
 {
     Model model;
-    readNeutralFile(committedPanel(), "panel.neu", logging::windows1252(), model);
+    readNeutralFile(committedPanel(), "panel.neu", sys::windows1252(), model);
     return model;
 }
 
@@ -58,7 +59,7 @@ TEST(PanelModel, IsWhatItsGeneratorWrites)
         "\"" PYTHON "\" \"" + examples + "make_panel.py\" \"" + written + '"';
     ASSERT_EQ(0, std::system(command.c_str()));
 
-    EXPECT_TRUE(logging::DiskFiles().read(written) == committedPanel())
+    EXPECT_TRUE(sys::DiskFiles().read(written) == committedPanel())
         << "run examples/make_panel.py and commit the model with it";
 #else
     GTEST_SKIP() << "there is no Python 3 on this machine";
@@ -70,7 +71,7 @@ TEST(PanelModel, HoldsEveryKindOfEntityThatAStudyCanUse)
     const Model model = panel();
 
     std::map<int, int> elementsByType;
-    for (const femap::embedded::Element& element : model.elements)
+    for (const femap::neutral::Element& element : model.elements)
         ++elementsByType[element.type];
 
     EXPECT_THAT(model.nodes, SizeIs(356));
@@ -103,7 +104,7 @@ TEST(PanelModel, HasLoadsOnMeshAndGeometryAndTemperatures)
 {
     const Model model = panel();
 
-    const femap::embedded::LoadSet& loads = *model.loadSets.find(1);
+    const femap::neutral::LoadSet& loads = *model.loadSets.find(1);
 
     EXPECT_THAT(loads.meshLoads, SizeIs(8));
     EXPECT_THAT(loads.geometryLoads, SizeIs(2));

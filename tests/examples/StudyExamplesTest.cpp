@@ -1,8 +1,8 @@
-#include "app/form/MainForm.h"
-#include "app/study/StudyProgram.h"
 #include "fake/Golden.h"
 #include "fake/MemoryMachine.h"
-#include "logging/CodePage.h"
+#include "form/MainForm.h"
+#include "study/StudyProgram.h"
+#include "system/CodePage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ const std::filesystem::path examples = std::filesystem::path(SOURCE_FOLDER) / "e
 
 std::string readExample(const std::string& name)
 {
-    return logging::DiskFiles().read((examples / name).string());
+    return sys::DiskFiles().read((examples / name).string());
 }
 
 /// velmar-study, started in the folder of the examples, on a disk in memory: only the model is read
@@ -33,7 +33,7 @@ public:
     Replay()
     {
         std::filesystem::current_path(examples);
-        folder = std::filesystem::current_path().string() + logging::pathSeparator;
+        folder = std::filesystem::current_path().string() + sys::pathSeparator;
     }
     ~Replay() { std::filesystem::current_path(folderBefore_); }
     Replay(const Replay&) = delete;
@@ -98,8 +98,8 @@ TEST(PanelStudy, PrintsTheRowsThatTheControlFileKeeps)
 
     replay.run("panel.study");
 
-    const std::string kept = withoutCarriageReturns(logging::windows1252().decode(
-        replay.files.contents.at(replay.folder + "panelControl.txt")));
+    const std::string kept = withoutCarriageReturns(
+        sys::windows1252().decode(replay.files.contents.at(replay.folder + "panelControl.txt")));
     const std::size_t blankLine = kept.find("\n\n");
     EXPECT_THAT(replay.output.str(), HasSubstr(kept.substr(0, blankLine + 1)));
     EXPECT_THAT(replay.output.str(), HasSubstr(kept.substr(blankLine + 2)));
@@ -143,7 +143,7 @@ TEST(OmbraStudy, WritesTheGoldenFiles)
 TEST(StudyOfTheGuide, WritesTheFilesThatTheGuideNames)
 {
     const std::string guide =
-        logging::DiskFiles().read((examples / ".." / "docs" / "guide.md").string());
+        sys::DiskFiles().read((examples / ".." / "docs" / "guide.md").string());
     const auto between = [&guide](const std::string& before, const std::string& after) {
         const std::size_t start = guide.find(before) + before.size();
         return guide.substr(start, guide.find(after, start) - start);

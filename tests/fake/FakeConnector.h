@@ -2,7 +2,7 @@
 
 #include "femap/ForwardingApplication.h"
 #include "femap/embedded/Host.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -47,8 +47,7 @@ public:
     {
         beforeCall = [failing](const std::string& call) {
             if (call == failing)
-                throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed,
-                                            failing + " failed");
+                throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, failing + " failed");
         };
     }
     /// From this call on FEMAP is gone.
@@ -66,7 +65,7 @@ public:
         calls.clear();
         beforeCall = [this, number](const std::string&) {
             if (calls.size() == number)
-                throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "refused");
+                throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "refused");
         };
     }
     /// … or FEMAP is gone from this one on.
@@ -177,7 +176,7 @@ inline std::unique_ptr<femap::Application> FakeConnector::attach()
 {
     ++attached;
     if (attachRaises)
-        throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "FEMAP does not run");
+        throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "FEMAP does not run");
     if (attachFindsNothing)
         return nullptr;
     return std::make_unique<Handle>(host_.attach(), *this);
@@ -187,7 +186,7 @@ inline std::unique_ptr<femap::Application> FakeConnector::create()
 {
     ++created;
     if (createRaises)
-        throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "FEMAP is not installed");
+        throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "FEMAP is not installed");
     if (createGivesNothing)
         return nullptr;
     // From now on it is there to be attached to.

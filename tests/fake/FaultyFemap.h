@@ -76,10 +76,10 @@ public:
 
     femap::ReturnCode Get(int id) override { return told("Get").Get(id); }
     int Type() override { return told("Type").Type(); }
-    void readAhead(const std::vector<int>& ids,
-                   const std::vector<femap::MemberName>& members) override
+    void prefetch(const std::vector<int>& ids,
+                  const std::vector<femap::MemberName>& members) override
     {
-        told("readAhead").readAhead(ids, members);
+        told("prefetch").prefetch(ids, members);
     }
 };
 
@@ -121,9 +121,9 @@ public:
     double Value(int entityID) override { return told("Value").Value(entityID); }
     double maxval() override { return told("maxval").maxval(); }
     double minval() override { return told("minval").minval(); }
-    void readAhead(std::vector<femap::VectorReading> plan) override
+    void prefetch(std::vector<femap::VectorReading> plan) override
     {
-        told("readAhead").readAhead(std::move(plan));
+        told("prefetch").prefetch(std::move(plan));
     }
 };
 

@@ -23,7 +23,7 @@ bool pointersAreDefault(const form::MainForm& form)
     });
 }
 
-std::vector<std::string> Surroundings::messages() const
+std::vector<std::string> Environment::messages() const
 {
     std::vector<std::string> result;
     for (const femap::embedded::Host::Message& message : femap.messages)

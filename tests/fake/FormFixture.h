@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/form/Context.h"
 #include "fake/GridRows.h"
 #include "fake/MemoryMachine.h"
 #include "femap/SelectionDialogs.h"
 #include "femap/embedded/Host.h"
+#include "form/Context.h"
 
 #include <cstddef>
 #include <deque>
@@ -58,16 +58,16 @@ bool pointersAreDefault(const form::MainForm& form);
 
 /// What the form finds around it: a machine in memory, and the model host as its FEMAP, in which
 /// "/models/beam.neu" is open.
-class Surroundings : public MemoryMachine
+class Environment : public MemoryMachine
 {
 public:
-    Surroundings() { femap.modelName = "/models/beam.neu"; }
+    Environment() { femap.modelName = "/models/beam.neu"; }
 
     QueuedDialogs dialogs;
     femap::embedded::Host femap{dialogs};
     FakeFormHost host;
 
-    femap::embedded::Model& model() { return femap.openModel(); }
+    femap::neutral::Model& model() { return femap.openModel(); }
     /// The answer to FEMAP's next selection dialog.
     void pick(std::vector<int> ids) { dialogs.pick(std::move(ids)); }
     /// The texts in FEMAP's message window.
@@ -76,7 +76,7 @@ public:
 
 /// The real form and logger in these surroundings. FEMAP is attached and the log is at level
 /// "ALWAYS".
-class FormFixture : public Surroundings
+class FormFixture : public Environment
 {
 public:
     FormFixture();

@@ -25,10 +25,10 @@ public:
     {
         return real_->member(name, index);
     }
-    void readAhead(const std::vector<int>& ids,
-                   const std::vector<femap::MemberName>& members) override
+    void prefetch(const std::vector<int>& ids,
+                  const std::vector<femap::MemberName>& members) override
     {
-        real_->readAhead(ids, members);
+        real_->prefetch(ids, members);
     }
 
 private:
@@ -52,9 +52,9 @@ public:
     {
         return real_->member(name, index);
     }
-    void readAhead(std::vector<femap::VectorReading> plan) override
+    void prefetch(std::vector<femap::VectorReading> plan) override
     {
-        real_->readAhead(std::move(plan));
+        real_->prefetch(std::move(plan));
     }
 
 private:

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/form/ParameterGrid.h"
+#include "form/ParameterGrid.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
 #include "fake/MemoryFiles.h"
 
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <stdexcept>
 #include <utility>
@@ -8,13 +8,13 @@
 namespace fake
 {
 
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 
 namespace
 {
 
-class MemoryOutputFile : public logging::OutputFile
+class MemoryOutputFile : public sys::OutputFile
 {
 public:
     MemoryOutputFile(MemoryFiles& files, std::string path) : files_(files), path_(std::move(path))
@@ -39,7 +39,7 @@ private:
 
 std::string folderOf(const std::string& path)
 {
-    return path.substr(0, path.rfind(logging::pathSeparator));
+    return path.substr(0, path.rfind(sys::pathSeparator));
 }
 
 }  // namespace
@@ -57,7 +57,7 @@ void MemoryFiles::createFolder(const std::string& path)
     createdFolders.push_back(path);
 }
 
-std::unique_ptr<logging::OutputFile> MemoryFiles::create(const std::string& path)
+std::unique_ptr<sys::OutputFile> MemoryFiles::create(const std::string& path)
 {
     step(path);
     if (missingFolders.contains(folderOf(path)))

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "logging/Files.h"
+#include "system/Files.h"
 
 #include <map>
 #include <set>
@@ -12,7 +12,7 @@ namespace fake
 
 /// A disk in memory. Every folder exists unless it is in missingFolders; an operation can be told
 /// to fail.
-class MemoryFiles : public logging::Files
+class MemoryFiles : public sys::Files
 {
 public:
     std::map<std::string, std::string> contents;  // by path
@@ -29,7 +29,7 @@ public:
 
     bool folderExists(const std::string& path) override;
     void createFolder(const std::string& path) override;
-    std::unique_ptr<logging::OutputFile> create(const std::string& path) override;
+    std::unique_ptr<sys::OutputFile> create(const std::string& path) override;
     std::string read(const std::string& path) override;
     void replace(const std::string& path, const std::string& by) override;
     void remove(const std::string& path) override;

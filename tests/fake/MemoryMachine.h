@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fake/MemoryFiles.h"
-#include "logging/System.h"
+#include "system/System.h"
 
 #include <map>
 #include <string>
@@ -19,16 +19,16 @@ public:
 
     MemoryFiles files;
     std::map<std::string, std::string> environment = {{"TEMP", "/temp"}};
-    logging::LocalTime time = {2024, 3, 7, 9, 5, 2, 45};
+    sys::LocalTime time = {2024, 3, 7, 9, 5, 2, 45};
     double seconds = 0;
-    logging::System system{files, logging::windows1252(), [this] { return time; },
-                           [this] { return seconds; },
-                           [this](const std::string& name) { return environment[name]; }};
+    sys::System system{files, sys::windows1252(), [this] { return time; },
+                       [this] { return seconds; },
+                       [this](const std::string& name) { return environment[name]; }};
 
     /// Where a log lies as long as TEMP stays as it is.
     static std::string logPath(const std::string& name)
     {
-        const std::string separator(1, logging::pathSeparator);
+        const std::string separator(1, sys::pathSeparator);
         return "/temp" + separator + "korva" + separator + name;
     }
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "logging/Files.h"
+#include "system/Files.h"
 
 #include <filesystem>
 #include <random>
@@ -31,10 +31,7 @@ public:
 
     /// Full path in UTF-8 of the folder, or of a file in it.
     std::string path() const { return text(folder_); }
-    std::string path(const std::string& file) const
-    {
-        return path() + logging::pathSeparator + file;
-    }
+    std::string path(const std::string& file) const { return path() + sys::pathSeparator + file; }
 
     /// The names of all that is in it.
     std::set<std::string> listing() const

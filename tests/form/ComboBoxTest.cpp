@@ -1,4 +1,4 @@
-#include "app/form/Controls.h"
+#include "form/Controls.h"
 
 #include <gtest/gtest.h>
 

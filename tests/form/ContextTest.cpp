@@ -1,5 +1,5 @@
-#include "app/form/Context.h"
 #include "fake/FormFixture.h"
+#include "form/Context.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,8 +9,8 @@ using form::lockFemap;
 using form::showMessage;
 using form::tellEngineer;
 using form::unlockFemap;
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

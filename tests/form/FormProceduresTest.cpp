@@ -1,7 +1,7 @@
-#include "app/form/FormProcedures.h"
 #include "fake/FormFixture.h"
 #include "fake/GridRows.h"
 #include "fake/RandomSeed.h"
+#include "form/FormProcedures.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,8 +14,8 @@
 using fake::fill;
 using fake::FormFixture;
 using form::ParameterGrid;
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 using testing::ElementsAre;
 
 namespace

@@ -1,4 +1,4 @@
-#include "app/form/MainForm.h"
+#include "form/MainForm.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "app/form/NameIndex.h"
+#include "form/NameIndex.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "app/form/ParameterGrid.h"
 #include "fake/GridRows.h"
-#include "logging/RuntimeError.h"
+#include "form/ParameterGrid.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,8 +16,8 @@ using fake::namesOf;
 using fake::rowsOf;
 using form::ParameterGrid;
 using form::RowRange;
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 using testing::ElementsAre;
 
 namespace

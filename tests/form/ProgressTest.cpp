@@ -1,7 +1,7 @@
-#include "app/form/Progress.h"
 #include "fake/FormFixture.h"
 #include "femap/ForwardingApplication.h"
-#include "logging/RuntimeError.h"
+#include "form/Progress.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -77,7 +77,7 @@ protected:
     {
         femap->before = [failing](const std::string& call) {
             if (call == failing)
-                throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "no bar");
+                throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "no bar");
         };
     }
 };

@@ -1,6 +1,6 @@
-#include "app/form/ParameterGrid.h"
 #include "fake/GridRows.h"
 #include "fake/RandomSeed.h"
+#include "form/ParameterGrid.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 
 #include "app/CommandLine.h"
 #include "fuzz/Fuzz.h"
-#include "logging/Files.h"
+#include "system/Files.h"
 
 #include <algorithm>
 #include <vector>
@@ -30,7 +30,7 @@ std::string extensionOf(const std::string& path)
 {
     std::string extension;
     for (const char c : path) {
-        if (c == logging::pathSeparator || c == '.')
+        if (c == sys::pathSeparator || c == '.')
             extension.clear();
         else
             extension += c;

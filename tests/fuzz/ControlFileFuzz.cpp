@@ -13,11 +13,11 @@ using fuzz::require;
 namespace
 {
 
-const std::string controlFile = std::string("/work") + logging::pathSeparator + "beamControl.txt";
+const std::string controlFile = std::string("/work") + sys::pathSeparator + "beamControl.txt";
 
 void openModel(fake::FormFixture& f)
 {
-    f.femap.modelName = std::string("/work") + logging::pathSeparator + "beam.neu";
+    f.femap.modelName = std::string("/work") + sys::pathSeparator + "beam.neu";
 }
 
 bool isStray(char c)

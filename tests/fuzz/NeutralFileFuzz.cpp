@@ -1,13 +1,13 @@
 // A neutral file of any bytes is read, or refused with its name, the line and the cure.
 
-#include "femap/embedded/NeutralFile.h"
+#include "femap/neutral/NeutralFile.h"
 #include "fuzz/Fuzz.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <algorithm>
 #include <array>
 
-using femap::embedded::Model;
+using femap::neutral::Model;
 using fuzz::require;
 
 namespace
@@ -23,7 +23,7 @@ std::array<std::size_t, 7> sizesOf(const Model& model)
 }
 
 template <class Entity>
-bool ascends(const femap::embedded::Table<Entity>& table)
+bool ascends(const femap::neutral::Table<Entity>& table)
 {
     const auto notAscending = [](const Entity& a, const Entity& b) { return a.id >= b.id; };
     return std::adjacent_find(table.begin(), table.end(), notAscending) == table.end();
@@ -66,12 +66,12 @@ void checkMessage(std::string_view message, std::string_view content)
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string content = fuzz::textOf(data, size);
-    const auto& codePage = logging::windows1252();
+    const auto& codePage = sys::windows1252();
     Model model;
     try {
         readNeutralFile(content, std::string(fileName), codePage, model);
     }
-    catch (const logging::RuntimeError& error) {
+    catch (const sys::RuntimeError& error) {
         checkMessage(error.description(), content);
         require(sizesOf(model) == sizesOf(Model()), "a file that is refused leaves no trace");
         return 0;

@@ -1,7 +1,7 @@
 // A study script of any bytes is read, or refused at a line that it has.
 
-#include "app/study/StudyScript.h"
 #include "fuzz/Fuzz.h"
+#include "study/StudyScript.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "generate/GenerateFixture.h"
+#include "fake/GenerateFixture.h"
 #include "generate/GenerationDriver.h"
 
 #include <gmock/gmock.h>
@@ -108,7 +108,7 @@ TEST_P(ApplyProgress, EndsWithAnErrorThatEndsTheWriting)
 {
     f.files.failingOperation = 3;
 
-    EXPECT_THROW(applyWithClock(2), logging::RuntimeError);
+    EXPECT_THROW(applyWithClock(2), sys::RuntimeError);
 
     EXPECT_EQ(f.context.progress, nullptr);
     EXPECT_EQ(f.femap.statusMaximum, 0);

@@ -1,6 +1,6 @@
+#include "fake/GenerateFixture.h"
 #include "generate/ControlFile.h"
-#include "generate/GenerateFixture.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -122,16 +122,16 @@ TEST_F(ControlFile, SavingRaisesWhenTheModelNameCannotBeRead)
 {
     f.femap.model.reset();
 
-    EXPECT_THROW(Save_Config(f.context), logging::RuntimeError);
+    EXPECT_THROW(Save_Config(f.context), sys::RuntimeError);
     EXPECT_THAT(f.fileNames(), IsEmpty());
 }
 
 TEST_F(ControlFile, SavingAndLoadingRaiseWhenTheOnlyPointLiesInAFolderName)
 {
-    f.femap.modelName = inWork("run.1") + logging::pathSeparator + "plate";
+    f.femap.modelName = inWork("run.1") + sys::pathSeparator + "plate";
 
-    EXPECT_THROW(Save_Config(f.context), logging::RuntimeError);
-    EXPECT_THROW(Load_Click(f.context), logging::RuntimeError);
+    EXPECT_THROW(Save_Config(f.context), sys::RuntimeError);
+    EXPECT_THROW(Load_Click(f.context), sys::RuntimeError);
 }
 
 TEST_F(ControlFile, LoadingReproducesEveryCellOfEveryRow)
@@ -170,7 +170,7 @@ TEST_F(ControlFile, LoadingLogsEachRowAndNoErrorWhenTheOutputsEndWithTheFile)
 TEST_F(ControlFile, LoadingReportsAnErrorThatWasPendingBefore)
 {
     f.context.error.attempt(
-        [] { throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "left over"); });
+        [] { throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "left over"); });
 
     const auto log = f.logOf([&] { Load_Click(f.context); });
 

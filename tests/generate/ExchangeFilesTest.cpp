@@ -1,6 +1,6 @@
+#include "fake/GenerateFixture.h"
 #include "generate/ExchangeFiles.h"
-#include "generate/GenerateFixture.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -182,7 +182,7 @@ TEST(ExchangeFiles, AreOpenedTogetherAndClosedInReverseOrder)
     // Three are created, then the template is written, flushed, closed and renamed.
     f.files.failingOperation = f.files.operations + 3 + 4 + 1;
 
-    EXPECT_THROW(write(f), logging::RuntimeError);
+    EXPECT_THROW(write(f), sys::RuntimeError);
     EXPECT_THAT(f.fileNames(), ElementsAre("InputValues.txt.template"));
 }
 

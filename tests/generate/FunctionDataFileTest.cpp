@@ -1,6 +1,6 @@
+#include "fake/GenerateFixture.h"
 #include "generate/FunctionDataFile.h"
-#include "generate/GenerateFixture.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -243,7 +243,7 @@ TEST(WriteFunctionInputs, LeavesTheOldFileWhenNoModelIsOpen)
     f.files.contents[inWork(fileName)] = "old";
     f.femap.model.reset();
 
-    EXPECT_THROW(WriteFunctionInputs(f.context), logging::RuntimeError);
+    EXPECT_THROW(WriteFunctionInputs(f.context), sys::RuntimeError);
     EXPECT_EQ(f.files.contents.at(inWork(fileName)), "old");
 }
 

@@ -1,6 +1,6 @@
-#include "generate/GenerateFixture.h"
+#include "fake/GenerateFixture.h"
 #include "generate/GenerationDriver.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -123,7 +123,7 @@ TEST(GenerateButton, GoesOnWithoutAModelUntilTheGeneratorFails)
         f.femap.model.reset();
 
         const auto log =
-            f.logOf([&] { EXPECT_THROW(GenerateButton_Click(f.context), logging::RuntimeError); });
+            f.logOf([&] { EXPECT_THROW(GenerateButton_Click(f.context), sys::RuntimeError); });
 
         EXPECT_THAT(f.messages(), ElementsAre("Cannot perform action without a model"));
         EXPECT_THAT(log, IsSupersetOf(noModelLog()));
@@ -139,7 +139,7 @@ TEST(GenerateButton, WritesEverythingWhenTheNameCanBeReadAfterAll)
     GenerateFixture f;
     f.beforeModelName([](int call) {
         if (call == 1)
-            throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "busy");
+            throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "busy");
     });
 
     GenerateButton_Click(f.context);
@@ -154,7 +154,7 @@ TEST(GenerateButton, LogsItsMessageAlsoWhenFemapCannotShowIt)
     f.context.application.reset();
 
     const auto log =
-        f.logOf([&] { EXPECT_THROW(GenerateButton_Click(f.context), logging::RuntimeError); });
+        f.logOf([&] { EXPECT_THROW(GenerateButton_Click(f.context), sys::RuntimeError); });
 
     EXPECT_THAT(log, Contains("DEBUG: Cannot perform action without a model"));
     EXPECT_EQ(f.form.StatusLine.Caption, "Cannot perform action without a model");
@@ -164,7 +164,7 @@ TEST(GenerateButton, ReportsAnErrorThatWasPendingBefore)
 {
     GenerateFixture f;
     f.context.error.attempt(
-        [] { throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "left over"); });
+        [] { throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "left over"); });
 
     const auto log = f.logOf([&] { GenerateButton_Click(f.context); });
 
@@ -180,7 +180,7 @@ TEST(GenerateButton, DoesNotReplaceTheControlFileWhenAGeneratorFails)
         f.files.contents[inWork("beamControl.txt")] = "old";
         f.files.failingOperation = f.files.operations + 1;
 
-        EXPECT_THROW(GenerateButton_Click(f.context), logging::RuntimeError);
+        EXPECT_THROW(GenerateButton_Click(f.context), sys::RuntimeError);
         EXPECT_EQ(f.files.contents.at(inWork("beamControl.txt")), "old");
     }
 }
@@ -218,7 +218,7 @@ TEST(GenerateButton, NamesTheFileThatFailedAndWhy)
         GenerateButton_Click(f.context);
         FAIL() << "no error was raised";
     }
-    catch (const logging::RuntimeError& error) {
+    catch (const sys::RuntimeError& error) {
         EXPECT_THAT(error.description(), HasSubstr(inWork("CAEInput.txt")));
     }
 }
@@ -361,35 +361,6 @@ TEST(OptimizerClick, RunsItselfAgainForTheFirstToolWhenItIsBoundToTheBox)
                                  "DEBUG: Position at At start of Optimizer_Click",
                                  "DEBUG: Position at At end of Optimizer_Click",
                                  "DEBUG: Position at At end of Optimizer_Click"));
-}
-
-TEST(BatchFile, HoldsTheCommandLineAsItStands)
-{
-    for (const std::string command :
-         {"nastran wing.dat notify=no", "  call \"C:\\x y\\%1\" & echo 'é'  ", ""}) {
-        GenerateFixture f;
-        f.form.CommandLine.Text = command;
-
-        const auto log = f.logOf([&] { WriteBatchFile(f.context, inWork(""), "wing"); });
-
-        std::string bytes;
-        f.system.codePage.encode(command, bytes);
-        EXPECT_EQ(f.files.contents.at(inWork("FDFemap.bat")), bytes + "\r\n");
-        std::string loggedBytes = "DEBUG: Found command line argument as " + bytes;
-        EXPECT_THAT(log,
-                    ElementsAre("DEBUG: Position at Before writing batch file object", loggedBytes,
-                                "DEBUG: Position at After writing batch file object"));
-    }
-}
-
-TEST(BatchFile, ReplacesTheOldOne)
-{
-    GenerateFixture f;
-    f.files.contents[inWork("FDFemap.bat")] = "old\r\nlines\r\n";
-
-    WriteBatchFile(f.context, inWork(""), "beam");
-
-    EXPECT_THAT(f.written("FDFemap.bat"), ElementsAre("nastran beam.dat notify=no"));
 }
 
 }  // namespace generate

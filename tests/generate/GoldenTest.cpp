@@ -1,5 +1,5 @@
+#include "fake/GenerateFixture.h"
 #include "fake/Golden.h"
-#include "generate/GenerateFixture.h"
 #include "generate/GenerationDriver.h"
 
 #include <gmock/gmock.h>

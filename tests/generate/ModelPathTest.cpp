@@ -1,6 +1,6 @@
-#include "generate/GenerateFixture.h"
+#include "fake/GenerateFixture.h"
 #include "generate/ModelPath.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -39,14 +39,14 @@ TEST(ModelPath, MayHaveAnEmptyNameBeforeThePoint)
 
 TEST(ModelPath, IsRefusedWhenTheOnlyPointLiesInAFolderName)
 {
-    const std::string path = inWork("run.1") + logging::pathSeparator + "plate";
+    const std::string path = inWork("run.1") + sys::pathSeparator + "plate";
 
     try {
         splitModelPath(path);
         FAIL() << "no error was raised";
     }
-    catch (const logging::RuntimeError& error) {
-        EXPECT_EQ(error.number(), logging::ErrorNumber::InvalidCall);
+    catch (const sys::RuntimeError& error) {
+        EXPECT_EQ(error.number(), sys::ErrorNumber::InvalidCall);
         EXPECT_EQ(error.description(),
                   "The model file " + path +
                       " has a point in the name of a folder but no extension of its own. Save the "
@@ -56,7 +56,7 @@ TEST(ModelPath, IsRefusedWhenTheOnlyPointLiesInAFolderName)
 
 TEST(ModelPath, KeepsAPointInAFolderNameWhenTheFileHasOneToo)
 {
-    const std::string folder = inWork("run.1") + logging::pathSeparator;
+    const std::string folder = inWork("run.1") + sys::pathSeparator;
 
     const ModelPath model = splitModelPath(folder + "plate.mod");
 
@@ -76,7 +76,13 @@ TEST(ModelPath, OfTheOpenModelRaisesWhenNoneIsOpen)
     GenerateFixture f;
     f.femap.model.reset();
 
-    EXPECT_THROW(openModelPath(f.context), logging::RuntimeError);
+    EXPECT_THROW(openModelPath(f.context), sys::RuntimeError);
+}
+
+TEST(APathElsewhere, MayHaveBackslashesInItsNames)
+{
+    EXPECT_EQ(splitModelPath("/models/a\\b.mod").folder, "/models/");
+    EXPECT_EQ(splitModelPath("/models/a\\b.mod").name, "a\\b");
 }
 
 }  // namespace generate

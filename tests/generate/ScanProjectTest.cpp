@@ -1,6 +1,6 @@
-#include "generate/GenerateFixture.h"
+#include "fake/GenerateFixture.h"
 #include "generate/ScanProject.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -43,7 +43,7 @@ TEST(OmbraProject, RaisesWithoutAModelAndWritesNothing)
     GenerateFixture f;
     f.femap.model.reset();
 
-    EXPECT_THROW(WriteOmbraProject(f.context), logging::RuntimeError);
+    EXPECT_THROW(WriteOmbraProject(f.context), sys::RuntimeError);
     EXPECT_THAT(f.fileNames(), IsEmpty());
 }
 

@@ -1,6 +1,6 @@
-#include "generate/GenerateFixture.h"
+#include "fake/GenerateFixture.h"
 #include "generate/TaskDescription.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -270,10 +270,10 @@ TEST_F(TaskDescription, LeavesTheOldFilesWhenTheFunctionDataFails)
         f.files.contents[inWork(name)] = "old";
     f.beforeModelName([](int call) {
         if (call == 2)
-            throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "busy");
+            throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "busy");
     });
 
-    EXPECT_THROW(WriteDescFile(f.context), logging::RuntimeError);
+    EXPECT_THROW(WriteDescFile(f.context), sys::RuntimeError);
     EXPECT_THAT(f.workFolder(),
                 ElementsAre(testing::Pair("CAEInput.txt", "old"),
                             testing::Pair("FDFemap.bat", "nastran beam.dat notify=no\r\n"),
@@ -292,9 +292,9 @@ TEST_F(TaskDescription, IsNamedAfterAModelWithoutAnExtension)
 
 TEST_F(TaskDescription, IsRefusedWhenTheOnlyPointLiesInAFolderName)
 {
-    f.femap.modelName = inWork("run.1") + logging::pathSeparator + "plate";
+    f.femap.modelName = inWork("run.1") + sys::pathSeparator + "plate";
 
-    EXPECT_THROW(WriteDescFile(f.context), logging::RuntimeError);
+    EXPECT_THROW(WriteDescFile(f.context), sys::RuntimeError);
     EXPECT_THAT(f.fileNames(), IsEmpty());
 }
 

@@ -1,6 +1,6 @@
-#include "generate/GenerateFixture.h"
+#include "fake/GenerateFixture.h"
 #include "generate/GenerationDriver.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -63,7 +63,7 @@ bool apply(GenerateFixture& f)
         GenerateButton_Click(f.context);
         return true;
     }
-    catch (const logging::RuntimeError& error) {
+    catch (const sys::RuntimeError& error) {
         EXPECT_THAT(error.description(), HasSubstr(inWork("")));
         EXPECT_THAT(error.description(), HasSubstr("No space left on device"));
         return false;

@@ -16,11 +16,11 @@ using testing::Pair;
 namespace
 {
 
-const std::string page = "docs/architecture.md";
+const std::string architecturePage = "docs/architecture.md";
 
 TEST(TheDiagram, DrawsEveryFolderOfTheProduct)
 {
-    const Diagram diagram = Diagram::ofPage(page);
+    const Diagram diagram = Diagram::ofPage(architecturePage);
     std::set<std::string> folders;
     for (const SourceFile& file : house::sources())
         if (file.isCode() && !house::isFree(file.folder()))
@@ -34,7 +34,7 @@ TEST(TheDiagram, DrawsEveryFolderOfTheProduct)
 
 TEST(TheDiagram, HasOnlyArrowsThatAnIncludeTakes)
 {
-    const Diagram diagram = Diagram::ofPage(page);
+    const Diagram diagram = Diagram::ofPage(architecturePage);
     std::set<std::pair<std::string, std::string>> taken;
     for (const SourceFile& file : house::sources())
         for (const std::string& target : house::includedFolders(file))
@@ -43,6 +43,11 @@ TEST(TheDiagram, HasOnlyArrowsThatAnIncludeTakes)
     for (const auto& [from, targets] : diagram.arrows())
         for (const std::string& to : targets)
             EXPECT_THAT(taken, testing::Contains(Pair(from, to)));
+}
+
+TEST(TheDiagram, HasNoArrowUpAndNoCircleBetweenTopFoldersEither)
+{
+    EXPECT_NO_THROW(Diagram::ofPage(architecturePage).ofTopFolders());
 }
 
 TEST(ADiagram, LeadsAlongItsArrowsOnly)
@@ -61,6 +66,33 @@ TEST(ADiagram, ThatGoesRoundInACircleIsRefused)
 {
     EXPECT_THROW(Diagram("a\na --> a\n"), std::runtime_error);
     EXPECT_THROW(Diagram("a\nb\nc\na --> b\nb --> c\nc --> a\n"), std::runtime_error);
+}
+
+TEST(ADiagram, WithAnArrowUpIsRefused)
+{
+    const std::string floors = "subgraph above\na\nend\nsubgraph below\nb\nc\nend\n";
+
+    EXPECT_NO_THROW(Diagram(floors + "a --> b\nc --> b\n"));
+    EXPECT_THROW(Diagram(floors + "b --> a\n"), std::runtime_error);
+}
+
+TEST(ADiagram, WithACircleOrAnArrowUpBetweenTopFoldersIsRefusedAsSuch)
+{
+    const Diagram circle("a\nb[\"a/b\"]\nc\na --> c\nc --> b\n");
+    const Diagram up(
+        "subgraph above\nb[\"a/b\"]\nc\nend\nsubgraph below\na\nend\nc --> a\nb --> c\n");
+
+    EXPECT_THROW(circle.ofTopFolders(), std::runtime_error);
+    EXPECT_THROW(up.ofTopFolders(), std::runtime_error);
+}
+
+TEST(ADiagram, MarksTheRoomsForWindows)
+{
+    const Diagram diagram("a\nb[\"a/b\"]\nc\nclassDef windows x\nclass b,c windows\n");
+
+    EXPECT_FALSE(diagram.isForWindows("a"));
+    EXPECT_TRUE(diagram.isForWindows("a/b"));
+    EXPECT_TRUE(diagram.isForWindows("c"));
 }
 
 TEST(ADiagram, WithWhatCannotBeReadIsRefused)

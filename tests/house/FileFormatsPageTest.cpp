@@ -1,5 +1,5 @@
 #include "Documents.h"
-#include "logging/CodePage.h"
+#include "system/CodePage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
 
 const std::string golden = "tests/golden/";
-const std::string page = "docs/file-formats.md";
+const std::string formatsPage = "docs/file-formats.md";
 const std::regex slotForm(R"(\{\{golden (\S+)(?: ([\d,-]+))?( blanks)?\}\})");
 
 std::string visible(const std::string& line, bool allBlanks)
@@ -68,7 +68,7 @@ Lines chosen(const Lines& lines, const std::string& ranges)
 
 Lines linesOfSlot(const std::smatch& slot)
 {
-    Lines lines = linesOf(logging::windows1252().decode(contentOf(golden + slot[1].str())), "\r\n");
+    Lines lines = linesOf(sys::windows1252().decode(contentOf(golden + slot[1].str())), "\r\n");
     for (std::string& line : lines)
         line = visible(line, slot[3].matched);
     return slot[2].matched ? chosen(lines, slot[2]) : lines;
@@ -94,7 +94,7 @@ TEST(FileFormatsPage, ShowsWhatTheGoldenFilesHold)
         expected += "```\n";
     }
 
-    const std::string actual = contentOf(page);
+    const std::string actual = contentOf(formatsPage);
 
     EXPECT_EQ(actual, expected) << "Run tools/make-file-formats.py.";
 }
@@ -126,7 +126,7 @@ TEST(FileFormatsPage, HasAnExampleOfEveryKindOfFile)
 
 TEST(FileFormatsPage, LeavesNoSlotAsItIs)
 {
-    EXPECT_THAT(contentOf(page), testing::Not(testing::HasSubstr("{{")));
+    EXPECT_THAT(contentOf(formatsPage), testing::Not(testing::HasSubstr("{{")));
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "Documents.h"
 #include "SourceTree.h"
-#include "app/form/MainForm.h"
+#include "form/MainForm.h"
 #include "selection/FieldCatalogue.h"
 #include "selection/PropertyListDialog.h"
 
@@ -109,7 +109,7 @@ TEST(TheGuide, NamesWhatTheBoxesOffer)
 
 TEST(TheGuide, TellsTheKeysInTheOrderOfTheirTable)
 {
-    const Document source("app/win32/AccessKeys.cpp");
+    const Document source("app/window/AccessKeys.cpp");
 
     EXPECT_THAT(allMatches(guide().section("Every control"), R"(\| Alt\+(\w) \|)"),
                 ContainerEq(allMatches(source.text(), R"re(\{"\w+", +L'(\w)')re")));

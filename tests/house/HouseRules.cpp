@@ -16,8 +16,10 @@ namespace
 // Where anything of the project may be included.
 constexpr std::array<std::string_view, 2> freeFolders = {"tests", "bench"};
 
-constexpr std::array<std::string_view, 5> windowsFolders = {"app/win32", "femap/com", "tests/win32",
-                                                            "tests/com", "bench/com"};
+// Folders of tests for what several rooms do together, and what tests need beside them.
+constexpr std::array<std::string_view, 10> commonTests = {
+    "examples", "fake",     "fuzz",        "golden",  "house",
+    "package",  "property", "reliability", "scaling", "seeds"};
 constexpr std::array<std::string_view, 33> windowsHeaders = {
     "atlbase.h", "combaseapi.h", "comdef.h",   "commctrl.h", "commdlg.h",  "comutil.h", "dispex.h",
     "dwmapi.h",  "initguid.h",   "oaidl.h",    "objbase.h",  "objidl.h",   "ocidl.h",   "ole2.h",
@@ -40,11 +42,6 @@ bool isBelowAny(std::string_view path, const Folders& folders)
 {
     return std::any_of(folders.begin(), folders.end(),
                        [&](std::string_view folder) { return isBelow(path, folder); });
-}
-
-std::string at(const SourceFile& file, std::size_t line, const std::string& what)
-{
-    return file.path + ":" + std::to_string(line + 1) + ": " + what;
 }
 
 std::string lowerCase(std::string_view text)
@@ -138,10 +135,14 @@ std::vector<std::string> includesAgainstTheArrows(const SourceFile& file, const 
     return broken;
 }
 
-std::vector<std::string> windowsHeadersOutOfPlace(const SourceFile& file)
+std::vector<std::string> windowsHeadersOutOfPlace(const SourceFile& file, const Diagram& diagram)
 {
     std::vector<std::string> broken;
-    if (!file.isCode() || isBelowAny(file.path, windowsFolders))
+    const std::string folder = file.folder();
+    const std::string room =
+        isFree(folder) ? folder.substr(std::min(folder.find('/') + 1, folder.size())) : folder;
+    if (!file.isCode() || diagram.isForWindows(room) || file.path.ends_with("_windows.cpp") ||
+        folder == "bench/com")
         return broken;
     for (std::size_t i = 0; i < file.lines.size(); ++i) {
         const std::optional<Include> include = includeIn(file.lines[i]);
@@ -152,6 +153,43 @@ std::vector<std::string> windowsHeadersOutOfPlace(const SourceFile& file)
             broken.push_back(at(file, i, "<" + include->path + "> has no place here"));
     }
     return broken;
+}
+
+std::vector<std::string> conditionalLines(const SourceFile& file)
+{
+    std::vector<std::string> broken;
+    if (!file.isCode() || isFree(file.folder()))
+        return broken;
+    const std::regex condition("\\s*#\\s*if.*");
+    for (std::size_t i = 0; i < file.lines.size(); ++i)
+        if (std::regex_match(file.lines[i], condition))
+            broken.push_back(at(file, i, "a platform has files of its own"));
+    return broken;
+}
+
+std::vector<std::string> missingPurpose(const SourceFile& file, const std::set<std::string>& paths)
+{
+    if (!file.isCode() || isFree(file.folder()))
+        return {};
+    const std::string stem = file.path.substr(0, file.path.rfind('.'));
+    const bool headerTells = file.path.ends_with(".cpp") && paths.count(stem + ".h") != 0;
+    if (headerTells || (!file.lines.empty() && file.lines.front().starts_with("// ")))
+        return {};
+    return {at(file, 0, "the first line does not tell what the file is for")};
+}
+
+std::vector<std::string> testsOutOfPlace(const SourceFile& file, const Diagram& diagram)
+{
+    constexpr std::string_view tests = "tests/";
+    const std::string folder = file.folder();
+    if (!file.isCode() || !folder.starts_with(tests))
+        return {};
+    const std::string room = folder.substr(tests.size());
+    const bool isCommon =
+        std::find(commonTests.begin(), commonTests.end(), room) != commonTests.end();
+    if (isCommon || diagram.has(room))
+        return {};
+    return {at(file, 0, "there is no room " + room)};
 }
 
 std::vector<std::string> unusedNames(const SourceFile& file)

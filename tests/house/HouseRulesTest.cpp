@@ -4,12 +4,17 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 #include <string>
 #include <vector>
 
+using house::breachesOf;
+using house::conditionalLines;
 using house::includesAgainstTheArrows;
+using house::missingPurpose;
 using house::SourceFile;
 using house::sources;
+using house::testsOutOfPlace;
 using house::tooLong;
 using house::unusedNames;
 using house::windowsHeadersOutOfPlace;
@@ -18,16 +23,6 @@ using testing::IsEmpty;
 
 namespace
 {
-
-template <class Rule>
-std::vector<std::string> brokenAnywhere(Rule rule)
-{
-    std::vector<std::string> broken;
-    for (const SourceFile& file : sources())
-        for (const std::string& each : rule(file))
-            broken.push_back(each);
-    return broken;
-}
 
 const house::Diagram& architecture()
 {
@@ -44,33 +39,58 @@ TEST(HouseRules, SeeTheWholeProject)
 
     EXPECT_TRUE(sees("CMakeLists.txt"));
     EXPECT_TRUE(sees("logging/FemapLogger.cpp"));
-    EXPECT_TRUE(sees("app/form/MainForm.h"));
+    EXPECT_TRUE(sees("form/MainForm.h"));
     EXPECT_TRUE(sees("tests/house/HouseRulesTest.cpp"));
     EXPECT_TRUE(sees(".clang-tidy"));
     EXPECT_TRUE(sees("check"));
 }
 
-TEST(EveryFolder, IncludesOnlyAlongTheArrows)
+TEST(EveryRoom, IncludesOnlyAlongTheArrows)
 {
-    EXPECT_THAT(brokenAnywhere([](const SourceFile& file) {
+    EXPECT_THAT(breachesOf([](const SourceFile& file) {
                     return includesAgainstTheArrows(file, architecture());
                 }),
                 IsEmpty());
 }
 
-TEST(EveryFolder, LeavesWindowsToTheFoldersMadeForIt)
+TEST(EveryRoom, LeavesWindowsToTheRoomsAndFilesMadeForIt)
 {
-    EXPECT_THAT(brokenAnywhere(windowsHeadersOutOfPlace), IsEmpty());
+    EXPECT_THAT(breachesOf([](const SourceFile& file) {
+                    return windowsHeadersOutOfPlace(file, architecture());
+                }),
+                IsEmpty());
+}
+
+TEST(EveryRoom, HasNoConditionalLines)
+{
+    EXPECT_THAT(breachesOf(conditionalLines), IsEmpty());
+}
+
+TEST(EverySourceFile, TellsFirstWhatItIsFor)
+{
+    std::set<std::string> paths;
+    for (const SourceFile& file : sources())
+        paths.insert(file.path);
+
+    EXPECT_THAT(breachesOf([&](const SourceFile& file) { return missingPurpose(file, paths); }),
+                IsEmpty());
+}
+
+TEST(EveryTest, LiesWhereWhatItTestsLies)
+{
+    EXPECT_THAT(
+        breachesOf([](const SourceFile& file) { return testsOutOfPlace(file, architecture()); }),
+        IsEmpty());
 }
 
 TEST(EverySourceFile, BringsInOnlyNamesThatItUses)
 {
-    EXPECT_THAT(brokenAnywhere(unusedNames), IsEmpty());
+    EXPECT_THAT(breachesOf(unusedNames), IsEmpty());
 }
 
 TEST(EverySourceFile, KeepsWithinItsLengthAndWidth)
 {
-    EXPECT_THAT(brokenAnywhere(tooLong), IsEmpty());
+    EXPECT_THAT(breachesOf(tooLong), IsEmpty());
 }
 
 TEST(IncludesAgainstTheArrows, AreFoundInEveryDirection)
@@ -81,23 +101,25 @@ TEST(IncludesAgainstTheArrows, AreFoundInEveryDirection)
     };
 
     EXPECT_TRUE(broken("logging/A.cpp", "femap/Value.h"));
+    EXPECT_TRUE(broken("system/A.cpp", "logging/Module1.h"));
     EXPECT_TRUE(broken("femap/A.cpp", "femap/embedded/Host.h"));
-    EXPECT_TRUE(broken("femap/A.cpp", "logging/System.h"));
-    EXPECT_TRUE(broken("femap/A.h", "app/form/MainForm.h"));
+    EXPECT_TRUE(broken("femap/A.cpp", "system/System.h"));
+    EXPECT_TRUE(broken("femap/neutral/A.cpp", "femap/embedded/Host.h"));
+    EXPECT_TRUE(broken("femap/A.h", "form/MainForm.h"));
     EXPECT_TRUE(broken("selection/A.cpp", "generate/ControlFile.h"));
     EXPECT_TRUE(broken("generate/A.cpp", "selection/InputList.h"));
     EXPECT_TRUE(broken("generate/A.cpp", "femap/com/Dispatch.h"));
-    EXPECT_TRUE(broken("app/form/A.cpp", "app/Startup.h"));
+    EXPECT_TRUE(broken("form/A.cpp", "app/Startup.h"));
     EXPECT_TRUE(broken("app/A.cpp", "femap/embedded/Host.h"));
-    EXPECT_TRUE(broken("app/A.cpp", "app/win32/Window.h"));
-    EXPECT_TRUE(broken("app/study/A.cpp", "tests/fake/FormFixture.h"));
+    EXPECT_TRUE(broken("app/A.cpp", "app/window/Window.h"));
+    EXPECT_TRUE(broken("study/A.cpp", "tests/fake/FormFixture.h"));
     EXPECT_TRUE(broken("util/A.cpp", "femap/Value.h"));
 
-    EXPECT_FALSE(broken("femap/embedded/A.cpp", "logging/System.h"));
+    EXPECT_FALSE(broken("femap/embedded/A.cpp", "system/System.h"));
     EXPECT_FALSE(broken("femap/com/A.cpp", "femap/com/Dispatch.h"));
     EXPECT_FALSE(broken("app/A.cpp", "selection/InputList.h"));
-    EXPECT_FALSE(broken("app/study/A.cpp", "femap/embedded/Host.h"));
-    EXPECT_FALSE(broken("app/win32/A.cpp", "femap/com/ComApplication.h"));
+    EXPECT_FALSE(broken("study/A.cpp", "femap/embedded/Host.h"));
+    EXPECT_FALSE(broken("app/window/A.cpp", "femap/com/ComApplication.h"));
     EXPECT_FALSE(broken("tests/generate/A.cpp", "selection/InputList.h"));
 }
 
@@ -113,21 +135,61 @@ TEST(IncludesAgainstTheArrows, AreNamedWithTheirLine)
 TEST(WindowsHeaders, AreFoundOutsideTheirFoldersWhateverTheirSpelling)
 {
     const auto broken = [](const std::string& path, const std::string& line) {
-        return !windowsHeadersOutOfPlace({path, {line}}).empty();
+        return !windowsHeadersOutOfPlace({path, {line}}, architecture()).empty();
     };
 
     EXPECT_TRUE(broken("logging/A.cpp", "#include <windows.h>"));
-    EXPECT_TRUE(broken("app/study/A.cpp", "# include <ShellAPI.h>"));
+    EXPECT_TRUE(broken("study/A.cpp", "# include <ShellAPI.h>"));
+    EXPECT_TRUE(broken("femap/com/bulk/A.cpp", "#include <windows.h>"));
+    EXPECT_TRUE(broken("tests/study/A.cpp", "#include <windows.h>"));
     EXPECT_TRUE(broken("app/A.h", "#include \"oleauto.h\""));
-    EXPECT_FALSE(broken("app/win32/A.cpp", "#include <windows.h>"));
+    EXPECT_FALSE(broken("app/window/A.cpp", "#include <windows.h>"));
+    EXPECT_FALSE(broken("study/A_windows.cpp", "#include <windows.h>"));
+    EXPECT_FALSE(broken("tests/femap/com/A.cpp", "#include <windows.h>"));
     EXPECT_FALSE(broken("femap/com/A.h", "#include <oleauto.h>"));
     EXPECT_FALSE(broken("app/A.h", "// a note on <windows.h>"));
+}
+
+TEST(ConditionalLines, AreFoundInTheProduct)
+{
+    const std::vector<std::string> lines = {"#pragma once", "  # ifdef _WIN32", "#endif"};
+
+    EXPECT_THAT(conditionalLines({"form/A.h", lines}),
+                ElementsAre("form/A.h:2: a platform has files of its own"));
+    EXPECT_THAT(conditionalLines({"tests/form/A.h", lines}), IsEmpty());
+}
+
+TEST(MissingPurpose, IsFoundInHeadersAndInSourcesWithoutAHeader)
+{
+    const auto broken = [](const std::string& path, const std::string& firstLine) {
+        return !missingPurpose({path, {firstLine}}, {"form/A.h", "form/A.cpp", "form/B.cpp"})
+                    .empty();
+    };
+
+    EXPECT_TRUE(broken("form/A.h", "#pragma once"));
+    EXPECT_TRUE(broken("form/B.cpp", "#include <string>"));
+    EXPECT_FALSE(broken("form/A.h", "// The grid."));
+    EXPECT_FALSE(broken("form/A.cpp", "#include \"form/A.h\""));
+    EXPECT_FALSE(broken("tests/form/B.cpp", "#include <string>"));
+}
+
+TEST(TestsOutOfPlace, AreThoseInFoldersThatAreNoRooms)
+{
+    const auto broken = [](const std::string& path) {
+        return !testsOutOfPlace({path, {}}, architecture()).empty();
+    };
+
+    EXPECT_TRUE(broken("tests/win32/A.cpp"));
+    EXPECT_TRUE(broken("tests/com/A.cpp"));
+    EXPECT_FALSE(broken("tests/femap/com/A.cpp"));
+    EXPECT_FALSE(broken("tests/house/A.cpp"));
+    EXPECT_FALSE(broken("form/A.cpp"));
 }
 
 TEST(UnusedNames, AreFoundWhenTheyStandNowhereElse)
 {
     const SourceFile file = {"generate/A.cpp",
-                             {"using logging::TextFile;", "using form::Context;  // why",
+                             {"using generate::TextFile;", "using form::Context;  // why",
                               "namespace fs = std::filesystem;", "namespace rs = std::ranges;",
                               "void write(Context&, fs::path, TextFileName);"}};
 

@@ -12,7 +12,7 @@ namespace
 
 constexpr std::array<std::string_view, 17> makers = {
     "RuntimeError",     "runtime_error", "ConnectionLost", "ScriptError",
-    "Unavailable",      "Misfit",        "fail",           "failField",
+    "Unavailable",      "FormatError",   "fail",           "failField",
     "failWithCure",     "demand",        "demandOk",       "rowNamed",
     "tellEngineer",     "showMessage",   "Progress",       "tellProblems",
     "tryToTellEngineer"};
@@ -132,12 +132,6 @@ bool holds(const Words& words, std::string_view word)
     return std::ranges::find(words, word) != words.end();
 }
 
-std::string trimmed(std::string_view text)
-{
-    const std::size_t first = std::min(text.find_first_not_of(" \n"), text.size());
-    return std::string(text.substr(first, text.find_last_not_of(" \n") + 1 - first));
-}
-
 bool hasSeveralWords(std::string_view text)
 {
     int words = 0;
@@ -183,7 +177,7 @@ std::vector<MessagePart> messagePartsIn(const SourceFile& file)
         if (!isCall && !isHolder)
             continue;
         for (std::size_t k = i + 1; k < endOf(tokens, i + 1, isCall); ++k) {
-            const std::string text = trimmed(tokens[k].text);
+            const std::string text(trimmed(tokens[k].text));
             if (tokens[k].kind == Token::Kind::Text && !isTaken[k] && hasSeveralWords(text)) {
                 isTaken[k] = true;
                 parts.push_back({text, file.path + ":" + std::to_string(tokens[k].line)});

@@ -12,7 +12,7 @@ namespace house
 
 /// Every result of COM that tells success from failure is looked at.
 std::vector<std::string> resultsThatNobodyLooksAt(const SourceFile& file);
-/// The product writes and reads files through logging::Files alone, whose every operation raises
+/// The product writes and reads files through sys::Files alone, whose every operation raises
 /// when it fails: a stream would keep its failure to itself.
 std::vector<std::string> streamsOnFiles(const SourceFile& file);
 

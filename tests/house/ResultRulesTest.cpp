@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+using house::breachesOf;
 using house::resultsThatNobodyLooksAt;
 using house::SourceFile;
 using house::streamsOnFiles;
@@ -15,24 +16,14 @@ using testing::IsEmpty;
 namespace
 {
 
-template <class Rule>
-std::vector<std::string> brokenAnywhere(Rule rule)
-{
-    std::vector<std::string> broken;
-    for (const SourceFile& file : house::readSources(SOURCE_FOLDER))
-        for (const std::string& each : rule(file))
-            broken.push_back(each);
-    return broken;
-}
-
 TEST(EveryResultOfCom, IsLookedAt)
 {
-    EXPECT_THAT(brokenAnywhere(resultsThatNobodyLooksAt), IsEmpty());
+    EXPECT_THAT(breachesOf(resultsThatNobodyLooksAt), IsEmpty());
 }
 
 TEST(EveryFile, IsReachedThroughOperationsThatRaise)
 {
-    EXPECT_THAT(brokenAnywhere(streamsOnFiles), IsEmpty());
+    EXPECT_THAT(breachesOf(streamsOnFiles), IsEmpty());
 }
 
 TEST(ResultsThatNobodyLooksAt, AreFoundAtTheBeginningOfAStatement)

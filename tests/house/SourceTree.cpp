@@ -81,4 +81,15 @@ const std::vector<SourceFile>& sources()
     return all;
 }
 
+std::string at(const SourceFile& file, std::size_t line, const std::string& what)
+{
+    return file.path + ":" + std::to_string(line + 1) + ": " + what;
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    const std::size_t first = std::min(text.find_first_not_of(" \t\r\n"), text.size());
+    return text.substr(first, text.find_last_not_of(" \t\r\n") + 1 - first);
+}
+
 }  // namespace house

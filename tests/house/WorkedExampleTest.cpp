@@ -1,6 +1,6 @@
 #include "Documents.h"
 #include "fake/TemporaryFolder.h"
-#include "logging/Files.h"
+#include "system/Files.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -62,7 +62,7 @@ protected:
     fs::path path(const std::string& file) const { return folder_.path(file); }
     std::string contentOf(const std::string& file) const
     {
-        return logging::DiskFiles().read(folder_.path(file));
+        return sys::DiskFiles().read(folder_.path(file));
     }
     /// Its exit code.
     int run(const std::string& arguments) const

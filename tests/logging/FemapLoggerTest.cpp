@@ -1,4 +1,4 @@
-#include "LoggerFixture.h"
+#include "fake/LoggerFixture.h"
 #include "logging/FemapLogger.h"
 
 #include <gmock/gmock.h>
@@ -7,7 +7,8 @@
 #include <string>
 #include <vector>
 
-using logging::RuntimeError;
+using fake::LoggerFixture;
+using sys::RuntimeError;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -125,7 +126,7 @@ TEST(InitialiseLogger, UsesTheRootOfTheDriveWhenTempAndTmpAreEmpty)
 
 TEST(InitialiseLogger, CreatesTheSubFolderOnlyWhenItIsMissing)
 {
-    const std::string folder = std::string("/temp") + logging::pathSeparator + "korva";
+    const std::string folder = std::string("/temp") + sys::pathSeparator + "korva";
     LoggerFixture without;
     without.files.missingFolders = {folder};
     LoggerFixture with;
@@ -139,7 +140,7 @@ TEST(InitialiseLogger, CreatesTheSubFolderOnlyWhenItIsMissing)
 
 TEST(InitialiseLogger, RaisesAndStaysOffWhenTheTemporaryFolderIsMissing)
 {
-    const std::string folder = std::string("/temp") + logging::pathSeparator + "korva";
+    const std::string folder = std::string("/temp") + sys::pathSeparator + "korva";
     LoggerFixture f;
     f.files.missingFolders = {"/temp", folder};
 

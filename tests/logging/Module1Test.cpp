@@ -1,4 +1,4 @@
-#include "LoggerFixture.h"
+#include "fake/LoggerFixture.h"
 #include "logging/Module1.h"
 
 #include <gmock/gmock.h>
@@ -8,12 +8,13 @@
 #include <string>
 #include <string_view>
 
-using logging::ErrorNumber;
+using fake::LoggerFixture;
 using logging::GetTimeStamp;
 using logging::logDebug;
 using logging::logPosition;
 using logging::logPositionAndClearErrorIfAny;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 
 namespace
 {

@@ -1,6 +1,6 @@
+#include "fake/GenerateFixture.h"
 #include "fake/RandomSeed.h"
 #include "femap/NumberText.h"
-#include "generate/GenerateFixture.h"
 #include "generate/GenerationDriver.h"
 #include "property/Generators.h"
 #include "property/LineGrammar.h"
@@ -17,7 +17,7 @@ namespace property
 namespace
 {
 
-constexpr int rounds = 150;
+constexpr int roundsOfFiles = 150;
 constexpr int mostRows = 10;
 constexpr int mostFunctions = 4;
 
@@ -197,7 +197,7 @@ private:
 
     void addFunction(int id)
     {
-        femap::embedded::Function& function = functions_[id];
+        femap::neutral::Function& function = functions_[id];
         function.id = id;
         function.title = "title " + randomText(random_, 0, 10);
         for (int i = random_.below(4); i > 0; --i) {
@@ -232,7 +232,7 @@ private:
             const auto place = isFunction ? functions_.find(std::stoi(row[3])) : functions_.end();
             if (place == functions_.end())
                 continue;
-            const femap::embedded::Function& function = place->second;
+            const femap::neutral::Function& function = place->second;
             lines.push_back("Function Definition");
             lines.push_back(" " + std::to_string(function.id) + " ");
             lines.push_back(function.title);
@@ -276,7 +276,7 @@ private:
             for (const Addition& addition : ofFile->second)
                 if (addition.after == after && addition.occurrence == occurrence)
                     for (const std::string& line : addition.lines)
-                        logging::windows1252().encode(line, result.emplace_back());
+                        sys::windows1252().encode(line, result.emplace_back());
         };
         std::map<std::string, int> seen;
         add(std::nullopt, 1);
@@ -293,7 +293,7 @@ private:
     std::string command_;
     std::vector<Row> inputs_;
     std::vector<Row> outputs_;
-    std::map<int, femap::embedded::Function> functions_;
+    std::map<int, femap::neutral::Function> functions_;
 };
 
 class FilesOfRandomGrids : public testing::TestWithParam<const char*>
@@ -305,7 +305,7 @@ TEST_P(FilesOfRandomGrids, HoldTheLinesOfEveryNamedRowInTheirOrderBetweenTheFixe
 {
     Random random(fake::randomSeed());
 
-    for (int round = 0; round < rounds && !HasFailure(); ++round)
+    for (int round = 0; round < roundsOfFiles && !HasFailure(); ++round)
         RandomApply(random, GetParam()).check();
 }
 

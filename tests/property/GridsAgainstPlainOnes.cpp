@@ -1,7 +1,7 @@
-#include "app/form/FormProcedures.h"
 #include "fake/FormFixture.h"
 #include "fake/GridRows.h"
 #include "fake/RandomSeed.h"
+#include "form/FormProcedures.h"
 #include "property/Generators.h"
 #include "property/PlainGrid.h"
 #include "selection/InputList.h"
@@ -20,7 +20,7 @@ using fake::rowsOf;
 namespace
 {
 
-constexpr int rounds = 300;
+constexpr int roundsOfGrids = 300;
 constexpr int stepsInARound = 12;
 constexpr int mostIds = 5;  // so that entities are chosen again and again
 constexpr int plate = 17;
@@ -160,7 +160,7 @@ public:
     explicit Inputs(Random& random) : BothWays(random)
     {
         for (int id = 1; id <= mostIds; ++id) {
-            femap::embedded::Property property;
+            femap::neutral::Property property;
             property.id = id;
             property.type = id % 2 == 0 ? plate : rod;
             property.color = valueOf(id, fields[0]);
@@ -232,10 +232,10 @@ class Outputs : public BothWays
 public:
     explicit Outputs(Random& random) : BothWays(random)
     {
-        femap::embedded::OutputSet set;
+        femap::neutral::OutputSet set;
         set.id = 1;
         for (int id = 1; id <= 3; ++id) {
-            femap::embedded::OutputVector vector;
+            femap::neutral::OutputVector vector;
             vector.id = id;
             vector.title = "Total-Trans/lation T" + std::to_string(id);
             vector.minval = -id;
@@ -248,7 +248,7 @@ public:
         }
         f.model().outputSets.put(std::move(set));
         for (int id = 1; id <= mostIds; ++id) {
-            femap::embedded::Node node;
+            femap::neutral::Node node;
             node.id = id;
             f.model().nodes.put(node);
         }
@@ -343,7 +343,7 @@ template <class Way>
 void compareManyTimes()
 {
     Random random(fake::randomSeed());
-    for (int round = 0; round < rounds && !testing::Test::HasFailure(); ++round)
+    for (int round = 0; round < roundsOfGrids && !testing::Test::HasFailure(); ++round)
         Way(random).compare();
 }
 

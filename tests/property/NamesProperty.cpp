@@ -15,7 +15,7 @@ namespace property
 namespace
 {
 
-constexpr int rounds = 3000;
+constexpr int roundsOfNames = 3000;
 constexpr int titlesAtOnce = 25;
 
 // The rules of names, one step after the other, on whole characters.
@@ -84,11 +84,11 @@ std::string loadName(const std::string& title, int id, const std::string& compon
 // A form whose model has output vectors with these titles, numbered from 1, at node 7.
 void addVectors(fake::FormFixture& f, const std::vector<std::string>& titles)
 {
-    femap::embedded::OutputSet set;
+    femap::neutral::OutputSet set;
     set.id = 1;
     int id = 0;
     for (const std::string& title : titles) {
-        femap::embedded::OutputVector vector;
+        femap::neutral::OutputVector vector;
         vector.id = ++id;
         vector.title = title;
         vector.ids = {7};
@@ -96,7 +96,7 @@ void addVectors(fake::FormFixture& f, const std::vector<std::string>& titles)
         set.vectors.put(std::move(vector));
     }
     f.model().outputSets.put(std::move(set));
-    femap::embedded::Node node;
+    femap::neutral::Node node;
     node.id = 7;
     f.model().nodes.put(node);
 }
@@ -116,7 +116,7 @@ TEST(NameOfARandomField, IsShortenedStepByStep)
     constexpr const char* prefixes[] = {"Node", "Elem", "Prop", "Matl"};
     Random random(fake::randomSeed());
 
-    for (int round = 0; round < rounds && !HasFailure(); ++round) {
+    for (int round = 0; round < roundsOfNames && !HasFailure(); ++round) {
         const std::string field = randomText(random, 0, 24);
         const std::string prefix = random.of(prefixes);
         const int id = 1 + random.below(2'000'000'000);
@@ -130,7 +130,7 @@ TEST(NameOfARandomVector, IsShortenedToTenCharactersAtAnEntityAndToFourteenForIt
 {
     Random random(fake::randomSeed());
 
-    for (int round = 0; round < rounds / titlesAtOnce && !HasFailure(); ++round) {
+    for (int round = 0; round < roundsOfNames / titlesAtOnce && !HasFailure(); ++round) {
         const std::vector<std::string> titles = randomTitles(random);
         fake::FormFixture f;
         addVectors(f, titles);
@@ -157,9 +157,9 @@ TEST(NameOfARandomLoadDefinition, LosesBlanksBracketsPointsAndSlashes)
 {
     Random random(fake::randomSeed());
 
-    for (int round = 0; round < rounds / titlesAtOnce && !HasFailure(); ++round) {
+    for (int round = 0; round < roundsOfNames / titlesAtOnce && !HasFailure(); ++round) {
         fake::FormFixture f;
-        femap::embedded::LoadSet set;
+        femap::neutral::LoadSet set;
         set.id = 1;
         std::vector<int> ids;
         std::vector<std::string> expected;

@@ -1,6 +1,6 @@
+#include "fake/GenerateFixture.h"
 #include "fake/RandomSeed.h"
 #include "femap/NumberText.h"
-#include "generate/GenerateFixture.h"
 #include "generate/GenerationDriver.h"
 #include "property/Generators.h"
 #include "selection/InputList.h"
@@ -95,7 +95,7 @@ TEST(ValuesOfARandomModel, AreTheSameDoublesInTheFileOfInputValues)
         generate::GenerateFixture f;
         std::map<std::string, double> expected;
         for (int id = 1; id <= nodes; ++id) {
-            femap::embedded::Node node;
+            femap::neutral::Node node;
             node.id = id;
             node.x = randomDouble(random);
             expected["XAtNode" + std::to_string(id)] = node.x;

@@ -45,7 +45,7 @@ void refuseCall(World& world, std::size_t n)
 {
     world.connector.beforeCall = [n, calls = std::size_t{0}](const std::string&) mutable {
         if (++calls == n)
-            throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "it was refused");
+            throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "it was refused");
     };
 }
 

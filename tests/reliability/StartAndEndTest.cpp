@@ -42,10 +42,10 @@ void startWithFailures(bool once, const std::function<void(World&, std::size_t& 
     }
 }
 
-struct Refused : logging::RuntimeError
+struct Refused : sys::RuntimeError
 {
     explicit Refused(const std::string& call)
-        : RuntimeError(logging::ErrorNumber::ObjectFailed, call + " was refused")
+        : RuntimeError(sys::ErrorNumber::ObjectFailed, call + " was refused")
     {}
 };
 

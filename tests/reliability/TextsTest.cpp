@@ -1,6 +1,6 @@
 #include "World.h"
+#include "fake/GenerateFixture.h"
 #include "fake/RandomSeed.h"
-#include "generate/GenerateFixture.h"
 #include "generate/GenerationDriver.h"
 #include "property/Generators.h"
 
@@ -121,7 +121,7 @@ TEST(AControlCharacterInATitle, NeverTearsARowApart)
     for (const char character : std::string("\t\r\n\0\x01\x1A\x1F\x7F", 8)) {
         World world;
         const std::string title = std::string("a") + character + "b";
-        femap::embedded::Model& model = world.femap.openModel();
+        femap::neutral::Model& model = world.femap.openModel();
         model.functions.find(1)->title = title;
         model.loadSets.find(1)->definitions.front().title = title;
         model.outputSets.find(1)->vectors.find(1)->title = title;

@@ -8,12 +8,12 @@
 namespace reliability
 {
 
-using femap::embedded::Model;
+using femap::neutral::Model;
 
 namespace
 {
 
-const std::string separator(1, logging::pathSeparator);
+const std::string separator(1, sys::pathSeparator);
 
 Model smallModel()
 {
@@ -34,19 +34,19 @@ Model smallModel()
                           .pval = {0.25, 0, 0, 0, 0, 0, 0, 0.125}});
     model.properties.put(
         {.id = 2, .title = "Tie", .matlID = 1, .type = femap::elementRod, .pval = {3.5}});
-    femap::embedded::Material steel{.id = 1, .title = "Steel"};
+    femap::neutral::Material steel{.id = 1, .title = "Steel"};
     steel.mval[0] = 210000;
     steel.mval[49] = 7.85e-9;
     model.materials.put(steel);
     model.functions.put({.id = 1, .title = "Ramp", .x = {0, 1}, .y = {0, 5}});
 
-    femap::embedded::LoadSet loads{.id = 1, .title = "Case"};
+    femap::neutral::LoadSet loads{.id = 1, .title = "Case"};
     loads.definitions.push_back({.id = 1, .title = "Force", .dataType = 13, .loadType = 1});
     loads.meshLoads.push_back(
         {.id = 1, .entityID = 2, .type = 1, .definitionID = 1, .load = {10, 20, 30}});
     model.loadSets.put(loads);
 
-    femap::embedded::OutputSet results;
+    femap::neutral::OutputSet results;
     results.id = 1;
     results.vectors.put({.id = 1,
                          .title = "Total Translation",

@@ -16,7 +16,7 @@ namespace reliability
 /// The whole tool beside a FEMAP every call of which can fail, on a disk in memory every operation
 /// of which can fail. The model has one of each kind of entity; an older selection and the files
 /// of its "Apply" are there.
-class World : public fake::Surroundings
+class World : public fake::Environment
 {
 public:
     World() : World(nullptr, "") {}

@@ -1,6 +1,6 @@
-#include "app/form/FormProcedures.h"
 #include "fake/FormFixture.h"
 #include "fake/QueuedPropertyList.h"
+#include "form/FormProcedures.h"
 #include "generate/ControlFile.h"
 #include "generate/GenerationDriver.h"
 #include "scaling/CountedMemory.h"
@@ -29,15 +29,15 @@ public:
     explicit World(int nodes) : ids_(static_cast<std::size_t>(nodes))
     {
         std::iota(ids_.begin(), ids_.end(), 1);
-        std::vector<femap::embedded::Node> all(ids_.size());
+        std::vector<femap::neutral::Node> all(ids_.size());
         for (std::size_t i = 0; i < all.size(); ++i) {
             all[i].id = ids_[i];
             all[i].x = ids_[i] + 0.5;
         }
         model().nodes.merge(std::move(all));
-        femap::embedded::OutputSet& results = model().outputSets.put({.id = 1});
+        femap::neutral::OutputSet& results = model().outputSets.put({.id = 1});
         for (int id = 1; id <= vectors; ++id) {
-            femap::embedded::OutputVector vector{.id = id, .title = "Total Translation"};
+            femap::neutral::OutputVector vector{.id = id, .title = "Total Translation"};
             vector.ids = ids_;
             vector.values.assign(ids_.size(), id + 0.5);
             results.vectors.put(std::move(vector));

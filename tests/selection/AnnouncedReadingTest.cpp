@@ -33,8 +33,8 @@ public:
         : ForwardingEntity(std::move(real)), tally_(tally)
     {}
 
-    void readAhead(const std::vector<int>& ids,
-                   const std::vector<femap::MemberName>& members) override
+    void prefetch(const std::vector<int>& ids,
+                  const std::vector<femap::MemberName>& members) override
     {
         EXPECT_TRUE(std::is_sorted(ids.begin(), ids.end()));
         ++tally_.announced;
@@ -82,7 +82,7 @@ public:
         : ForwardingVector(std::move(real)), tally_(tally)
     {}
 
-    void readAhead(std::vector<femap::VectorReading> plan) override
+    void prefetch(std::vector<femap::VectorReading> plan) override
     {
         ++tally_.announced;
         plan_ = std::move(plan);

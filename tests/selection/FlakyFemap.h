@@ -3,7 +3,7 @@
 #include "fake/FormFixture.h"
 #include "fake/ForwardingObjects.h"
 #include "femap/ForwardingApplication.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <functional>
 #include <memory>
@@ -21,7 +21,7 @@ inline BeforeCall failsAt(std::string failing)
 {
     return [failing = std::move(failing)](const std::string& call) {
         if (call == failing)
-            throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, failing + " failed");
+            throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, failing + " failed");
     };
 }
 
@@ -86,7 +86,7 @@ public:
     std::string Title() override
     {
         if (!loaded_)
-            throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "nothing loaded");
+            throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "nothing loaded");
         return ForwardingVector::Title();
     }
 

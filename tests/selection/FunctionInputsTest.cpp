@@ -1,6 +1,6 @@
 #include "fake/FormFixture.h"
-#include "logging/RuntimeError.h"
 #include "selection/FunctionInputs.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -33,7 +33,7 @@ protected:
 
     void define(int id, const std::string& title)
     {
-        femap::embedded::Function function;
+        femap::neutral::Function function;
         function.id = id;
         function.title = title;
         f.model().functions.put(function);
@@ -49,7 +49,7 @@ class BrokenFunction : public femap::Function
 public:
     ReturnCode SelectID(const std::string&) override
     {
-        throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "The dialog broke down");
+        throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "The dialog broke down");
     }
     ReturnCode Get(int) override { return ReturnCode::Fail; }
     int ID() override { return 0; }
@@ -212,7 +212,7 @@ TEST_F(FunctionInputs, AnErrorOfTheDialogGoesUpAndLeavesTheCodeOfSuccess)
     f.form.function = std::make_unique<BrokenFunction>();
     f.form.returnCode = 2;
 
-    EXPECT_THROW(FetchFunctionData(f.context), logging::RuntimeError);
+    EXPECT_THROW(FetchFunctionData(f.context), sys::RuntimeError);
 
     EXPECT_EQ(f.form.returnCode, -1);
     EXPECT_THAT(f.names(f.form.InputsList), ElementsAre(""));
@@ -222,7 +222,7 @@ TEST_F(FunctionInputs, WithoutFemapTheErrorGoesUp)
 {
     f.context.application.reset();
 
-    EXPECT_THROW(FetchFunctionData(f.context), logging::RuntimeError);
+    EXPECT_THROW(FetchFunctionData(f.context), sys::RuntimeError);
 
     EXPECT_EQ(f.form.function, nullptr);
 }

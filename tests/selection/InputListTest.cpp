@@ -257,7 +257,7 @@ TEST_P(InputDuplicates, AreRemovedRowByRowWithoutLookingAtTheRowThatMovesUp)
 
 const std::string same = "xAtNode1";
 INSTANTIATE_TEST_SUITE_P(
-    Places, InputDuplicates,
+    IDIndex, InputDuplicates,
     testing::Values(
         DuplicateCase{{same, "z"}, {"z"}, 1}, DuplicateCase{{"a", same}, {"a", same}, 1},
         DuplicateCase{{same, same, "z"}, {same, "z"}, 1},
@@ -267,7 +267,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(UpdateInputListTest, LetsFieldsOfTheSameShortenedNameReplaceEachOther)
 {
-    femap::embedded::Material material;
+    femap::neutral::Material material;
     material.id = 1;
     f.model().materials.put(material);
 
@@ -336,7 +336,7 @@ TEST_P(InputListFailure, EndsTheUpdate)
 
     EXPECT_THROW(UpdateInputList(f.context, "Prop", *set, {"Color"}, {{"Color", "Color"}}, {},
                                  femap::elementBeam),
-                 logging::RuntimeError);
+                 sys::RuntimeError);
 
     EXPECT_THAT(f.log(), Not(Contains("DEBUG: After updating input list")));
 }
@@ -349,7 +349,7 @@ TEST_F(UpdateInputListTest, NeedsFemap)
     const auto set = f.context.femap().feSet();
     f.context.application.reset();
 
-    EXPECT_THROW(UpdateInputList(f.context, "Node", *set, {}, {}, {}), logging::RuntimeError);
+    EXPECT_THROW(UpdateInputList(f.context, "Node", *set, {}, {}, {}), sys::RuntimeError);
 }
 
 TEST_F(UpdateInputListTest, RefusesAnIndexThatIsNoNumber)
@@ -359,7 +359,7 @@ TEST_F(UpdateInputListTest, RefusesAnIndexThatIsNoNumber)
     set->AddAll(femap::EntityType::Node);
 
     EXPECT_THROW(UpdateInputList(f.context, "Node", *set, {"x"}, {{"x", "x"}}, {{"x", "first"}}),
-                 logging::RuntimeError);
+                 sys::RuntimeError);
 }
 
 TEST_F(UpdateInputListTest, ShowsHowFarALongWalkHasCome)

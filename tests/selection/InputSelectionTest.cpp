@@ -39,7 +39,7 @@ TEST_P(EntityKinds, ArePickedInFemapAndGetTheirFields)
     f.addNodes({5});
     f.addElements({{5, femap::elementBeam}});
     f.addProperties({{5, femap::elementBeam}});
-    femap::embedded::Material material;
+    femap::neutral::Material material;
     material.id = 5;
     f.model().materials.put(material);
 
@@ -328,7 +328,7 @@ TEST_F(InputSelection, EndsWhenTheListOfAnyOtherKindFails)
     f.connector.failures = 1;
     f.pick({1});
 
-    EXPECT_THROW(f.selectInput("Nodes"), logging::RuntimeError);
+    EXPECT_THROW(f.selectInput("Nodes"), sys::RuntimeError);
 
     EXPECT_THAT(f.list.shown, IsEmpty());
     EXPECT_THAT(f.log(), Not(Contains(HasSubstr("After click"))));

@@ -11,7 +11,7 @@ namespace selection
 using fake::FormFixture;
 using femap::LoadDataType;
 using femap::ReturnCode;
-using logging::RuntimeError;
+using sys::RuntimeError;
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;

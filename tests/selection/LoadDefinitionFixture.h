@@ -2,8 +2,8 @@
 
 #include "fake/FormFixture.h"
 #include "femap/ForwardingApplication.h"
-#include "logging/RuntimeError.h"
 #include "selection/LoadDefinitionInputs.h"
+#include "system/RuntimeError.h"
 
 #include <gtest/gtest.h>
 
@@ -29,8 +29,7 @@ public:
     {
         const auto place = members_.find({name, index});
         if (place == members_.end())
-            throw logging::RuntimeError(logging::ErrorNumber::NoSuchMember,
-                                        "There is no member " + name);
+            throw sys::RuntimeError(sys::ErrorNumber::NoSuchMember, "There is no member " + name);
         return place->second;
     }
 
@@ -65,8 +64,8 @@ public:
         if (next_ < script_.loads.size())
             return std::make_unique<ScriptedLoad>(script_.loads[next_++]);
         if (script_.walkBreaksDown)
-            throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed,
-                                        "The walk over the loads broke down");
+            throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed,
+                                    "The walk over the loads broke down");
         return nullptr;
     }
 
@@ -96,13 +95,13 @@ class LoadDefinitionInputs : public testing::Test
 protected:
     LoadDefinitionInputs() { addLoadSet(1); }
 
-    femap::embedded::LoadSet& addLoadSet(int id)
+    femap::neutral::LoadSet& addLoadSet(int id)
     {
-        femap::embedded::LoadSet set;
+        femap::neutral::LoadSet set;
         set.id = id;
         return f.model().loadSets.put(set);
     }
-    femap::embedded::LoadSet& loads() { return *f.model().loadSets.find(1); }
+    femap::neutral::LoadSet& loads() { return *f.model().loadSets.find(1); }
     void define(int id, const std::string& title, femap::LoadDataType dataType, int loadType)
     {
         loads().definitions.push_back({id, title, static_cast<int>(dataType), loadType});

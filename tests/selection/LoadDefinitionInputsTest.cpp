@@ -119,7 +119,7 @@ TEST_F(LoadDefinitionInputs, EachUnwantedCharacterLeavesTheName)
 TEST_F(LoadDefinitionInputs, FemapAsksForTheDefinitionsOfTheActiveLoadSet)
 {
     define(1, "Inactive", LoadDataType::Mesh, 42);
-    femap::embedded::LoadSet& active = addLoadSet(4);
+    femap::neutral::LoadSet& active = addLoadSet(4);
     active.definitions.push_back({8, "Active", 13, 42});
     active.meshLoads.push_back({.id = 1, .definitionID = 8});
     f.model().activeLoadSet = 4;

@@ -1,8 +1,8 @@
 #include "femap/ForwardingApplication.h"
-#include "logging/RuntimeError.h"
 #include "selection/MassQuantities.h"
 #include "selection/OutputList.h"
 #include "selection/SelectionFixture.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -143,7 +143,7 @@ TEST_F(MassPropertyRows, RaisesWhenFemapMeasuredTooFewComponents)
     measuring->measured.inertia = {1, 2};
     f.context.application = std::move(measuring);
 
-    EXPECT_THROW(UpdateOutputList(f.context, "MeshMass", nullptr, {"9"}), logging::RuntimeError);
+    EXPECT_THROW(UpdateOutputList(f.context, "MeshMass", nullptr, {"9"}), sys::RuntimeError);
 }
 
 TEST(MassQuantities, AreFoundByTheirTag)
@@ -159,8 +159,8 @@ TEST(MassQuantities, RaiseForAComponentThatIsNotThere)
     const MassQuantity& inertia = *findMassQuantity("Inertia");
 
     EXPECT_EQ(massValue(inertia, knownMass, 5), 10.6);
-    EXPECT_THROW(massValue(inertia, knownMass, 6), logging::RuntimeError);
-    EXPECT_THROW(massValue(inertia, knownMass, -1), logging::RuntimeError);
+    EXPECT_THROW(massValue(inertia, knownMass, 6), sys::RuntimeError);
+    EXPECT_THROW(massValue(inertia, knownMass, -1), sys::RuntimeError);
 }
 
 }  // namespace

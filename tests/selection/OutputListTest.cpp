@@ -124,7 +124,7 @@ TEST_F(UpdateOutputListTest, LogsEveryStepOfExtremes)
 TEST_F(UpdateOutputListTest, ReportsAnErrorThatWasPendingBefore)
 {
     f.context.error.attempt(
-        [] { throw logging::RuntimeError(logging::ErrorNumber::InvalidCall, "left over"); });
+        [] { throw sys::RuntimeError(sys::ErrorNumber::InvalidCall, "left over"); });
 
     const Texts log = f.logOf([&] { UpdateOutputList(f.context, "Node", nullptr, {}); });
 
@@ -243,7 +243,7 @@ TEST_P(OutputDuplicates, GiveWayToTheNewRow)
 }
 
 const std::string same = "V1AtNode1";
-INSTANTIATE_TEST_SUITE_P(Places, OutputDuplicates,
+INSTANTIATE_TEST_SUITE_P(IDIndex, OutputDuplicates,
                          testing::Values(DuplicateCase{{same, "z"}, {"z", same}, 1},
                                          DuplicateCase{{"z", same}, {"z", same}, 1},
                                          DuplicateCase{{same, same, "z"}, {same, "z", same}, 1},
@@ -346,7 +346,7 @@ TEST_F(UpdateOutputListTest, RefusesAnEntryThatIsNoNumber)
 {
     f.addVector(1, "V");
 
-    EXPECT_THROW(UpdateOutputList(f.context, "Node", nullptr, {"V "}), logging::RuntimeError);
+    EXPECT_THROW(UpdateOutputList(f.context, "Node", nullptr, {"V "}), sys::RuntimeError);
 }
 
 TEST_F(UpdateOutputListTest, EndsAtOnceWhenFemapIsGone)
@@ -372,7 +372,7 @@ TEST_P(OutputListFailure, EndsTheUpdate)
     makeFlaky(f, failsAt(GetParam()));
 
     EXPECT_THROW(UpdateOutputList(f.context, "Elem", set.get(), {"1 "}, femap::elementPlate),
-                 logging::RuntimeError);
+                 sys::RuntimeError);
 
     EXPECT_THAT(f.log(), Not(Contains("DEBUG: After updating output list")));
 }

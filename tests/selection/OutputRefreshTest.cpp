@@ -1,6 +1,6 @@
 #include "femap/NumberText.h"
-#include "logging/RuntimeError.h"
 #include "selection/ValueRefreshFixture.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,8 +8,8 @@
 namespace selection
 {
 
-using logging::ErrorNumber;
-using logging::RuntimeError;
+using sys::ErrorNumber;
+using sys::RuntimeError;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;

@@ -25,7 +25,7 @@ void addVectorsOfAllRanges(SelectionFixture& f)
     f.addVector(300000, "User");
 }
 
-struct CategoryCase
+struct ListCase
 {
     const char* category;
     const char* caption;
@@ -35,7 +35,7 @@ struct CategoryCase
 const Texts plateVectors = {"7020 - Plate Stress"};
 const Texts elementVectors = {"3012 - Beam Force", "7020 - Plate Stress", "60010 - Solid Stress",
                               "80001 - Further"};
-const CategoryCase categoryCases[] = {
+const ListCase categoryCases[] = {
     {"Node", "Node Output Properties", {"1 - Total Translation"}},
     {"LineElement", "Line Element Output Properties", {"3012 - Beam Force"}},
     {"PlateElement", "Plate Element Output Properties", plateVectors},
@@ -49,7 +49,7 @@ const CategoryCase categoryCases[] = {
     {"Gap", "Undefined Output Property", elementVectors},
 };
 
-class OutputLists : public testing::TestWithParam<CategoryCase>
+class OutputLists : public testing::TestWithParam<ListCase>
 {};
 
 TEST_P(OutputLists, ShowTheVectorsOfTheirCategory)

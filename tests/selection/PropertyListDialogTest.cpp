@@ -1,5 +1,5 @@
-#include "logging/RuntimeError.h"
 #include "selection/SelectionFixture.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -108,7 +108,7 @@ const ListCase listCases[] = {
     {"BCGeom", "BCGeom", "", "Constraint Properties", constraintList},
 };
 
-// Places of the fields of a property in its array of values.
+// IDIndex of the fields of a property in its array of values.
 const std::map<std::string, std::map<std::string, int>> pvalPlaces = {
     {"Bar Properties",
      {{"End A Area", 0},
@@ -340,8 +340,8 @@ TEST(frmPropertyList, OffersNothingWhenFemapCannotBeReached)
     f.dialog.GetPropertyList("Node", "");
     f.connector.failures = 2;
 
-    EXPECT_THROW(f.dialog.GetPropertyList("Node", ""), logging::RuntimeError);
-    EXPECT_THROW(f.dialog.UpdateCollection(), logging::RuntimeError);
+    EXPECT_THROW(f.dialog.GetPropertyList("Node", ""), sys::RuntimeError);
+    EXPECT_THROW(f.dialog.UpdateCollection(), sys::RuntimeError);
 
     EXPECT_THAT(itemsOf(f.dialog), IsEmpty());
 }

@@ -2,9 +2,9 @@
 
 #include "fake/FormFixture.h"
 #include "fake/QueuedPropertyList.h"
-#include "logging/RuntimeError.h"
 #include "selection/InputSelection.h"
 #include "selection/OutputSelection.h"
+#include "system/RuntimeError.h"
 
 #include <functional>
 #include <memory>
@@ -49,7 +49,7 @@ public:
         if (failures == 0)
             return attached();
         --failures;
-        throw logging::RuntimeError(logging::ErrorNumber::ObjectFailed, "attach failed");
+        throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "attach failed");
     }
     std::unique_ptr<femap::Application> create() override { return attach(); }
 };
@@ -90,17 +90,17 @@ public:
         OutputsButton_Click(context, dialog);
     }
 
-    femap::embedded::OutputVector& addVector(int id, const std::string& title,
-                                             std::vector<int> ids = {},
-                                             std::vector<double> values = {})
+    femap::neutral::OutputVector& addVector(int id, const std::string& title,
+                                            std::vector<int> ids = {},
+                                            std::vector<double> values = {})
     {
-        femap::embedded::OutputSet* set = model().outputSets.find(1);
+        femap::neutral::OutputSet* set = model().outputSets.find(1);
         if (set == nullptr) {
-            femap::embedded::OutputSet fresh;
+            femap::neutral::OutputSet fresh;
             fresh.id = 1;
             set = &model().outputSets.put(fresh);
         }
-        femap::embedded::OutputVector vector;
+        femap::neutral::OutputVector vector;
         vector.id = id;
         vector.title = title;
         vector.ids = std::move(ids);
@@ -112,7 +112,7 @@ public:
     void addNodes(const std::vector<int>& ids)
     {
         for (const int id : ids) {
-            femap::embedded::Node node;
+            femap::neutral::Node node;
             node.id = id;
             node.x = id + 0.5;
             model().nodes.put(node);
@@ -121,7 +121,7 @@ public:
     void addElements(const std::vector<std::pair<int, int>>& idsAndTypes)
     {
         for (const auto& [id, type] : idsAndTypes) {
-            femap::embedded::Element element;
+            femap::neutral::Element element;
             element.id = id;
             element.type = type;
             model().elements.put(element);
@@ -130,7 +130,7 @@ public:
     void addProperties(const std::vector<std::pair<int, int>>& idsAndTypes)
     {
         for (const auto& [id, type] : idsAndTypes) {
-            femap::embedded::Property property;
+            femap::neutral::Property property;
             property.id = id;
             property.type = type;
             property.pval = {0, 0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7, 0.8, 0.9};

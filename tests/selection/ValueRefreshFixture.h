@@ -98,13 +98,13 @@ class ValueRefresh : public testing::Test
 protected:
     ValueRefresh()
     {
-        femap::embedded::Model& model = f.model();
+        femap::neutral::Model& model = f.model();
         model.nodes.put({.id = 12, .x = 1.5, .y = -2});
         model.nodes.put({.id = 13, .x = 3.5});
         model.elements.put({.id = 40, .propID = 7, .type = 17, .node = {12, 13}, .orient = {30}});
         model.properties.put({.id = 7, .title = "Shell", .type = 17, .pval = {0.25, 0, 0, 0.125}});
         model.materials.put({.id = 3, .title = "Steel", .mval = {2.1e11}});
-        femap::embedded::OutputSet set;
+        femap::neutral::OutputSet set;
         set.id = 1;
         set.vectors.put({.id = 1,
                          .title = "Total Translation",

@@ -1,5 +1,5 @@
-#include "logging/RuntimeError.h"
 #include "selection/ValueRefreshFixture.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@
 namespace selection
 {
 
-using logging::RuntimeError;
+using sys::RuntimeError;
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;

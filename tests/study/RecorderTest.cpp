@@ -1,10 +1,10 @@
 #include "StudyFixture.h"
 #include "app/Program.h"
-#include "app/form/FormProcedures.h"
-#include "app/study/Recorder.h"
 #include "fake/FormFixture.h"
 #include "fake/QueuedPropertyList.h"
-#include "logging/RuntimeError.h"
+#include "form/FormProcedures.h"
+#include "study/Recorder.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ class Recorded : public testing::Test
 {
 protected:
     StudyFixture f;  // the folder with the model, and the program that replays
-    logging::System system = logging::standardSystem();
+    sys::System system = sys::thisMachine();
     fake::QueuedDialogs dialogs;
     femap::embedded::Host host{dialogs};
     fake::QueuedPropertyList lists;
@@ -39,7 +39,7 @@ protected:
     {
         system.environment = [this](const std::string&) { return f.folder.path(); };
         recorder.follow(form);
-        program.watch(recorder);
+        program.observe(recorder);
         program.start(arguments);
     }
 
@@ -186,10 +186,10 @@ TEST_F(Recorded, AStudyReplaysToTheSameFiles)
 TEST(Recording, FailsWhereTheScriptCannotBeWritten)
 {
     StudyFixture f;
-    logging::System system = logging::standardSystem();
+    sys::System system = sys::thisMachine();
 
     EXPECT_THROW(Recorder(system.files, f.folder.path("none/session.study"), ""),
-                 logging::RuntimeError);
+                 sys::RuntimeError);
 }
 
 TEST(Recording, EndsWithAWordWhenTheDiskIsFull)

@@ -17,9 +17,12 @@ using testing::StartsWith;
 int runBinary(const StudyFixture& f, const std::string& arguments, const std::string& input = "")
 {
     f.write("in.txt", input);
-    const std::string command = "\"" VELMAR_STUDY "\" " + arguments + " <\"" +
-                                f.folder.path("in.txt") + "\" >\"" + f.folder.path("out.txt") +
-                                "\" 2>\"" + f.folder.path("err.txt") + "\"";
+    const std::string command = "\"" PROGRAM_FOLDER
+                                "/velmar-study"
+                                "\" " +
+                                arguments + " <\"" + f.folder.path("in.txt") + "\" >\"" +
+                                f.folder.path("out.txt") + "\" 2>\"" + f.folder.path("err.txt") +
+                                "\"";
     return std::system(command.c_str()) >> 8;
 }
 

@@ -1,7 +1,7 @@
 #include "StudyFixture.h"
 #include "fake/FakeConnector.h"
 #include "fake/FormFixture.h"
-#include "logging/RuntimeError.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -98,7 +98,7 @@ TEST(StudyCall, TellsWhyARecordingEnded)
 {
     StudyFixture f;
     f.recordedForm = [](const std::string&, const std::string&) {
-        throw logging::RuntimeError(logging::ErrorNumber::FileError, "The script ends too early");
+        throw sys::RuntimeError(sys::ErrorNumber::FileError, "The script ends too early");
     };
 
     EXPECT_EQ(f.call({"--record", "a.study"}), 1);

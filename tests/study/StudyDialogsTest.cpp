@@ -1,5 +1,5 @@
-#include "app/study/StudyDialogs.h"
 #include "fake/FormFixture.h"
+#include "study/StudyDialogs.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -38,11 +38,11 @@ public:
     }
     void offerVectors()
     {
-        femap::embedded::OutputSet set;
+        femap::neutral::OutputSet set;
         set.id = 1;
         for (const auto& [id, title] : std::vector<std::pair<int, std::string>>{
                  {1, "Total Translation"}, {2, "T1"}, {12, "A | B"}}) {
-            femap::embedded::OutputVector vector;
+            femap::neutral::OutputVector vector;
             vector.id = id;
             vector.title = title;
             set.vectors.put(vector);

@@ -1,6 +1,6 @@
 #include "StudyFixture.h"
 
-#include "embedded/NeutralText.h"
+#include "fake/NeutralText.h"
 
 #include <algorithm>
 
@@ -21,8 +21,7 @@ std::vector<std::string> splitLines(std::string_view text)
     return result;
 }
 
-StudyFixture::StudyFixture()
-    : environment({{"TEMP", folder.path()}}), system_(logging::standardSystem())
+StudyFixture::StudyFixture() : environment({{"TEMP", folder.path()}}), system_(sys::thisMachine())
 {
     system_.environment = [this](const std::string& name) { return environment[name]; };
     system_.monotonicSeconds = [this] { return seconds += secondsPerLook; };
@@ -62,19 +61,19 @@ std::vector<std::string> StudyFixture::outputLines() const
 
 void StudyFixture::write(const std::string& name, const std::string& content) const
 {
-    const auto file = logging::DiskFiles().create(folder.path(name));
+    const auto file = sys::DiskFiles().create(folder.path(name));
     file->write(content);
     file->close();
 }
 
 std::string StudyFixture::read(const std::string& name) const
 {
-    return logging::DiskFiles().read(folder.path(name));
+    return sys::DiskFiles().read(folder.path(name));
 }
 
 std::vector<std::string> StudyFixture::log() const
 {
-    return splitLines(read(std::string("korva") + logging::pathSeparator + "beam.log"));
+    return splitLines(read(std::string("korva") + sys::pathSeparator + "beam.log"));
 }
 
 }  // namespace study

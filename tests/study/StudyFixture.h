@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/study/StudyProgram.h"
 #include "fake/TemporaryFolder.h"
-#include "logging/System.h"
+#include "study/StudyProgram.h"
+#include "system/System.h"
 
 #include <functional>
 #include <map>
@@ -50,7 +50,7 @@ public:
     std::vector<std::string> log() const;
 
 private:
-    logging::System system_;
+    sys::System system_;
 };
 
 /// Lines without their ends.

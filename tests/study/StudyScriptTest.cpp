@@ -1,4 +1,4 @@
-#include "app/study/StudyScript.h"
+#include "study/StudyScript.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

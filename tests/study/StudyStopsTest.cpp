@@ -229,7 +229,7 @@ TEST(StudyStart, StopsForAnErrorThatEndsIt)
 {
     StudyFixture f;
     // A "." in the folder only leaves no name for the files that belong to the model.
-    const std::string folder = std::string("a.b") + logging::pathSeparator;
+    const std::string folder = std::string("a.b") + sys::pathSeparator;
     std::filesystem::create_directory(f.folder.path("a.b"));
     f.write(folder + "beam", f.read("beam.neu"));
 

@@ -1,0 +1,32 @@
+// An observer that is told, in order, what the engineer and FEMAP do with the form.
+#pragma once
+
+#include "form/Controls.h"
+#include "selection/PropertyListDialog.h"
+
+#include <string_view>
+
+namespace app
+{
+
+/// What the engineer or FEMAP does with the form.
+struct Action
+{
+    std::string_view event;               // such as "InputsButton_Click"
+    int argument = 0;                     // the key code, or the code of FEMAP's event
+    const form::ComboBox* box = nullptr;  // in which something was chosen or typed; else null
+};
+
+class ActionObserver
+{
+public:
+    virtual ~ActionObserver() = default;
+
+    /// Before the procedure of the action runs.
+    virtual void begins(const Action& action) = 0;
+    /// The property list dialog was answered; the procedure of the action still runs.
+    virtual void answered(const selection::frmPropertyList& dialog) = 0;
+    virtual void ended(const Action& action) = 0;
+};
+
+}  // namespace app

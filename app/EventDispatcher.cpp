@@ -1,0 +1,147 @@
+#include "app/EventDispatcher.h"
+
+#include "app/Bindings.h"
+#include "logging/Module1.h"
+
+#include <algorithm>
+
+namespace app
+{
+
+using form::Context;
+using logging::logDebug;
+using logging::logPositionAndClearErrorIfAny;
+
+namespace
+{
+
+class Busy
+{
+public:
+    explicit Busy(bool& flag) : flag_(flag) { flag = true; }
+    ~Busy() { flag_ = false; }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+private:
+    bool& flag_;
+};
+
+void disableWhatNeedsFemap(form::MainForm& form)
+{
+    for (const form::MainForm::NamedControl& each : form.controls())
+        for (const Binding& binding : bindings())
+            if (binding.needsFemap && binding.control() == each.name)
+                each.control->Enabled = false;
+}
+
+}  // namespace
+
+Ended EventDispatcher::run(std::string_view name, const std::function<void()>& procedure)
+{
+    if (busy_)
+        return Ended::NotStarted;
+    const Busy busy(busy_);
+    const Ended ended = carryOut("In " + std::string(name), procedure);
+    flushLog();
+    return ended;
+}
+
+Ended EventDispatcher::carryOut(const std::string& where, const std::function<void()>& procedure)
+{
+    try {
+        const bool endedNormally = session_.context.error.attempt(procedure);
+        if (!endedNormally)
+            lastFailure_ = session_.context.error.description();
+        reportPending(where);
+        // The procedure may have left these steps out because of an error that it ignored.
+        retryOnce([&] { releaseLocks(session_.context); });
+        retryOnce([&] { resetPointers(); });
+        if (endedNormally)
+            return Ended::Normally;
+        showFailure(where);
+    }
+    catch (const femap::ConnectionLost& lost) {
+        forgetFemap(where, lost.what());
+    }
+    return Ended::ByError;
+}
+
+// Repeats a failed step: a log that cannot be written raises once and takes no lines from then on.
+void EventDispatcher::retryOnce(const std::function<void()>& step)
+{
+    sys::PendingError& error = session_.context.error;
+    if (error.attempt(step))
+        return;
+    error.clear();
+    step();
+}
+
+// People read the log while the form is open and after the program broke down.
+void EventDispatcher::flushLog()
+{
+    sys::PendingError error;
+    if (!error.attempt([&] { session_.context.log.flush(); }))
+        session_.context.form.StatusLine.Caption = error.description();
+}
+
+// No error is lost without a line in the log.
+void EventDispatcher::reportPending(const std::string& where)
+{
+    Context& context = session_.context;
+    if (context.error.isPending())
+        retryOnce([&] { logPositionAndClearErrorIfAny(context.log, context.error, where); });
+}
+
+// Shows the latest failure on the status line and in FEMAP's message window.
+void EventDispatcher::showFailure(const std::string& where)
+{
+    Context& context = session_.context;
+    context.form.StatusLine.Caption = lastFailure_;
+    if (context.application != nullptr)
+        context.error.attempt([&] { form::showMessage(context, lastFailure_); });
+    reportPending(where);
+}
+
+// Gives up a FEMAP that is gone: nothing is asked of it any more.
+void EventDispatcher::forgetFemap(const std::string& where, const std::string& reason)
+{
+    Context& context = session_.context;
+    lastFailure_ = femapIsGone;
+    context.lockDepth = 0;
+    context.form.function.reset();
+    context.application.reset();
+    session_.eventFemap.reset();
+    disableWhatNeedsFemap(context.form);
+    context.form.StatusLine.Caption = femapIsGone;
+
+    context.error.attempt([&] { throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, reason); });
+    reportPending(where);
+    retryOnce([&] { resetPointers(); });
+}
+
+void EventDispatcher::resetPointers()
+{
+    Context& context = session_.context;
+    const auto isChanged = [](const form::MainForm::NamedControl& each) {
+        return each.control->MousePointer != form::pointerDefault;
+    };
+    if (std::ranges::none_of(context.form.controls(), isChanged))
+        return;
+    context.form.setMousePointers(form::pointerDefault);
+    logDebug(context.log, "Mouse pointers are back to the default");
+}
+
+void releaseLocks(Context& context)
+{
+    while (context.lockDepth > 0) {
+        const int held = context.lockDepth;
+        if (context.error.attempt([&] { form::unlockFemap(context); }))
+            logDebug(context.log, "Released Femap lock");
+        else
+            logPositionAndClearErrorIfAny(context.log, context.error, "Releasing the Femap lock");
+        context.lockDepth = held - 1;
+    }
+}
+
+}  // namespace app

@@ -1,0 +1,44 @@
+#include "app/window/Controls.h"
+
+#include "windows/Text.h"
+
+#include <stdexcept>
+
+namespace window
+{
+
+using windows::fromWide;
+using windows::toWide;
+
+HWND createControl(HWND parent, const wchar_t* windowClass, std::string_view text, DWORD style,
+                   DWORD extendedStyle, int id)
+{
+    const HWND window = CreateWindowExW(extendedStyle, windowClass, toWide(text).c_str(),
+                                        WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent,
+                                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                                        GetModuleHandleW(nullptr), nullptr);
+    if (window == nullptr)
+        throw std::runtime_error("Windows refused a control of class " + fromWide(windowClass));
+    return window;
+}
+
+std::string windowText(HWND window)
+{
+    const int length = GetWindowTextLengthW(window);
+    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), length + 1)));
+    return fromWide(text);
+}
+
+void setWindowText(HWND window, std::string_view text)
+{
+    if (windowText(window) != text)
+        SetWindowTextW(window, toWide(text).c_str());
+}
+
+void setFont(HWND window, const Font& font)
+{
+    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font.handle()), TRUE);
+}
+
+}  // namespace window

@@ -1,0 +1,27 @@
+// Creates Windows controls, and reads and sets their texts and fonts.
+#pragma once
+
+#include "app/window/Pixels.h"
+#include "windows/Font.h"
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+namespace window
+{
+
+using windows::Font;
+
+/// A child window with an ID of its own. Raises std::runtime_error when Windows refuses it.
+HWND createControl(HWND parent, const wchar_t* windowClass, std::string_view text, DWORD style,
+                   DWORD extendedStyle, int id);
+
+std::string windowText(HWND window);
+/// Changes the text only where it differs, so that nothing flickers.
+void setWindowText(HWND window, std::string_view text);
+
+void setFont(HWND window, const Font& font);
+
+}  // namespace window

@@ -1,0 +1,60 @@
+// A parameter grid on the screen: a list view that asks the grid for the cells it shows, so that a
+// million rows cost nothing. A selection is always one run of adjacent rows, as in the grid.
+#pragma once
+
+#include "app/window/Controls.h"
+#include "app/window/Pixels.h"
+#include "form/ParameterGrid.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <functional>
+#include <string>
+
+namespace window
+{
+
+class GridView
+{
+public:
+    /// onKey gets the code of each key that is pressed in the grid.
+    GridView(HWND parent, int id, form::ParameterGrid& grid, std::function<void(int)> onKey);
+    ~GridView() { RemoveWindowSubclass(window_, listProcedure, 1); }
+    GridView(const GridView&) = delete;
+    GridView& operator=(const GridView&) = delete;
+
+    HWND window() const { return window_; }
+
+    /// Shows what the grid holds now.
+    void update();
+    void setResolution(Pixels pixels);
+    /// The answer to a notification of the list view or of its header.
+    LRESULT notify(const NMHDR& header);
+    bool sends(const NMHDR& header) const;
+
+private:
+    static LRESULT CALLBACK listProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                          UINT_PTR id, DWORD_PTR self);
+    void addColumns();
+    void takeColumnWidths();
+    void takeSelection();
+    form::RowRange shownSelection() const;
+    void showSelection();
+    void setItemState(int item, UINT state, UINT mask);
+    void selectAll();
+    void copySelection();
+    template <class Info>
+    void giveCell(Info& info);
+
+    HWND window_;
+    form::ParameterGrid& grid_;
+    std::function<void(int)> onKey_;
+    Pixels pixels_{USER_DEFAULT_SCREEN_DPI};
+    std::wstring cell_;  // lives until the list view has drawn it
+    std::string narrowCell_;
+    bool updating_ = false;       // the program selects rows, not the engineer
+    bool settingWidths_ = false;  // the program sets widths, not the engineer
+};
+
+}  // namespace window

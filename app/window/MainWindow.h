@@ -1,0 +1,135 @@
+// The main form on the screen. Its controls show those of form::MainForm; what the engineer does
+// goes to the program, and what changed there is shown afterwards.
+#pragma once
+
+#include "app/Program.h"
+#include "app/window/Controls.h"
+#include "app/window/EventHook.h"
+#include "app/window/GridView.h"
+#include "app/window/PropertyListWindow.h"
+
+#include <windows.h>
+
+#include <array>
+#include <exception>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace window
+{
+
+class MainWindow : public form::FormHost
+{
+public:
+    /// Everything given here must outlive the window.
+    MainWindow(femap::Connector& connector, sys::System& system);
+    ~MainWindow() override;
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+
+    /// Creates the window, starts the program and shows the form. False: there is no FEMAP.
+    bool open(const std::string& arguments, int showCommand = SW_SHOWNORMAL);
+    /// Handles messages until the form is unloaded; the program's exit code.
+    int run();
+    /// Tells the observer what is done with the form; it must outlive the window.
+    void observe(app::ActionObserver& observer) { program_.observe(observer); }
+    const form::MainForm& form() { return program_.form(); }
+    /// Shows this text while a procedure waits for FEMAP.
+    void showStatus(const std::string& text);
+
+    /// The fixed number of a control, the same in every version of the window: 1000 plus its
+    /// index in the form's list of controls.
+    static constexpr int firstControlID = 1000;
+
+    std::intptr_t windowHandle() override { return reinterpret_cast<std::intptr_t>(window_); }
+    void hookEvents() override { hook_.install(window_); }
+    void unhookEvents() override { hook_.restore(); }
+    void showProgress() override;
+    void unload() override;
+
+private:
+    static LRESULT CALLBACK frameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static LRESULT CALLBACK panelProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static MainWindow* instanceOf(HWND window, UINT message, LPARAM lParam);
+
+    LRESULT handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT handlePanel(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+    // In pixels.
+    struct Bounds
+    {
+        int left = 0;
+        int top = 0;
+        int width = -1;
+        int height = -1;
+        bool operator==(const Bounds&) const = default;
+    };
+
+    void createControls();
+    void createScrollBars();
+    void createTips();
+    HWND create(form::Control& control, const wchar_t* windowClass, std::string_view text,
+                DWORD style, DWORD extendedStyle = 0);
+    HWND panel(form::Control& control, HWND parent);
+    int idOf(const form::Control& control);
+    const form::MainForm::NamedControl* controlWithID(int id);
+
+    void setStartBounds(UINT dotsPerInch);
+    void applyResolution(UINT dotsPerInch);
+    void resized();
+    void layOut();
+    void layOutScrollBar(const form::ScrollBar& bar, int viewport);
+    void scroll(form::ScrollBar& bar, std::string_view event, int request);
+    void scrollTo(form::ScrollBar& bar, std::string_view event, int value);
+    void turnWheel(int delta);
+    void followFocus();
+
+    void command(int id, int notification);
+    void pressKey(int id);
+    void pressEnter();
+    void press(const form::MainForm::NamedControl& button);
+    void comboCommand(form::ComboBox& box, int notification);
+    void commitTexts();
+    void raise(std::string_view event, int argument = 0);
+    void beforeEvent(std::string_view event);
+    std::string clickOf(const form::Control& control);
+    void afterEvent();
+    void mirror();
+    void mirrorCombo(const form::ComboBox& box);
+    void leaveDisabledControl();
+    void restoreFocus();
+    bool takesKeys(HWND control) const;
+    void showPointer();
+    bool isBusy();
+    void destroyed();
+    std::array<form::ComboBox*, 4> comboBoxes();
+
+    template <class Step>
+    LRESULT guarded(Step&& step);
+
+    static constexpr const wchar_t* panelClass = L"VelmarFemapInterfacePanel";
+
+    std::exception_ptr mistake_;  // rethrown by run(): it must not pass through Windows' code
+    PropertyListWindow propertyList_;
+    app::Program program_;
+    EventHook hook_;
+    HWND window_ = nullptr;
+    std::map<const form::Control*, HWND> windows_;
+    std::map<const form::Control*, Bounds> bounds_;  // of the windows, as they are now
+    std::unique_ptr<GridView> inputs_;
+    std::unique_ptr<GridView> outputs_;
+    std::unique_ptr<Font> font_;
+    Pixels pixels_{USER_DEFAULT_SCREEN_DPI};
+    SIZE sizeSeen_{};          // of the window's inside
+    std::string waitingText_;  // on the status line while a procedure waits for FEMAP
+    std::string textBefore_;   // what stood there before waitingText_
+    const form::ComboBox* typing_ = nullptr;  // the box whose typed text is not taken over yet
+    HWND focusBefore_ = nullptr;              // had the focus before another program took it
+    HWND focusSeen_ = nullptr;
+    bool mirroring_ = false;
+    bool ready_ = false;  // all controls are there
+};
+
+}  // namespace window

@@ -1,0 +1,232 @@
+// MainWindow: hands clicks, keys and typed texts to the program and shows afterwards what changed.
+
+#include "app/window/MainWindow.h"
+
+#include <windowsx.h>
+
+namespace window
+{
+
+namespace
+{
+
+bool isButton(HWND window)
+{
+    constexpr LRESULT buttonCodes = DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON;
+    return (SendMessageW(window, WM_GETDLGCODE, 0, 0) & buttonCodes) != 0;
+}
+
+}  // namespace
+
+void MainWindow::command(int id, int notification)
+{
+    if (!ready_ || mirroring_)
+        return;
+    const form::MainForm::NamedControl* const which = controlWithID(id);
+    if (which == nullptr)
+        return;
+    form::MainForm& form = program_.form();
+    for (form::ComboBox* const box : comboBoxes())
+        if (which->control == box) {
+            comboCommand(*box, notification);
+            return;
+        }
+    if (which->control == &form.CommandLine) {
+        if (notification == EN_CHANGE)
+            form.CommandLine.Text = windowText(windows_.at(&form.CommandLine));
+        return;
+    }
+    if (notification == BN_CLICKED)
+        press(*which);
+}
+
+// Enter, or an access key: presses a button or goes to a field.
+void MainWindow::pressKey(int id)
+{
+    if (!ready_)
+        return;
+    if (id == IDOK) {
+        pressEnter();
+        return;
+    }
+    const form::MainForm::NamedControl* const which = controlWithID(id);
+    if (which == nullptr || !which->control->Enabled)
+        return;
+    const HWND window = windows_.at(which->control);
+    if (isButton(window))
+        press(*which);
+    else
+        SetFocus(window);
+}
+
+// Presses the button that has the focus, or takes over a typed text.
+void MainWindow::pressEnter()
+{
+    const HWND focus = GetFocus();
+    const form::MainForm::NamedControl* const which = controlWithID(GetDlgCtrlID(focus));
+    if (which != nullptr && windows_.at(which->control) == focus && isButton(focus))
+        press(*which);
+    else
+        commitTexts();
+}
+
+void MainWindow::press(const form::MainForm::NamedControl& button)
+{
+    if (!button.control->Enabled)
+        return;
+    commitTexts();
+    raise(std::string(button.name) + "_Click");
+}
+
+void MainWindow::comboCommand(form::ComboBox& box, int notification)
+{
+    const HWND window = windows_.at(&box);
+    switch (notification) {
+    case CBN_EDITCHANGE:
+        typing_ = &box;
+        break;
+    case CBN_SELCHANGE:
+        typing_ = nullptr;
+        beforeEvent(clickOf(box));
+        program_.chooseItem(box, ComboBox_GetCurSel(window));
+        afterEvent();
+        break;
+    case CBN_KILLFOCUS:
+        commitTexts();
+        break;
+    default:
+        break;
+    }
+}
+
+// Takes over what was typed into the combo boxes.
+void MainWindow::commitTexts()
+{
+    form::MainForm& form = program_.form();
+    for (form::ComboBox* const box :
+         {&form.InputSelection, &form.OutputSelection, &form.Solver, &form.Optimizer}) {
+        if (!ready_)
+            return;
+        const std::string typed = windowText(windows_.at(box));
+        if (typing_ == box)
+            typing_ = nullptr;
+        if (typed != box->Text) {
+            beforeEvent(clickOf(*box));
+            program_.enterText(*box, typed);
+            afterEvent();
+        }
+    }
+}
+
+void MainWindow::raise(std::string_view event, int argument)
+{
+    beforeEvent(event);
+    program_.raise(event, argument);
+    afterEvent();
+}
+
+std::string MainWindow::clickOf(const form::Control& control)
+{
+    return std::string(controlWithID(idOf(control))->name) + "_Click";
+}
+
+// Shows the hourglass at once: a busy FEMAP keeps a procedure waiting from its first call on,
+// before the procedure itself sets the hourglass.
+void MainWindow::beforeEvent(std::string_view event)
+{
+    const app::Binding* const binding = app::findBinding(event);
+    if (binding != nullptr && binding->needsFemap)
+        SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+}
+
+void MainWindow::afterEvent()
+{
+    if (!ready_ || program_.isClosed())
+        return;
+    std::string& status = program_.form().StatusLine.Caption;
+    if (!program_.isBusy() && !waitingText_.empty()) {
+        if (status == waitingText_)  // the wait for FEMAP is over
+            status = textBefore_;
+        waitingText_.clear();
+    }
+    showPointer();
+    mirror();
+    layOut();
+}
+
+// Brings the window up to date with the form.
+void MainWindow::mirror()
+{
+    mirroring_ = true;
+    const form::MainForm& form = program_.form();
+    for (const auto& [control, window] : windows_)
+        if ((IsWindowEnabled(window) != FALSE) != control->Enabled)
+            EnableWindow(window, control->Enabled ? TRUE : FALSE);
+    setWindowText(windows_.at(&form.StatusLine), form.StatusLine.Caption);
+    setWindowText(windows_.at(&form.CommandLine), form.CommandLine.Text);
+    for (const form::ComboBox* const box : comboBoxes())
+        if (box != typing_)
+            mirrorCombo(*box);
+    inputs_->update();
+    outputs_->update();
+    mirroring_ = false;
+    leaveDisabledControl();
+}
+
+// Windows leaves the focus on a control that has been disabled, where every key is lost.
+void MainWindow::leaveDisabledControl()
+{
+    const HWND focus = GetFocus();
+    if (focus != nullptr && IsChild(window_, focus) != FALSE && !takesKeys(focus))
+        restoreFocus();
+}
+
+// Sets the focus to the control that had it before, or to the first one that can have it.
+void MainWindow::restoreFocus()
+{
+    if (!ready_)
+        return;
+    if (focusBefore_ != nullptr && IsChild(window_, focusBefore_) != FALSE &&
+        takesKeys(focusBefore_)) {
+        SetFocus(focusBefore_);
+        return;
+    }
+    const HWND content = windows_.at(&program_.form().pbInner);
+    const HWND first = GetNextDlgTabItem(content, nullptr, FALSE);
+    SetFocus(first != nullptr && takesKeys(first) ? first : nullptr);
+}
+
+// Whether neither the control nor a window that it lies in is disabled.
+bool MainWindow::takesKeys(HWND control) const
+{
+    for (; control != nullptr && control != window_; control = GetParent(control))
+        if (IsWindowEnabled(control) == FALSE)
+            return false;
+    return true;
+}
+
+void MainWindow::mirrorCombo(const form::ComboBox& box)
+{
+    const HWND window = windows_.at(&box);
+    if (ComboBox_GetCurSel(window) != box.ListIndex)
+        ComboBox_SetCurSel(window, box.ListIndex);
+    setWindowText(window, box.Text);
+}
+
+void MainWindow::showPointer()
+{
+    SetCursor(LoadCursorW(nullptr, isBusy() ? IDC_WAIT : IDC_ARROW));
+}
+
+bool MainWindow::isBusy()
+{
+    return program_.isBusy() || program_.form().pbInner.MousePointer == form::pointerHourglass;
+}
+
+std::array<form::ComboBox*, 4> MainWindow::comboBoxes()
+{
+    form::MainForm& form = program_.form();
+    return {&form.InputSelection, &form.OutputSelection, &form.Solver, &form.Optimizer};
+}
+
+}  // namespace window

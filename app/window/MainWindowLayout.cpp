@@ -1,0 +1,166 @@
+// MainWindow: position and size of everything in it, resolution and scrolling.
+
+#include "app/window/MainWindow.h"
+#include "form/Layout.h"
+
+#include <algorithm>
+
+namespace window
+{
+
+void MainWindow::applyResolution(UINT dotsPerInch)
+{
+    pixels_ = Pixels(dotsPerInch);
+    sizeSeen_ = {};  // the same size in pixels is another one in twips
+    auto font = std::make_unique<Font>(dotsPerInch);
+    for (const auto& [control, window] : windows_)
+        setFont(window, *font);
+    font_ = std::move(font);  // the old one goes when nothing uses it any more
+    inputs_->setResolution(pixels_);
+    outputs_->setResolution(pixels_);
+}
+
+void MainWindow::resized()
+{
+    if (!ready_ || window_ == nullptr)
+        return;
+    RECT inside{};
+    GetClientRect(window_, &inside);
+    const SIZE size{inside.right, inside.bottom};
+    if (size.cx == sizeSeen_.cx && size.cy == sizeSeen_.cy)
+        return;  // Windows reports the size again when it shows the window
+    sizeSeen_ = size;
+    form::MainForm& form = program_.form();
+    form.ScaleWidth = pixels_.toTwips(inside.right);
+    form.ScaleHeight = pixels_.toTwips(inside.bottom);
+    form.VScroll1.Width = form::scrollBarThickness;
+    form.HScroll1.Height = form::scrollBarThickness;
+    form::layOutContent(form);
+    program_.raise("Form_Resize");
+    layOut();
+}
+
+// Gives every control's window the bounds that the form says; those that have them are left alone.
+void MainWindow::layOut()
+{
+    constexpr int dropDownHeight = 3000;  // twips, of the list that a combo box opens
+    const form::MainForm& form = program_.form();
+    const auto boxes = comboBoxes();
+    bool hasMoved = false;
+    for (const auto& [control, window] : windows_) {
+        const bool isBox = std::ranges::find(boxes, control) != boxes.end();
+        const Bounds wanted{pixels_.fromTwips(control->Left), pixels_.fromTwips(control->Top),
+                            pixels_.fromTwips(control->Width),
+                            pixels_.fromTwips(control->Height + (isBox ? dropDownHeight : 0))};
+        Bounds& present = bounds_[control];
+        if (present == wanted)
+            continue;
+        present = wanted;
+        hasMoved = true;
+        SetWindowPos(window, nullptr, wanted.left, wanted.top, wanted.width, wanted.height,
+                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+    }
+    layOutScrollBar(form.VScroll1, form.pbOuter.Height);
+    layOutScrollBar(form.HScroll1, form.pbOuter.Width);
+    // Windows does not repaint what shows through a frame when the frame or a neighbour moves.
+    if (hasMoved)
+        RedrawWindow(windows_.at(&form.pbInner), nullptr, nullptr,
+                     RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void MainWindow::layOutScrollBar(const form::ScrollBar& bar, int viewport)
+{
+    const HWND window = windows_.at(&bar);
+    // The style tells whether it is shown, even before the form itself is.
+    const bool isShown = (GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+    if (isShown != bar.Visible)
+        ShowWindow(window, bar.Visible ? SW_SHOWNA : SW_HIDE);
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    info.nMax = bar.Max + viewport - 1;
+    info.nPage = static_cast<UINT>(viewport);
+    info.nPos = bar.Value;
+    SetScrollInfo(window, SB_CTL, &info, bar.Visible ? TRUE : FALSE);
+}
+
+void MainWindow::scroll(form::ScrollBar& bar, std::string_view event, int request)
+{
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_TRACKPOS;
+    GetScrollInfo(windows_.at(&bar), SB_CTL, &info);
+    int value = bar.Value;
+    switch (request) {
+    case SB_LINEUP:
+        value -= bar.SmallChange;
+        break;
+    case SB_LINEDOWN:
+        value += bar.SmallChange;
+        break;
+    case SB_PAGEUP:
+        value -= bar.LargeChange;
+        break;
+    case SB_PAGEDOWN:
+        value += bar.LargeChange;
+        break;
+    case SB_THUMBPOSITION:
+    case SB_THUMBTRACK:
+        value = info.nTrackPos;
+        break;
+    case SB_TOP:
+        value = 0;
+        break;
+    case SB_BOTTOM:
+        value = bar.Max;
+        break;
+    default:
+        break;
+    }
+    scrollTo(bar, event, value);
+}
+
+void MainWindow::scrollTo(form::ScrollBar& bar, std::string_view event, int value)
+{
+    value = std::clamp(value, 0, bar.Max);
+    if (!bar.Visible || value == bar.Value)
+        return;
+    bar.Value = value;
+    program_.raise(event);
+    layOut();
+}
+
+// One notch of an ordinary wheel is WHEEL_DELTA; fine wheels give less at a time.
+void MainWindow::turnWheel(int delta)
+{
+    constexpr int linesPerNotch = 3;
+    form::ScrollBar& bar = program_.form().VScroll1;
+    scrollTo(bar, "VScroll1_Change",
+             bar.Value - MulDiv(delta, linesPerNotch * bar.SmallChange, WHEEL_DELTA));
+}
+
+// Brings the control that has the focus into view, however it got it.
+void MainWindow::followFocus()
+{
+    const HWND focus = GetFocus();
+    if (!ready_ || focus == focusSeen_)
+        return;
+    focusSeen_ = focus;
+    form::MainForm& form = program_.form();
+    for (const auto& [control, window] : windows_) {
+        const bool isContent = GetParent(window) == windows_.at(&form.pbInner);
+        if (!isContent || (window != focus && IsChild(window, focus) == FALSE))
+            continue;
+        const auto reveal = [](const form::ScrollBar& bar, int start, int length, int viewport) {
+            const int atLeast = start + length - viewport;
+            return bar.Value < atLeast ? std::min(atLeast, start) : std::min(bar.Value, start);
+        };
+        scrollTo(form.VScroll1, "VScroll1_Change",
+                 reveal(form.VScroll1, control->Top, control->Height, form.pbOuter.Height));
+        scrollTo(form.HScroll1, "HScroll1_Change",
+                 reveal(form.HScroll1, control->Left, control->Width, form.pbOuter.Width));
+        return;
+    }
+}
+
+}  // namespace window

@@ -1,0 +1,58 @@
+// The property list dialog on the screen, modal to the main form.
+#pragma once
+
+#include "app/window/Controls.h"
+#include "selection/PropertyListDialog.h"
+
+#include <windows.h>
+
+#include <exception>
+#include <functional>
+#include <memory>
+
+namespace window
+{
+
+class PropertyListWindow : public selection::PropertyListHost
+{
+public:
+    // Fixed numbers of the dialog's controls.
+    static constexpr int idHeading = 2001;
+    static constexpr int idList = 2002;
+    static constexpr int idSelect = 2003;
+    static constexpr int idDeSelect = 2004;
+    static constexpr int idAdd = IDOK;         // Enter
+    static constexpr int idCancel = IDCANCEL;  // Esc
+
+    /// owner gives the window that the dialog belongs to; it is called when the dialog opens.
+    explicit PropertyListWindow(std::function<HWND()> owner) : owner_(std::move(owner)) {}
+    PropertyListWindow(const PropertyListWindow&) = delete;
+    PropertyListWindow& operator=(const PropertyListWindow&) = delete;
+
+    void showModal(selection::frmPropertyList& dialog) override;
+
+    /// Ends the dialog as Cancel does, if it is open.
+    void cancel();
+
+private:
+    static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam);
+    void initialise();
+    void createControls();
+    void applyResolution(UINT dotsPerInch);
+    void layOut();
+    void showChoice();
+    void takeChoice();
+    void press(int id);
+    template <class Step>
+    void guarded(Step&& step);
+
+    std::exception_ptr mistake_;
+    std::function<HWND()> owner_;
+    selection::frmPropertyList* dialog_ = nullptr;  // while it is shown
+    HWND window_ = nullptr;
+    std::unique_ptr<Font> font_;
+    UINT dotsPerInch_ = USER_DEFAULT_SCREEN_DPI;
+};
+
+}  // namespace window

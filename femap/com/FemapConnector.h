@@ -1,0 +1,40 @@
+// All that a program needs to reach FEMAP from one thread: COM, the retry policy for a busy FEMAP,
+// and the connector. COM is initialised for as long as the object lives.
+#pragma once
+
+#include "femap/com/Apartment.h"
+#include "femap/com/BusyFilter.h"
+#include "femap/com/ComApplication.h"
+#include "femap/com/RetryPolicy.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace femap::com
+{
+
+class FemapConnector : public Connector
+{
+public:
+    /// dialogs answers FEMAP's selection dialogs in place of the engineer; null: FEMAP shows them.
+    explicit FemapConnector(SelectionDialogs* dialogs) : connector_(dialogs, retryPolicy_) {}
+
+    /// report tells the engineer that FEMAP is busy.
+    void reportTo(std::function<void(const std::string& text)> report)
+    {
+        retryPolicy_->report = std::move(report);
+    }
+
+    std::unique_ptr<Application> attach() override { return connector_.attach(); }
+    std::unique_ptr<Application> create() override { return connector_.create(); }
+
+private:
+    Apartment apartment_;
+    std::shared_ptr<RetryPolicy> retryPolicy_ = std::make_shared<RetryPolicy>();
+    BusyFilter filter_{*retryPolicy_};
+    ComConnector connector_;
+};
+
+}  // namespace femap::com

@@ -1,0 +1,62 @@
+#include "femap/com/RetryPolicy.h"
+
+namespace femap::com
+{
+
+namespace
+{
+
+constexpr const char* waitingText =
+    "FEMAP is working or shows a dialog. Waiting for it \xE2\x80\xA6";
+
+// Handles only paint messages and messages that other programs send. Keys, the mouse and timers
+// stay queued: a handler must not begin while another waits for FEMAP.
+void paintWindows()
+{
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_PAINT | PM_QS_SENDMESSAGE))
+        DispatchMessageW(&message);
+}
+
+}  // namespace
+
+bool meansBusy(HRESULT result)
+{
+    return result == RPC_E_CALL_REJECTED || result == RPC_E_SERVERCALL_RETRYLATER;
+}
+
+std::optional<RetryPolicy::Duration> RetryPolicy::rejected()
+{
+    const Duration time = now();
+    if (!began_) {
+        began_ = time;
+        reported_ = false;
+    }
+    const Duration waited = time - *began_;
+    if (waited >= longest)
+        return std::nullopt;
+    if (waited >= quietTime && !reported_) {
+        reported_ = true;
+        if (report)
+            report(waitingText);
+    }
+    return pause;
+}
+
+RetryPolicy::Duration RetryPolicy::systemTime()
+{
+    return std::chrono::duration_cast<Duration>(
+        std::chrono::steady_clock::now().time_since_epoch());
+}
+
+void RetryPolicy::waitPainting(Duration time)
+{
+    const Duration end = systemTime() + time;
+    for (Duration left = time; left.count() > 0; left = end - systemTime()) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(left.count()),
+                                  QS_PAINT | QS_SENDMESSAGE);
+        paintWindows();
+    }
+}
+
+}  // namespace femap::com

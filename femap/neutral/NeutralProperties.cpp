@@ -1,0 +1,146 @@
+// Reads properties (block 402), materials (401 and 601) and functions (420) of a neutral file.
+
+#include "femap/neutral/NeutralBlocks.h"
+
+namespace femap::neutral
+{
+
+namespace
+{
+
+constexpr int newMaterialMark = -601;
+constexpr std::size_t materialValues = 200;
+constexpr int linesOfOldMaterial = 32;
+constexpr std::size_t oldMaterialValues = 58;
+constexpr int mostOutlines = 2;
+
+// A line with a single number announces a list; every other record has more fields.
+bool isCountNext(const Lines& lines)
+{
+    return !lines.atEnd() && lines.peek().count() == 1;
+}
+
+// The shape of a section: a count and as many points. Older files have none or one of them.
+void skipOutlines(Lines& lines)
+{
+    for (int i = 0; i < mostOutlines && isCountNext(lines); ++i)
+        lines.skipNumbers(lines.count());
+}
+
+void readPoints(Lines& lines, Function& function)
+{
+    while (!lines.takeListEnd()) {
+        Fields point = lines.record();
+        point.integer();
+        const double x = point.real();
+        function.x.push_back(x);
+        function.y.push_back(point.real());
+    }
+}
+
+Function readFunction(BlockReading& block)
+{
+    Function function;
+    Fields head = block.lines.record();
+    function.id = head.id();
+    function.type = head.integerOr(0);
+    function.title = block.title();
+    readPoints(block.lines, function);
+    return function;
+}
+
+// The fields after the mark, or after the ID where there is none. Returns how many functions
+// follow the material.
+int readMaterialHead(Fields& fields, Material& material)
+{
+    material.color = fields.integer();
+    material.type = fields.integer();
+    material.subtype = fields.integerOr(0);
+    material.layer = fields.integerOr(material.layer);
+    return fields.integerOr(0);
+}
+
+Material readMaterial(BlockReading& block)
+{
+    Lines& lines = block.lines;
+    Material material;
+    Fields head = lines.record();
+    material.id = head.id();
+    if (head.integer() != newMaterialMark)
+        head.fail("field 2 is not -601");
+    const int functions = readMaterialHead(head, material);
+    material.title = block.title();
+    lines.countedReals();  // flags
+    lines.countedReals();  // whole numbers
+    material.mval = lines.countedReals();
+    if (material.mval.size() < materialValues)
+        material.mval.resize(materialValues);
+    while (isCountNext(lines))
+        lines.countedReals();  // IDs of functions and tables
+    for (int i = 0; i < functions; ++i)
+        readFunction(block);  // belongs to the material, not to the model
+    return material;
+}
+
+// The values stand in the same order as in newer files; function IDs fill the remaining lines.
+Material readOldMaterial(BlockReading& block)
+{
+    Material material;
+    Fields head = block.lines.record();
+    material.id = head.id();
+    readMaterialHead(head, material);
+    material.title = block.title();
+    std::size_t filled = 0;
+    for (int i = 2; i < linesOfOldMaterial; ++i) {
+        Fields fields = block.lines.record();
+        do {
+            const double value = fields.real();
+            if (filled < oldMaterialValues)
+                material.mval[filled++] = value;
+        } while (!fields.atEnd());
+    }
+    return material;
+}
+
+}  // namespace
+
+void readProperties(BlockReading& block)
+{
+    Lines& lines = block.lines;
+    while (!lines.atEnd()) {
+        Property property;
+        Fields head = lines.record();
+        property.id = head.id();
+        property.color = head.integer();
+        property.matlID = head.integer();
+        property.type = head.integer();
+        property.layer = head.integerOr(property.layer);
+        property.refCS = head.integerOr(0);
+        property.title = block.title();
+        lines.skipNumbers(1);  // flags
+        lines.countedReals();  // whole numbers
+        property.pval = lines.countedReals();
+        skipOutlines(lines);
+        block.contents.properties.push_back(std::move(property));
+    }
+}
+
+void readMaterials(BlockReading& block)
+{
+    while (!block.lines.atEnd())
+        block.contents.materials.push_back(readMaterial(block));
+}
+
+void readOldMaterials(BlockReading& block)
+{
+    while (!block.lines.atEnd())
+        block.contents.materials.push_back(readOldMaterial(block));
+}
+
+void readFunctions(BlockReading& block)
+{
+    while (!block.lines.atEnd())
+        block.contents.functions.push_back(readFunction(block));
+}
+
+}  // namespace femap::neutral

@@ -1,0 +1,104 @@
+// The main form: its controls under their own names and what the form keeps for the whole run.
+#pragma once
+
+#include "femap/Objects.h"
+#include "form/Controls.h"
+#include "form/ParameterGrid.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace form
+{
+
+// Columns of the parameter rows beyond name and value.
+namespace inputColumn
+{
+constexpr int kind = 2;    // "Node", "Elem", "Prop", "Matl", "Function", "LoadMesh" …
+constexpr int id = 3;      // entity, function or load definition
+constexpr int member = 4;  // FEMAP member name
+constexpr int index = 5;   // array index, empty for a plain member
+}  // namespace inputColumn
+
+namespace outputColumn
+{
+constexpr int first = 2;   // entity ID, vector ID or mass quantity
+constexpr int second = 3;  // vector ID or component index
+constexpr int kind = 4;    // "Output", "maxval", "minval" or "MassProperties"
+}  // namespace outputColumn
+
+constexpr std::string_view functionKind = "Function";
+
+struct MainForm
+{
+    MainForm();
+    // Not copied: the table of controls points into the form itself.
+    MainForm(const MainForm&) = delete;
+    MainForm& operator=(const MainForm&) = delete;
+
+    std::string Caption = "Velmar-Femap Interface";
+    int ScaleWidth = 0;  // inner size in twips
+    int ScaleHeight = 0;
+
+    PictureBox pbOuter;
+    PictureBox pbInner;
+    ScrollBar HScroll1;
+    ScrollBar VScroll1;
+
+    Frame Inputs;
+    ComboBox InputSelection;
+    Button InputsButton;
+    Button RefreshInputs;
+    Button ClearInputSelection;
+    ParameterGrid InputsList{6};
+
+    Frame Outputs;
+    ComboBox OutputSelection;
+    Button OutputsButton;
+    Button RefreshOutputs;
+    Button ClearOutputSelection;
+    ParameterGrid OutputsList{5};
+
+    Frame Execution;
+    Label Label1;
+    TextBox CommandLine;
+    Label Label2;
+    ComboBox Solver;
+    Label Label3;
+    ComboBox Optimizer;
+    Button ClearAll;
+    Button GenerateButton;
+
+    Label StatusLine;  // the latest message
+
+    struct NamedControl
+    {
+        std::string_view name;
+        Control* control;
+    };
+    /// Every control, in tab order.
+    const std::vector<NamedControl>& controls() const { return controls_; }
+    void setMousePointers(int pointer);
+    /// Called by setMousePointers; empty where no window shows the pointers.
+    std::function<void()> pointersChanged;
+    void setEnabled(bool enabled);
+
+    // Kept for the whole run.
+    std::string fileExtension;  // of the model named on the command line
+    int modelEntityCount = 0;   // output vectors at start-up or at the last new model
+    int addInPaneResult = 0;
+    int returnCode = 0;                         // of FEMAP's last selection dialog
+    std::unique_ptr<femap::Function> function;  // created on first use
+    std::string firstPrefix;
+    std::string secondPrefix;
+    std::string thirdPrefix;
+    std::string fourthPrefix;
+
+private:
+    std::vector<NamedControl> controls_;
+};
+
+}  // namespace form

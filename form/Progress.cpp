@@ -1,0 +1,104 @@
+#include "form/Progress.h"
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+namespace form
+{
+
+namespace
+{
+
+constexpr std::size_t stepsBetweenLooks = 256;  // how often the clock is read
+constexpr double quietSeconds = 1;              // a shorter walk shows nothing
+constexpr double secondsBetweenShows = 0.2;
+constexpr int percentDone = 100;
+
+}  // namespace
+
+Progress::Progress(Context& context, std::string what, std::size_t total)
+    : context_(context),
+      what_(std::move(what)),
+      total_(total),
+      nextLook_(stepsBetweenLooks),
+      nextShow_(context.system.monotonicSeconds() + quietSeconds)
+{}
+
+Progress::Progress(Context& context, std::string what) : Progress(context, std::move(what), 0)
+{
+    total_.reset();
+}
+
+Progress::~Progress()
+{
+    try {
+        finish();
+    }
+    catch (const std::exception&) {
+        // FEMAP is gone, and its bar with it; the next call to FEMAP reports that.
+    }
+}
+
+void Progress::step(std::size_t count)
+{
+    done_ += count;
+    if (done_ < nextLook_)
+        return;
+    nextLook_ = done_ + stepsBetweenLooks;
+    const double now = context_.system.monotonicSeconds();
+    if (now <= nextShow_)
+        return;
+    nextShow_ = now + secondsBetweenShows;
+    show();
+}
+
+void Progress::finish()
+{
+    std::string& caption = context_.form.StatusLine.Caption;
+    if (!shownCaption_.empty() && caption == shownCaption_)
+        caption = captionBefore_;
+    shownCaption_.clear();
+    if (std::exchange(barIsOn_, false))
+        tryBar([&] { context_.femap().feAppStatusShow(false, percentDone); });
+}
+
+// What the bar shows. Without a total it starts again after 99, so that it is seen to move.
+int Progress::percent() const
+{
+    if (!total_)
+        return static_cast<int>(done_ / stepsBetweenLooks % percentDone);
+    const std::size_t part = *total_ == 0 ? percentDone : done_ * percentDone / *total_;
+    return static_cast<int>(std::min<std::size_t>(part, percentDone));
+}
+
+void Progress::show()
+{
+    std::string& caption = context_.form.StatusLine.Caption;
+    if (caption != shownCaption_)
+        captionBefore_ = caption;
+    shownCaption_ =
+        what_ + " … " + (total_ ? std::to_string(percent()) + " %" : std::to_string(done_));
+    caption = shownCaption_;
+    context_.host.showProgress();
+
+    if (!barIsOn_ && barIsUsable_)
+        barIsOn_ = tryBar([&] { context_.femap().feAppStatusShow(true, percentDone); });
+    if (barIsOn_ && barIsUsable_)
+        tryBar([&] { context_.femap().feAppStatusUpdate(percent()); });
+}
+
+// When FEMAP refuses its bar it is not asked again: the walk matters more. The error is only logged
+// and does not become the pending one of the procedure.
+template <class Step>
+bool Progress::tryBar(Step&& step)
+{
+    sys::PendingError error;
+    barIsUsable_ = error.attempt(std::forward<Step>(step));
+    if (!barIsUsable_)
+        context_.log.writeLogWithLevel(context_.log.LogLevel_error,
+                                       "FEMAP refused its progress bar: " + error.description());
+    return barIsUsable_;
+}
+
+}  // namespace form

@@ -1,0 +1,51 @@
+// Shows an engineer who waits how far a walk over many entities has come: on the status line and
+// on FEMAP's progress bar. A walk that takes less than a second shows nothing.
+#pragma once
+
+#include "form/Context.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+namespace form
+{
+
+class Progress
+{
+public:
+    /// what: "Reading inputs". total: how many steps there will be.
+    Progress(Context& context, std::string what, std::size_t total);
+    /// For a number of steps that is not known before: shows how many are done.
+    Progress(Context& context, std::string what);
+    /// Finishes a walk that an error cut short.
+    ~Progress();
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    /// So many more steps are done. Cheap enough for every entity of a large model.
+    void step(std::size_t count = 1);
+
+    /// Ends the walk: hides FEMAP's bar and brings back the status line's text from before, unless
+    /// another message came in between.
+    void finish();
+
+private:
+    int percent() const;
+    void show();
+    template <class Step>
+    bool tryBar(Step&& step);
+
+    Context& context_;
+    std::string what_;
+    std::optional<std::size_t> total_;
+    std::size_t done_ = 0;
+    std::size_t nextLook_;  // the step at which the clock is read again
+    double nextShow_;       // the time at which the display changes again, in seconds
+    std::string shownCaption_;
+    std::string captionBefore_;
+    bool barIsOn_ = false;
+    bool barIsUsable_ = true;
+};
+
+}  // namespace form

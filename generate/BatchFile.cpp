@@ -1,0 +1,23 @@
+#include "generate/BatchFile.h"
+
+#include "generate/TextFile.h"
+#include "logging/Module1.h"
+
+namespace generate
+{
+
+using logging::logDebug;
+using logging::logPosition;
+
+void WriteBatchFile(form::Context& context, const std::string& folder, const std::string& /*name*/)
+{
+    logPosition(context.log, "Before writing batch file object");
+    TextFile file(context.system, context.log, folder + "FDFemap.bat");
+    const std::string& command = context.form.CommandLine.Text;
+    file.line(command);
+    logDebug(context.log, "Found command line argument as ", command);
+    file.close();
+    logPosition(context.log, "After writing batch file object");
+}
+
+}  // namespace generate

@@ -1,0 +1,97 @@
+#include "generate/TextFile.h"
+
+#include "logging/Module1.h"
+#include "system/Retry.h"
+
+namespace generate
+{
+
+using logging::logDebug;
+using sys::ErrorNumber;
+using sys::RuntimeError;
+
+namespace
+{
+
+// Short, for FEMAP's message window cuts long texts.
+std::string cureOf(ErrorNumber number)
+{
+    return number == ErrorNumber::PermissionDenied
+               ? "See whether another program has it open or it is write-protected, and try again"
+               : "See that its folder is there and the disk has room, and try again";
+}
+
+// The operating system's reason in the description of a disk error, which begins with the path.
+std::string reasonIn(const std::string& description, const std::string& path)
+{
+    const std::size_t position =
+        description.starts_with(path) ? description.find(": ", path.size()) : std::string::npos;
+    return position == std::string::npos ? description : description.substr(position + 2);
+}
+
+// Runs a step that writes; its errors then name the final file and say what to do.
+template <class Step>
+auto namingFile(const std::string& path, Step&& step)
+{
+    try {
+        return step();
+    }
+    catch (const RuntimeError& error) {
+        throw RuntimeError(error.number(),
+                           path + " was not written: " + reasonIn(error.description(), path) +
+                               ". " + cureOf(error.number()));
+    }
+}
+
+}  // namespace
+
+TextFile::TextFile(sys::System& system, logging::FemapLogger& log, const std::string& path)
+    : system_(system),
+      log_(log),
+      path_(path),
+      temporaryPath_(path + ".part~"),
+      writer_(namingFile(path,
+                         [&] {
+                             return sys::retriedWhileDenied(
+                                 system, [&] { return system.files.create(temporaryPath_); });
+                         }),
+              system.codePage)
+{}
+
+TextFile::~TextFile()
+{
+    if (closed_)
+        return;
+    writer_.discard();
+    sys::PendingError ignored;  // the error that ended the writing says more
+    ignored.attempt([&] { system_.files.remove(temporaryPath_); });
+}
+
+void TextFile::line(std::span<const std::string_view> pieces)
+{
+    namingFile(path_, [&] { writer_.line(pieces); });
+}
+
+void TextFile::write(std::string_view lines)
+{
+    while (!lines.empty()) {
+        const std::size_t end = lines.find('\n');
+        line(lines.substr(0, end));
+        lines.remove_prefix(end == std::string_view::npos ? lines.size() : end + 1);
+    }
+}
+
+void TextFile::close()
+{
+    namingFile(path_, [&] {
+        writer_.flush();
+        writer_.close();
+        sys::retriedWhileDenied(system_, [&] { system_.files.replace(path_, temporaryPath_); });
+    });
+    closed_ = true;
+    if (writer_.firstLossyLine() != 0)
+        logDebug(log_, path_, ": line ", writer_.firstLossyLine(),
+                 " is the first with a character that the code page lacks; it is written as ?");
+}
+
+}  // namespace generate

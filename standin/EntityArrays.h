@@ -1,0 +1,18 @@
+// The members of entity objects that return values of many entities at once.
+#pragma once
+
+#include "standin/EntityObject.h"
+
+namespace standin
+{
+
+namespace neutral = femap::neutral;
+
+Variant getCoordArray(EntityObject<neutral::Node>& entity, Arguments& arguments);
+Variant getAllNodes(EntityObject<neutral::Node>& entity, Arguments& arguments);
+Variant getAllElements(EntityObject<neutral::Element>& entity, Arguments& arguments);
+// Any mix of entities and indices of their arrays.
+Variant getPropertyValues(EntityObject<neutral::Property>& entity, Arguments& arguments);
+Variant getMaterialValues(EntityObject<neutral::Material>& entity, Arguments& arguments);
+
+}  // namespace standin

@@ -1,0 +1,31 @@
+// "feNode", "feElem", "feProp" or "feMatl" of the stand-in: holds a copy of one entity.
+#pragma once
+
+#include "femap/embedded/Members.h"
+#include "standin/Object.h"
+
+#include <span>
+
+namespace standin
+{
+
+namespace embedded = femap::embedded;
+
+template <class Data>
+class EntityObject : public ObjectOf<EntityObject<Data>>
+{
+public:
+    explicit EntityObject(Server& shared)
+        : ObjectOf<EntityObject<Data>>(shared, embedded::Kind<Data>::object)
+    {}
+
+    static std::span<const Member<EntityObject>> members();
+
+    int get(int id);
+    /// Stores the copy in the model.
+    int store(int id);
+
+    Data data;
+};
+
+}  // namespace standin

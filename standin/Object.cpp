@@ -1,0 +1,198 @@
+#include "standin/Object.h"
+
+#include "femap/com/Bstr.h"
+#include "femap/embedded/Members.h"
+#include "standin/Server.h"
+#include "system/RuntimeError.h"
+#include "windows/Text.h"
+
+namespace standin
+{
+
+using femap::com::toBstr;
+using windows::fromWide;
+
+namespace
+{
+
+// The source that every error names.
+constexpr std::string_view source = "femap-standin";
+
+HRESULT fail(EXCEPINFO* exception, const std::string& description)
+{
+    if (exception == nullptr)
+        return DISP_E_EXCEPTION;
+    *exception = {};
+    exception->bstrSource = toBstr(source);
+    exception->bstrDescription = toBstr(description);
+    exception->scode = E_FAIL;
+    return DISP_E_EXCEPTION;
+}
+
+bool isControl(const Signature& member)
+{
+    return member.name.starts_with("standin");
+}
+
+}  // namespace
+
+Object::Object(Server& server, std::string_view kind) : server_(server), kind_(kind)
+{
+    ++server_.objectCount;
+}
+
+Object::~Object()
+{
+    --server_.objectCount;
+}
+
+HRESULT Object::QueryInterface(REFIID id, void** object)
+{
+    if (object == nullptr)
+        return E_POINTER;
+    const bool isKnown = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch);
+    *object = isKnown ? static_cast<IDispatch*>(this) : nullptr;
+    if (!isKnown)
+        return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+}
+
+ULONG Object::Release()
+{
+    const ULONG left = --references_;
+    if (left == 0)
+        unreferenced();
+    return left;
+}
+
+HRESULT Object::GetTypeInfoCount(UINT* count)
+{
+    if (count == nullptr)
+        return E_POINTER;
+    *count = 0;
+    return S_OK;
+}
+
+bool Object::isThere(const Signature& member) const
+{
+    const Generation own = server_.isClassic ? Generation::Classic : Generation::Modern;
+    return (member.generation == Generation::All || member.generation == own) &&
+           faultOf(member.name) != Fault::Missing;
+}
+
+std::optional<Fault> Object::faultOf(std::string_view member) const
+{
+    return server_.faults.of(kind_, member);
+}
+
+// Serves a member, with the fault that a test gave it.
+Variant Object::serveWithFaults(std::size_t row, Arguments& arguments)
+{
+    const std::optional<Fault> fault = faultOf(arguments.member());
+    if (fault == Fault::Fails)
+        return static_cast<int>(ReturnCode::Fail);
+    if (fault == Fault::Raises)
+        throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "was told to raise here");
+    Variant returned = serve(row, arguments);
+    if (fault) {
+        spoil(*returned.raw(), *fault);
+        for (VARIANT* const filled : arguments.filled())
+            spoil(*filled, *fault);
+    }
+    return returned;
+}
+
+HRESULT Object::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* numbers)
+{
+    if (names == nullptr || numbers == nullptr || count == 0)
+        return E_INVALIDARG;
+    const std::string name = fromWide(names[0]);
+    for (UINT i = 0; i < count; ++i)
+        numbers[i] = DISPID_UNKNOWN;
+    for (std::size_t row = 0; row < memberCount(); ++row)
+        if (isThere(signature(row)) && embedded::isSameName(signature(row).name, name))
+            numbers[0] = signature(row).number;
+    // FEMAP's members take no named arguments, whose names would follow.
+    return numbers[0] == DISPID_UNKNOWN || count > 1 ? DISP_E_UNKNOWNNAME : S_OK;
+}
+
+HRESULT Object::Invoke(DISPID number, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
+                       VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument)
+{
+    if (parameters == nullptr)
+        return E_INVALIDARG;
+    for (std::size_t row = 0; row < memberCount(); ++row) {
+        if (signature(row).number != number || !isThere(signature(row)))
+            continue;
+        if (!isControl(signature(row))) {
+            const Admission admission = server_.admit();
+            if (admission == Admission::Busy)
+                return RPC_E_SERVERCALL_RETRYLATER;
+            if (admission == Admission::Fails)
+                return fail(exception, "FEMAP was told to fail here");
+        }
+        AddRef();  // the call may give back the last reference
+        const HRESULT code = call(row, flags, *parameters, result, exception, wrongArgument);
+        Release();
+        return code;
+    }
+    return DISP_E_MEMBERNOTFOUND;
+}
+
+HRESULT Object::call(std::size_t row, WORD flags, DISPPARAMS& parameters, VARIANT* result,
+                     EXCEPINFO* exception, UINT* wrongArgument)
+{
+    const Signature& member = signature(row);
+    const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    const Type* const valueType = isPut ? putType(row) : nullptr;
+    const WORD needed = member.kind == Kind::Method ? DISPATCH_METHOD : DISPATCH_PROPERTYGET;
+    if (isPut ? valueType == nullptr : (flags & needed) == 0)
+        return DISP_E_MEMBERNOTFOUND;
+    if (parameters.cNamedArgs != (isPut ? 1U : 0U) ||
+        (isPut && parameters.rgdispidNamedArgs[0] != DISPID_PROPERTYPUT))
+        return DISP_E_NONAMEDARGS;
+    const std::size_t declared = member.arguments.size();
+    if (parameters.cArgs != declared + (isPut ? 1 : 0))
+        return DISP_E_BADPARAMCOUNT;
+
+    Arguments arguments(member.name);
+    for (std::size_t i = 0; i < parameters.cArgs; ++i) {
+        const UINT index = parameters.cArgs - 1 - static_cast<UINT>(i);  // the last comes first
+        if (arguments.take(parameters.rgvarg[index],
+                           i < declared ? member.arguments[i] : *valueType))
+            continue;
+        if (wrongArgument != nullptr)
+            *wrongArgument = index;
+        return DISP_E_TYPEMISMATCH;
+    }
+    return carryOut(row, isPut, arguments, result, exception);
+}
+
+HRESULT Object::carryOut(std::size_t row, bool isPut, Arguments& arguments, VARIANT* result,
+                         EXCEPINFO* exception)
+{
+    const std::string call =
+        std::string(kind_) + '.' + std::string(arguments.member()) + '(' + arguments.shown() + ')';
+    try {
+        Variant returned;
+        if (isPut)
+            put(row, arguments);
+        else
+            returned = serveWithFaults(row, arguments);
+        server_.record(call + " = " + (isPut ? "put" : shown(*returned.raw())));
+        if (result != nullptr)
+            std::swap(*result, *returned.raw());
+        return S_OK;
+    }
+    catch (const sys::RuntimeError& error) {
+        server_.record(call + " raised " + error.description());
+        return fail(exception, error.description());
+    }
+    catch (const std::exception& error) {  // nothing may leave through COM
+        server_.record(call + " failed: " + error.what());
+        return fail(exception, error.what());
+    }
+}
+
+}  // namespace standin

@@ -1,0 +1,133 @@
+// The stand-in's objects for results, functions and load definitions.
+#pragma once
+
+#include "femap/Objects.h"
+#include "femap/neutral/Model.h"
+#include "standin/Object.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace standin
+{
+
+namespace neutral = femap::neutral;
+using femap::LoadDefinition;
+using femap::MemberObject;
+
+/// A vector's value at a node or element; none where it has none.
+std::optional<double> valueAt(const neutral::OutputVector& vector, int entity);
+
+/// The values at several entities, with otherwise where there is none.
+std::vector<double> valuesAt(const neutral::OutputVector& vector, const std::vector<int>& ids,
+                             double otherwise);
+
+/// "feOutput" of FEMAP before 2020.1: a vector of the output set that setID names.
+class OutputObject : public ObjectOf<OutputObject>
+{
+public:
+    explicit OutputObject(Server& server) : ObjectOf(server, "feOutput") {}
+
+    static std::span<const Member<OutputObject>> members();
+
+    int get(int id);
+    int getFromSet(int set, int id);
+    double value(int entity);
+    int getOutputListAtSet(Arguments& arguments);
+    int getScalarAtSet(Arguments& arguments);
+    int getTitleList(Arguments& arguments);
+
+    int setID = 1;
+    neutral::OutputVector vector;
+};
+
+class OutputSetObject : public ObjectOf<OutputSetObject>
+{
+public:
+    explicit OutputSetObject(Server& server) : ObjectOf(server, "feOutputSet") {}
+
+    static std::span<const Member<OutputSetObject>> members();
+
+    int get(int id);
+    /// The vectors of the loaded set into a set object.
+    int outputVectors(int set);
+
+    neutral::OutputSet loaded;
+};
+
+/// "feResults": a table whose columns are output vectors.
+class ResultsObject : public ObjectOf<ResultsObject>
+{
+public:
+    explicit ResultsObject(Server& server) : ObjectOf(server, "feResults") {}
+
+    static std::span<const Member<ResultsObject>> members();
+
+    int clear();
+    /// Restricts the rows to the entities of a set.
+    int dataNeeded(int location, int set);
+    int addColumn(Arguments& arguments);
+    int populate();
+    int numberOfRows();
+    int numberOfColumns();
+    int getColumn(Arguments& arguments);
+    int getColumnMinMax(Arguments& arguments);
+    int getValue(Arguments& arguments);
+    int entityValue(Arguments& arguments);
+    int vectorTitle(Arguments& arguments);
+    int vectorTitles(Arguments& arguments);
+    int vectors(int set, int target, bool clearFirst);
+    int vectorExists(int set, int vector);
+    int vectorInfo(Arguments& arguments);
+
+    double valueForNonExisting = 0;
+
+private:
+    const neutral::OutputVector* find(int set, int vector);
+    const neutral::OutputVector* column(int index) const;
+
+    std::vector<neutral::OutputVector> columns_;
+    std::optional<std::vector<int>> rows_;  // none: the entities that have a value
+    bool populated_ = false;
+};
+
+class FunctionObject : public ObjectOf<FunctionObject>
+{
+public:
+    explicit FunctionObject(Server& server) : ObjectOf(server, "feFunction") {}
+
+    static std::span<const Member<FunctionObject>> members();
+
+    int get(int id);
+    int selectID(const std::string& title);
+    int getFunctionList(Arguments& arguments);
+
+    neutral::Function loaded;
+};
+
+class LoadDefinitionObject : public ObjectOf<LoadDefinitionObject>
+{
+public:
+    explicit LoadDefinitionObject(Server& server);
+
+    static std::span<const Member<LoadDefinitionObject>> members();
+
+    int get(int id);
+    int resetNextLoad();
+    int nextLoad(Arguments& arguments);
+    int countLoads();
+
+    int setID = 1;
+    neutral::LoadDefinition loaded;
+
+private:
+    // Walks the loads of the definition.
+    std::unique_ptr<LoadDefinition> walk_;
+};
+
+// The load object that a definition of that data type hands out; null for an unknown type.
+IDispatch* makeLoad(Server& server, int dataType, std::unique_ptr<MemberObject> load);
+
+}  // namespace standin

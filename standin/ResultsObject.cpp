@@ -1,0 +1,267 @@
+// The results table object ("feResults") of the stand-in.
+
+#include "standin/Objects.h"
+#include "standin/Server.h"
+
+#include <algorithm>
+
+namespace standin
+{
+
+namespace
+{
+
+constexpr int invalid = 3;
+constexpr int badType = 8;
+constexpr int notExist = static_cast<int>(ReturnCode::NotExist);
+
+using enum Type;
+using Results = ResultsObject;
+
+// clang-format off
+constexpr Types columnArguments = {I4, I4, Bool, OutI4, OutAny};
+constexpr Types extremeArguments = {I4, I4, OutI4, OutI4, OutR8, OutR8};
+constexpr Types vectorTitlesArguments = {I4, Bool, I4, I4, OutI4, OutAny, OutAny};
+constexpr Types infoArguments = {I4, I4, OutI4, OutI4, OutBool, OutBool, OutI4};
+
+void putValueForNonExisting(Results& results, Arguments& arguments)
+{
+    results.valueForNonExisting = arguments.real(0);
+}
+
+constexpr Member<ResultsObject> resultsMembers[] = {
+    {{"ValueForNonExisting", Kind::Property, {},      10000},
+        serve<&Results::valueForNonExisting>, putValueForNonExisting, R8},
+    {{"clear",           method, {},                  20000}, serve<&Results::clear>},
+    {{"NumberOfRows",    method, {},                  20003}, serve<&Results::numberOfRows>},
+    {{"NumberOfColumns", method, {},                  20004}, serve<&Results::numberOfColumns>},
+    {{"Populate",        method, {},                  20008}, serve<&Results::populate>},
+    {{"AddColumn",       method, columnArguments,     20009, classic}, serve<&Results::addColumn>},
+    {{"GetColumnMinMax", method, extremeArguments,    20014}, serve<&Results::getColumnMinMax>},
+    {{"GetValue",        method, {I4, I4, OutR8},     20026}, serve<&Results::getValue>},
+    {{"DataNeeded",      method, {I4, I4},            20032}, serve<&Results::dataNeeded>},
+    {{"GetColumn",       method, {I4, OutAny, OutAny}, 20040}, serve<&Results::getColumn>},
+    {{"VectorExists",    method, {I4, I4},            20302, classic},
+        serve<&Results::vectorExists>},
+    {{"VectorTitle",     method, {I4, I4, OutText},   20304, classic},
+        serve<&Results::vectorTitle>},
+    {{"Vectors",         method, {I4, I4, Bool},      20308, classic}, serve<&Results::vectors>},
+    {{"AddColumnV2",     method, columnArguments,     20310, modern}, serve<&Results::addColumn>},
+    {{"VectorExistsV2",  method, {I4, I4},            20315, modern},
+        serve<&Results::vectorExists>},
+    {{"VectorInfoV2",    method, infoArguments,       20316, modern}, serve<&Results::vectorInfo>},
+    {{"VectorTitleV2",   method, {I4, I4, OutText},   20317, modern},
+        serve<&Results::vectorTitle>},
+    {{"VectorsV2",       method, {I4, I4, Bool},      20321, modern}, serve<&Results::vectors>},
+    {{"VectorTitlesV2",  method, vectorTitlesArguments,     20352, modern},
+        serve<&Results::vectorTitles>},
+    {{"EntityValue",     method, {I4, I4, I4, OutR8}, 20400, classic},
+        serve<&Results::entityValue>},
+    {{"EntityValueV2",   method, {I4, I4, I4, OutR8}, 20401, modern},
+        serve<&Results::entityValue>},
+};
+// clang-format on
+static_assert(hasOneOfEach(resultsMembers));
+
+}  // namespace
+
+std::span<const Member<ResultsObject>> ResultsObject::members()
+{
+    return resultsMembers;
+}
+
+const neutral::OutputVector* ResultsObject::find(int set, int vector)
+{
+    const neutral::OutputSet* const found = server().host.openModel().outputSets.find(set);
+    return found == nullptr ? nullptr : found->vectors.find(vector);
+}
+
+// Columns can be read once the table was populated.
+const neutral::OutputVector* ResultsObject::column(int index) const
+{
+    const auto at = static_cast<std::size_t>(index);
+    return !populated_ || index < 0 || at >= columns_.size() ? nullptr : &columns_[at];
+}
+
+int ResultsObject::clear()
+{
+    columns_.clear();
+    rows_.reset();
+    populated_ = false;
+    return ok;
+}
+
+int ResultsObject::dataNeeded(int location, int set)
+{
+    if (populated_)
+        return invalid;
+    rows_ = server().idsIn(set, static_cast<EntityType>(location));
+    return ok;
+}
+
+int ResultsObject::addColumn(Arguments& arguments)
+{
+    if (populated_)
+        return invalid;
+    const neutral::OutputVector* const vector = find(arguments.number(0), arguments.number(1));
+    if (vector == nullptr)
+        return notExist;
+    if (!columns_.empty() && columns_.front().location != vector->location)
+        return badType;
+    arguments.fill(3, 1);
+    arguments.fillAny(4, std::vector<int>{numberOfColumns()});
+    columns_.push_back(*vector);
+    return ok;
+}
+
+int ResultsObject::populate()
+{
+    populated_ = true;
+    return ok;
+}
+
+int ResultsObject::numberOfRows()
+{
+    std::set<int> rows;
+    for (const neutral::OutputVector& vector : columns_)
+        rows.insert(vector.ids.begin(), vector.ids.end());
+    return populated_ ? static_cast<int>(rows.size()) : 0;
+}
+
+int ResultsObject::numberOfColumns()
+{
+    return static_cast<int>(columns_.size());
+}
+
+int ResultsObject::getColumn(Arguments& arguments)
+{
+    const neutral::OutputVector* const vector = column(arguments.number(0));
+    if (vector == nullptr)
+        return invalid;
+    const std::vector<int>& rows = rows_ ? *rows_ : vector->ids;
+    const std::vector<double> values = valuesAt(*vector, rows, valueForNonExisting);
+    arguments.fillAny(1, rows);
+    arguments.fillAny(2, values);
+    return ok;
+}
+
+int ResultsObject::getColumnMinMax(Arguments& arguments)
+{
+    const neutral::OutputVector* const vector = column(arguments.number(0));
+    if (vector == nullptr)
+        return invalid;
+    const std::vector<int> limit = arguments.number(1) == 0
+                                       ? vector->ids
+                                       : server().idsIn(arguments.number(1), vector->location);
+    int minimumID = 0;
+    int maximumID = 0;
+    double minimum = vector->minval;
+    double maximum = vector->maxval;
+    for (std::size_t i = 0; i < vector->ids.size(); ++i) {
+        if (!std::binary_search(limit.begin(), limit.end(), vector->ids[i]))
+            continue;
+        const double value = vector->values[i];
+        if (minimumID == 0 || value < minimum) {
+            minimumID = vector->ids[i];
+            minimum = value;
+        }
+        if (maximumID == 0 || value > maximum) {
+            maximumID = vector->ids[i];
+            maximum = value;
+        }
+    }
+    arguments.fill(2, minimumID);
+    arguments.fill(3, maximumID);
+    arguments.fill(4, minimum);
+    arguments.fill(5, maximum);
+    return ok;
+}
+
+int ResultsObject::getValue(Arguments& arguments)
+{
+    const neutral::OutputVector* const vector = column(arguments.number(1));
+    if (vector == nullptr)
+        return invalid;
+    const std::optional<double> value = valueAt(*vector, arguments.number(0));
+    if (!value)
+        return failed;
+    arguments.fill(2, *value);
+    return ok;
+}
+
+int ResultsObject::entityValue(Arguments& arguments)
+{
+    const neutral::OutputVector* const vector = find(arguments.number(0), arguments.number(1));
+    if (vector == nullptr)
+        return notExist;
+    const std::optional<double> value = valueAt(*vector, arguments.number(2));
+    if (!value)
+        return failed;
+    arguments.fill(3, *value);
+    return ok;
+}
+
+int ResultsObject::vectorTitle(Arguments& arguments)
+{
+    const neutral::OutputVector* const vector = find(arguments.number(0), arguments.number(1));
+    if (vector == nullptr)
+        return notExist;
+    arguments.fillText(2, vector->title);
+    return ok;
+}
+
+int ResultsObject::vectorTitles(Arguments& arguments)
+{
+    const neutral::OutputSet* const set =
+        server().host.openModel().outputSets.find(arguments.number(0));
+    if (set == nullptr)
+        return notExist;
+    const int least = arguments.number(2);
+    const int most = arguments.number(3);
+    std::vector<int> ids;
+    std::vector<std::string> titles;
+    for (const neutral::OutputVector& vector : set->vectors) {
+        if (vector.id < least || (most != 0 && vector.id > most))
+            continue;
+        ids.push_back(vector.id);
+        titles.push_back(arguments.flag(1) ? std::to_string(vector.id) + ".." + vector.title
+                                           : vector.title);
+    }
+    arguments.fill(4, static_cast<int>(ids.size()));
+    arguments.fillAny(5, ids);
+    arguments.fillAny(6, titles);
+    return ok;
+}
+
+int ResultsObject::vectors(int set, int target, bool clearFirst)
+{
+    const neutral::OutputSet* const found = server().host.openModel().outputSets.find(set);
+    const auto targetSet = server().sets.find(target);
+    if (found == nullptr || targetSet == server().sets.end())
+        return failed;
+    if (clearFirst)
+        targetSet->second->clear();
+    const std::vector<int> ids = found->vectors.ids();
+    targetSet->second->insert(ids.begin(), ids.end());
+    return ok;
+}
+
+int ResultsObject::vectorExists(int set, int vector)
+{
+    return find(set, vector) == nullptr ? failed : ok;
+}
+
+int ResultsObject::vectorInfo(Arguments& arguments)
+{
+    const neutral::OutputVector* const vector = find(arguments.number(0), arguments.number(1));
+    if (vector == nullptr)
+        return notExist;
+    arguments.fill(2, static_cast<int>(vector->location));
+    arguments.fill(3, 0);
+    arguments.fillFlag(4, false);
+    arguments.fillFlag(5, false);
+    arguments.fill(6, 0);
+    return ok;
+}
+
+}  // namespace standin

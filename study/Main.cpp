@@ -1,0 +1,30 @@
+#include "study/Main.h"
+
+#include "study/Platform.h"
+#include "study/StudyProgram.h"
+#include "system/System.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+
+namespace study
+{
+
+int runHere(const std::vector<std::string>& arguments)
+{
+    try {
+        prepareProcess();
+        sys::System system = sys::thisMachine();
+        const bool showsColours = system.environment("NO_COLOR").empty() && errorsShowColours();
+        return runStudy(arguments, {std::cin, std::cout, std::cerr, system, runningFemap(),
+                                    recordedForm(), showsColours});
+    }
+    catch (const std::exception& error) {
+        static_cast<void>(std::fprintf(stderr, "velmar-study: %s\n", error.what()));
+        return EXIT_FAILURE;
+    }
+}
+
+}  // namespace study

@@ -1,0 +1,8 @@
+// velmar-study starts here on POSIX systems.
+
+#include "study/Main.h"
+
+int main(int argc, char* argv[])
+{
+    return study::runHere({argv + 1, argv + argc});
+}

@@ -1,0 +1,12 @@
+// velmar-study starts here on Windows.
+
+#include "study/Main.h"
+#include "windows/Text.h"
+
+int wmain(int argc, wchar_t* argv[])
+{
+    std::vector<std::string> arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.push_back(windows::fromWide(argv[i]));
+    return study::runHere(arguments);
+}

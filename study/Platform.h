@@ -1,0 +1,28 @@
+// What velmar-study does differently on Windows and on other systems.
+#pragma once
+
+#include "femap/Application.h"
+#include "femap/SelectionDialogs.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace study
+{
+
+/// Must be called before anything else.
+void prepareProcess();
+
+/// A connector to the FEMAP that runs on this machine, with its selection dialogs answered. Empty
+/// on platforms that FEMAP does not run on.
+std::function<std::unique_ptr<femap::Connector>(femap::SelectionDialogs&)> runningFemap();
+
+/// Shows the form until it is closed and records what is done in it as a script. Raises
+/// RuntimeError when the script cannot be written. Empty on platforms without the form.
+std::function<void(const std::string& script, const std::string& arguments)> recordedForm();
+
+/// Whether standard error is a terminal that shows colours. On Windows this also turns colours on.
+bool errorsShowColours();
+
+}  // namespace study

@@ -1,0 +1,76 @@
+#include "study/ScratchFiles.h"
+
+#include "system/RuntimeError.h"
+
+namespace study
+{
+
+namespace
+{
+
+std::string folderOf(const std::string& path)
+{
+    const std::size_t end = path.find_last_of(sys::pathSeparators);
+    return end == std::string::npos ? std::string() : path.substr(0, end);
+}
+
+class ScratchOutput : public sys::OutputFile
+{
+public:
+    explicit ScratchOutput(std::string& content) : content_(content) {}
+
+    void write(std::string_view bytes) override { content_ += bytes; }
+    void flush() override {}
+    void close() override {}
+
+private:
+    std::string& content_;
+};
+
+}  // namespace
+
+bool ScratchFiles::folderExists(const std::string& path)
+{
+    return folders_.contains(path) || real_.folderExists(path);
+}
+
+void ScratchFiles::createFolder(const std::string& path)
+{
+    demandFolderOf(path);
+    folders_.insert(path);
+}
+
+std::unique_ptr<sys::OutputFile> ScratchFiles::create(const std::string& path)
+{
+    demandFolderOf(path);
+    std::string& content = written_[path];
+    content.clear();
+    return std::make_unique<ScratchOutput>(content);
+}
+
+std::string ScratchFiles::read(const std::string& path)
+{
+    const auto found = written_.find(path);
+    return found == written_.end() ? real_.read(path) : found->second;
+}
+
+void ScratchFiles::replace(const std::string& path, const std::string& by)
+{
+    written_[path] = read(by);
+    written_.erase(by);
+}
+
+void ScratchFiles::remove(const std::string& path)
+{
+    written_.erase(path);
+}
+
+void ScratchFiles::demandFolderOf(const std::string& path)
+{
+    const std::string folder = folderOf(path);
+    if (!folder.empty() && !folderExists(folder))
+        throw sys::RuntimeError(sys::ErrorNumber::PathNotFound,
+                                path + " could not be created: there is no such folder");
+}
+
+}  // namespace study

@@ -1,0 +1,35 @@
+// A disk that looks as if everything were written, while the real one stays as it is: what is
+// written is kept in memory.
+#pragma once
+
+#include "system/Files.h"
+
+#include <map>
+#include <set>
+#include <string>
+
+namespace study
+{
+
+class ScratchFiles : public sys::Files
+{
+public:
+    /// The real disk must outlive this.
+    explicit ScratchFiles(sys::Files& real) : real_(real) {}
+
+    bool folderExists(const std::string& path) override;
+    void createFolder(const std::string& path) override;
+    std::unique_ptr<sys::OutputFile> create(const std::string& path) override;
+    std::string read(const std::string& path) override;
+    void replace(const std::string& path, const std::string& by) override;
+    void remove(const std::string& path) override;
+
+private:
+    void demandFolderOf(const std::string& path);
+
+    sys::Files& real_;
+    std::map<std::string, std::string> written_;  // contents by path
+    std::set<std::string> folders_;
+};
+
+}  // namespace study

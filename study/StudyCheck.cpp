@@ -1,0 +1,53 @@
+#include "study/StudyCheck.h"
+
+#include <algorithm>
+
+namespace study
+{
+
+std::vector<ScriptError> StudyCheck::problemsIn(StudyScript& script)
+{
+    for (bool isAtEnd = false; !isAtEnd;)
+        attempt([&] {
+            const auto line = script.next();
+            isAtEnd = !line;
+            if (line)
+                perform(*line);
+        });
+    attempt([&] { dialogs_.checkNothingIsLeft(); });
+    attempt([&] { runner_.unload(); });
+    // A wrong answer is found only when its dialog opens, at a later line.
+    std::ranges::stable_sort(problems_, {}, &ScriptError::line);
+    return std::move(problems_);
+}
+
+// False when the step cannot be done.
+template <class Step>
+bool StudyCheck::attempt(const Step& step)
+{
+    try {
+        step();
+        return true;
+    }
+    catch (const Unavailable& problem) {
+        if (!isBroken_)
+            problems_.push_back(problem);
+    }
+    catch (const ScriptError& problem) {
+        problems_.push_back(problem);
+    }
+    return false;
+}
+
+void StudyCheck::perform(const ScriptLine& line)
+{
+    const bool isClick = line.action == "click";
+    const bool isAnswer = line.action == "pick" || line.action == "choose";
+    const bool isDone = (isClick && isSpoiled_) || attempt([&] { runner_.perform(line); });
+    if (isClick && (isSpoiled_ || !isDone))
+        dialogs_.forget();
+    isBroken_ = isBroken_ || (!isDone && (!runner_.isStarted() || line.action == "start"));
+    isSpoiled_ = !isClick && (isSpoiled_ || (isAnswer && !isDone));
+}
+
+}  // namespace study

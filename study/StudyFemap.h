@@ -1,0 +1,29 @@
+// Connects to FEMAP for a program without a window: what appears in FEMAP's message window is
+// written to a stream as well, and nothing is registered as a pane of FEMAP.
+#pragma once
+
+#include "femap/Application.h"
+
+#include <memory>
+#include <ostream>
+
+namespace study
+{
+
+class StudyConnector : public femap::Connector
+{
+public:
+    /// Both must outlive the connector and what it hands out.
+    StudyConnector(femap::Connector& real, std::ostream& messages)
+        : real_(real), messages_(messages)
+    {}
+
+    std::unique_ptr<femap::Application> attach() override;
+    std::unique_ptr<femap::Application> create() override;
+
+private:
+    femap::Connector& real_;
+    std::ostream& messages_;
+};
+
+}  // namespace study

@@ -1,0 +1,214 @@
+#include "study/StudyProgram.h"
+
+#include "app/Version.h"
+#include "study/ScratchFiles.h"
+#include "study/StudyCheck.h"
+#include "study/StudyFemap.h"
+#include "study/StudyRunner.h"
+
+#include <exception>
+#include <iterator>
+#include <optional>
+#include <string_view>
+
+namespace study
+{
+
+namespace
+{
+
+constexpr int exitOk = 0;
+constexpr int exitStopped = 1;
+constexpr int exitWrongCall = 2;
+
+constexpr std::string_view usage =
+    R"text(usage: velmar-study [--femap=embedded|running] [--quiet] SCRIPT
+       velmar-study [--femap=embedded|running] [--quiet] --check SCRIPT
+       velmar-study --record SCRIPT [ARGUMENTS]
+       velmar-study --help | --version
+
+Replays a study script without a window. SCRIPT "-" reads standard input.
+
+  --record          show the form, started with the argument string, and write what is done
+                    in it as a script (Windows)
+  --check           try the script on the model, tell every problem and write nothing
+  --femap=embedded  load the model into the model host of the program itself
+  --femap=running   use the FEMAP that runs on this machine (Windows)
+  --quiet           no progress on standard error
+
+Exit code 0: the whole script ran, or --check found no problem. 1: it was stopped, or there are
+problems. 2: wrong arguments.
+)text";
+
+struct Call
+{
+    bool wantsHelp = false;
+    bool wantsVersion = false;
+    bool isQuiet = false;
+    bool isCheck = false;
+    bool isRecording = false;
+    std::optional<bool> isEmbedded;  // none: the call does not say
+    std::optional<std::string> script;
+    std::string formArguments;  // of the form that is recorded
+    std::string problem;        // empty: none
+};
+
+Call parseCall(const std::vector<std::string>& arguments)
+{
+    Call call;
+    for (const std::string& argument : arguments) {
+        if (call.isRecording && call.script)
+            call.formArguments += (call.formArguments.empty() ? "" : " ") + argument;
+        else if (argument == "--help")
+            call.wantsHelp = true;
+        else if (argument == "--version")
+            call.wantsVersion = true;
+        else if (argument == "--quiet")
+            call.isQuiet = true;
+        else if (argument == "--check")
+            call.isCheck = true;
+        else if (argument == "--record")
+            call.isRecording = true;
+        else if (argument == "--femap=embedded")
+            call.isEmbedded = true;
+        else if (argument == "--femap=running")
+            call.isEmbedded = false;
+        else if (argument.size() > 1 && argument.starts_with('-'))
+            call.problem = "unknown option " + argument;
+        else if (call.script)
+            call.problem = "one script at a time, not also " + argument;
+        else
+            call.script = argument;
+    }
+    if (call.problem.empty() && call.isCheck && call.isRecording)
+        call.problem = "a script is either checked or recorded";
+    if (call.problem.empty() && !call.script)
+        call.problem = "no script is named";
+    return call;
+}
+
+std::string readScript(const std::string& script, const Environment& environment)
+{
+    if (script != "-")
+        return environment.system.files.read(script);
+    return {std::istreambuf_iterator<char>(environment.input), std::istreambuf_iterator<char>()};
+}
+
+// Writes "SCRIPT:LINE: what is wrong", so that editors find the line.
+void tell(const ScriptError& problem, const std::string& name, const Environment& environment)
+{
+    const std::string where = name + ':' + std::to_string(problem.line()) + ':';
+    environment.errors << (environment.showsColours ? "\x1b[1;31m" + where + "\x1b[0m" : where)
+                       << ' ' << problem.what() << '\n';
+}
+
+// Runs the script and unloads the form whatever happens. Returns the exit code.
+int replay(StudyRunner& runner, const std::string& name, StudyScript& script,
+           const Environment& environment)
+{
+    try {
+        runner.run(script);
+        return exitOk;
+    }
+    catch (const ScriptError& error) {
+        tell(error, name, environment);
+        runner.unload();
+        return exitStopped;
+    }
+}
+
+// Returns the exit code.
+int tellProblems(const std::vector<ScriptError>& problems, const std::string& name,
+                 const Environment& environment)
+{
+    for (const ScriptError& problem : problems)
+        tell(problem, name, environment);
+    environment.output << name << ": "
+                       << (problems.empty()       ? "no problem found"
+                           : problems.size() == 1 ? "1 problem"
+                                                  : std::to_string(problems.size()) + " problems")
+                       << '\n';
+    return problems.empty() ? exitOk : exitStopped;
+}
+
+int runScript(const Call& call, const Environment& environment)
+{
+    StudyScript script(readScript(*call.script, environment));
+    std::ostream nowhere(nullptr);
+    StudyDialogs dialogs;
+    femap::embedded::Host host(dialogs);
+    host.model.reset();  // nothing is open before the script opens it
+    std::unique_ptr<femap::Connector> running;
+    if (!call.isEmbedded.value_or(!environment.runningFemap)) {
+        if (!environment.runningFemap) {
+            environment.errors << "velmar-study: a running FEMAP can be used on Windows only; "
+                                  "start it with --femap=embedded\n";
+            return exitStopped;
+        }
+        running = environment.runningFemap(dialogs);
+    }
+
+    ScratchFiles scratch(environment.system.files);
+    sys::System dry = {scratch,
+                       environment.system.codePage,
+                       environment.system.localTime,
+                       environment.system.monotonicSeconds,
+                       environment.system.environment,
+                       environment.system.wait};
+    StudyConnector connector(running ? *running : host, environment.output);
+    StudyRunner runner({call.isCheck ? dry : environment.system, connector, dialogs,
+                        running ? nullptr : &host, call.isCheck ? nowhere : environment.output,
+                        environment.errors, call.isQuiet ? nowhere : environment.errors});
+    if (!call.isCheck)
+        return replay(runner, *call.script, script, environment);
+    return tellProblems(StudyCheck(runner, dialogs).problemsIn(script), *call.script, environment);
+}
+
+int record(const Call& call, const Environment& environment)
+{
+    if (!environment.recordedForm) {
+        environment.errors
+            << "velmar-study: the form can be shown, and recorded, on Windows only\n";
+        return exitStopped;
+    }
+    environment.recordedForm(*call.script, call.formArguments);
+    environment.output << *call.script << " is recorded\n";
+    return exitOk;
+}
+
+int runCall(const Call& call, const Environment& environment)
+{
+    if (call.wantsHelp) {
+        environment.output << usage;
+        return exitOk;
+    }
+    if (call.wantsVersion) {
+        environment.output << "velmar-study " << app::version() << '\n';
+        return exitOk;
+    }
+    if (!call.problem.empty()) {
+        environment.errors << "velmar-study: " << call.problem << '\n' << usage;
+        return exitWrongCall;
+    }
+    return call.isRecording ? record(call, environment) : runScript(call, environment);
+}
+
+}  // namespace
+
+int runStudy(const std::vector<std::string>& arguments, const Environment& environment)
+{
+    int exitCode = exitStopped;
+    try {
+        exitCode = runCall(parseCall(arguments), environment);
+    }
+    catch (const std::exception& error) {
+        environment.errors << "velmar-study: " << error.what() << '\n';
+    }
+    if (!environment.output.flush()) {
+        environment.errors << "velmar-study: standard output could not be written\n";
+        return exitStopped;
+    }
+    return exitCode;
+}
+
+}  // namespace study

@@ -1,0 +1,325 @@
+#include "study/StudyRunner.h"
+
+#include "app/StartUp.h"
+#include "femap/NumberText.h"
+#include "study/ModelChange.h"
+#include "study/NamedGrids.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace study
+{
+
+using app::Ended;
+using app::Started;
+using form::MainForm;
+using form::ParameterGrid;
+
+namespace
+{
+
+template <class Row>
+concept Named = requires(const Row& row)
+{
+    row.name;
+};
+
+// "a, b, c" of the names in a table.
+template <Named Row, std::size_t count>
+std::string namesOf(const Row (&table)[count])
+{
+    std::string result;
+    for (const Row& row : table)
+        result.append(result.empty() ? "" : ", ").append(row.name);
+    return result;
+}
+
+// The row of that name. Raises ScriptError, with a list of all names, when there is none.
+template <Named Row, std::size_t count>
+const Row& rowNamed(const Row (&table)[count], const std::string& name, const std::string& problem,
+                    const ScriptLine& line)
+{
+    const auto* const found = std::ranges::find(table, name, &Row::name);
+    if (found == std::end(table))
+        throw ScriptError(line.number, '"' + name + "\" " + problem + " " + namesOf(table));
+    return *found;
+}
+
+struct Button
+{
+    std::string_view name;
+};
+
+constexpr Button buttons[] = {
+    {"InputsButton"},  {"RefreshInputs"},  {"ClearInputSelection"},
+    {"OutputsButton"}, {"RefreshOutputs"}, {"ClearOutputSelection"},
+    {"ClearAll"},      {"GenerateButton"},
+};
+
+struct Box
+{
+    std::string_view name;
+    form::ComboBox MainForm::*box;  // null: the command line
+};
+
+constexpr Box boxes[] = {
+    {"InputSelection", &MainForm::InputSelection},
+    {"OutputSelection", &MainForm::OutputSelection},
+    {"Solver", &MainForm::Solver},
+    {"Optimizer", &MainForm::Optimizer},
+    {"CommandLine", nullptr},
+};
+
+template <auto grid>
+std::string rowsOf(const MainForm& form)
+{
+    std::string result;
+    for (int row = 1; row < (form.*grid).Rows(); ++row)
+        result += (form.*grid).rowText(row) + '\n';
+    return result;
+}
+
+template <auto control>
+std::string textOf(const MainForm& form)
+{
+    if constexpr (requires { (form.*control).Text; })
+        return (form.*control).Text + '\n';
+    else
+        return (form.*control).Caption + '\n';
+}
+
+struct Printable
+{
+    std::string_view name;
+    std::string (*text)(const MainForm& form);
+};
+
+constexpr Printable printables[] = {
+    {"InputsList", rowsOf<&MainForm::InputsList>},
+    {"OutputsList", rowsOf<&MainForm::OutputsList>},
+    {"InputSelection", textOf<&MainForm::InputSelection>},
+    {"OutputSelection", textOf<&MainForm::OutputSelection>},
+    {"Solver", textOf<&MainForm::Solver>},
+    {"Optimizer", textOf<&MainForm::Optimizer>},
+    {"CommandLine", textOf<&MainForm::CommandLine>},
+    {"StatusLine", textOf<&MainForm::StatusLine>},
+    {"Inputs", textOf<&MainForm::Inputs>},
+    {"InputsButton", textOf<&MainForm::InputsButton>},
+    {"RefreshInputs", textOf<&MainForm::RefreshInputs>},
+    {"ClearInputSelection", textOf<&MainForm::ClearInputSelection>},
+    {"Outputs", textOf<&MainForm::Outputs>},
+    {"OutputsButton", textOf<&MainForm::OutputsButton>},
+    {"RefreshOutputs", textOf<&MainForm::RefreshOutputs>},
+    {"ClearOutputSelection", textOf<&MainForm::ClearOutputSelection>},
+    {"Execution", textOf<&MainForm::Execution>},
+    {"Label1", textOf<&MainForm::Label1>},
+    {"Label2", textOf<&MainForm::Label2>},
+    {"Label3", textOf<&MainForm::Label3>},
+    {"ClearAll", textOf<&MainForm::ClearAll>},
+    {"GenerateButton", textOf<&MainForm::GenerateButton>},
+};
+
+// A number that the action needs; what says which.
+int numberIn(const std::string& text, const std::string& what, const ScriptLine& line)
+{
+    const auto number = femap::wholeNumber(text);
+    if (!number)
+        throw ScriptError(line.number, line.action + " needs " + what +
+                                           " as a whole number, not \"" + text + '"');
+    return *number;
+}
+
+}  // namespace
+
+// clang-format off
+const StudyRunner::Action StudyRunner::actions[] = {
+    {"start",    &StudyRunner::start},
+    {"set",      &StudyRunner::set},
+    {"pick",     &StudyRunner::pick},
+    {"choose",   &StudyRunner::choose},
+    {"click",    &StudyRunner::click},
+    {"select",   &StudyRunner::select},
+    {"key",      &StudyRunner::key},
+    {"event",    &StudyRunner::event},
+    {"put",      &StudyRunner::put},
+    {"activate", &StudyRunner::activate},
+    {"print",    &StudyRunner::print},
+    {"close",    &StudyRunner::close},
+};
+// clang-format on
+
+StudyRunner::StudyRunner(const StudyWorld& world)
+    : world_(world),
+      host_(world.progress),
+      program_(world.connector, host_, world.dialogs, world.system)
+{
+    host_.follow(program_.form().StatusLine);
+}
+
+void StudyRunner::run(StudyScript& script)
+{
+    while (const auto line = script.next())
+        perform(*line);
+    world_.dialogs.checkNothingIsLeft();
+    unload();
+}
+
+void StudyRunner::unload()
+{
+    if (isStarted_)
+        program_.close();
+}
+
+void StudyRunner::perform(const ScriptLine& line)
+{
+    const Action& action = rowNamed(actions, line.action, "is no action; the actions are", line);
+    const bool starts = action.procedure == &StudyRunner::start;
+    if (!starts && !isStarted_)
+        throw Unavailable(line.number,
+                          "the form is not started yet; begin the script with a line "
+                          "\"start MODEL$LOG NAME$LEVEL\"");
+    if (starts && isStarted_)
+        throw ScriptError(line.number, "the form is started already; remove this line");
+    if (program_.isClosed())
+        throw ScriptError(line.number, "the form is closed; nothing can be done with it any more");
+    world_.dialogs.setLine(line.number);
+    (this->*action.procedure)(line);
+}
+
+void StudyRunner::start(const ScriptLine& line)
+{
+    isStarted_ = true;
+    const Started started = program_.start(line.argument);
+    if (!program_.logFailure().empty())
+        world_.problems << "There is no log: " << program_.logFailure() << '\n';
+    if (started == Started::FemapNotFound)
+        throw ScriptError(line.number, "FEMAP does not run and could not be started");
+    if (!program_.openFailure().empty())
+        throw ScriptError(line.number, program_.openFailure());
+    if (started == Started::ByError)
+        throw ScriptError(line.number, program_.lastFailure());
+}
+
+void StudyRunner::set(const ScriptLine& line)
+{
+    std::string_view text = line.argument;
+    const std::string name = takeWord(text);
+    const Box& row = rowNamed(boxes, name, "cannot be set; set takes", line);
+    requireEnabled(name, line);
+    if (row.box == nullptr)
+        program_.form().CommandLine.Text = text;
+    else
+        checkEnd(program_.enterText(program_.form().*row.box, std::string(text)), line);
+}
+
+void StudyRunner::pick(const ScriptLine& line)
+{
+    world_.dialogs.queue(parsePick(line));
+}
+
+void StudyRunner::choose(const ScriptLine& line)
+{
+    world_.dialogs.queue(parseChoice(line));
+}
+
+void StudyRunner::click(const ScriptLine& line)
+{
+    rowNamed(buttons, line.argument, "is no button; the buttons are", line);
+    requireEnabled(line.argument, line);
+    checkEnd(program_.raise(line.argument + "_Click"), line);
+}
+
+void StudyRunner::select(const ScriptLine& line)
+{
+    std::string_view rest = line.argument;
+    const std::string name = takeWord(rest);
+    ParameterGrid& grid =
+        program_.form().*rowNamed(namedGrids, name, "is no grid; the grids are", line).grid;
+    requireEnabled(name, line);
+    const auto takeRow = [&] {
+        const int row = numberIn(takeWord(rest), "a row", line);
+        if (row < 1 || row >= grid.Rows())
+            throw ScriptError(line.number, name + " has no row " + std::to_string(row) +
+                                               "; its last row is " +
+                                               std::to_string(grid.Rows() - 1));
+        return row;
+    };
+    const int first = takeRow();
+    const int last = rest.empty() ? first : takeRow();
+    if (!rest.empty())
+        throw ScriptError(line.number, "select takes GRID ROW [LAST] and nothing more");
+    grid.Row = first;
+    grid.RowSel = last;
+}
+
+void StudyRunner::key(const ScriptLine& line)
+{
+    std::string_view rest = line.argument;
+    const std::string name = takeWord(rest);
+    rowNamed(namedGrids, name, "is no grid; the grids are", line);
+    requireEnabled(name, line);
+    const int code = numberIn(std::string(rest), "a key code", line);
+    checkEnd(program_.raise(name + "_KeyDown", code), line);
+}
+
+void StudyRunner::event(const ScriptLine& line)
+{
+    const int code = numberIn(line.argument, "an event code", line);
+    checkEnd(program_.raiseFemapEvent(code), line);
+}
+
+void StudyRunner::put(const ScriptLine& line)
+{
+    changeModel(requireHost(line), line);
+}
+
+void StudyRunner::activate(const ScriptLine& line)
+{
+    activateSet(requireHost(line), line);
+}
+
+void StudyRunner::print(const ScriptLine& line)
+{
+    const Printable& row =
+        rowNamed(printables, line.argument, "cannot be printed; print takes", line);
+    world_.output << row.text(program_.form());
+}
+
+void StudyRunner::close(const ScriptLine& line)
+{
+    if (!line.argument.empty())
+        throw ScriptError(line.number, "close takes nothing after it");
+    world_.dialogs.checkNothingIsLeft();
+    unload();
+}
+
+femap::embedded::Host& StudyRunner::requireHost(const ScriptLine& line) const
+{
+    if (world_.host == nullptr)
+        throw ScriptError(line.number, line.action +
+                                           " changes the embedded model host only; run the script "
+                                           "with --femap=embedded");
+    if (!world_.host->model)
+        throw Unavailable(line.number, "FEMAP has no model open");
+    return *world_.host;
+}
+
+void StudyRunner::requireEnabled(const std::string& control, const ScriptLine& line)
+{
+    const auto& controls = program_.form().controls();
+    const auto found = std::ranges::find(controls, control, &MainForm::NamedControl::name);
+    if (found->control->Enabled)
+        return;
+    throw Unavailable(
+        line.number, control + " is disabled: " +
+                         std::string(program_.isConnected() ? app::noModelOpen : app::femapIsGone));
+}
+
+void StudyRunner::checkEnd(Ended ended, const ScriptLine& line) const
+{
+    if (ended == Ended::ByError)
+        throw ScriptError(line.number, program_.lastFailure());
+}
+
+}  // namespace study

@@ -1,0 +1,96 @@
+// Carries out the lines of a study script in a form without a window.
+#pragma once
+
+#include "app/Program.h"
+#include "femap/embedded/Host.h"
+#include "study/StudyDialogs.h"
+#include "study/StudyScript.h"
+
+#include <ostream>
+#include <string>
+#include <string_view>
+
+namespace study
+{
+
+/// What a study runs on; everything must outlive the runner.
+struct StudyWorld
+{
+    sys::System& system;
+    femap::Connector& connector;
+    StudyDialogs& dialogs;
+    femap::embedded::Host* host;  // null with a running FEMAP, whose model is not changed
+    std::ostream& output;
+    std::ostream& problems;
+    std::ostream& progress;
+};
+
+/// Stands in for the form's window and writes the progress to a stream.
+class StudyFormHost : public form::FormHost
+{
+public:
+    explicit StudyFormHost(std::ostream& progress) : progress_(progress) {}
+
+    /// Its text is the progress.
+    void follow(const form::Label& statusLine) { statusLine_ = &statusLine; }
+
+    std::intptr_t windowHandle() override { return 0; }
+    void hookEvents() override {}
+    void unhookEvents() override {}
+    void showProgress() override { progress_ << statusLine_->Caption << '\n'; }
+    void unload() override {}
+
+private:
+    const form::Label* statusLine_ = nullptr;
+    std::ostream& progress_;
+};
+
+class StudyRunner
+{
+public:
+    explicit StudyRunner(const StudyWorld& world);
+
+    /// Runs the whole script and unloads the form. Raises ScriptError at the line that cannot be
+    /// done; then the form is still loaded.
+    void run(StudyScript& script);
+
+    /// Does one line. Raises ScriptError when it cannot be done.
+    void perform(const ScriptLine& line);
+    /// Whether a line started the form, well or not.
+    bool isStarted() const { return isStarted_; }
+
+    /// Unloads the form, if it is loaded.
+    void unload();
+
+private:
+    struct Action
+    {
+        std::string_view name;
+        void (StudyRunner::*procedure)(const ScriptLine& line);
+    };
+    static const Action actions[];
+
+    void start(const ScriptLine& line);
+    void set(const ScriptLine& line);
+    void pick(const ScriptLine& line);
+    void choose(const ScriptLine& line);
+    void click(const ScriptLine& line);
+    void select(const ScriptLine& line);
+    void key(const ScriptLine& line);
+    void event(const ScriptLine& line);
+    void put(const ScriptLine& line);
+    void activate(const ScriptLine& line);
+    void print(const ScriptLine& line);
+    void close(const ScriptLine& line);
+
+    femap::embedded::Host& requireHost(const ScriptLine& line) const;
+    void requireEnabled(const std::string& control, const ScriptLine& line);
+    void checkEnd(app::Ended ended, const ScriptLine& line) const;
+
+    StudyWorld world_;
+    StudyFormHost host_;
+    app::Program program_;
+    bool isStarted_ = false;
+};
+
+}  // namespace study

@@ -1,0 +1,146 @@
+// DiskFiles: the real disk on every platform. Errors name the path and the reason of the system.
+
+#include "system/Files.h"
+#include "system/Platform.h"
+#include "system/RuntimeError.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace sys
+{
+
+namespace
+{
+
+[[noreturn]] void fail(ErrorNumber number, const std::string& path, const std::string& what,
+                       const std::error_code& reason)
+{
+    const std::error_condition condition = conditionOf(reason);
+    if (condition == std::errc::permission_denied)
+        number = ErrorNumber::PermissionDenied;
+    const bool isCommon = condition.category() == std::generic_category();
+    throw RuntimeError(number,
+                       path + " " + what + ": " +
+                           (isCommon ? condition.message()
+                                     : "the system's error " + std::to_string(reason.value())));
+}
+
+// Asked before a file is replaced, because not every system refuses to replace a protected one.
+bool isWriteProtected(const std::filesystem::path& path)
+{
+    using std::filesystem::perms;
+    std::error_code unknown;
+    const std::filesystem::file_status status = std::filesystem::status(path, unknown);
+    const perms anyWrite = perms::owner_write | perms::group_write | perms::others_write;
+    return std::filesystem::exists(status) && (status.permissions() & anyWrite) == perms::none;
+}
+
+std::error_code lastError()
+{
+    return {errno, std::generic_category()};
+}
+
+class DiskOutputFile : public OutputFile
+{
+public:
+    DiskOutputFile(std::string path, std::FILE* file) : path_(std::move(path)), file_(file) {}
+    DiskOutputFile(const DiskOutputFile&) = delete;
+    DiskOutputFile& operator=(const DiskOutputFile&) = delete;
+    ~DiskOutputFile() override
+    {
+        if (file_ != nullptr)
+            static_cast<void>(std::fclose(file_));  // the file was given up: errors do not matter
+    }
+
+    void write(std::string_view bytes) override
+    {
+        if (std::fwrite(bytes.data(), 1, bytes.size(), file_) != bytes.size())
+            fail(ErrorNumber::FileError, path_, "could not be written", lastError());
+    }
+
+    void flush() override
+    {
+        if (std::fflush(file_) != 0 || bringToDisk(file_) != 0)
+            fail(ErrorNumber::FileError, path_, "could not be written", lastError());
+    }
+
+    void close() override
+    {
+        std::FILE* const file = std::exchange(file_, nullptr);
+        if (std::fclose(file) != 0)
+            fail(ErrorNumber::FileError, path_, "could not be closed", lastError());
+    }
+
+private:
+    std::string path_;
+    std::FILE* file_;
+};
+
+}  // namespace
+
+bool DiskFiles::folderExists(const std::string& path)
+{
+    return isFolder(path);
+}
+
+void DiskFiles::createFolder(const std::string& path)
+{
+    std::error_code reason;
+    std::filesystem::create_directory(toPath(path), reason);
+    if (reason)
+        fail(ErrorNumber::PathNotFound, path, "could not be created", reason);
+}
+
+std::unique_ptr<OutputFile> DiskFiles::create(const std::string& path)
+{
+    std::FILE* const file = openFile(path, true);
+    if (file == nullptr)
+        fail(ErrorNumber::FileError, path, "could not be created", lastError());
+    return std::make_unique<DiskOutputFile>(path, file);
+}
+
+std::string DiskFiles::read(const std::string& path)
+{
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(openFile(path, false), &std::fclose);
+    if (file == nullptr)
+        fail(errno == ENOENT ? ErrorNumber::FileNotFound : ErrorNumber::FileError, path,
+             "could not be opened", lastError());
+
+    std::string content;
+    std::error_code unknownSize;
+    const auto size = std::filesystem::file_size(toPath(path), unknownSize);
+    if (!unknownSize)
+        content.reserve(static_cast<std::size_t>(size) + 1);
+    constexpr std::size_t piece = 1 << 20;
+    for (std::size_t got = piece; got == piece;) {
+        const std::size_t before = content.size();
+        content.resize(before + piece);
+        got = std::fread(content.data() + before, 1, piece, file.get());
+        content.resize(before + got);
+    }
+    if (std::ferror(file.get()) != 0)
+        fail(ErrorNumber::FileError, path, "could not be read", lastError());
+    return content;
+}
+
+void DiskFiles::replace(const std::string& path, const std::string& by)
+{
+    std::error_code reason;
+    if (isWriteProtected(toPath(path)))
+        reason = std::make_error_code(std::errc::permission_denied);
+    else
+        std::filesystem::rename(toPath(by), toPath(path), reason);
+    if (reason)
+        fail(ErrorNumber::FileError, path, "could not be replaced", reason);
+}
+
+void DiskFiles::remove(const std::string& path)
+{
+    removeFile(path);
+}
+
+}  // namespace sys

@@ -1,0 +1,34 @@
+// What each platform does in its own way. Paths are UTF-8.
+#pragma once
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+namespace sys
+{
+
+struct LocalTime;
+class CodePage;
+
+/// The path as this platform's functions take it, however long it is.
+std::filesystem::path toPath(const std::string& path);
+/// Binary; null when the file cannot be opened, and errno tells why.
+std::FILE* openFile(const std::string& path, bool forWriting);
+/// Brings flushed data onto the disk; 0 when that is done, else errno tells why.
+int bringToDisk(std::FILE* file);
+bool isFolder(const std::string& path);
+/// No error when there is no such file.
+void removeFile(const std::string& path);
+/// The reason as a generic condition, whose text is the same in every language of the system.
+std::error_condition conditionOf(const std::error_code& reason);
+
+/// The code page in which the user's programs write their text files.
+const CodePage& usersCodePage();
+LocalTime localTime();
+/// Empty when there is no such variable.
+std::string environmentVariable(const std::string& name);
+
+}  // namespace sys

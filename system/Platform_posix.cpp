@@ -1,0 +1,75 @@
+// Platform.h on Linux and other POSIX systems.
+
+#include "system/CodePage.h"
+#include "system/Platform.h"
+#include "system/System.h"
+
+#include <cstdlib>
+#include <ctime>
+#include <unistd.h>
+
+namespace sys
+{
+
+const char pathSeparator = '/';
+const std::string_view pathSeparators = "/";
+
+std::filesystem::path toPath(const std::string& path)
+{
+    return path;
+}
+
+std::FILE* openFile(const std::string& path, bool forWriting)
+{
+    return std::fopen(path.c_str(), forWriting ? "wb" : "rb");
+}
+
+int bringToDisk(std::FILE* file)
+{
+    return fsync(fileno(file));
+}
+
+bool isFolder(const std::string& path)
+{
+    std::error_code reason;
+    return std::filesystem::is_directory(toPath(path), reason);
+}
+
+void removeFile(const std::string& path)
+{
+    static_cast<void>(std::remove(path.c_str()));  // there may be none
+}
+
+std::error_condition conditionOf(const std::error_code& reason)
+{
+    return reason.default_error_condition();
+}
+
+const CodePage& usersCodePage()
+{
+    return windows1252();
+}
+
+LocalTime localTime()
+{
+    using namespace std::chrono;
+    const auto point = system_clock::now();
+    const std::time_t seconds = system_clock::to_time_t(point);
+    const std::tm* parts = std::localtime(&seconds);  // NOLINT(concurrency-mt-unsafe): one thread
+    const auto sinceEpoch = duration_cast<milliseconds>(point.time_since_epoch()).count();
+    return {parts->tm_year + 1900,
+            parts->tm_mon + 1,
+            parts->tm_mday,
+            parts->tm_hour,
+            parts->tm_min,
+            parts->tm_sec,
+            static_cast<int>(sinceEpoch % 1000)};
+}
+
+std::string environmentVariable(const std::string& name)
+{
+    const char* const value = std::getenv(name.c_str());  // NOLINT(concurrency-mt-unsafe)
+    return value == nullptr ? "" : value;
+}
+
+}  // namespace sys

@@ -1,0 +1,332 @@
+#include "Hand.h"
+#include "RemoteMemory.h"
+#include "WindowFixture.h"
+#include "app/window/AccessKeys.h"
+#include "app/window/PropertyListWindow.h"
+#include "windows/Text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+using driver::Hand;
+using driver::waitUntil;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace
+{
+
+// Real keys and a real mouse, for what no message can show.
+struct Keys : driver::Window
+{
+    Hand hand;
+
+    void SetUp() override { hand.awaitKeyboardAt(form.window()); }
+    void addMass(const std::vector<std::string>& quantities)
+    {
+        form.choose("OutputSelection", "Mass Properties");
+        form.press("OutputsButton");
+        form.add(quantities);
+    }
+    void clickRow(std::string_view grid, int item)
+    {
+        hand.clickAt(driver::placeIn(form.control(grid), form.rowPlace(grid, item)));
+        EXPECT_TRUE(waitUntil([&] { return form.hasFocus(grid); }));
+    }
+    bool selectionBecomes(std::string_view grid, std::size_t count)
+    {
+        return waitUntil([&] { return form.selectedRows(grid).size() == count; });
+    }
+    bool focusComesTo(std::string_view control)
+    {
+        return waitUntil([&] { return form.hasFocus(control); });
+    }
+    void close()
+    {
+        hand.key({"alt+F4"});
+        EXPECT_EQ(process.exitCode(), 0U);
+    }
+};
+
+void putOnClipboard(const std::wstring& text)
+{
+    OpenClipboard(nullptr);
+    EmptyClipboard();
+    const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
+    std::copy_n(text.c_str(), text.size() + 1, static_cast<wchar_t*>(GlobalLock(memory)));
+    GlobalUnlock(memory);
+    SetClipboardData(CF_UNICODETEXT, memory);
+    CloseClipboard();
+}
+
+std::string clipboardText()
+{
+    if (OpenClipboard(nullptr) == FALSE)
+        return {};
+    std::string text;
+    if (const HANDLE data = GetClipboardData(CF_UNICODETEXT); data != nullptr) {
+        text = windows::fromWide(static_cast<const wchar_t*>(GlobalLock(data)));
+        GlobalUnlock(data);
+    }
+    CloseClipboard();
+    return text;
+}
+
+TEST_F(Keys, CtrlASelectsAllInputsAndCtrlCCopiesThemAsLinesOfCells)
+{
+    putOnClipboard(L"before");
+    addMaterials({"Ex"});
+    clickRow("InputsList", 1);
+
+    hand.key({"ctrl+a"});
+    const bool allAre = selectionBecomes("InputsList", 3);
+    hand.key({"ctrl+c"});
+
+    const std::string copied =
+        "ExAtMatl1\t70000\tMatl\t1\tEx\t\r\n"
+        "ExAtMatl2\t210000\tMatl\t2\tEx\t\r\n"
+        "ExAtMatl3\t24000\tMatl\t3\tEx\t\r\n";
+    EXPECT_TRUE(allAre);
+    EXPECT_TRUE(waitUntil([&] { return clipboardText() == copied; })) << clipboardText();
+}
+
+TEST_F(Keys, CtrlCCopiesTheSelectedOutputsOnly)
+{
+    putOnClipboard(L"before");
+    addMass({"Length", "Area", "Volume"});
+    form.selectRows("OutputsList", 1, 2);
+    std::string copied;
+    for (const int row : {1, 2}) {
+        copied += form.cell("OutputsList", row, 0);
+        for (int column = 1; column < 5; ++column)
+            copied += '\t' + form.cell("OutputsList", row, column);
+        copied += "\r\n";
+    }
+    hand.clickAt(driver::middleOf(form.control("CommandLine")));
+    focusComesTo("CommandLine");
+
+    hand.key({"shift+Tab", "shift+Tab", "shift+Tab"});
+    hand.key({"Tab", "Tab", "Tab", "shift+Tab"});
+    const bool isInGrid = focusComesTo("OutputsList");
+    hand.key({"ctrl+c"});
+
+    EXPECT_TRUE(isInGrid);
+    EXPECT_TRUE(waitUntil([&] { return clipboardText() == copied; })) << clipboardText();
+    EXPECT_THAT(form.selectedRows("OutputsList"), ElementsAre(1, 2));
+}
+
+TEST_F(Keys, CopyingWaitsForAProgramThatHasTheClipboardOpen)
+{
+    putOnClipboard(L"before");
+    addMaterials({"Ex"});
+    clickRow("InputsList", 0);
+    OpenClipboard(nullptr);
+    hand.key({"ctrl+c"});
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    CloseClipboard();
+
+    EXPECT_TRUE(waitUntil([&] { return clipboardText().starts_with("ExAtMatl1\t"); }));
+}
+
+TEST_F(Keys, CtrlASelectsAllOutputs)
+{
+    addMass({"Length", "Area", "Volume"});
+    clickRow("OutputsList", 0);
+
+    hand.key({"ctrl+a"});
+
+    EXPECT_TRUE(selectionBecomes("OutputsList", 3));
+    EXPECT_THAT(form.selectedRows("InputsList"), IsEmpty());
+}
+
+TEST_F(Keys, AnEmptyGridLeavesTheClipboardAlone)
+{
+    putOnClipboard(L"before");
+    clickRow("InputsList", 0);
+
+    hand.key({"ctrl+a", "ctrl+c"});
+    close();
+
+    EXPECT_EQ(clipboardText(), "before");
+}
+
+TEST_F(Keys, DeleteTakesTheRowsThatArrowsSelected)
+{
+    addMaterials({"Ex", "Density"});
+    clickRow("InputsList", 1);
+
+    hand.key({"shift+Down", "shift+Down"});
+    const bool areSelected = selectionBecomes("InputsList", 3);
+    hand.key({"Delete"});
+
+    EXPECT_TRUE(areSelected);
+    EXPECT_TRUE(waitUntil([&] { return form.rowCount("InputsList") == 3; }));
+    EXPECT_THAT(inputs(), ElementsAre("DensityAtMatl1", "ExAtMatl2", "ExAtMatl3"));
+}
+
+TEST_F(Keys, TabGoesThroughTheControlsFromTopToBottom)
+{
+    const std::vector<std::string> order = {
+        "InputSelection",      "InputsButton",   "RefreshInputs",
+        "ClearInputSelection", "InputsList",     "OutputSelection",
+        "OutputsButton",       "RefreshOutputs", "ClearOutputSelection",
+        "OutputsList",         "CommandLine",    "Solver",
+        "Optimizer",           "ClearAll",       "GenerateButton"};
+    hand.clickAt(driver::middleOf(form.control("InputSelection")));
+
+    for (const std::string& name : order) {
+        EXPECT_TRUE(focusComesTo(name)) << name;
+        hand.key({"Tab"});
+    }
+
+    EXPECT_TRUE(focusComesTo("InputSelection")) << "the round is closed";
+    hand.key({"shift+Tab"});
+    EXPECT_TRUE(focusComesTo("GenerateButton"));
+}
+
+TEST_F(Keys, AccessKeysOfFieldsGoThere)
+{
+    form.window();
+    for (const window::AccessKey& each : window::accessKeyTable()) {
+        const std::string name(each.control);
+        wchar_t kind[32]{};
+        GetClassNameW(form.control(name), kind, 32);
+        if (std::wstring_view(kind) == L"Button")
+            continue;
+
+        hand.key({std::string("alt+") + static_cast<char>(each.key - L'A' + L'a')});
+
+        EXPECT_TRUE(focusComesTo(name)) << name;
+    }
+}
+
+TEST_F(Keys, AccessKeysOfButtonsPressThem)
+{
+    addMaterials({"Ex"});
+    hand.clickAt(driver::middleOf(form.control("CommandLine")));
+    focusComesTo("CommandLine");
+
+    hand.key({"alt+i"});
+    const std::string inputHeading = form.heading();
+    hand.key({"Escape"});
+    hand.awaitKeyboardAt(form.window());
+    form.choose("OutputSelection", "Mass Properties");
+    hand.key({"alt+o"});
+    const std::string outputHeading = form.heading();
+    hand.key({"Escape"});
+    hand.awaitKeyboardAt(form.window());
+    hand.key({"alt+r", "alt+f", "alt+m", "alt+v", "alt+a", "alt+c"});
+    close();
+
+    EXPECT_EQ(inputHeading, "Material Properties");
+    EXPECT_EQ(outputHeading, "Total Mesh Properties");
+    const std::string log = files.log();
+    std::size_t place = 0;
+    for (const char* const line :
+         {"At the start of RefreshInputs_Click", "At the start of RefreshOutputs_Click",
+          "At start of ClearInputSelection_Click", "At start of ClearOutputSelection_Click",
+          "Before Generating supporting files", "At start of ClearAll_Click"}) {
+        place = log.find(line, place);
+        ASSERT_NE(place, std::string::npos) << line;
+    }
+}
+
+TEST_F(Keys, CaptionsStayAsTheyAreDespiteTheAccessKeys)
+{
+    const form::MainForm asGiven;
+
+    EXPECT_EQ(form.text("InputsButton"), asGiven.InputsButton.Caption);
+    EXPECT_EQ(form.text("RefreshInputs"), asGiven.RefreshInputs.Caption);
+    EXPECT_EQ(form.text("ClearInputSelection"), asGiven.ClearInputSelection.Caption);
+    EXPECT_EQ(form.text("OutputsButton"), asGiven.OutputsButton.Caption);
+    EXPECT_EQ(form.text("Label1"), asGiven.Label1.Caption);
+    EXPECT_EQ(form.text("ClearAll"), asGiven.ClearAll.Caption);
+    EXPECT_EQ(form.text("GenerateButton"), asGiven.GenerateButton.Caption);
+}
+
+TEST_F(Keys, EveryAccessKeyIsThereOnce)
+{
+    std::vector<wchar_t> keys;
+    for (const window::AccessKey& each : window::accessKeyTable())
+        keys.push_back(each.key);
+    std::ranges::sort(keys);
+
+    EXPECT_EQ(std::ranges::adjacent_find(keys), keys.end());
+}
+
+TEST_F(Keys, APointerThatRestsOnAButtonShowsWhatItDoesAndItsAccessKey)
+{
+    const HWND button = form.control("RefreshInputs");
+    hand.moveTo(driver::middleOf(form.control("CommandLine")));
+    const POINT middle = driver::middleOf(button);
+
+    hand.moveTo(middle);
+    hand.moveTo({middle.x + 3, middle.y});
+
+    HWND tip = nullptr;
+    ASSERT_TRUE(waitUntil([&] {
+        tip = driver::visibleWindow(process.id(), TOOLTIPS_CLASSW);
+        return tip != nullptr;
+    }));
+    constexpr std::size_t textAt = 512;
+    driver::RemoteMemory there(process.handle(), 4096);
+    TTTOOLINFOW tool{};
+    tool.cbSize = sizeof tool;
+    tool.uFlags = TTF_IDISHWND;
+    tool.hwnd = form.window();
+    tool.uId = reinterpret_cast<UINT_PTR>(button);
+    tool.lpszText = reinterpret_cast<wchar_t*>(there.address(textAt));
+    there.write(tool);
+    SendMessageW(tip, TTM_GETTEXTW, 100, there.parameter());
+    const std::wstring text = there.text(textAt, 100);
+    EXPECT_EQ(windows::fromWide(text.c_str()),
+              "Read the inputs' values from the model again  (Alt+R)");
+}
+
+TEST_F(Keys, EnterInTheDialogAddsAndEscapeLeavesIt)
+{
+    const HWND first = openListOfMaterials();
+    hand.clickAt(driver::placeIn(GetDlgItem(first, window::PropertyListWindow::idList), {20, 5}));
+    hand.key({"Escape"});
+    const bool isLeft = waitUntil([&] { return IsWindow(first) == FALSE; });
+    form.settle();
+    const auto afterEscape = inputs();
+
+    form.press("InputsButton");
+    const HWND second = form.dialog();
+    hand.clickAt(driver::placeIn(GetDlgItem(second, window::PropertyListWindow::idList), {20, 5}));
+    hand.key({"Return"});
+    const bool isAdded = waitUntil([&] { return IsWindow(second) == FALSE; });
+    form.settle();
+
+    EXPECT_TRUE(isLeft);
+    EXPECT_THAT(afterEscape, IsEmpty());
+    EXPECT_TRUE(isAdded);
+    EXPECT_THAT(inputs(), ElementsAre("ExAtMatl1", "ExAtMatl2", "ExAtMatl3"));
+}
+
+TEST_F(Keys, AColumnThatTheMouseWidensStaysWide)
+{
+    const HWND list = form.control("InputsList");
+    const auto width = [&] {
+        return static_cast<int>(SendMessageW(list, LVM_GETCOLUMNWIDTH, 0, 0));
+    };
+    const int before = width();
+    const POINT edge = driver::placeIn(list, {before - 1, 8});
+
+    hand.drag(edge, {edge.x + 60, edge.y});
+    const bool isWider = waitUntil([&] { return width() == before + 60; });
+    addMaterials({"Ex"});
+    form.press("ClearAll");
+    form.settle();
+
+    EXPECT_TRUE(isWider) << width() << " after " << before;
+    EXPECT_EQ(width(), before + 60);
+}
+
+}  // namespace

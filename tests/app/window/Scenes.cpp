@@ -1,0 +1,146 @@
+// Brings the form into the states that the pictures of the documentation show. Each scene leaves a
+// file NAME.shown with the window's place on the screen and goes on when the file is gone.
+#include "FormDriver.h"
+#include "FormFiles.h"
+#include "app/window/PropertyListWindow.h"
+#include "standin/StandIn.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <fstream>
+#include <thread>
+
+using driver::FormDriver;
+using driver::FormFiles;
+using driver::Process;
+using driver::StandIn;
+using driver::waitUntil;
+using window::PropertyListWindow;
+
+namespace
+{
+
+struct Scene : testing::Test
+{
+    FormFiles files;
+    StandIn femap{files.folder() / "panel.neu"};
+    Process process{driver::programPath("VelmarFemapInterface.exe"), L"$form.log$DEBUG",
+                    files.folder()};
+    FormDriver form{process};
+
+    void pick(const std::string& box, const std::string& kind, const std::string& picked)
+    {
+        form.choose(box, kind);
+        femap.pick(picked);
+        form.press(box == "InputSelection" ? "InputsButton" : "OutputsButton");
+    }
+    void add(const std::string& box, const std::string& kind, const std::string& picked,
+             const std::vector<std::string>& items)
+    {
+        pick(box, kind, picked);
+        form.add(items);
+    }
+
+    void fill()
+    {
+        add("InputSelection", "Nodes", "163 441", {"x", "y", "z"});
+        add("InputSelection", "Materials", "1 2", {"Ex", "Density"});
+        add("InputSelection", "Properties", "1", {"Thickness", "NS Mass/Len"});
+        pick("InputSelection", "Functions", "1");
+        form.settle();
+        add("OutputSelection", "Nodes", "163 441", {"1 - Total Translation", "4 - T3 Translation"});
+        add("OutputSelection", "Mass Properties", "all", {"Area", "MassTotal", "TotalCG"});
+        form.selectRows("InputsList", 2, 4);
+    }
+
+    void resize(int width, int height)
+    {
+        SetWindowPos(form.window(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+        form.settle();
+    }
+
+    void show()
+    {
+        constexpr std::chrono::milliseconds untilPainted(500);
+        std::this_thread::sleep_for(untilPainted);
+        RECT place{};
+        GetWindowRect(form.window(), &place);
+        const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
+        {
+            std::ofstream file(name + ".part");
+            file << place.right - place.left << 'x' << place.bottom - place.top << '+' << place.left
+                 << '+' << place.top << '\n';
+        }
+        std::filesystem::rename(name + ".part", name + ".shown");
+        EXPECT_TRUE(waitUntil([&] { return !std::filesystem::exists(name + ".shown"); },
+                              std::chrono::seconds(30)));
+    }
+};
+
+TEST_F(Scene, empty)
+{
+    form.window();
+
+    show();
+}
+
+TEST_F(Scene, filled)
+{
+    fill();
+
+    show();
+}
+
+TEST_F(Scene, small)
+{
+    fill();
+    resize(430, 420);
+
+    show();
+}
+
+TEST_F(Scene, large)
+{
+    fill();
+
+    show();
+}
+
+TEST_F(Scene, input)
+{
+    fill();
+    pick("InputSelection", "Materials", "1 2");
+    const HWND list = GetDlgItem(form.dialog(), PropertyListWindow::idList);
+    for (const WPARAM item : {0, 3, 6})
+        SendMessageW(list, LB_SETSEL, TRUE, static_cast<LPARAM>(item));
+
+    show();
+    form.pressInDialog(PropertyListWindow::idCancel);
+}
+
+TEST_F(Scene, output)
+{
+    fill();
+    pick("OutputSelection", "Elements", "130");
+    form.dialog();
+
+    show();
+    form.pressInDialog(PropertyListWindow::idCancel);
+}
+
+TEST_F(Scene, busy)
+{
+    fill();
+    femap.beBusy();
+    form.press("RefreshInputs");
+    EXPECT_TRUE(
+        waitUntil([&] { return form.text("StatusLine").find("Waiting") != std::string::npos; },
+                  std::chrono::seconds(60)));
+
+    show();
+    process.kill();
+    femap.kill();
+}
+
+}  // namespace

@@ -1,0 +1,183 @@
+#include "femap/Objects.h"
+#include "femap/com/Apartment.h"
+#include "femap/com/Dispatch.h"
+#include "system/RuntimeError.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <deque>
+
+namespace comtest
+{
+
+using femap::ConnectionLost;
+using femap::com::Connection;
+using femap::com::Dispatch;
+using femap::com::RetryPolicy;
+using sys::ErrorNumber;
+using sys::RuntimeError;
+
+namespace
+{
+
+// An object that answers each call with the next result of a list.
+class ScriptedObject : public IDispatch
+{
+public:
+    virtual ~ScriptedObject() = default;
+
+    std::deque<HRESULT> results;
+    int nameCalls = 0;
+    int calls = 0;
+    int references = 1;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
+    ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(++references); }
+    ULONG STDMETHODCALLTYPE Release() override { return static_cast<ULONG>(--references); }
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID,
+                                            DISPID* number) override
+    {
+        ++nameCalls;
+        *number = 7;
+        return std::wstring_view(names[0]) == L"Missing" ? DISP_E_UNKNOWNNAME : S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                                     UINT*) override
+    {
+        ++calls;
+        if (results.empty())
+            return S_OK;
+        const HRESULT result = results.front();
+        results.pop_front();
+        return result;
+    }
+};
+
+struct DispatchTest : testing::Test
+{
+    DispatchTest()
+    {
+        retryPolicy->wait = [](RetryPolicy::Duration) {};
+    }
+
+    std::shared_ptr<RetryPolicy> retryPolicy = std::make_shared<RetryPolicy>();
+    std::shared_ptr<Connection> connection = std::make_shared<Connection>(retryPolicy);
+    ScriptedObject scripted;
+    Dispatch dispatch{&scripted, "thing", connection};
+};
+
+struct Gone : DispatchTest, testing::WithParamInterface<HRESULT>
+{};
+
+INSTANTIATE_TEST_SUITE_P(EachResult, Gone,
+                         testing::Values(HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE),
+                                         HRESULT_FROM_WIN32(RPC_S_CALL_FAILED),
+                                         HRESULT_FROM_WIN32(RPC_S_CALL_FAILED_DNE),
+                                         RPC_E_DISCONNECTED, RPC_E_SERVER_DIED,
+                                         RPC_E_SERVER_DIED_DNE, RPC_E_CONNECTION_TERMINATED,
+                                         CO_E_OBJNOTCONNECTED));
+
+}  // namespace
+
+TEST_F(DispatchTest, AsksForANameOnceForEachKindOfObject)
+{
+    dispatch.call("Name");
+    dispatch.call("Name");
+    Dispatch(&scripted, "thing", connection).call("Name");
+    EXPECT_EQ(scripted.nameCalls, 1);
+
+    Dispatch(&scripted, "other", connection).call("Name");
+
+    EXPECT_EQ(scripted.nameCalls, 2);
+}
+
+TEST_F(DispatchTest, RaisesForANameThatFemapLacksWithoutACall)
+{
+    EXPECT_FALSE(dispatch.has("Missing"));
+
+    try {
+        dispatch.call("Missing");
+        FAIL() << "did not raise";
+    }
+    catch (const RuntimeError& error) {
+        EXPECT_EQ(error.number(), ErrorNumber::NoSuchMember);
+        EXPECT_EQ(error.description(), "FEMAP's thing has no member Missing");
+    }
+    EXPECT_EQ(scripted.calls, 0);
+}
+
+TEST_F(DispatchTest, GivesBackItsReference)
+{
+    {
+        const Dispatch moved(std::move(dispatch));
+    }
+
+    EXPECT_EQ(scripted.references, 0);
+}
+
+TEST_F(DispatchTest, RefusesAnObjectThatIsNone)
+{
+    EXPECT_THROW(Dispatch(nullptr, "thing", connection), RuntimeError);
+    EXPECT_THROW(dispatch.object("Name"), RuntimeError);
+}
+
+TEST_F(DispatchTest, RepeatsACallThatABusyFemapRejected)
+{
+    scripted.results = {RPC_E_CALL_REJECTED, RPC_E_SERVERCALL_RETRYLATER, RPC_E_CALL_REJECTED};
+
+    dispatch.call("Name");
+
+    EXPECT_EQ(scripted.calls, 4);
+}
+
+TEST_F(DispatchTest, RaisesWhenTheWaitIsTooLong)
+{
+    RetryPolicy::Duration time{};
+    retryPolicy->now = [&] { return time; };
+    retryPolicy->wait = [&](RetryPolicy::Duration pause) { time += pause * 1000; };
+    scripted.results.assign(100, RPC_E_CALL_REJECTED);
+
+    EXPECT_THROW(dispatch.call("Name"), RuntimeError);
+
+    EXPECT_EQ(scripted.calls, 4);
+}
+
+TEST_P(Gone, FemapIsNotCalledAgain)
+{
+    scripted.results = {S_OK, GetParam()};
+    dispatch.call("Name");
+    EXPECT_THROW(dispatch.call("Name"), ConnectionLost);
+
+    EXPECT_THROW(dispatch.call("Name"), ConnectionLost);
+    EXPECT_THROW(dispatch.call("Other"), ConnectionLost);
+    EXPECT_THROW(dispatch.put("Name", 1), ConnectionLost);
+    EXPECT_THROW(Dispatch(&scripted, "other", connection).has("Name"), ConnectionLost);
+
+    EXPECT_EQ(scripted.calls, 2);
+    EXPECT_EQ(scripted.nameCalls, 1);
+}
+
+TEST(DispatchOnWindows, CallsAnObjectThatIsThereAnyway)
+{
+    const femap::com::Apartment apartment;
+    CLSID id{};
+    IDispatch* object = nullptr;
+    if (FAILED(CLSIDFromProgID(L"Scripting.Dictionary", &id)) ||
+        FAILED(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&object))))
+        GTEST_SKIP() << "there is no Scripting.Dictionary";
+    Dispatch dictionary(object, "dictionary",
+                        std::make_shared<Connection>(std::make_shared<RetryPolicy>()));
+
+    dictionary.put("CompareMode", 1);
+    dictionary.call("Add", "Öse", 12);
+
+    EXPECT_EQ(dictionary.call("Count").number(), 1);
+    EXPECT_EQ(dictionary.call("Item", "Öse").number(), 12);
+    EXPECT_THROW(dictionary.call("Add", "Öse", 13), RuntimeError);  // it is there already
+    EXPECT_FALSE(dictionary.has("ModelName"));
+}
+
+}  // namespace comtest

@@ -1,0 +1,90 @@
+#include "form/Layout.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace
+{
+
+void layOut(form::MainForm& form, int width, int height)
+{
+    form.ScaleWidth = width;
+    form.ScaleHeight = height;
+    form::layOutContent(form);
+}
+
+bool overlap(const form::Control& a, const form::Control& b)
+{
+    return a.Left < b.Left + b.Width && b.Left < a.Left + a.Width && a.Top < b.Top + b.Height &&
+           b.Top < a.Top + a.Height;
+}
+
+// What lies on the content; frames hold others and do not count.
+std::vector<form::MainForm::NamedControl> contents(const form::MainForm& form)
+{
+    std::vector<form::MainForm::NamedControl> result;
+    for (const auto& each : form.controls())
+        if (each.name != "pbOuter" && each.name != "pbInner" && each.name != "Inputs" &&
+            each.name != "Outputs" && each.name != "Execution" && each.name != "HScroll1" &&
+            each.name != "VScroll1")
+            result.push_back(each);
+    return result;
+}
+
+TEST(LayOutContent, NoControlCoversAnotherOrLeavesTheContent)
+{
+    for (const int width : {0, 9000, 12600, 40000})
+        for (const int height : {0, 8400, 10200, 30000}) {
+            form::MainForm form;
+            layOut(form, width, height);
+
+            for (const auto& a : contents(form)) {
+                EXPECT_GT(a.control->Width, 0) << a.name;
+                EXPECT_GT(a.control->Height, 0) << a.name;
+                EXPECT_GE(a.control->Left, 0) << a.name;
+                EXPECT_LE(a.control->Left + a.control->Width, form.pbInner.Width) << a.name;
+                EXPECT_LE(a.control->Top + a.control->Height, form.pbInner.Height) << a.name;
+                for (const auto& b : contents(form)) {
+                    const bool covers = a.control != b.control && overlap(*a.control, *b.control);
+                    EXPECT_FALSE(covers) << a.name << ", " << b.name;
+                }
+            }
+        }
+}
+
+TEST(LayOutContent, TheFramesAreInputOutputExecution)
+{
+    form::MainForm form;
+    layOut(form, form::startWidth, form::startHeight);
+
+    EXPECT_LE(form.Inputs.Top + form.Inputs.Height, form.Outputs.Top);
+    EXPECT_LE(form.Outputs.Top + form.Outputs.Height, form.Execution.Top);
+    EXPECT_LE(form.Execution.Top + form.Execution.Height, form.StatusLine.Top);
+}
+
+TEST(LayOutContent, SpareSpaceGoesToTheGrids)
+{
+    form::MainForm form;
+    layOut(form, 12000, 10000);
+    const int widthBefore = form.InputsList.Width;
+    const int heightBefore = form.OutputsList.Height;
+    const int buttonBefore = form.InputsButton.Width;
+
+    layOut(form, 13000, 12000);
+
+    EXPECT_EQ(form.InputsList.Width, widthBefore + 1000);
+    EXPECT_EQ(form.OutputsList.Height, heightBefore + 1000);
+    EXPECT_EQ(form.InputsButton.Width, buttonBefore);
+}
+
+TEST(LayOutContent, ASmallWindowHasTheSmallestContent)
+{
+    form::MainForm form;
+    layOut(form, 100, 100);
+
+    EXPECT_EQ(form.pbInner.Width, form::smallestContentWidth);
+    EXPECT_EQ(form.pbInner.Height, form::smallestContentHeight);
+}
+
+}  // namespace

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "femap/com/Apartment.h"
+#include "standin/StartedStandin.h"
+#include "windows/Text.h"
+
+#include <windows.h>
+
+#include <filesystem>
+#include <string>
+
+namespace driver
+{
+
+/// A stand-in for FEMAP in a process of its own, with a model open.
+class StandIn
+{
+public:
+    explicit StandIn(const std::filesystem::path& model)
+        : program_("--model \"" + windows::fromWide(model.wstring()) + '"')
+    {}
+
+    /// What the next selection dialogs answer, such as "1-5 7", "all" or "cancel".
+    void pick(const std::string& text) { control().call("standinPick", text); }
+    void sendEvent(int code) { control().call("standinSendEvent", code); }
+    /// Rejects this many calls; without a number, calls until it is ended.
+    void beBusy(int calls = 1000000) { control().call("standinBusy", calls); }
+    /// "none" or "untitled".
+    void setModel(const std::string& state) { control().call("standinModel", state); }
+    int lockCount() { return control().call("standinLockCount").number(); }
+    int objectCount() { return control().call("standinObjectCount").number(); }
+    std::string registrations() { return control().call("standinRegistrations").text(); }
+
+    DWORD processID() const { return program_.processID(); }
+    void kill() { program_.kill(); }
+
+private:
+    femap::com::Dispatch& control() { return program_.control(); }
+
+    femap::com::Apartment apartment_;
+    comtest::StartedStandin program_;
+};
+
+}  // namespace driver

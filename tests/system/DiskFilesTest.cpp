@@ -1,0 +1,247 @@
+#include "fake/TemporaryFolder.h"
+#include "system/Files.h"
+#include "system/RuntimeError.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+using sys::DiskFiles;
+using sys::ErrorNumber;
+using sys::RuntimeError;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+namespace
+{
+
+class DiskFilesTest : public testing::Test
+{
+protected:
+    void write(const std::string& path, const std::string& content)
+    {
+        const auto file = files.create(path);
+        file->write(content);
+        file->close();
+    }
+
+    static RuntimeError errorOf(const std::function<void()>& step)
+    {
+        try {
+            step();
+        }
+        catch (const RuntimeError& error) {
+            return error;
+        }
+        ADD_FAILURE() << "no error was raised";
+        return {ErrorNumber::InvalidCall, ""};
+    }
+
+    fake::TemporaryFolder folder;
+    DiskFiles files;
+};
+
+TEST_F(DiskFilesTest, KeepsEveryByte)
+{
+    std::string all;
+    for (int byte = 0; byte < 256; ++byte)
+        all += static_cast<char>(byte);
+
+    write(folder.path("bytes"), all);
+
+    EXPECT_EQ(files.read(folder.path("bytes")), all);
+}
+
+TEST_F(DiskFilesTest, ReadsAnEmptyFileAndOneOfSeveralMegabytes)
+{
+    const std::string large(2'500'000, 'x');
+    write(folder.path("empty"), "");
+    write(folder.path("large"), large);
+
+    EXPECT_EQ(files.read(folder.path("empty")), "");
+    EXPECT_EQ(files.read(folder.path("large")), large);
+}
+
+TEST_F(DiskFilesTest, EmptiesTheFileThatIsThere)
+{
+    write(folder.path("out"), "a long content");
+    write(folder.path("out"), "short");
+
+    EXPECT_EQ(files.read(folder.path("out")), "short");
+}
+
+TEST_F(DiskFilesTest, ShowsWhatIsFlushedBeforeTheFileIsClosed)
+{
+    const auto file = files.create(folder.path("out"));
+    file->write("one");
+
+    file->flush();
+
+    EXPECT_EQ(files.read(folder.path("out")), "one");
+}
+
+TEST_F(DiskFilesTest, ClosesAFileThatIsDestroyed)
+{
+    files.create(folder.path("out"))->write("one");
+
+    EXPECT_EQ(files.read(folder.path("out")), "one");
+}
+
+TEST_F(DiskFilesTest, TakesPathsInUtf8)
+{
+    write(folder.path("Träger Ø12 梁"), "x");
+
+    EXPECT_THAT(folder.listing(), ElementsAre("Träger Ø12 梁"));
+    EXPECT_EQ(files.read(folder.path("Träger Ø12 梁")), "x");
+}
+
+TEST_F(DiskFilesTest, SaysWhichFileIsMissing)
+{
+    const RuntimeError error = errorOf([&] { files.read(folder.path("none")); });
+
+    EXPECT_EQ(error.number(), ErrorNumber::FileNotFound);
+    EXPECT_THAT(error.description(), StartsWith(folder.path("none") + " could not be opened: "));
+}
+
+TEST_F(DiskFilesTest, CannotReadAFolder)
+{
+    const RuntimeError error = errorOf([&] { files.read(folder.path()); });
+
+    EXPECT_NE(error.number(), ErrorNumber::FileNotFound);
+    EXPECT_THAT(error.description(), StartsWith(folder.path() + " could not be "));
+}
+
+TEST_F(DiskFilesTest, CannotReadBelowAFile)
+{
+    write(folder.path("file"), "");
+    const std::string path = folder.path("file") + sys::pathSeparator + "inner";
+
+    const RuntimeError error = errorOf([&] { files.read(path); });
+
+    EXPECT_THAT(error.description(), StartsWith(path + " could not be opened: "));
+}
+
+TEST_F(DiskFilesTest, CannotCreateAFileInAFolderThatIsMissing)
+{
+    const std::string path = folder.path("gone") + sys::pathSeparator + "out";
+
+    const RuntimeError error = errorOf([&] { files.create(path); });
+
+    EXPECT_EQ(error.number(), ErrorNumber::FileError);
+    EXPECT_THAT(error.description(), StartsWith(path + " could not be created: "));
+}
+
+TEST_F(DiskFilesTest, KnowsFoldersFromFiles)
+{
+    write(folder.path("file"), "");
+
+    EXPECT_TRUE(files.folderExists(folder.path()));
+    EXPECT_FALSE(files.folderExists(folder.path("file")));
+    EXPECT_FALSE(files.folderExists(folder.path("none")));
+}
+
+TEST_F(DiskFilesTest, CreatesOneLevelOfFolders)
+{
+    const std::string inner = folder.path("new") + sys::pathSeparator + "inner";
+
+    const RuntimeError tooDeep = errorOf([&] { files.createFolder(inner); });
+    files.createFolder(folder.path("new"));
+    files.createFolder(folder.path("new"));
+    files.createFolder(inner);
+
+    EXPECT_EQ(tooDeep.number(), ErrorNumber::PathNotFound);
+    EXPECT_THAT(tooDeep.description(), StartsWith(inner + " could not be created: "));
+    EXPECT_TRUE(files.folderExists(inner));
+}
+
+TEST_F(DiskFilesTest, CannotCreateAFolderWhereAFileIs)
+{
+    write(folder.path("file"), "");
+
+    const RuntimeError error = errorOf([&] { files.createFolder(folder.path("file")); });
+
+    EXPECT_EQ(error.number(), ErrorNumber::PathNotFound);
+}
+
+TEST_F(DiskFilesTest, PutsAFileInThePlaceOfAnother)
+{
+    write(folder.path("old"), "old");
+    write(folder.path("new"), "new");
+
+    files.replace(folder.path("old"), folder.path("new"));
+
+    EXPECT_THAT(folder.listing(), ElementsAre("old"));
+    EXPECT_EQ(files.read(folder.path("old")), "new");
+}
+
+TEST_F(DiskFilesTest, LeavesTheOldFileWhenItCannotBeReplaced)
+{
+    write(folder.path("old"), "old");
+
+    const RuntimeError error =
+        errorOf([&] { files.replace(folder.path("old"), folder.path("none")); });
+
+    EXPECT_EQ(error.number(), ErrorNumber::FileError);
+    EXPECT_THAT(error.description(), StartsWith(folder.path("old") + " could not be replaced: "));
+    EXPECT_EQ(files.read(folder.path("old")), "old");
+}
+
+TEST_F(DiskFilesTest, LeavesTheOldFileWhenItIsWriteProtected)
+{
+    using std::filesystem::perms;
+    write(folder.path("old"), "old");
+    write(folder.path("new"), "new");
+    const perms protectedOnes = perms::owner_read | perms::group_read | perms::others_read;
+    std::filesystem::permissions(folder.path("old"), protectedOnes);
+
+    const RuntimeError error =
+        errorOf([&] { files.replace(folder.path("old"), folder.path("new")); });
+
+    std::filesystem::permissions(folder.path("old"), protectedOnes | perms::owner_write);
+    EXPECT_EQ(error.number(), ErrorNumber::PermissionDenied);
+    EXPECT_EQ(error.description(),
+              folder.path("old") + " could not be replaced: Permission denied");
+    EXPECT_EQ(files.read(folder.path("old")), "old");
+}
+
+TEST_F(DiskFilesTest, RemovesAFileAndBearsThatThereIsNone)
+{
+    write(folder.path("out"), "x");
+
+    files.remove(folder.path("out"));
+    files.remove(folder.path("out"));
+
+    EXPECT_THAT(folder.listing(), IsEmpty());
+}
+
+#ifdef __linux__
+// A device that is always full.
+TEST_F(DiskFilesTest, SaysThatTheDiskIsFull)
+{
+    const std::string reason = "/dev/full could not be written: No space left on device";
+    const std::string large(1 << 20, 'x');
+
+    const RuntimeError whenWriting = errorOf([&] { files.create("/dev/full")->write(large); });
+    const RuntimeError whenFlushing = errorOf([&] {
+        const auto file = files.create("/dev/full");
+        file->write("x");
+        file->flush();
+    });
+    const RuntimeError whenClosing = errorOf([&] {
+        const auto file = files.create("/dev/full");
+        file->write("x");
+        file->close();
+    });
+
+    EXPECT_EQ(whenWriting.description(), reason);
+    EXPECT_EQ(whenFlushing.description(), reason);
+    EXPECT_EQ(whenClosing.description(), "/dev/full could not be closed: No space left on device");
+    EXPECT_EQ(whenClosing.number(), ErrorNumber::FileError);
+}
+#endif
+
+}  // namespace

@@ -1,0 +1,59 @@
+# There is one mouse, one keyboard and one femap.model on a machine: tests with them run one at a time.
+velmar_test_library(beside_standin standin SOURCES ExampleStudy.cpp StartedStandin.cpp Transcript.cpp LINK femap_com)
+add_dependencies(beside_standin femap-standin)
+velmar_test_library(form_driver app/window
+    SOURCES Engineer.cpp FormDriver.cpp FormFiles.cpp Hand.cpp RemoteHeap.cpp
+    LINK app_window beside_standin)
+
+velmar_test(windows LINK windows)
+velmar_test(system SOURCES DiskFilesTest.cpp SystemTest.cpp SystemTest_windows.cpp LINK system)
+velmar_test(femap/com LOCK femap.model LABELS com LINK beside_standin standin)
+velmar_test(standin LOCK femap.model
+    SOURCES MembersTest.cpp SelectionWindowTest.cpp
+    LINK form_driver standin)
+velmar_test(app/window LOCK femap.model
+    SOURCES
+        BusyFormTest.cpp
+        EventHookTest.cpp
+        KeysTest.cpp
+        LongListTest.cpp
+        ProductBesideFemapTest.cpp
+        RemoteHeapTest.cpp
+        ResolutionTest.cpp
+        StudyByHandTest.cpp
+        WindowPlacesTest.cpp
+        WindowTest.cpp
+    LINK form_driver)
+velmar_test(study LOCK femap.model LABELS com
+    SOURCES StudyOverComTest_windows.cpp
+    LINK beside_standin)
+velmar_test(reliability
+    SOURCES
+        HeldFilesTest_windows.cpp
+        Imports_windows.cpp
+        ImportsTest_windows.cpp
+        PathsTest.cpp
+        PathsTest_windows.cpp
+        RealFolder.cpp)
+add_dependencies(reliability_test VelmarFemapInterface velmar-study femap-standin)
+
+# The whole tool beside a stand-in that refuses each call in turn, or ends in it.
+add_executable(every_call_test
+    reliability/EveryCallByComTest_windows.cpp reliability/RowsAndFiles.cpp reliability/World.cpp)
+target_link_libraries(every_call_test PRIVATE app beside_standin fake test_main)
+target_precompile_headers(every_call_test REUSE_FROM test_main)
+velmar_together(every_call_test)
+gtest_discover_tests(every_call_test DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT 120 RESOURCE_LOCK femap.model LABELS "com;long")
+
+# The form over a model host in its own process, for the tests of windows.
+add_executable(embedded-form WIN32 app/window/EmbeddedForm.cpp)
+target_link_libraries(embedded-form PRIVATE app_window femap_embedded form_resources)
+target_link_options(embedded-form PRIVATE -municode)
+set_target_properties(embedded-form PROPERTIES
+    RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/programs)
+add_dependencies(form_driver embedded-form VelmarFemapInterface velmar-study)
+
+# For tools/take-pictures.sh.
+add_executable(form_scenes EXCLUDE_FROM_ALL app/window/Scenes.cpp)
+target_link_libraries(form_scenes PRIVATE form_driver test_main)
