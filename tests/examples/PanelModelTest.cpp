@@ -21,11 +21,11 @@ using testing::SizeIs;
 namespace
 {
 
-const std::string examples = SOURCE_FOLDER "/examples/";
+const std::string examplesFolder = SOURCE_FOLDER "/examples/";
 
 std::string committedPanel()
 {
-    return sys::DiskFiles().read(examples + "panel.neu");
+    return sys::DiskFiles().read(examplesFolder + "panel.neu");
 }
 
 Model panel()
@@ -56,7 +56,7 @@ TEST(PanelModel, IsWhatItsGeneratorWrites)
     const std::string written = folder.path("panel.neu");
 
     const std::string command =
-        "\"" PYTHON "\" \"" + examples + "make_panel.py\" \"" + written + '"';
+        "\"" PYTHON "\" \"" + examplesFolder + "make_panel.py\" \"" + written + '"';
     ASSERT_EQ(0, std::system(command.c_str()));
 
     EXPECT_TRUE(sys::DiskFiles().read(written) == committedPanel())

@@ -126,12 +126,6 @@ private:
     std::vector<Token> tokens_;
 };
 
-template <class Words>
-bool holds(const Words& words, std::string_view word)
-{
-    return std::ranges::find(words, word) != words.end();
-}
-
 bool hasSeveralWords(std::string_view text)
 {
     int words = 0;

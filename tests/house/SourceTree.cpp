@@ -19,12 +19,6 @@ constexpr std::array<std::string_view, 14> textEndings = {
     ".sh", ".json", ".manifest", ".clang-tidy", ".clang-format", ".gitignore", ".study",
 };
 
-template <class Words>
-bool holds(const Words& words, std::string_view word)
-{
-    return std::find(words.begin(), words.end(), word) != words.end();
-}
-
 // Not the project's own text: what is built, what Git keeps, what tests compare with or read.
 bool isSkipped(const fs::path& folder)
 {

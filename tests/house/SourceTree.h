@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -36,6 +37,12 @@ std::vector<std::string> breachesOf(Rule rule)
         for (const std::string& each : rule(file))
             breaches.push_back(each);
     return breaches;
+}
+
+template <class Words>
+bool holds(const Words& words, std::string_view word)
+{
+    return std::ranges::find(words, word) != words.end();
 }
 
 /// Without the blanks at both ends.

@@ -20,10 +20,10 @@ struct Section
     std::uint32_t place;
 };
 
-class Program
+class ImportReader
 {
 public:
-    explicit Program(const std::string& bytes) : bytes_(bytes)
+    explicit ImportReader(const std::string& bytes) : bytes_(bytes)
     {
         constexpr std::size_t headerPlace = 0x3C;
         constexpr std::uint32_t portableExecutable = 0x4550;  // "PE"
@@ -100,7 +100,7 @@ private:
 
 Imports importsOf(const std::string& program)
 {
-    return Program(program).imports();
+    return ImportReader(program).imports();
 }
 
 }  // namespace reliability

@@ -15,7 +15,7 @@ namespace
 using testing::ElementsAre;
 
 // A FEMAP that measures known numbers.
-class MeasuringFemap : public femap::ForwardingApplication
+class MeasurementRecorder : public femap::ForwardingApplication
 {
 public:
     using ForwardingApplication::ForwardingApplication;
@@ -63,9 +63,9 @@ class MassRows : public MassPropertyRows, public testing::WithParamInterface<Mas
 
 TEST_P(MassRows, HoldTheMeasuredValues)
 {
-    auto femap = std::make_unique<MeasuringFemap>(f.femap.attach());
+    auto femap = std::make_unique<MeasurementRecorder>(f.femap.attach());
     femap->measured = knownMass;
-    MeasuringFemap& measuring = *femap;
+    MeasurementRecorder& measuring = *femap;
     f.context.application = std::move(femap);
 
     const Texts log =
@@ -139,7 +139,7 @@ TEST_F(MassPropertyRows, IgnoresAQuantityBeyondTheList)
 
 TEST_F(MassPropertyRows, RaisesWhenFemapMeasuredTooFewComponents)
 {
-    auto measuring = std::make_unique<MeasuringFemap>(f.femap.attach());
+    auto measuring = std::make_unique<MeasurementRecorder>(f.femap.attach());
     measuring->measured.inertia = {1, 2};
     f.context.application = std::move(measuring);
 

@@ -20,7 +20,7 @@ std::string contentOf(const std::filesystem::path& file)
 namespace
 {
 
-const std::string start = "start ";
+const std::string startWord = "start ";
 
 // A script, or the one that a page of the documentation shows.
 std::string scriptIn(const std::string& file)
@@ -28,7 +28,7 @@ std::string scriptIn(const std::string& file)
     const std::string text = contentOf(std::filesystem::path(SOURCE_FOLDER) / file);
     if (!file.ends_with(".md"))
         return text;
-    const std::size_t begin = text.find('\n' + start);
+    const std::size_t begin = text.find('\n' + startWord);
     return text.substr(begin, text.find("\n```", begin) - begin);
 }
 
@@ -39,8 +39,8 @@ std::vector<std::string> actionsOf(const std::string& study, const std::filesyst
     std::istringstream script(scriptIn(study));
     std::vector<std::string> result;
     for (std::string line; std::getline(script, line);) {
-        if (line.starts_with(start))
-            line = start + (folder / line.substr(start.size())).string();
+        if (line.starts_with(startWord))
+            line = startWord + (folder / line.substr(startWord.size())).string();
         if (!line.empty() && line[0] != '#' && !line.starts_with("put "))
             result.push_back(line);
     }

@@ -1,9 +1,7 @@
-#include "femap/embedded/HostFixture.h"
+#include "femap/embedded/MemberFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <cstdint>
 
 using femap::ReturnCode;
 using femap::Value;
@@ -66,11 +64,6 @@ struct LoadFixture : HostFixture
 
     std::unique_ptr<femap::LoadDefinition> definition = application->feLoadDefinition();
 };
-
-Value whole(std::int64_t number)
-{
-    return number;
-}
 
 }  // namespace
 
