@@ -1,8 +1,7 @@
 # Compiles a target's sources in groups: most of the work is in what they share. Names at file level
 # must then differ within a folder.
 function(velmar_together name)
-    set_target_properties(${name} PROPERTIES
-        UNITY_BUILD ${VELMAR_UNITY} UNITY_BUILD_BATCH_SIZE ${VELMAR_UNITY_SIZE})
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ${VELMAR_UNITY} UNITY_BUILD_BATCH_SIZE 8)
 endfunction()
 
 # A room of the product is a folder and one static library, named after its path with "_" for "/".
@@ -14,9 +13,8 @@ endfunction()
 function(velmar_room folder)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "PROGRAM" "LINK")
     string(REPLACE "/" "_" name ${folder})
-    set(place ${CMAKE_SOURCE_DIR}/${folder})
-    file(GLOB sources CONFIGURE_DEPENDS ${place}/*.cpp)
-    file(GLOB headers CONFIGURE_DEPENDS ${place}/*.h)
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
+    file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.h)
     if(WIN32)
         list(FILTER sources EXCLUDE REGEX "_posix\\.cpp$")
     else()
@@ -42,8 +40,6 @@ function(velmar_room folder)
         target_link_libraries(${arg_PROGRAM} PRIVATE ${name})
         set_target_properties(${arg_PROGRAM} PROPERTIES
             RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/programs)
-        if(MINGW)
-            target_link_options(${arg_PROGRAM} PRIVATE -municode)
-        endif()
+        target_link_options(${arg_PROGRAM} PRIVATE $<$<BOOL:${WIN32}>:-municode>)
     endif()
 endfunction()

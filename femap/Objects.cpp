@@ -1,7 +1,16 @@
 #include "femap/Objects.h"
 
+#include <algorithm>
+
 namespace femap
 {
+
+bool isSameName(std::string_view one, std::string_view other)
+{
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
+                      [&](char a, char b) { return lower(a) == lower(b); });
+}
 
 void Entity::prefetch(const std::vector<int>&, const std::vector<MemberName>&) {}
 

@@ -10,6 +10,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace femap
@@ -21,6 +22,9 @@ class ConnectionLost : public std::runtime_error
 public:
     using std::runtime_error::runtime_error;
 };
+
+/// Whether two names are the same for FEMAP, which ignores the case of ASCII letters.
+bool isSameName(std::string_view one, std::string_view other);
 
 /// An object whose members are read by name. Names are case-insensitive; an unknown name and an
 /// index that the member lacks raise.

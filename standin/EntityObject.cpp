@@ -62,15 +62,9 @@ Variant countSet(EntityObject<Data>& entity, Arguments&)
 template <class Data>
 Variant getTitleList(EntityObject<Data>& entity, Arguments& arguments)
 {
-    std::vector<int> ids;
-    std::vector<std::string> titles;
-    const int most = arguments.number(1);
-    for (const Data& one : entity.server().host.openModel().*embedded::Kind<Data>::table) {
-        if (one.id < arguments.number(0) || (most != 0 && one.id > most))
-            continue;
-        ids.push_back(one.id);
-        titles.push_back(one.title);
-    }
+    const auto [ids, titles] =
+        titlesIn(entity.server().host.openModel().*embedded::Kind<Data>::table, arguments.number(0),
+                 arguments.number(1));
     arguments.fill(2, static_cast<int>(ids.size()));
     if (ids.empty())
         return failed;

@@ -1,5 +1,4 @@
 // The function object ("feFunction") of the stand-in.
-
 #include "standin/Objects.h"
 #include "standin/Server.h"
 

@@ -1,5 +1,4 @@
 // The load definition object and the four load objects of the stand-in.
-
 #include "femap/embedded/HostObjects.h"
 #include "standin/Objects.h"
 #include "standin/Server.h"

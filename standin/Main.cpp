@@ -1,5 +1,4 @@
 // femap-standin.exe: a COM server that takes the place of FEMAP on a machine without FEMAP.
-
 #include "femap/com/Apartment.h"
 #include "standin/ApplicationObject.h"
 #include "standin/IncomingCallFilter.h"

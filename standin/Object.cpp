@@ -111,7 +111,7 @@ HRESULT Object::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID*
     for (UINT i = 0; i < count; ++i)
         numbers[i] = DISPID_UNKNOWN;
     for (std::size_t row = 0; row < memberCount(); ++row)
-        if (isThere(signature(row)) && embedded::isSameName(signature(row).name, name))
+        if (isThere(signature(row)) && femap::isSameName(signature(row).name, name))
             numbers[0] = signature(row).number;
     // FEMAP's members take no named arguments, whose names would follow.
     return numbers[0] == DISPID_UNKNOWN || count > 1 ? DISP_E_UNKNOWNNAME : S_OK;

@@ -128,6 +128,20 @@ Variant serve(Self& self, Arguments& arguments)
         return serveWith(self, target, arguments);
 }
 
+/// IDs and titles of the rows in a range; 0, 0: of all.
+template <class Rows>
+std::pair<std::vector<int>, std::vector<std::string>> titlesIn(const Rows& rows, int least,
+                                                               int most)
+{
+    std::pair<std::vector<int>, std::vector<std::string>> found;
+    for (const auto& row : rows)
+        if (row.id >= least && (most == 0 || row.id <= most)) {
+            found.first.push_back(row.id);
+            found.second.push_back(row.title);
+        }
+    return found;
+}
+
 /// Whether all numbers and all names in a table of members differ.
 template <class Row, std::size_t size>
 constexpr bool hasOneOfEach(const Row (&table)[size])

@@ -17,9 +17,6 @@ namespace neutral = femap::neutral;
 using femap::LoadDefinition;
 using femap::MemberObject;
 
-/// A vector's value at a node or element; none where it has none.
-std::optional<double> valueAt(const neutral::OutputVector& vector, int entity);
-
 /// The values at several entities, with otherwise where there is none.
 std::vector<double> valuesAt(const neutral::OutputVector& vector, const std::vector<int>& ids,
                              double otherwise);

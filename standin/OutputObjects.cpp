@@ -1,5 +1,4 @@
 // The output set object and, for FEMAP before 2020.1, the output vector object of the stand-in.
-
 #include "standin/Objects.h"
 #include "standin/Server.h"
 #include "system/RuntimeError.h"
@@ -96,21 +95,15 @@ static_assert(hasOneOfEach(outputSetMembers));
 
 }  // namespace
 
-std::optional<double> valueAt(const neutral::OutputVector& vector, int entity)
-{
-    const auto found = std::lower_bound(vector.ids.begin(), vector.ids.end(), entity);
-    if (found == vector.ids.end() || *found != entity)
-        return std::nullopt;
-    return vector.values[static_cast<std::size_t>(found - vector.ids.begin())];
-}
-
 std::vector<double> valuesAt(const neutral::OutputVector& vector, const std::vector<int>& ids,
                              double otherwise)
 {
     std::vector<double> values;
     values.reserve(ids.size());
-    for (const int id : ids)
-        values.push_back(valueAt(vector, id).value_or(otherwise));
+    for (const int id : ids) {
+        const double* const value = vector.valueAt(id);
+        values.push_back(value == nullptr ? otherwise : *value);
+    }
     return values;
 }
 
@@ -138,8 +131,8 @@ int OutputObject::getFromSet(int set, int id)
 
 double OutputObject::value(int entity)
 {
-    const std::optional<double> value = valueAt(vector, entity);
-    if (!value)
+    const double* const value = vector.valueAt(entity);
+    if (value == nullptr)
         throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed,
                                 "Output vector " + std::to_string(vector.id) +
                                     " has no value at the entity " + std::to_string(entity));
@@ -166,15 +159,7 @@ int OutputObject::getTitleList(Arguments& arguments)
     const neutral::OutputSet* const set = server().host.openModel().outputSets.find(setID);
     if (set == nullptr)
         return failed;
-    const int most = arguments.number(1);
-    std::vector<int> ids;
-    std::vector<std::string> titles;
-    for (const neutral::OutputVector& one : set->vectors) {
-        if (one.id < arguments.number(0) || (most != 0 && one.id > most))
-            continue;
-        ids.push_back(one.id);
-        titles.push_back(one.title);
-    }
+    const auto [ids, titles] = titlesIn(set->vectors, arguments.number(0), arguments.number(1));
     arguments.fill(2, static_cast<int>(ids.size()));
     arguments.fillAny(3, ids);
     arguments.fillAny(4, titles);

@@ -1,5 +1,4 @@
 // The results table object ("feResults") of the stand-in.
-
 #include "standin/Objects.h"
 #include "standin/Server.h"
 
@@ -182,7 +181,7 @@ int ResultsObject::getValue(Arguments& arguments)
     const neutral::OutputVector* const vector = column(arguments.number(1));
     if (vector == nullptr)
         return invalid;
-    const std::optional<double> value = valueAt(*vector, arguments.number(0));
+    const double* const value = vector->valueAt(arguments.number(0));
     if (!value)
         return failed;
     arguments.fill(2, *value);
@@ -194,7 +193,7 @@ int ResultsObject::entityValue(Arguments& arguments)
     const neutral::OutputVector* const vector = find(arguments.number(0), arguments.number(1));
     if (vector == nullptr)
         return notExist;
-    const std::optional<double> value = valueAt(*vector, arguments.number(2));
+    const double* const value = vector->valueAt(arguments.number(2));
     if (!value)
         return failed;
     arguments.fill(3, *value);
@@ -216,17 +215,10 @@ int ResultsObject::vectorTitles(Arguments& arguments)
         server().host.openModel().outputSets.find(arguments.number(0));
     if (set == nullptr)
         return notExist;
-    const int least = arguments.number(2);
-    const int most = arguments.number(3);
-    std::vector<int> ids;
-    std::vector<std::string> titles;
-    for (const neutral::OutputVector& vector : set->vectors) {
-        if (vector.id < least || (most != 0 && vector.id > most))
-            continue;
-        ids.push_back(vector.id);
-        titles.push_back(arguments.flag(1) ? std::to_string(vector.id) + ".." + vector.title
-                                           : vector.title);
-    }
+    auto [ids, titles] = titlesIn(set->vectors, arguments.number(2), arguments.number(3));
+    if (arguments.flag(1))
+        for (std::size_t i = 0; i < ids.size(); ++i)
+            titles[i].insert(0, std::to_string(ids[i]) + "..");
     arguments.fill(4, static_cast<int>(ids.size()));
     arguments.fillAny(5, ids);
     arguments.fillAny(6, titles);

@@ -1,5 +1,4 @@
-#include "study/Main.h"
-
+// velmar-study with the things of this machine: both mains call runHere.
 #include "study/Platform.h"
 #include "study/StudyProgram.h"
 #include "system/System.h"

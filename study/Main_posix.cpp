@@ -1,6 +1,5 @@
 // velmar-study starts here on POSIX systems.
-
-#include "study/Main.h"
+#include "study/StudyProgram.h"
 
 int main(int argc, char* argv[])
 {

@@ -1,6 +1,5 @@
 // velmar-study starts here on Windows.
-
-#include "study/Main.h"
+#include "study/StudyProgram.h"
 #include "windows/Text.h"
 
 int wmain(int argc, wchar_t* argv[])

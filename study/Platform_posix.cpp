@@ -1,5 +1,4 @@
 // velmar-study on POSIX systems, which have neither FEMAP nor the form.
-
 #include "study/Platform.h"
 
 #include <unistd.h>

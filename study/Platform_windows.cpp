@@ -1,7 +1,10 @@
-// velmar-study on Windows; recordedForm is in RecordedForm_windows.cpp.
-
+// What velmar-study does on Windows alone: it reaches the FEMAP that runs, and records the form.
+#include "app/window/MainWindow.h"
 #include "femap/com/FemapConnector.h"
 #include "study/Platform.h"
+#include "study/Recorder.h"
+#include "system/RuntimeError.h"
+#include "system/System.h"
 #include "windows/Libraries.h"
 
 #include <windows.h>
@@ -12,6 +15,33 @@
 
 namespace study
 {
+
+namespace
+{
+
+void record(const std::string& script, const std::string& arguments)
+{
+    using sys::ErrorNumber;
+    using sys::RuntimeError;
+
+    femap::com::FemapConnector femap(nullptr);
+    sys::System system = sys::thisMachine();
+    Recorder recorder(system.files, script, arguments);
+    RecordedConnector connector(femap, recorder);
+    window::MainWindow window(connector, system);
+    femap.reportTo([&window](const std::string& text) { window.showStatus(text); });
+    recorder.follow(window.form());
+    window.observe(recorder);
+    if (!window.open(arguments))
+        throw RuntimeError(ErrorNumber::ObjectFailed,
+                           "FEMAP does not run and could not be started");
+    window.run();
+    if (!recorder.failure().empty())
+        throw RuntimeError(ErrorNumber::FileError,
+                           "The script ends too early: " + recorder.failure());
+}
+
+}  // namespace
 
 void prepareProcess()
 {
@@ -25,6 +55,11 @@ std::function<std::unique_ptr<femap::Connector>(femap::SelectionDialogs&)> runni
         femap->reportTo([](const std::string& text) { std::cerr << text << std::endl; });
         return femap;
     };
+}
+
+std::function<void(const std::string& script, const std::string& arguments)> recordedForm()
+{
+    return record;
 }
 
 bool errorsShowColours()

@@ -1,5 +1,4 @@
 // RecordedConnector: tells the recorder what is selected in FEMAP's dialogs.
-
 #include "femap/ForwardingApplication.h"
 #include "study/Recorder.h"
 

@@ -2,7 +2,6 @@
 
 #include "app/Bindings.h"
 #include "form/FormProcedures.h"
-#include "study/NamedGrids.h"
 #include "study/StudyScript.h"
 #include "system/RuntimeError.h"
 

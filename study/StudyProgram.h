@@ -34,4 +34,7 @@ struct Environment
 /// stopped or has problems, 2 wrong arguments.
 int runStudy(const std::vector<std::string>& arguments, const Environment& environment);
 
+/// The same with the things of this machine around it; in Main.cpp.
+int runHere(const std::vector<std::string>& arguments);
+
 }  // namespace study

@@ -3,7 +3,7 @@
 #include "app/StartUp.h"
 #include "femap/NumberText.h"
 #include "study/ModelChange.h"
-#include "study/NamedGrids.h"
+#include "study/Recorder.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,5 +1,4 @@
 // DiskFiles: the real disk on every platform. Errors name the path and the reason of the system.
-
 #include "system/Files.h"
 #include "system/Platform.h"
 #include "system/RuntimeError.h"

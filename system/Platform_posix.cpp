@@ -1,5 +1,4 @@
 // Platform.h on Linux and other POSIX systems.
-
 #include "system/CodePage.h"
 #include "system/Platform.h"
 #include "system/System.h"

@@ -1,9 +1,7 @@
 // Platform.h on Windows.
-
 #include "system/CodePage.h"
 #include "system/Platform.h"
 #include "system/System.h"
-#include "windows/AnsiText.h"
 #include "windows/Text.h"
 
 #include <windows.h>

@@ -44,7 +44,7 @@ target_link_libraries(every_call_test PRIVATE app beside_standin fake test_main)
 target_precompile_headers(every_call_test REUSE_FROM test_main)
 velmar_together(every_call_test)
 gtest_discover_tests(every_call_test DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT 120 RESOURCE_LOCK femap.model LABELS "com;long")
+    PROPERTIES TIMEOUT 120 RESOURCE_LOCK femap.model LABELS long)
 
 # The form over a model host in its own process, for the tests of windows.
 add_executable(embedded-form WIN32 app/window/EmbeddedForm.cpp)

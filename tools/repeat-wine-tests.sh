@@ -116,7 +116,7 @@ roundsOf()
 tests=$(tools/run-wine-tests.sh "$build" -N "$@" 2>/dev/null </dev/null |
     sed -n 's/^Total Tests: //p')
 if ((${tests:-0} == 0)); then
-    echo "No test is there to be run. First: ./check windows" >&2
+    echo "No test is there to be run. First: cmake --workflow --preset windows-release" >&2
     exit 1
 fi
 touch "$logs/good"

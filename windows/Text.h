@@ -1,4 +1,5 @@
-// Texts between the program's UTF-8 and Windows' UTF-16, and Windows' texts of its errors.
+// Texts between the program's UTF-8 and Windows: its UTF-16, the code page of the user's text files
+// (the ANSI code page), and the texts of its errors.
 #pragma once
 
 #include <windows.h>
@@ -12,6 +13,11 @@ namespace windows
 /// Convert between UTF-8 and UTF-16. Malformed text becomes U+FFFD.
 std::wstring toWide(std::string_view text);
 std::string fromWide(std::wstring_view text);
+
+/// Appends UTF-8 text in the ANSI code page; false when a character that it lacks became "?".
+bool appendAnsi(std::string_view text, std::string& bytes);
+/// Bytes of that code page as UTF-8.
+std::string fromAnsi(std::string_view bytes);
 
 /// "0x800706BA: The RPC server is unavailable." in the system's language.
 std::string describe(HRESULT result);

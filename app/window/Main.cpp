@@ -1,5 +1,4 @@
 // VelmarFemapInterface.exe: shows the form, with the FEMAP that runs or a new one.
-
 #include "app/window/MainWindow.h"
 #include "femap/com/FemapConnector.h"
 #include "system/System.h"

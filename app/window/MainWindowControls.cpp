@@ -1,5 +1,4 @@
 // MainWindow: creates the controls of the main window, their captions and tips.
-
 #include "app/window/AccessKeys.h"
 #include "app/window/MainWindow.h"
 #include "windows/Text.h"

@@ -1,5 +1,4 @@
 // MainWindow: hands clicks, keys and typed texts to the program and shows afterwards what changed.
-
 #include "app/window/MainWindow.h"
 
 #include <windowsx.h>
@@ -102,9 +101,7 @@ void MainWindow::comboCommand(form::ComboBox& box, int notification)
 // Takes over what was typed into the combo boxes.
 void MainWindow::commitTexts()
 {
-    form::MainForm& form = program_.form();
-    for (form::ComboBox* const box :
-         {&form.InputSelection, &form.OutputSelection, &form.Solver, &form.Optimizer}) {
+    for (form::ComboBox* const box : comboBoxes()) {
         if (!ready_)
             return;
         const std::string typed = windowText(windows_.at(box));

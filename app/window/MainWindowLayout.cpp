@@ -1,5 +1,4 @@
 // MainWindow: position and size of everything in it, resolution and scrolling.
-
 #include "app/window/MainWindow.h"
 #include "form/Layout.h"
 

@@ -11,13 +11,6 @@ namespace femap::com
 using sys::ErrorNumber;
 using sys::RuntimeError;
 
-bool isSameName(std::string_view one, std::string_view other)
-{
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                      [&](char a, char b) { return lower(a) == lower(b); });
-}
-
 std::vector<int> idsIn(Dispatch& set)
 {
     LONG count = 0;

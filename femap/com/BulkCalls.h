@@ -11,9 +11,6 @@
 namespace femap::com
 {
 
-/// Whether two names are the same for FEMAP, which ignores the case of ASCII letters.
-bool isSameName(std::string_view one, std::string_view other);
-
 /// The IDs that a set object holds, ascending and positive; raises RuntimeError for others.
 std::vector<int> idsIn(Dispatch& set);
 

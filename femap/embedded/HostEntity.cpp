@@ -1,6 +1,5 @@
 // The entity objects of the model host. Each holds a copy of the entity that was loaded last, as
 // FEMAP's do. Copying over an older copy reuses its memory, so a walk over a large model is cheap.
-
 #include "femap/embedded/HostMembers.h"
 #include "femap/embedded/HostObjects.h"
 

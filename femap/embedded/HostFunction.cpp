@@ -1,5 +1,4 @@
 // The function object ("feFunction") of the model host.
-
 #include "femap/Value.h"
 #include "femap/embedded/Host.h"
 #include "femap/embedded/HostObjects.h"

@@ -1,5 +1,4 @@
 // Load definitions of the model host and the walk over their loads.
-
 #include "femap/embedded/HostMembers.h"
 #include "femap/embedded/HostObjects.h"
 

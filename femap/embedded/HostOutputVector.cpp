@@ -1,7 +1,6 @@
 // The output vector object ("feOutput") of the model host. It keeps only which vector was loaded
 // and finds that vector in the model at each question: a vector may hold a value for each of a
 // million nodes, too many to copy at each Get.
-
 #include "femap/embedded/Host.h"
 #include "femap/embedded/HostObjects.h"
 #include "femap/embedded/Members.h"
@@ -62,12 +61,12 @@ public:
     double Value(int entityID) override
     {
         const neutral::OutputVector& vector = loaded();
-        const auto found = std::lower_bound(vector.ids.begin(), vector.ids.end(), entityID);
-        if (found == vector.ids.end() || *found != entityID)
+        const double* const value = vector.valueAt(entityID);
+        if (value == nullptr)
             throw RuntimeError(ErrorNumber::ObjectFailed,
                                "Output vector " + std::to_string(vector.id) +
                                    " has no value at the entity " + std::to_string(entityID));
-        return vector.values[static_cast<std::size_t>(found - vector.ids.begin())];
+        return *value;
     }
     double maxval() override { return loaded().maxval; }
     double minval() override { return loaded().minval; }

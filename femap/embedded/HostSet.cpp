@@ -1,5 +1,4 @@
 // Sets of IDs in the model host: adding, selecting and walking.
-
 #include "femap/embedded/Host.h"
 #include "femap/embedded/HostObjects.h"
 

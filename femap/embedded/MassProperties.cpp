@@ -2,7 +2,6 @@
 // own inertia, which vanishes as the mesh becomes finer, is left out. Parabolic elements are
 // measured by their corners, laminates by material and thickness of their property, which has none
 // where its plies carry them. Mass elements, springs and the like count nothing.
-
 #include "femap/embedded/Host.h"
 
 #include <algorithm>

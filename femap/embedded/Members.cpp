@@ -227,13 +227,6 @@ void writeMember(Data& data, const std::string& name, std::optional<int> index,
 
 }  // namespace
 
-bool isSameName(std::string_view one, std::string_view other)
-{
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                      [&](char a, char b) { return lower(a) == lower(b); });
-}
-
 void refuseWord(const std::string& word)
 {
     throw RuntimeError(ErrorNumber::NoSuchMember, "FEMAP has no object fe" + word);

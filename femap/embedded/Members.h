@@ -1,7 +1,7 @@
 // Reads members of nodes, elements, properties, materials and loads by their names in FEMAP.
 #pragma once
 
-#include "femap/Value.h"
+#include "femap/Objects.h"
 #include "femap/neutral/Model.h"
 
 #include <optional>
@@ -76,9 +76,6 @@ struct Kind<TemperatureObject>
 {
     static constexpr std::string_view object = "A temperature load";
 };
-
-/// Whether two names are the same for FEMAP, which ignores the case of ASCII letters.
-bool isSameName(std::string_view one, std::string_view other);
 
 /// The value of a member; an array member takes an index, any other one none. Raises
 /// RuntimeError: NoSuchMember for an unknown name, InvalidCall for an index that is missing or not

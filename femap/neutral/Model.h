@@ -127,6 +127,14 @@ struct OutputVector
     EntityType location = EntityType::Node;
     std::vector<int> ids{};  // entities with a value, ascending
     std::vector<double> values{};
+
+    /// Null where it has none.
+    const double* valueAt(int entityID) const
+    {
+        const auto found = std::lower_bound(ids.begin(), ids.end(), entityID);
+        const bool isThere = found != ids.end() && *found == entityID;
+        return isThere ? &values[static_cast<std::size_t>(found - ids.begin())] : nullptr;
+    }
 };
 
 /// Puts rows in ascending order of ID; of several rows with one ID the last stays.

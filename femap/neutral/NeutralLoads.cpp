@@ -1,5 +1,4 @@
 // Reads the load sets of a neutral file (block 507): loads, temperatures and load definitions.
-
 #include "femap/neutral/NeutralBlocks.h"
 
 #include <map>

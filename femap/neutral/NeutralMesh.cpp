@@ -1,5 +1,4 @@
 // Reads the nodes (block 403) and elements (block 404) of a neutral file.
-
 #include "femap/neutral/NeutralBlocks.h"
 
 #include <array>

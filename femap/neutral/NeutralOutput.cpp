@@ -1,5 +1,4 @@
 // Reads the output sets (block 450) and output vectors (blocks 451 and 1051) of a neutral file.
-
 #include "femap/neutral/NeutralBlocks.h"
 
 #include <array>

@@ -1,5 +1,4 @@
 // Reads properties (block 402), materials (401 and 601) and functions (420) of a neutral file.
-
 #include "femap/neutral/NeutralBlocks.h"
 
 namespace femap::neutral

@@ -41,12 +41,12 @@ struct PatientTest : testing::Test
     std::vector<std::string> reports;
 };
 
-using PatienceTest = PatientTest;
+using RetryPolicyTest = PatientTest;
 using BusyFilterTest = PatientTest;
 
 }  // namespace
 
-TEST_F(PatienceTest, RepeatsARejectedCallQuietly)
+TEST_F(RetryPolicyTest, RepeatsARejectedCallQuietly)
 {
     EXPECT_EQ(callRejected(20), S_OK);
     EXPECT_EQ(callRejected(1, RPC_E_CALL_REJECTED), S_OK);
@@ -56,14 +56,14 @@ TEST_F(PatienceTest, RepeatsARejectedCallQuietly)
     EXPECT_THAT(reports, IsEmpty());
 }
 
-TEST_F(PatienceTest, RepeatsNoCallThatFailsOtherwise)
+TEST_F(RetryPolicyTest, RepeatsNoCallThatFailsOtherwise)
 {
     EXPECT_EQ(callRejected(1, DISP_E_EXCEPTION), DISP_E_EXCEPTION);
 
     EXPECT_EQ(waits, 0);
 }
 
-TEST_F(PatienceTest, SaysOnceAfterHalfAMinuteThatFemapIsWaitedFor)
+TEST_F(RetryPolicyTest, SaysOnceAfterHalfAMinuteThatFemapIsWaitedFor)
 {
     callRejected(120);
     EXPECT_THAT(reports, IsEmpty());
@@ -73,7 +73,7 @@ TEST_F(PatienceTest, SaysOnceAfterHalfAMinuteThatFemapIsWaitedFor)
     EXPECT_THAT(reports, ElementsAre("FEMAP is working or shows a dialog. Waiting for it …"));
 }
 
-TEST_F(PatienceTest, SaysItAgainForTheNextLongWait)
+TEST_F(RetryPolicyTest, SaysItAgainForTheNextLongWait)
 {
     callRejected(200);
     callRejected(200);
@@ -81,21 +81,21 @@ TEST_F(PatienceTest, SaysItAgainForTheNextLongWait)
     EXPECT_EQ(reports.size(), 2U);
 }
 
-TEST_F(PatienceTest, GivesUpAfterTenMinutes)
+TEST_F(RetryPolicyTest, GivesUpAfterTenMinutes)
 {
     EXPECT_EQ(callRejected(1'000'000), RPC_E_SERVERCALL_RETRYLATER);
 
     EXPECT_EQ(time, RetryPolicy::Duration(5'000 + 600'000));
 }
 
-TEST_F(PatienceTest, WaitsAnewAfterItGaveUp)
+TEST_F(RetryPolicyTest, WaitsAnewAfterItGaveUp)
 {
     callRejected(1'000'000);
 
     EXPECT_EQ(callRejected(3), S_OK);
 }
 
-TEST_F(PatienceTest, WaitsInRealTimeUnlessItIsToldOtherwise)
+TEST_F(RetryPolicyTest, WaitsInRealTimeUnlessItIsToldOtherwise)
 {
     const DWORD before = GetTickCount();
 

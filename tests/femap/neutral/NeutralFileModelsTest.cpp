@@ -31,12 +31,6 @@ Model open(const std::string& name)
 class NeutralFileModelsElsewhere : public fake::OnModelsBesideTheProject<>
 {};
 
-double valueAt(const OutputVector& vector, int id)
-{
-    const auto place = std::find(vector.ids.begin(), vector.ids.end(), id);
-    return vector.values.at(static_cast<std::size_t>(place - vector.ids.begin()));
-}
-
 auto isLoad(int entityID, int type, int face, const std::array<double, 5>& values)
 {
     return AllOf(Field(&Load::entityID, entityID), Field(&Load::type, type),
@@ -90,15 +84,15 @@ TEST_F(NeutralFileModelsElsewhere, TheLaminateModelHasItsResults)
     EXPECT_EQ(translation.title, "Total Translation");
     EXPECT_EQ(translation.location, EntityType::Node);
     EXPECT_EQ(translation.maxval, 175.33037);
-    EXPECT_EQ(valueAt(translation, 100), 175.33037);
+    EXPECT_EQ(*translation.valueAt(100), 175.33037);
     EXPECT_EQ(translation.minval, 0);
-    EXPECT_EQ(valueAt(translation, 1), 0);
+    EXPECT_EQ(*translation.valueAt(1), 0);
     const OutputVector& failure = *set.vectors.find(6060);
     EXPECT_EQ(failure.location, EntityType::Element);
     EXPECT_EQ(failure.maxval, 530.42603);
-    EXPECT_EQ(valueAt(failure, 18), 530.42603);
+    EXPECT_EQ(*failure.valueAt(18), 530.42603);
     EXPECT_EQ(failure.minval, 1.9527702);
-    EXPECT_EQ(valueAt(failure, 73), 1.9527702);
+    EXPECT_EQ(*failure.valueAt(73), 1.9527702);
     EXPECT_THAT(set.vectors.find(171)->ids, ElementsAre(100));
     EXPECT_THAT(set.vectors.find(171)->values, ElementsAre(100));
 }
