@@ -1,5 +1,7 @@
 # There is one mouse, one keyboard and one femap.model on a machine: tests with them run one at a time.
-velmar_test_library(beside_standin standin SOURCES ExampleStudy.cpp StartedStandin.cpp Transcript.cpp LINK femap_com)
+velmar_test_library(beside_standin standin
+    SOURCES ExampleStudy.cpp StartedStandin.cpp Transcript.cpp
+    LINK femap_com)
 add_dependencies(beside_standin femap-standin)
 velmar_test_library(form_driver app/window
     SOURCES Engineer.cpp FormDriver.cpp FormFiles.cpp Hand.cpp RemoteHeap.cpp
@@ -7,6 +9,7 @@ velmar_test_library(form_driver app/window
 
 velmar_test(windows LINK windows)
 velmar_test(system SOURCES DiskFilesTest.cpp SystemTest.cpp SystemTest_windows.cpp LINK system)
+velmar_test(femap SOURCES NumberTextTest.cpp LINK femap)
 velmar_test(femap/com LOCK femap.model LABELS com LINK beside_standin standin)
 velmar_test(standin LOCK femap.model
     SOURCES MembersTest.cpp SelectionWindowTest.cpp
@@ -38,13 +41,9 @@ velmar_test(reliability
 add_dependencies(reliability_test VelmarFemapInterface velmar-study femap-standin)
 
 # The whole tool beside a stand-in that refuses each call in turn, or ends in it.
-add_executable(every_call_test
-    reliability/EveryCallByComTest_windows.cpp reliability/RowsAndFiles.cpp reliability/World.cpp)
-target_link_libraries(every_call_test PRIVATE app beside_standin fake test_main)
-target_precompile_headers(every_call_test REUSE_FROM test_main)
-velmar_together(every_call_test)
-gtest_discover_tests(every_call_test DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT 120 RESOURCE_LOCK femap.model LABELS long)
+velmar_test(reliability NAME every_call_test LOCK femap.model LABELS long
+    SOURCES EveryCallByComTest_windows.cpp RowsAndFiles.cpp World.cpp
+    LINK app beside_standin)
 
 # The form over a model host in its own process, for the tests of windows.
 add_executable(embedded-form WIN32 app/window/EmbeddedForm.cpp)

@@ -74,7 +74,7 @@ public:
     std::vector<std::string> messages() const;
 };
 
-/// The real form and logger in these surroundings. FEMAP is attached and the log is at level
+/// The real form and logger on a machine in memory. FEMAP is attached and the log is at level
 /// "ALWAYS".
 class FormFixture : public Environment
 {
