@@ -17,6 +17,7 @@ namespace
 
 using form::Context;
 using selection::frmPropertyList;
+using enum Binding::Messages;
 
 // The three shapes of procedures.
 template <void (*procedure)(Context&)>
@@ -39,23 +40,23 @@ void withKey(Session& session, int keyCode)
 
 // clang-format off
 constexpr Binding table[] = {
-    // event                      procedure                                       needsFemap waits
-    {"InputsButton_Click",         withDialog<selection::InputsButton_Click>,      true,  false},
-    {"RefreshInputs_Click",        plain<selection::RefreshInputs_Click>,          true,  false},
-    {"ClearInputSelection_Click",  plain<form::ClearInputSelection_Click>,         false, false},
-    {"InputsList_KeyDown",         withKey<form::InputsList_KeyDown>,              false, false},
-    {"OutputsButton_Click",        withDialog<selection::OutputsButton_Click>,     true,  false},
-    {"RefreshOutputs_Click",       plain<selection::RefreshOutputs_Click>,         true,  false},
-    {"ClearOutputSelection_Click", plain<form::ClearOutputSelection_Click>,        false, false},
-    {"OutputsList_KeyDown",        withKey<form::OutputsList_KeyDown>,             false, false},
-    {"Solver_Click",               plain<generate::Solver_Click>,                  true,  false},
-    {"Optimizer_Click",            plain<generate::Optimizer_Click>,               true,  false},
-    {"ClearAll_Click",             plain<form::ClearAll_Click>,                    false, false},
-    {"GenerateButton_Click",       plain<generate::GenerateButton_Click>,          true,  false},
-    {"HScroll1_Change",            plain<form::HScroll1_Change>,                   false, true},
-    {"VScroll1_Change",            plain<form::VScroll1_Change>,                   false, true},
-    {"Form_Resize",                plain<form::Form_Resize>,                       false, true},
-    {femapEvent,                   FormWindowProc,                                 false, true},
+    // event                      procedure                                  needsFemap waits  messages
+    {"InputsButton_Click",         withDialog<selection::InputsButton_Click>,  true,  false, Go},
+    {"RefreshInputs_Click",        plain<selection::RefreshInputs_Click>,      true,  false, Go},
+    {"ClearInputSelection_Click",  plain<form::ClearInputSelection_Click>,     false, false, Go},
+    {"InputsList_KeyDown",         withKey<form::InputsList_KeyDown>,          false, false, GoOnDelete},
+    {"OutputsButton_Click",        withDialog<selection::OutputsButton_Click>, true,  false, Go},
+    {"RefreshOutputs_Click",       plain<selection::RefreshOutputs_Click>,     true,  false, Go},
+    {"ClearOutputSelection_Click", plain<form::ClearOutputSelection_Click>,    false, false, Go},
+    {"OutputsList_KeyDown",        withKey<form::OutputsList_KeyDown>,         false, false, GoOnDelete},
+    {"Solver_Click",               plain<generate::Solver_Click>,              true,  false, Go},
+    {"Optimizer_Click",            plain<generate::Optimizer_Click>,           true,  false, Go},
+    {"ClearAll_Click",             plain<form::ClearAll_Click>,                false, false, Go},
+    {"GenerateButton_Click",       plain<generate::GenerateButton_Click>,      true,  false, Go},
+    {"HScroll1_Change",            plain<form::HScroll1_Change>,               false, true,  Stay},
+    {"VScroll1_Change",            plain<form::VScroll1_Change>,               false, true,  Stay},
+    {"Form_Resize",                plain<form::Form_Resize>,                   false, true,  Stay},
+    {femapEvent,                   FormWindowProc,                             false, true,  Stay},
 };
 // clang-format on
 

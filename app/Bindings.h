@@ -19,6 +19,13 @@ struct Binding
     bool needsFemap;
     /// While another procedure runs, the event waits until it has ended. Others are dropped.
     bool waits;
+    /// What the event does to the messages of former actions on the status line.
+    enum class Messages
+    {
+        Stay,
+        Go,
+        GoOnDelete,  // when the argument is the Delete key
+    } messages;
 
     /// The name of the control.
     std::string_view control() const { return event.substr(0, event.rfind('_')); }

@@ -82,7 +82,7 @@ void EventDispatcher::flushLog()
 {
     sys::PendingError error;
     if (!error.attempt([&] { session_.context.log.flush(); }))
-        session_.context.form.StatusLine.Caption = error.description();
+        session_.context.form.status.tellProblem(error.description());
 }
 
 // No error is lost without a line in the log.
@@ -97,7 +97,7 @@ void EventDispatcher::reportPending(const std::string& where)
 void EventDispatcher::showFailure(const std::string& where)
 {
     Context& context = session_.context;
-    context.form.StatusLine.Caption = lastFailure_;
+    context.form.status.tellFailure(lastFailure_);
     if (context.application != nullptr)
         context.error.attempt([&] { form::showMessage(context, lastFailure_); });
     reportPending(where);
@@ -113,7 +113,7 @@ void EventDispatcher::forgetFemap(const std::string& where, const std::string& r
     context.application.reset();
     session_.eventFemap.reset();
     disableWhatNeedsFemap(context.form);
-    context.form.StatusLine.Caption = femapIsGone;
+    context.form.status.tellFailure(femapIsGone);
 
     context.error.attempt([&] { throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, reason); });
     reportPending(where);

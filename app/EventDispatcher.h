@@ -51,8 +51,4 @@ private:
 /// Unlocks FEMAP as often as it is still locked.
 void releaseLocks(form::Context& context);
 
-/// On the status line when FEMAP is gone.
-constexpr std::string_view femapIsGone =
-    "FEMAP has ended or cannot be reached. The rows are kept; the form goes on when FEMAP is back.";
-
 }  // namespace app

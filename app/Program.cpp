@@ -2,6 +2,7 @@
 
 #include "app/FemapEvents.h"
 #include "app/StartUp.h"
+#include "form/FormProcedures.h"
 #include "system/RuntimeError.h"
 
 #include <algorithm>
@@ -111,6 +112,10 @@ Ended Program::run(const Binding& binding, int argument)
             waiting_.push_back({&binding, argument});
         return Ended::NotStarted;
     }
+    using enum Binding::Messages;
+    if (binding.messages == Go ||
+        (binding.messages == GoOnDelete && argument == form::deleteKey))
+        form().status.clear();
     const Ended ended =
         perform({binding.event, argument}, [&] { binding.procedure(session_, argument); });
     runWaiting();
@@ -126,6 +131,8 @@ Ended Program::runChoice(const form::ComboBox& box, const std::function<void()>&
     };
     const std::string name(std::ranges::find_if(session_.form.controls(), isBox)->name);
     const std::string event = name + "_Click";
+    if (!dispatcher_.isBusy())
+        form().status.clear();
     const Ended ended = perform({event, 0, &box}, choice);
     if (ended != Ended::NotStarted)
         runWaiting();

@@ -9,9 +9,17 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace app
 {
+
+/// On the status line while the form cannot be used, when FEMAP is gone, and after it came back.
+constexpr std::string_view noModelOpen = "FEMAP has no model open.";
+constexpr std::string_view femapIsGone =
+    "FEMAP has ended or cannot be reached. The rows are kept; the form goes on when FEMAP is back.";
+constexpr std::string_view femapIsBack =
+    "FEMAP is back. The rows are kept; look whether their model is the one that is open.";
 
 struct Session
 {

@@ -32,7 +32,7 @@ void startLog(Session& session, CommandLine& arguments)
         [&] { context.log.InitialiseLogger(arguments.logFileName, arguments.logLevel); });
     if (!started) {
         session.logFailure = context.error.description();
-        context.form.StatusLine.Caption = session.logFailure;
+        context.form.status.tellProblem(session.logFailure);
     }
 }
 
@@ -104,7 +104,7 @@ void openModel(Session& session, const std::string& path)
         }
         else {
             session.openFailure = context.error.description();
-            context.form.StatusLine.Caption = session.openFailure;
+            context.form.status.tellFailure(session.openFailure);
         }
     }
     logPositionAndClearErrorIfAny(context.log, context.error, "After opening femap file");
@@ -190,7 +190,8 @@ void femapReturned(Session& session, std::unique_ptr<femap::Application> applica
     Context& context = session.context;
     context.application = std::move(application);
     logDebug(context.log, "FEMAP is back");
-    context.form.StatusLine.Caption = femapIsBack;
+    context.form.status.withdraw(femapIsGone);
+    context.form.status.tellResult(femapIsBack);
     RestoreFormEvents(session);
     registerPlugin(session);
     if (!enableWhileModelIsOpen(session))
@@ -230,11 +231,10 @@ bool enableWhileModelIsOpen(Session& session)
     const bool isOpen = context.error.attempt([&] { context.femap().ModelName(); });
     context.error.clear();
     context.form.setEnabled(isOpen);
-    std::string& status = context.form.StatusLine.Caption;
-    if (!isOpen && session.openFailure.empty())
-        status = noModelOpen;
-    else if (isOpen && status == noModelOpen)
-        status.clear();
+    if (isOpen)
+        context.form.status.withdraw(noModelOpen);
+    else if (session.openFailure.empty())
+        context.form.status.tellProblem(noModelOpen);
     return isOpen;
 }
 

@@ -5,17 +5,9 @@
 
 #include <memory>
 #include <string>
-#include <string_view>
 
 namespace app
 {
-
-/// On the status line while the form cannot be used.
-constexpr std::string_view noModelOpen = "FEMAP has no model open.";
-
-/// On the status line after FEMAP was lost and came back.
-constexpr std::string_view femapIsBack =
-    "FEMAP is back. The rows are kept; look whether their model is the one that is open.";
 
 enum class StartUp
 {

@@ -33,7 +33,10 @@ void tellEngineer(Context& context, const std::string& text)
 
 void showMessage(Context& context, const std::string& text, femap::MessageColour colour)
 {
-    context.form.StatusLine.Caption = text;
+    if (colour == femap::MessageColour::Normal)
+        context.form.status.tellResult(text);
+    else
+        context.form.status.tellProblem(text);
     context.femap().feAppMessage(colour, text);
 }
 

@@ -57,10 +57,10 @@ struct Context
 void lockFemap(Context& context);
 void unlockFemap(Context& context);
 
-/// A message for the engineer: in FEMAP's message window in the error colour, on the status line,
-/// and in the log at debug level.
+/// A problem that the engineer must know: in FEMAP's message window in the error colour, on the
+/// status line, and in the log at debug level.
 void tellEngineer(Context& context, const std::string& text);
-/// The same without the line in the log.
+/// The same without the line in the log. In the normal colour it is no problem but a result.
 void showMessage(Context& context, const std::string& text,
                  femap::MessageColour colour = femap::MessageColour::Error);
 

@@ -4,6 +4,7 @@
 #include "femap/Objects.h"
 #include "form/Controls.h"
 #include "form/ParameterGrid.h"
+#include "form/Status.h"
 
 #include <functional>
 #include <memory>
@@ -72,7 +73,8 @@ struct MainForm
     Button ClearAll;
     Button GenerateButton;
 
-    Label StatusLine;  // the latest message
+    Label StatusLine;
+    Status status{StatusLine.Caption};  // what stands there
 
     struct NamedControl
     {

@@ -55,10 +55,7 @@ void Progress::step(std::size_t count)
 
 void Progress::finish()
 {
-    std::string& caption = context_.form.StatusLine.Caption;
-    if (!shownCaption_.empty() && caption == shownCaption_)
-        caption = captionBefore_;
-    shownCaption_.clear();
+    context_.form.status.showProgress({});
     if (std::exchange(barIsOn_, false))
         tryBar([&] { context_.femap().feAppStatusShow(false, percentDone); });
 }
@@ -74,12 +71,8 @@ int Progress::percent() const
 
 void Progress::show()
 {
-    std::string& caption = context_.form.StatusLine.Caption;
-    if (caption != shownCaption_)
-        captionBefore_ = caption;
-    shownCaption_ =
-        what_ + " … " + (total_ ? std::to_string(percent()) + " %" : std::to_string(done_));
-    caption = shownCaption_;
+    context_.form.status.showProgress(
+        what_ + " … " + (total_ ? std::to_string(percent()) + " %" : std::to_string(done_)));
     context_.host.showProgress();
 
     if (!barIsOn_ && barIsUsable_)

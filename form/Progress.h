@@ -26,8 +26,7 @@ public:
     /// So many more steps are done. Cheap enough for every entity of a large model.
     void step(std::size_t count = 1);
 
-    /// Ends the walk: hides FEMAP's bar and brings back the status line's text from before, unless
-    /// another message came in between.
+    /// Ends the walk: hides FEMAP's bar and takes the progress off the status line.
     void finish();
 
 private:
@@ -42,8 +41,6 @@ private:
     std::size_t done_ = 0;
     std::size_t nextLook_;  // the step at which the clock is read again
     double nextShow_;       // the time at which the display changes again, in seconds
-    std::string shownCaption_;
-    std::string captionBefore_;
     bool barIsOn_ = false;
     bool barIsUsable_ = true;
 };

@@ -139,10 +139,10 @@ bool readControlFile(Context& context, const std::string& path, std::string& con
     catch (const sys::RuntimeError& error) {
         logDebug(context.log, "No selection to load: ", error.description());
         if (error.number() != sys::ErrorNumber::FileNotFound)
-            context.form.StatusLine.Caption =
+            context.form.status.tellProblem(
                 "The selection of the last \"Apply\" could not be read (" + error.description() +
                 "). The next \"Apply\" replaces it; to keep it, see that no other program has the "
-                "file open and start this tool again";
+                "file open and start this tool again");
         return false;
     }
 }

@@ -143,11 +143,7 @@ void MainWindow::showProgress()
 
 void MainWindow::showStatus(const std::string& text)
 {
-    std::string& caption = program_.form().StatusLine.Caption;
-    if (caption != text)
-        textBefore_ = caption;
-    waitingText_ = text;
-    caption = text;
+    program_.form().status.showWaiting(text);
     if (ready_)
         showProgress();
 }

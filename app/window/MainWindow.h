@@ -123,8 +123,6 @@ private:
     std::unique_ptr<Font> font_;
     Pixels pixels_{USER_DEFAULT_SCREEN_DPI};
     SIZE sizeSeen_{};          // of the window's inside
-    std::string waitingText_;  // on the status line while a procedure waits for FEMAP
-    std::string textBefore_;   // what stood there before waitingText_
     const form::ComboBox* typing_ = nullptr;  // the box whose typed text is not taken over yet
     HWND focusBefore_ = nullptr;              // had the focus before another program took it
     HWND focusSeen_ = nullptr;

@@ -140,12 +140,8 @@ void MainWindow::afterEvent()
 {
     if (!ready_ || program_.isClosed())
         return;
-    std::string& status = program_.form().StatusLine.Caption;
-    if (!program_.isBusy() && !waitingText_.empty()) {
-        if (status == waitingText_)  // the wait for FEMAP is over
-            status = textBefore_;
-        waitingText_.clear();
-    }
+    if (!program_.isBusy())
+        program_.form().status.showWaiting({});
     showPointer();
     mirror();
     layOut();

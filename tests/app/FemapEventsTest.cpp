@@ -71,7 +71,7 @@ TEST(NewModelEvent, EnablesTheControls)
 TEST(NewModelEvent, TakesTheHintOffTheStatusLine)
 {
     StartedSession f;
-    f.form.StatusLine.Caption = noModelOpen;
+    f.form.status.tellProblem(noModelOpen);
 
     FormWindowProc(f.session, 2);
 
@@ -81,7 +81,7 @@ TEST(NewModelEvent, TakesTheHintOffTheStatusLine)
 TEST(NewModelEvent, LeavesAnyOtherMessageOnTheStatusLine)
 {
     StartedSession f;
-    f.form.StatusLine.Caption = "Function selection cancelled...";
+    f.form.status.tellProblem("Function selection cancelled...");
 
     FormWindowProc(f.session, 2);
 

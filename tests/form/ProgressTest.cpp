@@ -64,7 +64,7 @@ protected:
         auto bar = std::make_unique<BarFemap>(f.femap.attach(), calls);
         femap = bar.get();
         f.context.application = std::move(bar);
-        f.form.StatusLine.Caption = "before";
+        f.form.status.tellHint("before");
     }
     // So many steps, at the end of which the clock shows this time.
     void walk(Progress& progress, int steps, double seconds)
@@ -145,17 +145,17 @@ TEST_F(ProgressTest, LeavesAMessageThatCameInBetween)
 {
     Progress progress(f.context, "Reading", 768);
     walk(progress, 256, 2);
-    f.form.StatusLine.Caption = "first message";
+    f.form.status.tellResult("first message");
     walk(progress, 256, 3);
 
     progress.finish();
 
-    EXPECT_EQ(f.form.StatusLine.Caption, "first message");
+    EXPECT_EQ(f.form.StatusLine.Caption, "first message. before");
     Progress next(f.context, "Reading", 768);
     walk(next, 256, 5);
-    f.form.StatusLine.Caption = "second message";
+    f.form.status.tellResult("second message");
     next.finish();
-    EXPECT_EQ(f.form.StatusLine.Caption, "second message");
+    EXPECT_EQ(f.form.StatusLine.Caption, "second message. before");
 }
 
 TEST_F(ProgressTest, EndsOnce)

@@ -59,7 +59,7 @@ protected:
     void SetUp() override
     {
         f.form.Optimizer.Text = GetParam();
-        f.form.StatusLine.Caption = "before";
+        f.form.status.tellHint("before");
         f.context.application = std::make_unique<WatchedFemap>(std::move(f.context.application),
                                                                f.form.StatusLine, shown);
         for (int i = 1; i <= rows; ++i) {

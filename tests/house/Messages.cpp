@@ -10,12 +10,13 @@ namespace house
 namespace
 {
 
-constexpr std::array<std::string_view, 17> makers = {
+constexpr std::array<std::string_view, 22> makers = {
     "RuntimeError",     "runtime_error", "ConnectionLost", "ScriptError",
     "Unavailable",      "FormatError",   "fail",           "failField",
     "failWithCure",     "demand",        "demandOk",       "rowNamed",
     "tellEngineer",     "showMessage",   "Progress",       "tellProblems",
-    "tryToTellEngineer"};
+    "tryToTellEngineer", "tellResult", "tellHint", "tellProblem",
+    "tellFailure",      "showWaiting"};
 // Variables and constants that hold a message or a part of one.
 constexpr std::array<std::string_view, 6> holders = {"femapIsGone",      "noModelOpen", "cure",
                                                      "modelMustBeSaved", "problem",     "message"};
@@ -164,10 +165,7 @@ std::vector<MessagePart> messagePartsIn(const SourceFile& file)
         if (tokens[i].kind != Token::Kind::Word)
             continue;
         const bool isCall = tokens[i + 1].text == "(" && holds(makers, tokens[i].text);
-        const bool isStatus =
-            tokens[i].text == "Caption" && i > 1 && tokens[i - 2].text == "StatusLine";
-        const bool isHolder =
-            tokens[i + 1].text == "=" && (isStatus || holds(holders, tokens[i].text));
+        const bool isHolder = tokens[i + 1].text == "=" && holds(holders, tokens[i].text);
         if (!isCall && !isHolder)
             continue;
         for (std::size_t k = i + 1; k < endOf(tokens, i + 1, isCall); ++k) {

@@ -101,7 +101,7 @@ TEST(MessageParts, AreTheTextsInCallsThatMakeMessages)
          "throw RuntimeError(number, path + \" could not \"",
          "    \"be \\\"read\\\": \" + why(\"x y\"));", "logDebug(log, \"nor this one\");",
          "fail(\"one\");", "const char c = '\"';",
-         "StatusLine.Caption =", "    \"on the status line\";"}};
+         "status.tellHint(", "    \"on the status line\");"}};
 
     std::vector<std::string> texts;
     for (const MessagePart& part : messagePartsIn(file))
