@@ -113,8 +113,7 @@ Ended Program::run(const Binding& binding, int argument)
         return Ended::NotStarted;
     }
     using enum Binding::Messages;
-    if (binding.messages == Go ||
-        (binding.messages == GoOnDelete && argument == form::deleteKey))
+    if (binding.messages == Go || (binding.messages == GoOnDelete && argument == form::deleteKey))
         form().status.clear();
     const Ended ended =
         perform({binding.event, argument}, [&] { binding.procedure(session_, argument); });

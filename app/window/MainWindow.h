@@ -122,7 +122,7 @@ private:
     std::unique_ptr<GridView> outputs_;
     std::unique_ptr<Font> font_;
     Pixels pixels_{USER_DEFAULT_SCREEN_DPI};
-    SIZE sizeSeen_{};          // of the window's inside
+    SIZE sizeSeen_{};                         // of the window's inside
     const form::ComboBox* typing_ = nullptr;  // the box whose typed text is not taken over yet
     HWND focusBefore_ = nullptr;              // had the focus before another program took it
     HWND focusSeen_ = nullptr;

@@ -11,12 +11,12 @@ namespace
 {
 
 constexpr std::array<std::string_view, 22> makers = {
-    "RuntimeError",     "runtime_error", "ConnectionLost", "ScriptError",
-    "Unavailable",      "FormatError",   "fail",           "failField",
-    "failWithCure",     "demand",        "demandOk",       "rowNamed",
-    "tellEngineer",     "showMessage",   "Progress",       "tellProblems",
-    "tryToTellEngineer", "tellResult", "tellHint", "tellProblem",
-    "tellFailure",      "showWaiting"};
+    "RuntimeError",      "runtime_error", "ConnectionLost", "ScriptError",
+    "Unavailable",       "FormatError",   "fail",           "failField",
+    "failWithCure",      "demand",        "demandOk",       "rowNamed",
+    "tellEngineer",      "showMessage",   "Progress",       "tellProblems",
+    "tryToTellEngineer", "tellResult",    "tellHint",       "tellProblem",
+    "tellFailure",       "showWaiting"};
 // Variables and constants that hold a message or a part of one.
 constexpr std::array<std::string_view, 6> holders = {"femapIsGone",      "noModelOpen", "cure",
                                                      "modelMustBeSaved", "problem",     "message"};

@@ -100,8 +100,8 @@ TEST(MessageParts, AreTheTextsInCallsThatMakeMessages)
         {"// RuntimeError(\"not this one\")", "constexpr int million = 1'000'000;",
          "throw RuntimeError(number, path + \" could not \"",
          "    \"be \\\"read\\\": \" + why(\"x y\"));", "logDebug(log, \"nor this one\");",
-         "fail(\"one\");", "const char c = '\"';",
-         "status.tellHint(", "    \"on the status line\");"}};
+         "fail(\"one\");", "const char c = '\"';", "status.tellHint(",
+         "    \"on the status line\");"}};
 
     std::vector<std::string> texts;
     for (const MessagePart& part : messagePartsIn(file))
