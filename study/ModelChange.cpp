@@ -6,8 +6,10 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 namespace study
@@ -118,6 +120,29 @@ void blamingLine(const Words& words, Step&& step)
 }
 
 }  // namespace
+
+void openModel(femap::embedded::Host& host, OpenModels& behind, const ScriptLine& line)
+{
+    Words words(line, "; open takes the file of a model");
+    const std::string path = words.text("file");
+    std::optional<Model> current = host.model;
+    std::string currentFile = host.modelName;
+    blamingLine(words, [&] { host.openNeutralFile(path); });
+    if (current && currentFile != host.modelName)
+        behind.emplace_back(*std::move(current), std::move(currentFile));
+}
+
+void closeModel(femap::embedded::Host& host, OpenModels& behind, const ScriptLine& line)
+{
+    if (!line.argument.empty())
+        throw ScriptError(line.number, "closemodel takes nothing after it");
+    host.model.reset();
+    host.modelName.clear();
+    if (behind.empty())
+        return;
+    std::tie(host.model, host.modelName) = std::move(behind.back());
+    behind.pop_back();
+}
 
 void changeModel(femap::embedded::Host& host, const ScriptLine& line)
 {

@@ -46,7 +46,10 @@ void StudyCheck::perform(const ScriptLine& line)
     const bool isDone = (isClick && isSpoiled_) || attempt([&] { runner_.perform(line); });
     if (isClick && (isSpoiled_ || !isDone))
         dialogs_.forget();
-    isBroken_ = isBroken_ || (!isDone && (!runner_.isStarted() || line.action == "start"));
+    const bool bringsModel = line.action == "start" || line.action == "open";
+    if (bringsModel && isDone)
+        isBroken_ = false;
+    isBroken_ = isBroken_ || (!isDone && (!runner_.isStarted() || bringsModel));
     isSpoiled_ = !isClick && (isSpoiled_ || (isAnswer && !isDone));
 }
 

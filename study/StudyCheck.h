@@ -28,7 +28,7 @@ private:
     StudyRunner& runner_;
     StudyDialogs& dialogs_;
     std::vector<ScriptError> problems_;
-    bool isBroken_ = false;   // the start failed; what is unavailable for that is not told
+    bool isBroken_ = false;   // no model came; what is unavailable for that is not told
     bool isSpoiled_ = false;  // an answer for the next click is wrong; that click is skipped
 };
 

@@ -2,7 +2,6 @@
 
 #include "app/StartUp.h"
 #include "femap/NumberText.h"
-#include "study/ModelChange.h"
 #include "study/Recorder.h"
 
 #include <algorithm>
@@ -134,18 +133,20 @@ int numberIn(const std::string& text, const std::string& what, const ScriptLine&
 
 // clang-format off
 const StudyRunner::Action StudyRunner::actions[] = {
-    {"start",    &StudyRunner::start},
-    {"set",      &StudyRunner::set},
-    {"pick",     &StudyRunner::pick},
-    {"choose",   &StudyRunner::choose},
-    {"click",    &StudyRunner::click},
-    {"select",   &StudyRunner::select},
-    {"key",      &StudyRunner::key},
-    {"event",    &StudyRunner::event},
-    {"put",      &StudyRunner::put},
-    {"activate", &StudyRunner::activate},
-    {"print",    &StudyRunner::print},
-    {"close",    &StudyRunner::close},
+    {"start",      &StudyRunner::start},
+    {"set",        &StudyRunner::set},
+    {"pick",       &StudyRunner::pick},
+    {"choose",     &StudyRunner::choose},
+    {"click",      &StudyRunner::click},
+    {"select",     &StudyRunner::select},
+    {"key",        &StudyRunner::key},
+    {"event",      &StudyRunner::event},
+    {"open",       &StudyRunner::open},
+    {"closemodel", &StudyRunner::closemodel},
+    {"put",        &StudyRunner::put},
+    {"activate",   &StudyRunner::activate},
+    {"print",      &StudyRunner::print},
+    {"close",      &StudyRunner::close},
 };
 // clang-format on
 
@@ -269,14 +270,26 @@ void StudyRunner::event(const ScriptLine& line)
     checkEnd(program_.raiseFemapEvent(code), line);
 }
 
+void StudyRunner::open(const ScriptLine& line)
+{
+    openModel(requireHost(line), behind_, line);
+    checkEnd(program_.raiseFemapEvent(static_cast<int>(femap::EventCode::NewModel)), line);
+}
+
+void StudyRunner::closemodel(const ScriptLine& line)
+{
+    closeModel(requireModel(line), behind_, line);
+    checkEnd(program_.raiseFemapEvent(static_cast<int>(femap::EventCode::EndModel)), line);
+}
+
 void StudyRunner::put(const ScriptLine& line)
 {
-    changeModel(requireHost(line), line);
+    changeModel(requireModel(line), line);
 }
 
 void StudyRunner::activate(const ScriptLine& line)
 {
-    activateSet(requireHost(line), line);
+    activateSet(requireModel(line), line);
 }
 
 void StudyRunner::print(const ScriptLine& line)
@@ -300,9 +313,15 @@ femap::embedded::Host& StudyRunner::requireHost(const ScriptLine& line) const
         throw ScriptError(line.number, line.action +
                                            " changes the embedded model host only; run the script "
                                            "with --femap=embedded");
-    if (!world_.host->model)
-        throw Unavailable(line.number, "FEMAP has no model open");
     return *world_.host;
+}
+
+femap::embedded::Host& StudyRunner::requireModel(const ScriptLine& line) const
+{
+    femap::embedded::Host& host = requireHost(line);
+    if (!host.model)
+        throw Unavailable(line.number, "FEMAP has no model open");
+    return host;
 }
 
 void StudyRunner::requireEnabled(const std::string& control, const ScriptLine& line)

@@ -3,6 +3,7 @@
 
 #include "app/Program.h"
 #include "femap/embedded/Host.h"
+#include "study/ModelChange.h"
 #include "study/StudyDialogs.h"
 #include "study/StudyScript.h"
 
@@ -78,12 +79,15 @@ private:
     void select(const ScriptLine& line);
     void key(const ScriptLine& line);
     void event(const ScriptLine& line);
+    void open(const ScriptLine& line);
+    void closemodel(const ScriptLine& line);
     void put(const ScriptLine& line);
     void activate(const ScriptLine& line);
     void print(const ScriptLine& line);
     void close(const ScriptLine& line);
 
     femap::embedded::Host& requireHost(const ScriptLine& line) const;
+    femap::embedded::Host& requireModel(const ScriptLine& line) const;
     void requireEnabled(const std::string& control, const ScriptLine& line);
     void checkEnd(app::Ended ended, const ScriptLine& line) const;
 
@@ -91,6 +95,7 @@ private:
     StudyFormHost host_;
     app::Program program_;
     bool isStarted_ = false;
+    OpenModels behind_;  // open as well, behind the current one; the last becomes current next
 };
 
 }  // namespace study

@@ -37,7 +37,7 @@ TEST_P(StudyStops, AtTheLineThatCannotBeDone)
 const char* const actionNames =
     "4: \"stop\" is no action; the actions are start, set, pick, choose, click, select, key, "
     "event, "
-    "put, activate, print, close";
+    "open, closemodel, put, activate, print, close";
 const char* const boxNames =
     "2: \"InputsList\" cannot be set; set takes InputSelection, OutputSelection, Solver, "
     "Optimizer, "
@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(
         Stop{"key Solver 46\n", "2: \"Solver\" is no grid; the grids are InputsList, OutputsList"},
         Stop{"CLOSE\n",
              "2: \"CLOSE\" is no action; the actions are start, set, pick, choose, click, "
-             "select, key, event, put, activate, print, close"}));
+             "select, key, event, open, closemodel, put, activate, print, close"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Numbers, StudyStops,
@@ -96,7 +96,11 @@ INSTANTIATE_TEST_SUITE_P(
                          "3: the form is closed; nothing can be done with it any more"},
                     Stop{"event 4\nclick ClearAll\n",
                          "3: the form is closed; nothing can be done with it any more"},
-                    Stop{"close now\n", "2: close takes nothing after it"}));
+                    Stop{"close now\n", "2: close takes nothing after it"},
+                    Stop{"closemodel now\n", "2: closemodel takes nothing after it"},
+                    Stop{"closemodel\nprint Solver\n",
+                         "3: the form is closed; nothing can be done with it any more"},
+                    Stop{"open\n", "2: the file is missing; open takes the file of a model"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Dialogs, StudyStops,
