@@ -222,8 +222,8 @@ int ApplicationObject::measure(Arguments& arguments)
     if (arguments.number(1) != 0)
         throw RuntimeError(ErrorNumber::InvalidCall,
                            "The stand-in measures in the global coordinate system only");
-    const MassProperties mass = embedded::measureMassProperties(
-        server().host.openModel(), server().idsIn(arguments.number(0), EntityType::Element));
+    const MassProperties mass =
+        server().host.measure(server().idsIn(arguments.number(0), EntityType::Element));
     std::size_t index = 4;
     for (const double number : {mass.length, mass.area, mass.volume, mass.structuralMass,
                                 mass.nonStructuralMass, mass.totalMass})

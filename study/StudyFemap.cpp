@@ -24,8 +24,7 @@ public:
     void feAppMessage(femap::MessageColour colour, const std::string& text) override
     {
         ForwardingApplication::feAppMessage(colour, text);
-        messages_ << "FEMAP: " << femap::withoutControlCharacters(femap::cutToMessage(text))
-                  << '\n';
+        writeMessage(messages_, text);
     }
 
     int feAppRegisterAddInPane(const femap::AddInPane& /*pane*/) override
@@ -45,6 +44,11 @@ std::unique_ptr<Application> withEcho(std::unique_ptr<Application> real, std::os
 }
 
 }  // namespace
+
+void writeMessage(std::ostream& messages, const std::string& text)
+{
+    messages << "FEMAP: " << femap::withoutControlCharacters(femap::cutToMessage(text)) << '\n';
+}
 
 std::unique_ptr<Application> StudyConnector::attach()
 {

@@ -6,9 +6,13 @@
 
 #include <memory>
 #include <ostream>
+#include <string>
 
 namespace study
 {
+
+/// Writes what appears in FEMAP's message window.
+void writeMessage(std::ostream& messages, const std::string& text);
 
 class StudyConnector : public femap::Connector
 {

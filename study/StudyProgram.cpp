@@ -155,7 +155,11 @@ int runScript(const Call& call, const Environment& environment)
                        environment.system.monotonicSeconds,
                        environment.system.environment,
                        environment.system.wait};
-    StudyConnector connector(running ? *running : host, environment.output);
+    // The model host speaks of itself, too, so its whole message window is written.
+    host.messageShown = [&](const femap::embedded::Host::Message& message) {
+        writeMessage(environment.output, message.text);
+    };
+    StudyConnector connector(running ? *running : host, running ? environment.output : nowhere);
     StudyRunner runner({call.isCheck ? dry : environment.system, connector, dialogs,
                         running ? nullptr : &host, call.isCheck ? nowhere : environment.output,
                         environment.errors, call.isQuiet ? nowhere : environment.errors});

@@ -33,6 +33,7 @@ velmar_test(study LOCK femap.model LABELS com
 velmar_test(reliability
     SOURCES
         HeldFilesTest_windows.cpp
+        HeldModelTest_windows.cpp
         Imports_windows.cpp
         ImportsTest_windows.cpp
         PathsTest.cpp

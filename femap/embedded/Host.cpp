@@ -3,11 +3,13 @@
 #include "femap/embedded/HostObjects.h"
 #include "femap/neutral/NeutralFile.h"
 #include "system/CodePage.h"
-#include "system/Files.h"
+#include "system/Retry.h"
 #include "system/RuntimeError.h"
+#include "system/System.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -45,9 +47,7 @@ public:
     void feAppUnlock() override { host_.lockCount = std::max(host_.lockCount - 1, 0); }
     void feAppMessage(MessageColour colour, const std::string& text) override
     {
-        host_.messages.push_back({colour, cutToMessage(text)});
-        if (host_.messageShown)
-            host_.messageShown(host_.messages.back());
+        host_.showMessage(colour, text);
     }
     void feAppStatusShow(bool enable, int maximum) override
     {
@@ -92,6 +92,23 @@ std::string fullPathOf(const std::string& path)
                            path + " has no full path: " + reason.message());
     const std::u8string text = full.lexically_normal().u8string();
     return {text.begin(), text.end()};
+}
+
+/// Reads a file that another program may hold for a moment. Returns what the reader remarks.
+std::vector<std::string> readInto(Model& model, const std::string& path)
+{
+    const sys::System machine = sys::thisMachine();
+    try {
+        const std::string content =
+            sys::retriedWhileDenied(machine, [&] { return machine.files.read(path); });
+        return readNeutralFile(content, path, sys::windows1252(), model);
+    }
+    catch (const std::bad_alloc&) {
+        throw RuntimeError(ErrorNumber::FileError,
+                           "The memory is too small for the model; export it with fewer results, "
+                           "or close other programs: " +
+                               path);
+    }
 }
 
 /// The row that is named active, the first one while none is; null when there is none.
@@ -143,15 +160,32 @@ void Host::openNeutralFile(const std::string& path)
         throw RuntimeError(ErrorNumber::FileNotFound, "No model file was named");
     std::string fullPath = fullPathOf(path);
     Model opened;
-    readNeutralFile(sys::DiskFiles().read(fullPath), fullPath, sys::windows1252(), opened);
+    const std::vector<std::string> remarks = readInto(opened, fullPath);
     model = std::move(opened);
     modelName = std::move(fullPath);
+    told_.clear();
+    tell(remarks);
 }
 
 void Host::importNeutralFile(const std::string& path)
 {
-    Model& target = openModel();
-    readNeutralFile(sys::DiskFiles().read(path), path, sys::windows1252(), target);
+    const std::vector<std::string> remarks = readInto(openModel(), path);
+    told_.clear();
+    tell(remarks);
+}
+
+void Host::showMessage(MessageColour colour, const std::string& text)
+{
+    messages.push_back({colour, cutToMessage(text)});
+    if (messageShown)
+        messageShown(messages.back());
+}
+
+void Host::tell(const std::vector<std::string>& remarks)
+{
+    for (const std::string& remark : remarks)
+        if (told_.insert(remark).second)
+            showMessage(MessageColour::Warning, remark);
 }
 
 std::vector<int> Host::idsOf(EntityType type)
@@ -210,12 +244,20 @@ MassProperties Host::measure(int elementSet, int coordinateSystem)
         throw RuntimeError(ErrorNumber::InvalidCall,
                            "The model host measures in the global coordinate system only");
     if (elementSet < 0)  // one element
-        return measureMassProperties(openModel(), {-elementSet});
+        return measure(std::vector<int>{-elementSet});
     const auto set = sets.find(elementSet);
     if (set == sets.end())
         throw RuntimeError(ErrorNumber::InvalidCall,
                            "FEMAP has no set with the ID " + std::to_string(elementSet));
-    return measureMassProperties(openModel(), set->second->ids());
+    return measure(set->second->ids());
+}
+
+MassProperties Host::measure(const std::vector<int>& elementIDs)
+{
+    std::vector<std::string> remarks;
+    MassProperties result = measureMassProperties(openModel(), elementIDs, &remarks);
+    tell(remarks);
+    return result;
 }
 
 OutputSet* activeOutputSet(Model& model)

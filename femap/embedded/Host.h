@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -71,11 +72,18 @@ public:
     /// The ID of the active load set or output set; 0 when there is none.
     int activeID(EntityType type);
     MassProperties measure(int elementSet, int coordinateSystem);
+    /// The same; what cannot be weighed or is in doubt is told, once for each model.
+    MassProperties measure(const std::vector<int>& elementIDs);
+    /// Shows a text in the message window.
+    void showMessage(MessageColour colour, const std::string& text);
     std::map<int, HostSet*> sets;  // by ID
     int lastSetID = 0;             // IDs of sets are not used again
 
 private:
+    void tell(const std::vector<std::string>& remarks);
+
     SelectionDialogs& dialogs_;
+    std::set<std::string> told_;  // about the open model
 };
 
 /// Changes the value of a member, as an engineer would in FEMAP. word is "Node", "Elem", "Prop"
@@ -94,7 +102,9 @@ void putOutputValue(Model& model, int vectorID, int entityID, double value);
 OutputSet* activeOutputSet(Model& model);
 LoadSet* activeLoadSet(Model& model);
 
-/// Mass properties of some elements, measured from the mesh.
-MassProperties measureMassProperties(const Model& model, const std::vector<int>& elementIDs);
+/// Mass properties of some elements, measured from the mesh. remarks receives what the engineer is
+/// to know about them: which elements could not be weighed, and what is in doubt.
+MassProperties measureMassProperties(const Model& model, const std::vector<int>& elementIDs,
+                                     std::vector<std::string>* remarks = nullptr);
 
 }  // namespace femap::embedded

@@ -52,7 +52,21 @@ struct Property
     int type = 0;  // ElementType
     int layer = 1;
     int refCS = 0;
+    int layupID = 0;  // of laminates; 0: none
     std::vector<double> pval{};
+};
+
+struct Ply
+{
+    int matlID = 0;
+    double thickness = 0;
+};
+
+/// The plies of a laminate, from its bottom to its top.
+struct Layup
+{
+    int id = 0;
+    std::vector<Ply> plies{};
 };
 
 struct Material
@@ -234,6 +248,7 @@ struct Model
     Table<Node> nodes;
     Table<Element> elements;
     Table<Property> properties;
+    Table<Layup> layups;
     Table<Material> materials;
     Table<Function> functions;
     Table<LoadSet> loadSets;

@@ -40,6 +40,13 @@ std::optional<Block> Blocks::next()
         }
         ++block.lineCount;
     }
+    block.content = {content, static_cast<std::size_t>(end_ - content)};
+    block.hasEnd = false;
+    return block;
+}
+
+void Blocks::refuseWithoutEnd(const Block& block) const
+{
     failAtEnd("the file is cut: the block " + std::to_string(block.number) + " has no end");
 }
 

@@ -20,6 +20,7 @@ struct Block
     int number = 0;
     std::string_view content;  // whole lines
     std::size_t lineCount = 0;
+    bool hasEnd = true;  // false for a block at whose end the file is cut
 };
 
 /// Finds the blocks of a neutral file one by one. Raises FormatError at text between blocks.
@@ -30,6 +31,8 @@ public:
 
     /// The next block; nothing at the end of the file.
     std::optional<Block> next();
+    /// Raises FormatError for a block that has no end.
+    [[noreturn]] void refuseWithoutEnd(const Block& block) const;
 
 private:
     std::string_view takeLine();
@@ -54,11 +57,15 @@ struct NeutralContents
     std::vector<Node> nodes;
     std::vector<Element> elements;
     std::vector<Property> properties;
+    std::vector<Layup> layups;
     std::vector<Material> materials;
     std::vector<Function> functions;
     std::vector<LoadSet> loadSets;
     std::vector<OutputSet> outputSets;  // without their vectors
     std::vector<VectorOfSet> vectors;
+    std::vector<std::string> remarks;  // what the engineer is to know about the file
+
+    void remark(const std::string& text) { remarks.push_back(text); }
 };
 
 /// What the functions that read a block work with. They raise FormatError at what does not fit.
@@ -77,6 +84,7 @@ struct BlockReading  // NOLINT(cppcoreguidelines-pro-type-member-init): always a
 void readNodes(BlockReading& block);
 void readElements(BlockReading& block);
 void readProperties(BlockReading& block);
+void readLayups(BlockReading& block);
 void readMaterials(BlockReading& block);
 void readOldMaterials(BlockReading& block);
 void readFunctions(BlockReading& block);

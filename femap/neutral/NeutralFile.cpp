@@ -15,6 +15,7 @@ namespace
 {
 
 constexpr int headerBlock = 100;
+constexpr int vectorBlock = 451;
 constexpr double firstVersion = 4.4;
 constexpr double firstUnknownVersion = 12;
 
@@ -36,6 +37,7 @@ constexpr BlockKind blockKinds[] = {
     { 451, "output vectors", readOutputVectors},
     { 507, "loads",          readLoadSets},
     { 601, "materials",      readMaterials},
+    { 927, "layups",         readLayups},
     {1051, "output vectors", readNewOutputVectors},
 };
 // clang-format on
@@ -54,13 +56,22 @@ double readVersion(const Block& header)
     return version;
 }
 
+// A solver leaves out the last mark of its results.
+bool mayLackItsEnd(const Block& block)
+{
+    return block.hasEnd || block.number == vectorBlock;
+}
+
 // The layout of every other block depends on the version, so it must be known before them.
 double findVersion(std::string_view content)
 {
     Blocks blocks(content);
-    while (const std::optional<Block> block = blocks.next())
+    while (const std::optional<Block> block = blocks.next()) {
+        if (!mayLackItsEnd(*block))
+            blocks.refuseWithoutEnd(*block);
         if (block->number == headerBlock)
             return readVersion(*block);
+    }
     throw FormatError(content.data(), "this is no FEMAP neutral file, or its header is missing");
 }
 
@@ -82,13 +93,36 @@ void readBlock(const Block& block, double version, const sys::CodePage& codePage
     }
 }
 
+// Results without their last mark are read when they end with a whole vector.
+void readCutBlock(const Blocks& blocks, Block block, double version, const sys::CodePage& codePage,
+                  NeutralContents& contents)
+{
+    if (!mayLackItsEnd(block))
+        blocks.refuseWithoutEnd(block);
+    block.content = block.content.substr(0, block.content.find_last_not_of(" \t\r\n") + 1);
+    const std::size_t before = contents.vectors.size();
+    try {
+        readBlock(block, version, codePage, contents);
+    }
+    catch (const FormatError&) {
+        blocks.refuseWithoutEnd(block);
+    }
+    if (contents.vectors.size() == before)
+        blocks.refuseWithoutEnd(block);
+    contents.remark(
+        "The results may be cut short, for their last end mark is missing; compare them with the "
+        "solver's");
+}
+
 NeutralContents readContents(std::string_view content, const sys::CodePage& codePage)
 {
     NeutralContents contents;
     double version = findVersion(content);
     Blocks blocks(content);
     while (const std::optional<Block> block = blocks.next()) {
-        if (block->number == headerBlock)
+        if (!block->hasEnd)
+            readCutBlock(blocks, *block, version, codePage, contents);
+        else if (block->number == headerBlock)
             version = readVersion(*block);  // files that were joined have several
         else
             readBlock(*block, version, codePage, contents);
@@ -141,6 +175,7 @@ void mergeContents(NeutralContents contents, Model& model)
     model.nodes.merge(std::move(contents.nodes));
     model.elements.merge(std::move(contents.elements));
     model.properties.merge(std::move(contents.properties));
+    model.layups.merge(std::move(contents.layups));
     model.materials.merge(std::move(contents.materials));
     model.functions.merge(std::move(contents.functions));
     model.loadSets.merge(std::move(contents.loadSets));
@@ -155,8 +190,8 @@ std::ptrdiff_t lineNumber(std::string_view content, const char* position)
 
 }  // namespace
 
-void readNeutralFile(std::string_view content, const std::string& fileName,
-                     const sys::CodePage& codePage, Model& model)
+std::vector<std::string> readNeutralFile(std::string_view content, const std::string& fileName,
+                                         const sys::CodePage& codePage, Model& model)
 {
     NeutralContents contents;
     try {
@@ -169,7 +204,11 @@ void readNeutralFile(std::string_view content, const std::string& fileName,
                 error.what() +
                 ". Export the model again from FEMAP as a neutral file of version 4.4 to 11.");
     }
+    std::vector<std::string> remarks = std::move(contents.remarks);
+    for (std::string& remark : remarks)
+        remark += ": " + fileName;
     mergeContents(std::move(contents), model);
+    return remarks;
 }
 
 }  // namespace femap::neutral

@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace femap::neutral
 {
@@ -15,7 +16,8 @@ namespace femap::neutral
 /// the title of the load set. Raises RuntimeError "FILE:LINE: what is wrong" and leaves the model
 /// as it was when a block or record does not fit, the file has another version or it has no header
 /// (block 100). fileName is only for messages.
-void readNeutralFile(std::string_view content, const std::string& fileName,
-                     const sys::CodePage& codePage, Model& model);
+/// Returns what the engineer is to know about a file that was read: that it may be cut.
+std::vector<std::string> readNeutralFile(std::string_view content, const std::string& fileName,
+                                         const sys::CodePage& codePage, Model& model);
 
 }  // namespace femap::neutral

@@ -1,5 +1,10 @@
-// Reads properties (block 402), materials (401 and 601) and functions (420) of a neutral file.
+// Reads properties (block 402), layups (927), materials (401 and 601) and functions (420) of a
+// neutral file.
 #include "femap/neutral/NeutralBlocks.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace femap::neutral
 {
@@ -12,6 +17,7 @@ constexpr std::size_t materialValues = 200;
 constexpr int linesOfOldMaterial = 32;
 constexpr std::size_t oldMaterialValues = 58;
 constexpr int mostOutlines = 2;
+constexpr double firstVersionWithKnownLayups = 11;  // how older ones write them is not known
 
 // A line with a single number announces a list; every other record has more fields.
 bool isCountNext(const Lines& lines)
@@ -46,6 +52,34 @@ Function readFunction(BlockReading& block)
     function.title = block.title();
     readPoints(block.lines, function);
     return function;
+}
+
+// The plies, each with material, two further numbers, thickness and angle, and a line with a 0.
+Layup readLayup(BlockReading& block)
+{
+    Lines& lines = block.lines;
+    Layup layup;
+    layup.id = lines.record().id();
+    lines.skipText(1);  // title
+    for (int left = lines.count(); left > 0; --left) {
+        Fields fields = lines.record();
+        const int material = fields.integer();
+        fields.integer();
+        fields.integer();
+        layup.plies.push_back({material, fields.real()});
+    }
+    Fields end = lines.record();
+    if (end.integer() != 0)
+        end.fail("no 0 follows the plies of a layup");
+    return layup;
+}
+
+std::vector<Layup> tryLayups(BlockReading block)
+{
+    std::vector<Layup> layups;
+    while (!block.lines.atEnd())
+        layups.push_back(readLayup(block));
+    return layups;
 }
 
 // The fields after the mark, or after the ID where there is none. Returns how many functions
@@ -115,12 +149,27 @@ void readProperties(BlockReading& block)
         property.type = head.integer();
         property.layer = head.integerOr(property.layer);
         property.refCS = head.integerOr(0);
+        property.layupID = head.integerOr(0);
         property.title = block.title();
         lines.skipNumbers(1);  // flags
         lines.countedReals();  // whole numbers
         property.pval = lines.countedReals();
         skipOutlines(lines);
         block.contents.properties.push_back(std::move(property));
+    }
+}
+
+void readLayups(BlockReading& block)
+{
+    try {
+        std::vector<Layup> layups = tryLayups(block);
+        std::move(layups.begin(), layups.end(), std::back_inserter(block.contents.layups));
+    }
+    catch (const FormatError&) {
+        if (block.version >= firstVersionWithKnownLayups)
+            throw;
+        block.contents.remark(
+            "The layups could not be read, so laminates have no mass; export version 11");
     }
 }
 

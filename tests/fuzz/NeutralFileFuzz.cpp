@@ -15,11 +15,11 @@ namespace
 
 constexpr std::string_view fileName = "wing.neu";
 
-std::array<std::size_t, 7> sizesOf(const Model& model)
+std::array<std::size_t, 8> sizesOf(const Model& model)
 {
-    return {model.nodes.size(),     model.elements.size(),  model.properties.size(),
-            model.materials.size(), model.functions.size(), model.loadSets.size(),
-            model.outputSets.size()};
+    return {model.nodes.size(),      model.elements.size(),  model.properties.size(),
+            model.materials.size(),  model.functions.size(), model.loadSets.size(),
+            model.outputSets.size(), model.layups.size()};
 }
 
 template <class Entity>
@@ -33,7 +33,7 @@ void checkModel(const Model& model)
 {
     require(ascends(model.nodes) && ascends(model.elements) && ascends(model.properties) &&
                 ascends(model.materials) && ascends(model.functions) && ascends(model.loadSets) &&
-                ascends(model.outputSets),
+                ascends(model.outputSets) && ascends(model.layups),
             "every ID stands once and in its place");
     for (const auto& function : model.functions)
         require(function.x.size() == function.y.size(), "a function has a Y for each X");

@@ -10,13 +10,13 @@ namespace house
 namespace
 {
 
-constexpr std::array<std::string_view, 22> makers = {
+constexpr std::array<std::string_view, 23> makers = {
     "RuntimeError",      "runtime_error", "ConnectionLost", "ScriptError",
     "Unavailable",       "FormatError",   "fail",           "failField",
     "failWithCure",      "demand",        "demandOk",       "rowNamed",
     "tellEngineer",      "showMessage",   "Progress",       "tellProblems",
     "tryToTellEngineer", "tellResult",    "tellHint",       "tellProblem",
-    "tellFailure",       "showWaiting"};
+    "tellFailure",       "showWaiting",   "remark"};
 // Variables and constants that hold a message or a part of one.
 constexpr std::array<std::string_view, 6> holders = {"femapIsGone",      "noModelOpen", "cure",
                                                      "modelMustBeSaved", "problem",     "message"};

@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 
 namespace study
 {
@@ -13,11 +15,14 @@ namespace
 using testing::HasSubstr;
 using testing::StartsWith;
 
-// The program itself, with its streams in files of the folder.
-int runBinary(const StudyFixture& f, const std::string& arguments, const std::string& input = "")
+// The program itself, with its streams in files of the folder. The shell does first what is to be
+// done before it.
+int runBinary(const StudyFixture& f, const std::string& arguments, const std::string& input = "",
+              const std::string& before = "")
 {
     f.write("in.txt", input);
-    const std::string command = "\"" PROGRAM_FOLDER
+    const std::string command = before +
+                                "\"" PROGRAM_FOLDER
                                 "/velmar-study"
                                 "\" " +
                                 arguments + " <\"" + f.folder.path("in.txt") + "\" >\"" +
@@ -73,6 +78,27 @@ TEST(StudyBinary, TellsItsVersion)
     EXPECT_EQ(runBinary(f, "--version"), 0);
 
     EXPECT_EQ(splitLines(f.read("out.txt")).at(0), "velmar-study " VELMAR_VERSION);
+}
+
+// The model takes up no room on the disk, but more than the program may have of the memory.
+TEST(StudyBinary, TellsThatAModelIsTooLargeForTheMemory)
+{
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "The sanitizer needs more memory than the program is given here.";
+#endif
+    const StudyFixture f;
+    f.write("wing.neu", "");
+    std::filesystem::resize_file(f.folder.path("wing.neu"), std::uintmax_t{3} << 30);
+    f.write("a.study", "start " + f.folder.path("wing.neu") + "\n");
+
+    const int exitCode = runBinary(f, "--femap=embedded \"" + f.folder.path("a.study") + "\"", "",
+                                   "ulimit -v 1000000; ");
+
+    EXPECT_EQ(exitCode, 1);
+    EXPECT_THAT(f.read("err.txt"),
+                HasSubstr("The memory is too small for the model; export it with fewer results, or "
+                          "close other programs: " +
+                          f.folder.path("wing.neu")));
 }
 
 }  // namespace

@@ -76,7 +76,7 @@ TEST(NeutralFileAnyBytes, RandomBytesInEveryBlockAreReadOrRefused)
 {
     std::mt19937 random(4);
 
-    for (const int number : {100, 401, 402, 403, 404, 420, 450, 451, 507, 601, 1051}) {
+    for (const int number : {100, 401, 402, 403, 404, 420, 450, 451, 507, 601, 927, 1051}) {
         for (int i = 0; i < 200; ++i) {
             std::string bytes;
             for (int size = 0; size < i; ++size)
