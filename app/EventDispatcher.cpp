@@ -4,6 +4,7 @@
 #include "logging/Module1.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace app
 {
@@ -55,8 +56,8 @@ Ended EventDispatcher::carryOut(const std::string& where, const std::function<vo
             lastFailure_ = session_.context.error.description();
         reportPending(where);
         // The procedure may have left these steps out because of an error that it ignored.
-        retryOnce([&] { releaseLocks(session_.context); });
-        retryOnce([&] { resetPointers(); });
+        releaseLocks(session_.context);
+        resetPointers();
         if (endedNormally)
             return Ended::Normally;
         showFailure(where);
@@ -67,22 +68,13 @@ Ended EventDispatcher::carryOut(const std::string& where, const std::function<vo
     return Ended::ByError;
 }
 
-// Repeats a failed step: a log that cannot be written raises once and takes no lines from then on.
-void EventDispatcher::retryOnce(const std::function<void()>& step)
-{
-    sys::PendingError& error = session_.context.error;
-    if (error.attempt(step))
-        return;
-    error.clear();
-    step();
-}
-
 // People read the log while the form is open and after the program broke down.
 void EventDispatcher::flushLog()
 {
-    sys::PendingError error;
-    if (!error.attempt([&] { session_.context.log.flush(); }))
-        session_.context.form.status.tellProblem(error.description());
+    Context& context = session_.context;
+    context.log.flush();
+    if (!context.log.failure().empty() && !std::exchange(logFailureIsTold_, true))
+        context.form.status.tellAsWell(context.log.failure());
 }
 
 // No error is lost without a line in the log.
@@ -90,7 +82,7 @@ void EventDispatcher::reportPending(const std::string& where)
 {
     Context& context = session_.context;
     if (context.error.isPending())
-        retryOnce([&] { logPositionAndClearErrorIfAny(context.log, context.error, where); });
+        logPositionAndClearErrorIfAny(context.log, context.error, where);
 }
 
 // Shows the latest failure on the status line and in FEMAP's message window.
@@ -117,7 +109,7 @@ void EventDispatcher::forgetFemap(const std::string& where, const std::string& r
 
     context.error.attempt([&] { throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, reason); });
     reportPending(where);
-    retryOnce([&] { resetPointers(); });
+    resetPointers();
 }
 
 void EventDispatcher::resetPointers()

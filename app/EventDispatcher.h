@@ -37,7 +37,6 @@ public:
 private:
     Ended carryOut(const std::string& where, const std::function<void()>& procedure);
     void flushLog();
-    void retryOnce(const std::function<void()>& step);
     void reportPending(const std::string& where);
     void showFailure(const std::string& where);
     void forgetFemap(const std::string& where, const std::string& reason);
@@ -45,6 +44,7 @@ private:
 
     Session& session_;
     bool busy_ = false;
+    bool logFailureIsTold_ = false;
     std::string lastFailure_;
 };
 

@@ -93,10 +93,7 @@ void Program::close()
         return;
     closed_ = true;
     dispatcher_.run("Form_Unload", [this] { releaseLocks(session_.context); });
-    // A second run releases what an error kept the first one from releasing.
-    const auto unload = [this] { Form_Unload(session_); };
-    if (dispatcher_.run("Form_Unload", unload) != Ended::Normally)
-        dispatcher_.run("Form_Unload", unload);
+    dispatcher_.run("Form_Unload", [this] { Form_Unload(session_); });
     session_.context.host.unload();
 }
 

@@ -42,8 +42,8 @@ public:
     Started start(const std::string& arguments);
     /// Why the model of the command line could not be opened; empty when it was.
     const std::string& openFailure() const { return session_.openFailure; }
-    /// Why there is no log; empty when there is one or none was wanted.
-    const std::string& logFailure() const { return session_.logFailure; }
+    /// Why there is no log, or none any more; empty while all is well or none was wanted.
+    const std::string& logFailure() const { return session_.context.log.failure(); }
 
     /// An event of a control, such as "InputsButton_Click". Anything that is not bound is a mistake
     /// of the shell and raises std::logic_error.

@@ -45,9 +45,7 @@ struct Session
     /// Set by a procedure that wants both forms unloaded; that is done when it has ended.
     bool closeWanted = false;
 
-    // Why the model could not be opened and why there is no log; empty when all went well.
-    std::string openFailure;
-    std::string logFailure;
+    std::string openFailure;  // why the model could not be opened; empty when it was
 };
 
 }  // namespace app

@@ -25,15 +25,11 @@ constexpr int rightOfFemap = 2;    // where the pane goes
 
 constexpr std::string_view banner = "===============command line arguments===============";
 
-void startLog(Session& session, CommandLine& arguments)
+// Without a log the tool works as well; why there is none is told when start-up is done.
+void startLog(Context& context, CommandLine& arguments)
 {
-    Context& context = session.context;
-    const bool started = context.error.attempt(
+    context.error.attempt(
         [&] { context.log.InitialiseLogger(arguments.logFileName, arguments.logLevel); });
-    if (!started) {
-        session.logFailure = context.error.description();
-        context.form.status.tellProblem(session.logFailure);
-    }
 }
 
 void logArguments(Context& context, const CommandLine& arguments)
@@ -42,7 +38,7 @@ void logArguments(Context& context, const CommandLine& arguments)
     const auto always = [&log](std::string_view before, std::string_view text) {
         log.writeLogWithLevel(log.LogLevel_always, std::string(before).append(text));
     };
-    always("Execution starts at ", logging::GetTimeStamp(context.system));
+    always(logging::firstWords, " " + logging::GetTimeStamp(context.system));
     always(banner, "");
     always("Input mod file: ", arguments.modelFile);
     always("Log File Name: ", arguments.logFileName);
@@ -166,10 +162,10 @@ StartUp Form_Load(Session& session, const std::string& arguments)
     Context& context = session.context;
     CommandLine commandLine = parseCommandLine(arguments);
     context.form.fileExtension = GetFileExtension(commandLine.modelFile);
-    startLog(session, commandLine);
+    startLog(context, commandLine);
     logArguments(context, commandLine);
     if (!reachFemap(session)) {
-        context.error.attempt([&] { context.log.DeinitialiseLogger(); });
+        context.log.DeinitialiseLogger();
         return StartUp::FemapNotFound;
     }
     context.error.attempt([&] { context.femap().feAppVisible(true); });

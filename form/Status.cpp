@@ -11,6 +11,7 @@ void Status::clear()
     hints_.clear();
     problem_.clear();
     failure_.clear();
+    asWell_.clear();
     compose();
 }
 
@@ -39,6 +40,12 @@ void Status::tellFailure(std::string_view text)
     compose();
 }
 
+void Status::tellAsWell(std::string_view text)
+{
+    asWell_ = text;
+    compose();
+}
+
 void Status::withdraw(std::string_view text)
 {
     std::erase(hints_, text);
@@ -62,17 +69,25 @@ void Status::showWaiting(std::string_view text)
 
 void Status::compose()
 {
-    for (const std::string* const each : {&waiting_, &progress_, &failure_, &problem_})
-        if (!each->empty()) {
-            caption_ = *each;
-            return;
-        }
-    caption_ = result_;
-    for (const std::string& hint : hints_) {
-        if (!caption_.empty())
-            caption_ += caption_.ends_with('.') ? " " : ". ";
-        caption_ += hint;
+    const std::string& passing = waiting_.empty() ? progress_ : waiting_;
+    if (!passing.empty()) {
+        caption_ = passing;
+        return;
     }
+    caption_ = failure_.empty() ? problem_ : failure_;
+    if (caption_.empty()) {
+        caption_ = result_;
+        for (const std::string& hint : hints_)
+            append(hint);
+    }
+    append(asWell_);
+}
+
+void Status::append(std::string_view sentence)
+{
+    if (!caption_.empty() && !sentence.empty())
+        caption_ += caption_.ends_with('.') ? " " : ". ";
+    caption_ += sentence;
 }
 
 }  // namespace form

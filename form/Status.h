@@ -26,6 +26,8 @@ public:
     void tellProblem(std::string_view text);
     /// What ended the action. The latest one stands in place of everything else.
     void tellFailure(std::string_view text);
+    /// Stands behind whatever else is told: what became of the log.
+    void tellAsWell(std::string_view text);
     /// Takes a text back that is no longer true.
     void withdraw(std::string_view text);
 
@@ -36,12 +38,14 @@ public:
 
 private:
     void compose();
+    void append(std::string_view sentence);
 
     std::string& caption_;
     std::string result_;
     std::vector<std::string> hints_;
     std::string problem_;
     std::string failure_;
+    std::string asWell_;
     std::string progress_;
     std::string waiting_;
 };

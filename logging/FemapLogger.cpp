@@ -1,9 +1,10 @@
 #include "logging/FemapLogger.h"
 
-#include "system/PendingError.h"
+#include "system/Retry.h"
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <utility>
 
 namespace logging
@@ -33,6 +34,11 @@ constexpr Passing passing[] = {
 constexpr std::array<std::string_view, 1> passingOtherwise = {"ALWAYS"};
 // clang-format on
 
+bool beginsALog(std::string_view line)
+{
+    return line.find(firstWords) != std::string_view::npos;
+}
+
 template <class Words>
 bool holds(const Words& words, std::string_view word)
 {
@@ -43,8 +49,7 @@ bool holds(const Words& words, std::string_view word)
 
 FemapLogger::~FemapLogger()
 {
-    sys::PendingError ignored;  // a destructor must not raise
-    ignored.attempt([&] { DeinitialiseLogger(); });
+    DeinitialiseLogger();
 }
 
 void FemapLogger::InitialiseLogger(std::string& strlogfilename, std::string& strlogleval)
@@ -56,25 +61,63 @@ void FemapLogger::InitialiseLogger(std::string& strlogfilename, std::string& str
     LogLevel_error = "ERROR";
     LogLevel_nothing = "NOTHING";
 
+    DeinitialiseLogger();
+    failure_.clear();
     const std::array<std::string_view, 5> known = {LogLevel_info, LogLevel_always, LogLevel_debug,
                                                    LogLevel_warning, LogLevel_error};
-    if (!holds(known, strlogleval))
+    if (!holds(known, strlogleval)) {
+        if (!strlogleval.empty() && strlogleval != LogLevel_nothing)
+            failure_ = "There is no log: \"" + strlogleval +
+                       "\" is no level; the levels are ALWAYS, INFO, DEBUG, WARN, ERROR, NOTHING";
         strlogleval = LogLevel_nothing;
-    DeinitialiseLogger();
-    if (strlogleval == LogLevel_nothing)
         return;
+    }
 
     configuredLevel_ = strlogleval;
     if (strlogfilename.empty())
         strlogfilename = defaultFileName;
-    path_ = PrepareLogFolder(ChooseTempFolder()) + sys::pathSeparator + strlogfilename;
-    file_ = std::make_unique<sys::LineWriter>(system_.files.create(path_), system_.codePage);
+    try {
+        openFile(strlogfilename);
+    }
+    catch (const sys::RuntimeError& error) {
+        failure_ = "There is no log: " + error.description();
+        throw;
+    }
+}
+
+void FemapLogger::openFile(const std::string& name)
+{
+    path_ = PrepareLogFolder(ChooseTempFolder()) + sys::pathSeparator + name;
+    std::unique_ptr<sys::OutputFile> file = sys::retriedWhileDenied(
+        system_, [&] { return system_.files.openAlone(path_, beginsALog); });
+    if (file == nullptr)
+        throw sys::RuntimeError(sys::ErrorNumber::FileError,
+                                "this file is no log and stays as it is: " + path_);
+    file_ = std::make_unique<sys::LineWriter>(std::move(file), system_.codePage);
+}
+
+// Runs a step that writes. The first one that fails is the last.
+template <class Step>
+void FemapLogger::guarded(Step&& step)
+{
+    if (!IsInitialised())
+        return;
+    try {
+        step();
+    }
+    catch (const sys::RuntimeError& error) {
+        failure_ = "The log ends here: " + error.description();
+    }
+    catch (const std::bad_alloc&) {
+        failure_ = "The log ends here: no memory is left";
+    }
+    if (!failure_.empty())
+        file_.reset();
 }
 
 std::string FemapLogger::writeLog(std::string_view msgtolog)
 {
-    if (IsInitialised())
-        writeLine(configuredLevel_, msgtolog);
+    writeLine(configuredLevel_, msgtolog);
     return {};
 }
 
@@ -86,26 +129,23 @@ void FemapLogger::writeLogWithLevel(std::string_view level, std::string_view msg
 
 void FemapLogger::writeLoghighlighted(std::string_view msgtolog)
 {
-    if (!IsInitialised())
-        return;
-    const std::string rule(70, '-');
-    file_->line(rule);
-    file_->line(msgtolog);
-    file_->line(rule);
+    guarded([&] {
+        const std::string rule(70, '-');
+        file_->line(rule);
+        file_->line(msgtolog);
+        file_->line(rule);
+    });
 }
 
 void FemapLogger::flush()
 {
-    if (IsInitialised())
-        file_->drain();
+    guarded([&] { file_->drain(); });
 }
 
 void FemapLogger::DeinitialiseLogger()
 {
-    if (!IsInitialised())
-        return;
-    const std::unique_ptr<sys::LineWriter> file = std::move(file_);
-    file->close();
+    guarded([&] { file_->close(); });
+    file_.reset();
 }
 
 bool FemapLogger::lets(std::string_view level) const
@@ -121,7 +161,7 @@ bool FemapLogger::lets(std::string_view level) const
 void FemapLogger::writeLine(std::string_view level, std::string_view message)
 {
     const std::array<std::string_view, 3> pieces = {level, ": ", message};
-    file_->line(pieces);
+    guarded([&] { file_->line(pieces); });
 }
 
 std::string FemapLogger::ChooseTempFolder() const

@@ -1,6 +1,6 @@
 // The log file of one run. It does nothing until it is initialised, and nothing when the level is
-// none of the level words. A file that can no longer be written raises RuntimeError once; then the
-// log is off, so that a full disk does not stop the form.
+// none of the level words. Once it is open nothing raises: a log that can no longer be written is
+// off from then on, and the work goes on as if it were there.
 #pragma once
 
 #include "system/LineWriter.h"
@@ -12,6 +12,9 @@
 
 namespace logging
 {
+
+/// They stand in the first line of every log; what lacks them is no log and is not written over.
+constexpr std::string_view firstWords = "Execution starts at";
 
 class FemapLogger
 {
@@ -31,7 +34,8 @@ public:
 
     /// Opens the log file under the temporary folder, emptying the one of the run before.
     /// Changes an unknown level to "NOTHING" and an empty file name to the default name.
-    /// Raises RuntimeError when the folder or the file cannot be created; then nothing is logged.
+    /// Raises RuntimeError when the folder or the file cannot be created, when another run has the
+    /// log open, and when the file is no log; then nothing is logged.
     void InitialiseLogger(std::string& strlogfilename, std::string& strlogleval);
 
     /// Always writes, after the level word of the run. Returns an empty text.
@@ -47,6 +51,9 @@ public:
     /// Closes the file; safe when none is open.
     void DeinitialiseLogger();
 
+    /// Why there is no log, or none any more; empty while all is well or none was wanted.
+    const std::string& failure() const { return failure_; }
+
     /// Whether a message of that level would be written now.
     bool lets(std::string_view level) const;
 
@@ -54,6 +61,9 @@ public:
     std::string path() const { return IsInitialised() ? path_ : std::string(); }
 
 private:
+    template <class Step>
+    void guarded(Step&& step);
+    void openFile(const std::string& name);
     void writeLine(std::string_view level, std::string_view message);
     std::string ChooseTempFolder() const;
     std::string PrepareLogFolder(const std::string& temporaryFolder);
@@ -62,6 +72,7 @@ private:
     sys::System& system_;
     std::string configuredLevel_;
     std::string path_;
+    std::string failure_;
     std::unique_ptr<sys::LineWriter> file_;
 };
 

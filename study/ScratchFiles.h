@@ -20,6 +20,8 @@ public:
     bool folderExists(const std::string& path) override;
     void createFolder(const std::string& path) override;
     std::unique_ptr<sys::OutputFile> create(const std::string& path) override;
+    std::unique_ptr<sys::OutputFile> openAlone(const std::string& path,
+                                               const sys::LineCheck& mayEmpty) override;
     std::string read(const std::string& path) override;
     void replace(const std::string& path, const std::string& by) override;
     void remove(const std::string& path) override;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace study
 {
@@ -170,6 +171,14 @@ void StudyRunner::unload()
 {
     if (isStarted_)
         program_.close();
+    tellLogFailure();
+}
+
+// Why there is no log, or none any more: once. The script goes on without it.
+void StudyRunner::tellLogFailure()
+{
+    if (!program_.logFailure().empty() && !std::exchange(logFailureIsTold_, true))
+        world_.problems << program_.logFailure() << '\n';
 }
 
 void StudyRunner::perform(const ScriptLine& line)
@@ -186,14 +195,14 @@ void StudyRunner::perform(const ScriptLine& line)
         throw ScriptError(line.number, "the form is closed; nothing can be done with it any more");
     world_.dialogs.setLine(line.number);
     (this->*action.procedure)(line);
+    tellLogFailure();
 }
 
 void StudyRunner::start(const ScriptLine& line)
 {
     isStarted_ = true;
     const Started started = program_.start(line.argument);
-    if (!program_.logFailure().empty())
-        world_.problems << "There is no log: " << program_.logFailure() << '\n';
+    tellLogFailure();
     if (started == Started::FemapNotFound)
         throw ScriptError(line.number, "FEMAP does not run and could not be started");
     if (!program_.openFailure().empty())

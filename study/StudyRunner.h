@@ -90,12 +90,14 @@ private:
     femap::embedded::Host& requireModel(const ScriptLine& line) const;
     void requireEnabled(const std::string& control, const ScriptLine& line);
     void checkEnd(app::Ended ended, const ScriptLine& line) const;
+    void tellLogFailure();
 
     StudyWorld world_;
     StudyFormHost host_;
     app::Program program_;
     bool isStarted_ = false;
     OpenModels behind_;  // open as well, behind the current one; the last becomes current next
+    bool logFailureIsTold_ = false;
 };
 
 }  // namespace study

@@ -43,6 +43,17 @@ std::error_code lastError()
     return {errno, std::generic_category()};
 }
 
+// Enough of the file for its first line.
+std::string beginningOf(std::FILE* file, const std::string& path)
+{
+    constexpr std::size_t longestLine = 4096;
+    std::string text(longestLine, '\0');
+    text.resize(std::fread(text.data(), 1, longestLine, file));
+    if (std::ferror(file) != 0)
+        fail(ErrorNumber::FileError, path, "could not be read", lastError());
+    return text;
+}
+
 class DiskOutputFile : public OutputFile
 {
 public:
@@ -57,13 +68,14 @@ public:
 
     void write(std::string_view bytes) override
     {
-        if (std::fwrite(bytes.data(), 1, bytes.size(), file_) != bytes.size())
+        if (std::fwrite(bytes.data(), 1, bytes.size(), file_) != bytes.size() ||
+            std::fflush(file_) != 0)
             fail(ErrorNumber::FileError, path_, "could not be written", lastError());
     }
 
     void flush() override
     {
-        if (std::fflush(file_) != 0 || bringToDisk(file_) != 0)
+        if (bringToDisk(file_) != 0)
             fail(ErrorNumber::FileError, path_, "could not be written", lastError());
     }
 
@@ -100,6 +112,27 @@ std::unique_ptr<OutputFile> DiskFiles::create(const std::string& path)
     if (file == nullptr)
         fail(ErrorNumber::FileError, path, "could not be created", lastError());
     return std::make_unique<DiskOutputFile>(path, file);
+}
+
+std::unique_ptr<OutputFile> DiskFiles::openAlone(const std::string& path, const LineCheck& mayEmpty)
+{
+    std::error_code reason;
+    std::FILE* const file = openFileAlone(path, reason);
+    if (reason == std::errc::device_or_resource_busy)
+        throw RuntimeError(ErrorNumber::PermissionDenied,
+                           "another program has the file open: " + path);
+    if (reason == std::errc::no_such_device)
+        throw RuntimeError(ErrorNumber::FileError,
+                           path + " could not be created: it is a device or a pipe, not a file");
+    if (file == nullptr)
+        fail(ErrorNumber::FileError, path, "could not be created", reason);
+    auto output = std::make_unique<DiskOutputFile>(path, file);
+    const std::string beginning = beginningOf(file, path);
+    if (!beginning.empty() && !mayEmpty(beginning.substr(0, beginning.find_first_of("\r\n"))))
+        return nullptr;
+    if (emptyFile(file) != 0)
+        fail(ErrorNumber::FileError, path, "could not be emptied", lastError());
+    return output;
 }
 
 std::string DiskFiles::read(const std::string& path)

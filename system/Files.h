@@ -1,6 +1,7 @@
 // The disk as an interface, so that tests can do without one, and the real disk.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -16,11 +17,14 @@ public:
     virtual ~OutputFile() = default;
 
     /// All raise RuntimeError (FileError, PermissionDenied) with the path and the system's reason.
+    /// When it returns, the bytes are in the file, where others can read them.
     virtual void write(std::string_view bytes) = 0;
-    /// Brings everything written so far onto the disk.
+    /// Brings everything written so far onto the disk, where it outlasts a power cut.
     virtual void flush() = 0;
     virtual void close() = 0;
 };
+
+using LineCheck = std::function<bool(std::string_view line)>;
 
 /// The disk. Paths are UTF-8; contents are bytes. An operation that the system denies, because
 /// another program holds the file or the right to it is missing, raises PermissionDenied.
@@ -35,6 +39,12 @@ public:
 
     /// Creates the file or empties the one that is there. Raises RuntimeError.
     virtual std::unique_ptr<OutputFile> create(const std::string& path) = 0;
+    /// Opens an ordinary file for this process alone, so that no other can open it like that until
+    /// it is closed, and empties it. One that holds something is left as it is, and the result is
+    /// null, when mayEmpty refuses its first line. Raises RuntimeError; PermissionDenied when
+    /// another process has it.
+    virtual std::unique_ptr<OutputFile> openAlone(const std::string& path,
+                                                  const LineCheck& mayEmpty) = 0;
     /// The whole content. Raises RuntimeError (FileNotFound, FileError).
     virtual std::string read(const std::string& path) = 0;
     /// Replaces a file by another in one step. Raises RuntimeError.
@@ -50,6 +60,8 @@ public:
     bool folderExists(const std::string& path) override;
     void createFolder(const std::string& path) override;
     std::unique_ptr<OutputFile> create(const std::string& path) override;
+    std::unique_ptr<OutputFile> openAlone(const std::string& path,
+                                          const LineCheck& mayEmpty) override;
     std::string read(const std::string& path) override;
     void replace(const std::string& path, const std::string& by) override;
     void remove(const std::string& path) override;

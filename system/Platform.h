@@ -17,6 +17,12 @@ class CodePage;
 std::filesystem::path toPath(const std::string& path);
 /// Binary; null when the file cannot be opened, and errno tells why.
 std::FILE* openFile(const std::string& path, bool forWriting);
+/// For reading and writing, for this process alone, and only where an ordinary file is or can be
+/// made. Null when that cannot be, and the reason tells why: device_or_resource_busy while another
+/// process has it so. A file that is there keeps its content.
+std::FILE* openFileAlone(const std::string& path, std::error_code& reason);
+/// 0 when the file is empty then, else errno tells why it is not.
+int emptyFile(std::FILE* file);
 /// Brings flushed data onto the disk; 0 when that is done, else errno tells why.
 int bringToDisk(std::FILE* file);
 bool isFolder(const std::string& path);

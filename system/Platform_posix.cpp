@@ -3,8 +3,12 @@
 #include "system/Platform.h"
 #include "system/System.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <ctime>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace sys
@@ -21,6 +25,36 @@ std::filesystem::path toPath(const std::string& path)
 std::FILE* openFile(const std::string& path, bool forWriting)
 {
     return std::fopen(path.c_str(), forWriting ? "wb" : "rb");
+}
+
+std::FILE* openFileAlone(const std::string& path, std::error_code& reason)
+{
+    const auto failed = [&reason](int number) {
+        reason = {number, std::generic_category()};
+        return nullptr;
+    };
+    // Without waiting for the other end of a pipe, and before a device does anything.
+    const int handle =
+        open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666);
+    if (handle < 0)
+        return failed(errno);
+    struct stat status = {};
+    if (fstat(handle, &status) != 0 || !S_ISREG(status.st_mode)) {
+        close(handle);
+        return failed(ENODEV);
+    }
+    // Other failures mean that this file system has no locks.
+    if (flock(handle, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+        close(handle);
+        return failed(EBUSY);
+    }
+    std::FILE* const file = fdopen(handle, "r+b");
+    return file != nullptr ? file : failed(errno);
+}
+
+int emptyFile(std::FILE* file)
+{
+    return std::fseek(file, 0, SEEK_SET) != 0 ? -1 : ftruncate(fileno(file), 0);
 }
 
 int bringToDisk(std::FILE* file)

@@ -6,6 +6,7 @@
 
 #include <windows.h>
 
+#include <fcntl.h>
 #include <io.h>
 
 namespace sys
@@ -30,6 +31,12 @@ std::filesystem::path inLongForm(std::filesystem::path path)
     return plain.starts_with(L"\\\\") ? L"\\\\?\\UNC" + plain.substr(1) : L"\\\\?\\" + plain;
 }
 
+bool isInUse(const std::error_code& reason)
+{
+    return reason.category() == std::system_category() &&
+           (reason.value() == ERROR_SHARING_VIOLATION || reason.value() == ERROR_LOCK_VIOLATION);
+}
+
 class AnsiCodePage : public CodePage
 {
 public:
@@ -52,6 +59,36 @@ std::FILE* openFile(const std::string& path, bool forWriting)
     return _wfopen(toPath(path).c_str(), forWriting ? L"wb" : L"rb");
 }
 
+std::FILE* openFileAlone(const std::string& path, std::error_code& reason)
+{
+    const auto failed = [&reason](std::errc error) {
+        reason = std::make_error_code(error);
+        return nullptr;
+    };
+    // Others may read it; to write it they would have to share it.
+    const HANDLE handle =
+        CreateFileW(toPath(path).c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                    OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        reason = {static_cast<int>(GetLastError()), std::system_category()};
+        if (isInUse(reason))
+            failed(std::errc::device_or_resource_busy);
+        return nullptr;
+    }
+    if (GetFileType(handle) != FILE_TYPE_DISK) {
+        CloseHandle(handle);
+        return failed(std::errc::no_such_device);
+    }
+    const int number = _open_osfhandle(reinterpret_cast<std::intptr_t>(handle), _O_BINARY);
+    std::FILE* const file = _fdopen(number, "r+b");
+    return file != nullptr ? file : failed(std::errc::too_many_files_open);
+}
+
+int emptyFile(std::FILE* file)
+{
+    return std::fseek(file, 0, SEEK_SET) != 0 ? -1 : _chsize(_fileno(file), 0);
+}
+
 int bringToDisk(std::FILE* file)
 {
     return _commit(_fileno(file));
@@ -72,10 +109,7 @@ void removeFile(const std::string& path)
 
 std::error_condition conditionOf(const std::error_code& reason)
 {
-    const bool isInUse =
-        reason.category() == std::system_category() &&
-        (reason.value() == ERROR_SHARING_VIOLATION || reason.value() == ERROR_LOCK_VIOLATION);
-    return isInUse ? std::errc::permission_denied : reason.default_error_condition();
+    return isInUse(reason) ? std::errc::permission_denied : reason.default_error_condition();
 }
 
 const CodePage& usersCodePage()

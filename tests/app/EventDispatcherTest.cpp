@@ -1,6 +1,7 @@
 #include "AppFixture.h"
 #include "app/EventDispatcher.h"
 #include "app/StartUp.h"
+#include "fake/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,7 +17,6 @@ using sys::ErrorNumber;
 using sys::RuntimeError;
 using testing::AllOf;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 class DispatchFixture : public SessionFixture
@@ -294,25 +294,27 @@ TEST(EventDispatcher, LetsAMistakeOfTheProgramPass)
     EXPECT_THAT(f.log(), IsEmpty());
 }
 
-TEST(EventDispatcher, GivesUpALogThatCannotBeWritten)
+TEST(EventDispatcher, GoesOnWithAProcedureWhoseLogCannotBeWritten)
 {
     DispatchFixture f;
     f.files.failingOperation = f.files.operations + 1;
+    bool isDone = false;
 
     const Ended ended = f.dispatch.run("RefreshInputs_Click", [&] {
-        f.lockAndShowHourglass();
         f.context.log.writeLog(fullPiece);
+        isDone = true;
     });
 
-    EXPECT_EQ(ended, Ended::ByError);
-    EXPECT_EQ(f.femap.lockCount, 0);
-    EXPECT_TRUE(f.pointersAreDefault());
-    EXPECT_THAT(f.form.StatusLine.Caption, HasSubstr("/temp/korva/beam.log could not be written"));
+    EXPECT_EQ(ended, Ended::Normally);
+    EXPECT_TRUE(isDone);
+    EXPECT_EQ(f.form.StatusLine.Caption,
+              "The log ends here: /temp/korva/beam.log could not be written: "
+              "No space left on device");
     EXPECT_TRUE(f.context.log.path().empty());
-    EXPECT_EQ(f.dispatch.run("ClearAll_Click", [] {}), Ended::Normally);
+    EXPECT_EQ(f.files.operations, f.files.failingOperation);
 }
 
-TEST(EventDispatcher, DoesAllItsWorkAfterAnErrorThoughTheLogFailsMeanwhile)
+TEST(EventDispatcher, TellsOfTheLogOnceAndBehindWhatTheProcedureTold)
 {
     DispatchFixture f;
     f.files.failingOperation = f.files.operations + 1;
@@ -324,11 +326,14 @@ TEST(EventDispatcher, DoesAllItsWorkAfterAnErrorThoughTheLogFailsMeanwhile)
     });
 
     EXPECT_EQ(ended, Ended::ByError);
-    EXPECT_EQ(f.files.operations, f.files.failingOperation);
     EXPECT_EQ(f.femap.lockCount, 0);
     EXPECT_TRUE(f.pointersAreDefault());
-    EXPECT_EQ(f.form.StatusLine.Caption, "No value");
+    EXPECT_THAT(f.form.StatusLine.Caption, testing::StartsWith("No value. The log ends here: "));
+    EXPECT_EQ(f.dispatch.lastFailure(), "No value");
     EXPECT_FALSE(f.context.error.isPending());
+    f.form.status.clear();
+    f.dispatch.run("ClearAll_Click", [] {});
+    EXPECT_EQ(f.form.StatusLine.Caption, "");
 }
 
 TEST(EventDispatcher, ForgetsFemapAlsoWhenTheLogCannotBeWritten)
@@ -342,7 +347,8 @@ TEST(EventDispatcher, ForgetsFemapAlsoWhenTheLogCannotBeWritten)
     });
 
     EXPECT_EQ(f.context.application, nullptr);
-    EXPECT_EQ(f.form.StatusLine.Caption, femapIsGone);
+    EXPECT_THAT(f.form.StatusLine.Caption,
+                testing::StartsWith(std::string(femapIsGone) + " The log ends here: "));
 }
 
 TEST(EventDispatcher, BringsTheLogIntoItsFileAfterEachProcedure)
@@ -352,6 +358,24 @@ TEST(EventDispatcher, BringsTheLogIntoItsFileAfterEachProcedure)
     f.program.raise("ClearAll_Click");
 
     EXPECT_EQ(f.logLines().back(), "DEBUG: Position at At end of ClearAll_Click");
+}
+
+TEST(EventDispatcher, BringsTheLogIntoItsFileOnTheRealDiskToo)
+{
+    AppFixture f;
+    const fake::TemporaryFolder folder;
+    sys::System machine = sys::thisMachine();
+    machine.environment = [&](const std::string&) { return folder.path(); };
+    const std::string path = folder.path("korva") + sys::pathSeparator + "beam.log";
+    Program program(f.connector, f.host, f.lists, machine);
+
+    program.start(allArguments);
+    const std::string afterStart = machine.files.read(path);
+    program.raise("ClearAll_Click");
+
+    EXPECT_TRUE(afterStart.ends_with("DEBUG: Position at At end of Load Form\r\n"));
+    EXPECT_TRUE(
+        machine.files.read(path).ends_with("DEBUG: Position at At end of ClearAll_Click\r\n"));
 }
 
 TEST(EventDispatcher, TellsOnTheStatusLineThatTheLogCannotBeWritten)

@@ -92,6 +92,33 @@ TEST(Program, KeepsWhyTheModelWasNotOpenedAndWhyThereIsNoLog)
     EXPECT_THAT(f.program.logFailure(), HasSubstr("/temp/korva"));
 }
 
+TEST(Program, TellsWhyThereIsNoLogBehindWhatElseStartUpTells)
+{
+    ProgramFixture f;
+    f.connector.openStatus = femap::ReturnCode::Fail;
+
+    f.program.start("/models/beam.neu$beam.log$DEBUG ");
+
+    EXPECT_THAT(f.form.StatusLine.Caption,
+                testing::MatchesRegex("FEMAP could not open the model .*There is no log: "
+                                      "\"DEBUG \" is no level; the levels are ALWAYS, INFO, DEBUG, "
+                                      "WARN, ERROR, NOTHING"));
+    f.program.raise("ClearAll_Click");
+    EXPECT_EQ(f.form.StatusLine.Caption, "");
+}
+
+TEST(Program, SaysNothingOfALogThatIsNotWanted)
+{
+    for (const std::string level : {"", "NOTHING"}) {
+        ProgramFixture f;
+
+        f.program.start("/models/beam.neu$beam.log$" + level);
+
+        EXPECT_EQ(f.form.StatusLine.Caption, "") << level;
+        EXPECT_EQ(f.program.logFailure(), "") << level;
+    }
+}
+
 TEST(Program, RunsTheHandlerOfABoxOnce)
 {
     StartedProgram f;

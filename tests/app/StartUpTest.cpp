@@ -286,8 +286,7 @@ TEST(FormLoad, RunsWithoutALogWhenItCannotBeCreated)
     const StartUp result = Form_Load(f.session, allArguments);
 
     EXPECT_EQ(result, StartUp::Done);
-    EXPECT_EQ(f.session.logFailure, "/temp/korva could not be created");
-    EXPECT_EQ(f.form.StatusLine.Caption, "/temp/korva could not be created");
+    EXPECT_EQ(f.context.log.failure(), "There is no log: /temp/korva could not be created");
     EXPECT_TRUE(f.host.hooked);
 }
 

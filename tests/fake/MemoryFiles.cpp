@@ -37,6 +37,22 @@ private:
     std::string path_;
 };
 
+// No other can open it like that before it is closed.
+class AloneFile : public MemoryOutputFile
+{
+public:
+    AloneFile(MemoryFiles& files, const std::string& path)
+        : MemoryOutputFile(files, path), files_(files), path_(path)
+    {
+        files_.openAloneNow.insert(path_);
+    }
+    ~AloneFile() override { files_.openAloneNow.erase(path_); }
+
+private:
+    MemoryFiles& files_;
+    std::string path_;
+};
+
 std::string folderOf(const std::string& path)
 {
     return path.substr(0, path.rfind(sys::pathSeparator));
@@ -64,6 +80,20 @@ std::unique_ptr<sys::OutputFile> MemoryFiles::create(const std::string& path)
         throw RuntimeError(ErrorNumber::FileError, path + " could not be created");
     contents[path].clear();
     return std::make_unique<MemoryOutputFile>(*this, path);
+}
+
+std::unique_ptr<sys::OutputFile> MemoryFiles::openAlone(const std::string& path,
+                                                        const sys::LineCheck& mayEmpty)
+{
+    if (openAloneNow.contains(path))
+        throw RuntimeError(ErrorNumber::PermissionDenied,
+                           "another program has the file open: " + path);
+    const auto before = contents.find(path);
+    if (before != contents.end() && !before->second.empty() &&
+        !mayEmpty(before->second.substr(0, before->second.find_first_of("\r\n"))))
+        return nullptr;
+    create(path);  // empties it
+    return std::make_unique<AloneFile>(*this, path);
 }
 
 std::string MemoryFiles::read(const std::string& path)

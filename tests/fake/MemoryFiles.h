@@ -23,6 +23,7 @@ public:
     /// fails; 0: none. A write fails after half of its bytes.
     int failingOperation = 0;
     int operations = 0;
+    std::set<std::string> openAloneNow;  // paths
     /// So many of the next reads are denied, as while another program holds the file.
     int deniedReads = 0;
     std::string failure = "No space left on device";
@@ -30,6 +31,8 @@ public:
     bool folderExists(const std::string& path) override;
     void createFolder(const std::string& path) override;
     std::unique_ptr<sys::OutputFile> create(const std::string& path) override;
+    std::unique_ptr<sys::OutputFile> openAlone(const std::string& path,
+                                               const sys::LineCheck& mayEmpty) override;
     std::string read(const std::string& path) override;
     void replace(const std::string& path, const std::string& by) override;
     void remove(const std::string& path) override;

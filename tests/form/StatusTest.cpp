@@ -72,6 +72,23 @@ TEST_F(StatusTest, TakesATextBackThatIsNoLongerTrue)
     EXPECT_EQ(line, "3 files were written");
 }
 
+TEST_F(StatusTest, TellsOneThingAsWellAsAnythingElse)
+{
+    status.tellAsWell("The log ends here");
+    EXPECT_EQ(line, "The log ends here");
+    status.tellResult("3 files were written");
+    EXPECT_EQ(line, "3 files were written. The log ends here");
+    status.tellProblem("A row was lost.");
+    EXPECT_EQ(line, "A row was lost. The log ends here");
+    status.tellFailure("FEMAP is gone");
+    EXPECT_EQ(line, "FEMAP is gone. The log ends here");
+    status.showProgress("Reading … 5 %");
+    EXPECT_EQ(line, "Reading … 5 %");
+    status.showProgress("");
+    status.clear();
+    EXPECT_EQ(line, "");
+}
+
 TEST_F(StatusTest, ShowsProgressAndAboveItWhatIsWaitedForUntilTheyEnd)
 {
     status.tellResult("3 files were written");

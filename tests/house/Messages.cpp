@@ -18,8 +18,8 @@ constexpr std::array<std::string_view, 23> makers = {
     "tryToTellEngineer", "tellResult",    "tellHint",       "tellProblem",
     "tellFailure",       "showWaiting",   "remark"};
 // Variables and constants that hold a message or a part of one.
-constexpr std::array<std::string_view, 6> holders = {"femapIsGone",      "noModelOpen", "cure",
-                                                     "modelMustBeSaved", "problem",     "message"};
+constexpr std::array<std::string_view, 7> holders = {
+    "femapIsGone", "noModelOpen", "cure", "modelMustBeSaved", "problem", "message", "failure_"};
 
 struct Token
 {
