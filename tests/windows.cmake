@@ -21,6 +21,7 @@ velmar_test(app/window LOCK femap.model
         KeysTest.cpp
         LongListTest.cpp
         ProductBesideFemapTest.cpp
+        PropertyListWindowTest.cpp
         RemoteHeapTest.cpp
         ResolutionTest.cpp
         StudyByHandTest.cpp

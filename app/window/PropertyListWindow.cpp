@@ -198,22 +198,18 @@ void PropertyListWindow::layOut()
     setBounds(idCancel, right - buttonWidth, buttonTop, buttonWidth, buttonHeight);
 }
 
-// Selects runs of adjacent items and paints once: there may be thousands of items.
+// Selects all at once where all are meant, and paints once: there may be thousands of items. Not by
+// LB_SELITEMRANGEEX, which takes the selection away where first and last are the same item.
 void PropertyListWindow::showChoice()
 {
     const HWND list = GetDlgItem(window_, idList);
     const auto& items = dialog_->lstProperties.items;
+    const bool all = std::ranges::all_of(items, &selection::MultiSelectList::Item::selected);
     SendMessageW(list, WM_SETREDRAW, FALSE, 0);
-    SendMessageW(list, LB_SETSEL, FALSE, -1);
-    for (std::size_t first = 0; first < items.size(); ++first) {
-        if (!items[first].selected)
-            continue;
-        std::size_t last = first;
-        while (last + 1 < items.size() && items[last + 1].selected)
-            ++last;
-        SendMessageW(list, LB_SELITEMRANGEEX, first, static_cast<LPARAM>(last));
-        first = last;
-    }
+    SendMessageW(list, LB_SETSEL, all ? TRUE : FALSE, -1);
+    for (std::size_t item = 0; !all && item < items.size(); ++item)
+        if (items[item].selected)
+            SendMessageW(list, LB_SETSEL, TRUE, static_cast<LPARAM>(item));
     SendMessageW(list, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(list, nullptr, TRUE);
 }

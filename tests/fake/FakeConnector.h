@@ -77,7 +77,7 @@ public:
                 throw femap::ConnectionLost("gone");
         };
     }
-    long count(const std::string& call) const { return std::ranges::count(calls, call); }
+    std::ptrdiff_t count(const std::string& call) const { return std::ranges::count(calls, call); }
 
     std::unique_ptr<femap::Application> attach() override;
     std::unique_ptr<femap::Application> create() override;
