@@ -18,12 +18,14 @@ velmar_test(app/window LOCK femap.model
     SOURCES
         BusyFormTest.cpp
         EventHookTest.cpp
+        GridViewTest.cpp
         KeysTest.cpp
         LongListTest.cpp
         ProductBesideFemapTest.cpp
         PropertyListWindowTest.cpp
         RemoteHeapTest.cpp
         ResolutionTest.cpp
+        SelectedRunsTest.cpp
         StudyByHandTest.cpp
         WindowPlacesTest.cpp
         WindowTest.cpp

@@ -1,14 +1,17 @@
 #include "app/window/GridView.h"
 
+#include "app/window/NameSearch.h"
 #include "windows/Text.h"
 
 #include <algorithm>
+#include <limits>
 #include <type_traits>
 
 namespace window
 {
 
 using form::ParameterGrid;
+using windows::fromWide;
 using windows::toWide;
 
 namespace
@@ -16,7 +19,7 @@ namespace
 
 constexpr int defaultColumnWidth = 960;  // twips, of the columns to which the form gives no width
 
-constexpr int allItems = -1;
+constexpr int allItems = -1;  // also in what the list view tells
 constexpr UINT showSelectionMessage = WM_APP + 1;
 
 // The list view counts parameter rows from 0, the grid from 1.
@@ -105,7 +108,9 @@ void GridView::setResolution(Pixels pixels)
 void GridView::update()
 {
     updating_ = true;
-    ListView_SetItemCountEx(window_, grid_.Rows() - 1, LVSICF_NOSCROLL);
+    const int count = grid_.Rows() - 1;
+    ListView_SetItemCountEx(window_, count, LVSICF_NOSCROLL);
+    selected_.set(count, std::numeric_limits<int>::max(), false);  // it says nothing of these
     InvalidateRect(window_, nullptr, FALSE);
     updating_ = false;
     showSelection();
@@ -126,11 +131,27 @@ LRESULT GridView::notify(const NMHDR& header)
     case LVN_GETDISPINFOA:
         giveCell(static_cast<NMLVDISPINFOA*>(info)->item);
         break;
-    case LVN_ITEMCHANGED:
-    case LVN_ODSTATECHANGED:
-        if (!updating_)
-            takeSelection();
+    case LVN_ITEMCHANGED: {
+        const auto& change = *static_cast<NMLISTVIEW*>(info);
+        followSelection(change.iItem, change.iItem, change.uOldState, change.uNewState);
         break;
+    }
+    case LVN_ODSTATECHANGED: {
+        const auto& change = *static_cast<NMLVODSTATECHANGE*>(info);
+        followSelection(change.iFrom, change.iTo, change.uOldState, change.uNewState);
+        break;
+    }
+    case LVN_ODFINDITEMW: {
+        const auto& search = *static_cast<NMLVFINDITEMW*>(info);
+        return findItem(grid_, search.lvfi.flags,
+                        search.lvfi.psz == nullptr ? "" : fromWide(search.lvfi.psz), search.iStart);
+    }
+    case LVN_ODFINDITEMA: {
+        const auto& search = *static_cast<NMLVFINDITEMA*>(info);
+        return findItem(grid_, search.lvfi.flags,
+                        search.lvfi.psz == nullptr ? "" : windows::fromAnsi(search.lvfi.psz),
+                        search.iStart);
+    }
     case LVN_KEYDOWN:
         onKey_(static_cast<NMLVKEYDOWN*>(info)->wVKey);
         break;
@@ -177,25 +198,49 @@ void GridView::takeColumnWidths()
     }
 }
 
+// What the list view tells of a change, in items from first to last. It may be of the focus only,
+// which leaves one item before the list view has told of the selection of another.
+void GridView::followSelection(int first, int last, UINT before, UINT now)
+{
+    if (((before ^ now) & LVIS_SELECTED) == 0)
+        return;
+    if (first == allItems) {
+        first = 0;
+        last = ListView_GetItemCount(window_) - 1;
+    }
+    selected_.set(first, last + 1, (now & LVIS_SELECTED) != 0);
+    if (!updating_)
+        takeSelection();
+}
+
+// Nearly always there is nothing to do. Where the list view selected something without a word, it
+// is asked for all that it has.
+void GridView::agreeOnSelection()
+{
+    if (selected_.count() == static_cast<int>(ListView_GetSelectedCount(window_)))
+        return;
+    selected_.clear();
+    for (int item = -1; (item = ListView_GetNextItem(window_, item, LVNI_SELECTED)) >= 0;)
+        selected_.set(item, item + 1, true);
+}
+
 void GridView::takeSelection()
 {
-    const int count = static_cast<int>(ListView_GetSelectedCount(window_));
-    if (count == 0) {
+    agreeOnSelection();
+    if (selected_.count() == 0) {
         // The grid always has a selection. The list view drops its old one before it makes a new
         // one, so the grid's is shown again later, if no new one has come by then.
         PostMessageW(window_, showSelectionMessage, 0, 0);
         return;
     }
-    const int first = ListView_GetNextItem(window_, -1, LVNI_SELECTED);
-    const int last = first + count - 1;
-    const bool oneStretch = ListView_GetItemState(window_, last, LVIS_SELECTED) != 0 &&
-                            ListView_GetNextItem(window_, last, LVNI_SELECTED) == -1;
-    if (!oneStretch) {
+    if (selected_.haveHoles()) {
         grid_.Row = rowOf(std::max(0, ListView_GetNextItem(window_, -1, LVNI_FOCUSED)));
         grid_.RowSel = grid_.Row;
         showSelection();
         return;
     }
+    const int first = selected_.first();
+    const int last = first + selected_.count() - 1;
     const bool upwards = ListView_GetSelectionMark(window_) == last;
     grid_.Row = rowOf(upwards ? last : first);
     grid_.RowSel = rowOf(upwards ? first : last);
@@ -211,9 +256,10 @@ form::RowRange GridView::shownSelection() const
 void GridView::showSelection()
 {
     const form::RowRange rows = shownSelection();
-    const int shownCount = static_cast<int>(ListView_GetSelectedCount(window_));
-    const int shownFirst = ListView_GetNextItem(window_, -1, LVNI_SELECTED);
-    if (shownCount == rows.count && (rows.count == 0 || shownFirst == itemOf(rows.first)))
+    agreeOnSelection();
+    const bool isShown = !selected_.haveHoles() && selected_.count() == rows.count &&
+                         (rows.count == 0 || selected_.first() == itemOf(rows.first));
+    if (isShown)
         return;
 
     updating_ = true;

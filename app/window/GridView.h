@@ -4,6 +4,7 @@
 
 #include "app/window/Controls.h"
 #include "app/window/Pixels.h"
+#include "app/window/SelectedRuns.h"
 #include "form/ParameterGrid.h"
 
 #include <windows.h>
@@ -38,6 +39,8 @@ private:
                                           UINT_PTR id, DWORD_PTR self);
     void addColumns();
     void takeColumnWidths();
+    void followSelection(int first, int last, UINT before, UINT now);
+    void agreeOnSelection();
     void takeSelection();
     form::RowRange shownSelection() const;
     void showSelection();
@@ -51,7 +54,8 @@ private:
     form::ParameterGrid& grid_;
     std::function<void(int)> onKey_;
     Pixels pixels_{USER_DEFAULT_SCREEN_DPI};
-    std::wstring cell_;  // lives until the list view has drawn it
+    SelectedRuns selected_;  // in the list view
+    std::wstring cell_;      // lives until the list view has drawn it
     std::string narrowCell_;
     bool updating_ = false;       // the program selects rows, not the engineer
     bool settingWidths_ = false;  // the program sets widths, not the engineer

@@ -1,0 +1,82 @@
+#include "app/window/NameSearch.h"
+
+#include "windows/Text.h"
+
+#include <algorithm>
+#include <commctrl.h>
+#include <string>
+
+namespace window
+{
+
+using form::ParameterGrid;
+
+namespace
+{
+
+constexpr UINT anyPart = LVFI_PARTIAL | 4;  // 4 is LVFI_SUBSTRING, another word for it
+constexpr UINT textual = LVFI_STRING | LVFI_WRAP | anyPart;
+constexpr UINT anythingElse = LVFI_PARAM | LVFI_NEARESTXY;
+
+class Pattern
+{
+public:
+    Pattern(std::string_view text, bool whole)
+        : text_(text), wide_(windows::toWide(text)), whole_(whole)
+    {}
+
+    // Compares ASCII letters itself: among a million names converting each would be felt.
+    bool matches(std::string_view name) const
+    {
+        for (std::size_t i = 0; i < text_.size(); ++i) {
+            if (i == name.size())
+                return false;
+            if (!isAscii(text_[i]) || !isAscii(name[i]))
+                return matchesWide(windows::toWide(name));
+            if (capital(text_[i]) != capital(name[i]))
+                return false;
+        }
+        return !whole_ || name.size() == text_.size();
+    }
+
+private:
+    static bool isAscii(char letter) { return static_cast<unsigned char>(letter) < 0x80; }
+    static int capital(char letter)
+    {
+        return letter >= 'a' && letter <= 'z' ? letter - 'a' + 'A' : letter;
+    }
+    bool matchesWide(const std::wstring& name) const
+    {
+        if (name.size() < wide_.size() || (whole_ && name.size() != wide_.size()))
+            return false;
+        const auto length = static_cast<int>(wide_.size());
+        return CompareStringOrdinal(name.data(), length, wide_.data(), length, TRUE) == CSTR_EQUAL;
+    }
+
+    std::string_view text_;
+    std::wstring wide_;
+    bool whole_;
+};
+
+}  // namespace
+
+int findItem(const ParameterGrid& grid, UINT flags, std::string_view text, int start)
+{
+    if ((flags & anythingElse) != 0 || (flags & textual) == 0 || text.empty())
+        return -1;
+    const Pattern pattern(text, (flags & anyPart) == 0);
+    const auto rows = grid.rows();
+    const auto matches = [&pattern](const std::string& row) {
+        return pattern.matches(form::cellOf(row, ParameterGrid::nameColumn));
+    };
+    const auto from = rows.begin() + std::clamp(start, 0, static_cast<int>(rows.size()));
+    auto found = std::find_if(from, rows.end(), matches);
+    if (found == rows.end() && (flags & LVFI_WRAP) != 0) {
+        found = std::find_if(rows.begin(), from, matches);
+        if (found == from)
+            return -1;
+    }
+    return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
+}
+
+}  // namespace window
