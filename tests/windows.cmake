@@ -19,6 +19,7 @@ velmar_test(app/window LOCK femap.model
         BusyFormTest.cpp
         EventHookTest.cpp
         GridViewTest.cpp
+        InputBlockTest.cpp
         KeysTest.cpp
         LongListTest.cpp
         ProductBesideFemapTest.cpp
@@ -26,6 +27,7 @@ velmar_test(app/window LOCK femap.model
         RemoteHeapTest.cpp
         ResolutionTest.cpp
         SelectedRunsTest.cpp
+        SentMessagesTest.cpp
         StudyByHandTest.cpp
         WindowPlacesTest.cpp
         WindowTest.cpp

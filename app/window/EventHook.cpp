@@ -1,5 +1,7 @@
 #include "app/window/EventHook.h"
 
+#include "app/window/SentMessages.h"
+
 #include <utility>
 
 namespace window
@@ -43,8 +45,16 @@ LRESULT CALLBACK EventHook::FormWindowProc(HWND window, UINT message, WPARAM wPa
     // The handler may take the hook away; the message still goes on to the previous procedure.
     EventHook& hook = *installed_;
     const WNDPROC previous = hook.previous_;
-    if (message == hook.message_)
+    if (message == femapEventMessage) {
         hook.onEvent_(wParam);
+        return 0;
+    }
+    if (message == hook.message_) {
+        if (senderWaits())
+            PostMessageA(window, femapEventMessage, wParam, 0);
+        else
+            hook.onEvent_(wParam);
+    }
     return CallWindowProcA(previous, window, message, wParam, lParam);
 }
 

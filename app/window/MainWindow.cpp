@@ -1,7 +1,7 @@
 #include "app/window/MainWindow.h"
 
 #include "app/window/AccessKeys.h"
-#include "femap/Constants.h"
+#include "app/window/SentMessages.h"
 #include "form/Layout.h"
 #include "windows/Text.h"
 
@@ -39,15 +39,7 @@ void registerClass(const wchar_t* name, WNDPROC procedure)
 MainWindow::MainWindow(femap::Connector& connector, sys::System& system)
     : propertyList_([this] { return window_; }),
       program_(connector, *this, propertyList_, system),
-      hook_([this](WPARAM code) {
-          guarded([&] {
-              program_.raiseFemapEvent(static_cast<std::intptr_t>(code));
-              // FEMAP is ending: an open dialog must not keep the form from closing.
-              if (code == static_cast<WPARAM>(femap::EventCode::Shutdown))
-                  propertyList_.cancel();
-              afterEvent();
-          });
-      })
+      hook_([this](WPARAM code) { guarded([&] { raiseFemapEvent(code); }); })
 {}
 
 MainWindow::~MainWindow()
@@ -215,28 +207,24 @@ LRESULT MainWindow::handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM
         }
         break;
     case WM_ACTIVATE:
-        if (LOWORD(wParam) == WA_INACTIVE)
+        if (LOWORD(wParam) == WA_INACTIVE && IsChild(window, GetFocus()) != FALSE)
             focusBefore_ = GetFocus();
         break;
     case WM_SETFOCUS:
         return guarded([&] { restoreFocus(); });
     case WM_DPICHANGED:
-        return guarded([&] {
-            applyResolution(HIWORD(wParam));
-            const RECT& bounds = *reinterpret_cast<const RECT*>(lParam);
-            SetWindowPos(window, nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
-                         bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
-            resized();
-        });
+        return guarded(
+            [&] { resolutionChanged(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam)); });
     case WM_DPICHANGED_AFTERPARENT:  // as a pane of FEMAP's
-        return guarded([&] {
-            applyResolution(GetDpiForWindow(window));
-            resized();
-        });
+        return guarded([&] { resized(); });
+    case takeTextsMessage:
+        return guarded([&] { commitTexts(); });
     case WM_TIMER:
         return guarded([&] {
-            if (ready_ && program_.lookForFemap())
+            if (ready_ && program_.lookForFemap()) {
+                dropInput(window);
                 afterEvent();
+            }
         });
     case WM_CLOSE:
         return guarded([&] { program_.close(); });

@@ -6,14 +6,17 @@
 #include "app/window/Controls.h"
 #include "app/window/EventHook.h"
 #include "app/window/GridView.h"
+#include "app/window/InputBlock.h"
 #include "app/window/PropertyListWindow.h"
 
 #include <windows.h>
 
 #include <array>
 #include <exception>
+#include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -78,6 +81,7 @@ private:
 
     void setStartBounds(UINT dotsPerInch);
     void applyResolution(UINT dotsPerInch);
+    void resolutionChanged(UINT dotsPerInch, const RECT& bounds);
     void resized();
     void layOut();
     void layOutScrollBar(const form::ScrollBar& bar, int viewport);
@@ -92,6 +96,10 @@ private:
     void press(const form::MainForm::NamedControl& button);
     void comboCommand(form::ComboBox& box, int notification);
     void commitTexts();
+    void takeText(form::ComboBox& box, const std::string& typed);
+    void carryOut(const std::function<app::Ended()>& start);
+    void pressInGrid(std::string_view event, int key);
+    void raiseFemapEvent(WPARAM code);
     void raise(std::string_view event, int argument = 0);
     void beforeEvent(std::string_view event);
     std::string clickOf(const form::Control& control);
@@ -122,10 +130,13 @@ private:
     std::unique_ptr<GridView> outputs_;
     std::unique_ptr<Font> font_;
     Pixels pixels_{USER_DEFAULT_SCREEN_DPI};
+    UINT dotsPerInch_ = USER_DEFAULT_SCREEN_DPI;
+    bool resolutionIsTold_ = false;           // by the message that is handled now
     SIZE sizeSeen_{};                         // of the window's inside
     const form::ComboBox* typing_ = nullptr;  // the box whose typed text is not taken over yet
     HWND focusBefore_ = nullptr;              // had the focus before another program took it
     HWND focusSeen_ = nullptr;
+    std::optional<InputBlock> block_;  // while a procedure runs
     bool mirroring_ = false;
     bool ready_ = false;  // all controls are there
 };

@@ -33,8 +33,9 @@ void MainWindow::createControls()
             SendMessageW(window, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(item).c_str()));
     };
     const auto createGrid = [&](form::ParameterGrid& grid, std::string_view keyEvent) {
-        auto view = std::make_unique<GridView>(windows_.at(&form.pbInner), idOf(grid), grid,
-                                               [this, keyEvent](int key) { raise(keyEvent, key); });
+        auto view =
+            std::make_unique<GridView>(windows_.at(&form.pbInner), idOf(grid), grid,
+                                       [this, keyEvent](int key) { pressInGrid(keyEvent, key); });
         windows_[&grid] = view->window();
         return view;
     };

@@ -1,5 +1,9 @@
 // MainWindow: hands clicks, keys and typed texts to the program and shows afterwards what changed.
+#include "app/FemapEvents.h"
 #include "app/window/MainWindow.h"
+#include "app/window/SentMessages.h"
+#include "femap/Constants.h"
+#include "form/FormProcedures.h"
 
 #include <windowsx.h>
 
@@ -87,11 +91,13 @@ void MainWindow::comboCommand(form::ComboBox& box, int notification)
     case CBN_SELCHANGE:
         typing_ = nullptr;
         beforeEvent(clickOf(box));
-        program_.chooseItem(box, ComboBox_GetCurSel(window));
-        afterEvent();
+        carryOut([&] { return program_.chooseItem(box, ComboBox_GetCurSel(window)); });
         break;
     case CBN_KILLFOCUS:
-        commitTexts();
+        if (senderWaits())
+            PostMessageW(window_, takeTextsMessage, 0, 0);
+        else
+            commitTexts();
         break;
     default:
         break;
@@ -107,19 +113,70 @@ void MainWindow::commitTexts()
         const std::string typed = windowText(windows_.at(box));
         if (typing_ == box)
             typing_ = nullptr;
-        if (typed != box->Text) {
-            beforeEvent(clickOf(*box));
-            program_.enterText(*box, typed);
-            afterEvent();
-        }
+        if (typed != box->Text)
+            takeText(*box, typed);
     }
+}
+
+void MainWindow::takeText(form::ComboBox& box, const std::string& typed)
+{
+    beforeEvent(clickOf(box));
+    const auto enter = [&] { return program_.enterText(box, typed); };
+    const bool isClicking = GetKeyState(VK_LBUTTON) < 0;
+    if (!isClicking) {
+        carryOut(enter);
+        return;
+    }
+    // The click that took the focus out of the box is still being made and shall do its work.
+    enter();
+    afterEvent();
+}
+
+// Starts a procedure. What the engineer does in the form meanwhile with mouse and keyboard is
+// dropped, or it would be done afterwards: a double click on a button would press it twice.
+void MainWindow::carryOut(const std::function<app::Ended()>& start)
+{
+    if (block_.has_value() || program_.isBusy()) {
+        start();
+        afterEvent();
+        return;
+    }
+    block_.emplace(window_, windows_.at(&program_.form().pbOuter));
+    if (start() != app::Ended::NotStarted && ready_)
+        dropInput(window_);
+    block_.reset();
+    afterEvent();
 }
 
 void MainWindow::raise(std::string_view event, int argument)
 {
     beforeEvent(event);
-    program_.raise(event, argument);
+    carryOut([&] { return program_.raise(event, argument); });
+}
+
+// Keys that only move the selection come one after the other as fast as they are typed.
+void MainWindow::pressInGrid(std::string_view event, int key)
+{
+    if (key == form::deleteKey) {
+        raise(event, key);
+        return;
+    }
+    program_.raise(event, key);
     afterEvent();
+}
+
+void MainWindow::raiseFemapEvent(WPARAM code)
+{
+    const auto number = static_cast<std::intptr_t>(code);
+    if (!app::isFemapEvent(number))
+        return;
+    carryOut([&] {
+        const app::Ended ended = program_.raiseFemapEvent(number);
+        // FEMAP is ending: an open dialog must not keep the form from closing.
+        if (code == static_cast<WPARAM>(femap::EventCode::Shutdown))
+            propertyList_.cancel();
+        return ended;
+    });
 }
 
 std::string MainWindow::clickOf(const form::Control& control)
@@ -152,9 +209,11 @@ void MainWindow::mirror()
 {
     mirroring_ = true;
     const form::MainForm& form = program_.form();
-    for (const auto& [control, window] : windows_)
-        if ((IsWindowEnabled(window) != FALSE) != control->Enabled)
+    for (const auto& [control, window] : windows_) {
+        const bool isBlocked = block_.has_value() && control == &form.pbOuter;
+        if (!isBlocked && (IsWindowEnabled(window) != FALSE) != control->Enabled)
             EnableWindow(window, control->Enabled ? TRUE : FALSE);
+    }
     setWindowText(windows_.at(&form.StatusLine), form.StatusLine.Caption);
     setWindowText(windows_.at(&form.CommandLine), form.CommandLine.Text);
     for (const form::ComboBox* const box : comboBoxes())
@@ -166,18 +225,19 @@ void MainWindow::mirror()
     leaveDisabledControl();
 }
 
-// Windows leaves the focus on a control that has been disabled, where every key is lost.
+// Windows leaves the focus on a control that has been disabled, where every key is lost. The frame
+// itself has it when a dialog was closed while a procedure ran.
 void MainWindow::leaveDisabledControl()
 {
     const HWND focus = GetFocus();
-    if (focus != nullptr && IsChild(window_, focus) != FALSE && !takesKeys(focus))
+    if (focus == window_ || (IsChild(window_, focus) != FALSE && !takesKeys(focus)))
         restoreFocus();
 }
 
 // Sets the focus to the control that had it before, or to the first one that can have it.
 void MainWindow::restoreFocus()
 {
-    if (!ready_)
+    if (!ready_ || block_.has_value())
         return;
     if (focusBefore_ != nullptr && IsChild(window_, focusBefore_) != FALSE &&
         takesKeys(focusBefore_)) {

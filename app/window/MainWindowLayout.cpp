@@ -9,6 +9,7 @@ namespace window
 
 void MainWindow::applyResolution(UINT dotsPerInch)
 {
+    dotsPerInch_ = dotsPerInch;
     pixels_ = Pixels(dotsPerInch);
     sizeSeen_ = {};  // the same size in pixels is another one in twips
     auto font = std::make_unique<Font>(dotsPerInch);
@@ -19,10 +20,25 @@ void MainWindow::applyResolution(UINT dotsPerInch)
     outputs_->setResolution(pixels_);
 }
 
+// On a screen of another resolution Windows suggests bounds.
+void MainWindow::resolutionChanged(UINT dotsPerInch, const RECT& bounds)
+{
+    applyResolution(dotsPerInch);
+    resolutionIsTold_ = true;
+    SetWindowPos(window_, nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
+                 bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    resized();
+    resolutionIsTold_ = false;
+}
+
 void MainWindow::resized()
 {
     if (!ready_ || window_ == nullptr)
         return;
+    // That of a pane can change without a message.
+    const UINT dotsPerInch = GetDpiForWindow(window_);
+    if (!resolutionIsTold_ && dotsPerInch != dotsPerInch_)
+        applyResolution(dotsPerInch);
     RECT inside{};
     GetClientRect(window_, &inside);
     const SIZE size{inside.right, inside.bottom};

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
 #include <vector>
 
 using testing::ElementsAre;
@@ -51,6 +53,44 @@ TEST_F(Hook, GivesEventsToTheFormAndEveryMessageToThePreviousProcedure)
     EXPECT_THAT(events, ElementsAre(3u));
     EXPECT_THAT(arrived, ElementsAre(event, WM_USER));
     EXPECT_EQ(answer, 42);
+}
+
+TEST_F(Hook, ASentEventIsAnsweredBeforeTheFormActsOnIt)
+{
+    hook.install(window);
+    std::atomic<bool> isAnswered = false;
+    std::thread femap([&] {
+        SendMessageA(window, event, 3, 0);
+        isAnswered = true;
+    });
+    MSG message{};
+    while (!isAnswered)
+        PeekMessageA(&message, nullptr, WM_USER, WM_USER, PM_NOREMOVE);
+    femap.join();
+    const std::vector<WPARAM> atAnswer = events;
+    while (PeekMessageA(&message, window, 0, 0, PM_REMOVE) != FALSE)
+        DispatchMessageA(&message);
+
+    EXPECT_THAT(atAnswer, IsEmpty());
+    EXPECT_THAT(events, ElementsAre(3U));
+    EXPECT_THAT(arrived, ElementsAre(event)) << "the previous procedure sees it once";
+}
+
+TEST_F(Hook, AnEventWhoseSenderDoesNotWaitIsActedOnAtOnce)
+{
+    hook.install(window);
+    std::atomic<bool> isSent = false;
+    std::thread femap([&] {
+        SendNotifyMessageA(window, event, 3, 0);
+        isSent = true;
+    });
+    MSG message{};
+    while (!isSent || events.empty())
+        PeekMessageA(&message, nullptr, WM_USER, WM_USER, PM_NOREMOVE);
+    femap.join();
+
+    EXPECT_THAT(events, ElementsAre(3U));
+    EXPECT_THAT(arrived, ElementsAre(event));
 }
 
 TEST_F(Hook, RestoringPutsThePreviousProcedureBack)

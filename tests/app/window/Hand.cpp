@@ -85,6 +85,12 @@ void Hand::clickAt(POINT place, const std::string& held)
             std::vector<std::string>{"keyup", held});
 }
 
+void Hand::doubleClickAt(POINT place)
+{
+    awaitDisplayAt(place);
+    act({"click", "--repeat", "2", "--delay", "5", "1"});
+}
+
 void Hand::pressAt(POINT place)
 {
     awaitDisplayAt(place);

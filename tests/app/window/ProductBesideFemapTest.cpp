@@ -1,5 +1,6 @@
 #include "FormDriver.h"
 #include "FormFiles.h"
+#include "Hand.h"
 #include "standin/StandIn.h"
 
 #include <gmock/gmock.h>
@@ -225,6 +226,49 @@ TEST_F(ProductBesideFemap, AnyArgumentsGiveAForm)
         PostMessageW(form->window(), WM_CLOSE, 0, 0);
 
         EXPECT_EQ(process->exitCode(), 0u);
+    }
+}
+
+TEST_F(ProductBesideFemap, ADoubleClickOnAButtonOpensFemapsDialogOnce)
+{
+    start();
+    form->choose("InputSelection", "Materials");
+    driver::Hand hand;
+    hand.awaitKeyboardAt(form->window());
+    const auto dialog = [&] { return driver::visibleWindow(femap.processID(), L"#32770"); };
+
+    hand.doubleClickAt(driver::middleOf(form->control("InputsButton")));
+    const bool isOpen = waitUntil([&] { return dialog() != nullptr; });
+    const HWND first = dialog();
+    PostMessageW(GetDlgItem(first, IDCANCEL), BM_CLICK, 0, 0);
+    waitUntil([&] { return IsWindow(first) == FALSE; });
+    const bool isOpenAgain =
+        waitUntil([&] { return dialog() != nullptr; }, std::chrono::milliseconds(500));
+    PostMessageW(form->window(), WM_CLOSE, 0, 0);
+
+    EXPECT_TRUE(isOpen);
+    EXPECT_FALSE(isOpenAgain);
+    EXPECT_EQ(process->exitCode(), 0U);
+}
+
+TEST_F(ProductBesideFemap, TheCloseBoxAndItsKeysWorkWhileFemapIsBusy)
+{
+    for (const bool byKeys : {false, true}) {
+        start();
+        driver::Hand hand;
+        hand.awaitKeyboardAt(form->window());
+        RECT frame{};
+        GetWindowRect(form->window(), &frame);
+        femap.beBusy(8);
+        form->press("RefreshInputs");
+        waitUntil([&] { return IsWindowEnabled(form->control("pbOuter")) == FALSE; });
+
+        if (byKeys)
+            hand.key({"alt+F4"});
+        else
+            hand.clickAt({frame.right - 14, frame.top + 14});
+
+        EXPECT_EQ(process->exitCode(), 0U);
     }
 }
 

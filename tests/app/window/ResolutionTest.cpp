@@ -160,6 +160,22 @@ TEST_F(Resolution, GoingBackGivesTheFirstPicture)
         EXPECT_TRUE(EqualRect(&place, &before.at(name))) << name;
 }
 
+// The resolution of a pane can change without a message.
+TEST_F(Resolution, EveryNewSizeLooksAtTheResolutionOfTheWindow)
+{
+    SetWindowPos(form.window(), nullptr, 0, 0, 800, 620, SWP_NOZORDER);
+    form.settle();
+    const LONG before = sizeOf(form.placeOf("InputsButton")).cx;
+    moveToScreenOf(form.window(), fine, {0, 0, 800, 620});
+    const LONG asToldByTheMessage = sizeOf(form.placeOf("InputsButton")).cx;
+
+    SetWindowPos(form.window(), nullptr, 0, 0, 810, 620, SWP_NOZORDER);
+    form.settle();
+
+    EXPECT_NEAR(asToldByTheMessage, before * 1.5, 2);
+    EXPECT_EQ(sizeOf(form.placeOf("InputsButton")).cx, before);
+}
+
 TEST_F(Resolution, AColumnThatTheMouseWidenedKeepsItsShareOfTheScreen)
 {
     const HWND list = form.control("OutputsList");
