@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <new>
+#include <stdexcept>
 #include <system_error>
 #include <utility>
 
@@ -94,6 +95,14 @@ std::string fullPathOf(const std::string& path)
     return {text.begin(), text.end()};
 }
 
+[[noreturn]] void refuseAsTooLarge(const std::string& path)
+{
+    throw RuntimeError(ErrorNumber::FileError,
+                       "The memory is too small for the model; export it with fewer results, or "
+                       "close other programs: " +
+                           path);
+}
+
 /// Reads a file that another program may hold for a moment. Returns what the reader remarks.
 std::vector<std::string> readInto(Model& model, const std::string& path)
 {
@@ -104,10 +113,10 @@ std::vector<std::string> readInto(Model& model, const std::string& path)
         return readNeutralFile(content, path, sys::windows1252(), model);
     }
     catch (const std::bad_alloc&) {
-        throw RuntimeError(ErrorNumber::FileError,
-                           "The memory is too small for the model; export it with fewer results, "
-                           "or close other programs: " +
-                               path);
+        refuseAsTooLarge(path);
+    }
+    catch (const std::length_error&) {  // a file of more bytes than there are addresses
+        refuseAsTooLarge(path);
     }
 }
 

@@ -37,9 +37,8 @@ constexpr RemarkText remarkTexts[] = {
     remark(MassRemark::NoDensity,
            "Elements whose density, section or thickness is 0 have no structural mass"),
     remark(MassRemark::BottomSurface,
-           "Value 0 of laminates is taken as their bottom surface, which no page confirms; compare "
-           "the "
-           "centre of gravity"),
+           "Value 0 of laminates is taken as their bottom surface, which no page confirms; "
+           "compare the centre of gravity"),
     remark(MassRemark::Lumped,
            "Mass elements count as structural mass here; FEMAP may count them as non-structural"),
     remark(MassRemark::LumpedByDirection,

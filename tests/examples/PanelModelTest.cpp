@@ -10,11 +10,13 @@
 #include <cstdlib>
 #include <map>
 #include <string>
+#include <vector>
 
 using femap::embedded::measureMassProperties;
 using femap::neutral::Model;
 using femap::neutral::OutputVector;
 using testing::ElementsAre;
+using testing::IsEmpty;
 using testing::Pair;
 using testing::SizeIs;
 
@@ -152,12 +154,16 @@ TEST(PanelModel, WeighsAsMuchAsItsPartsDo)
     const double frames = 24 * 50.0 * 120 * aluminium;
     const double rods = 4 * std::sqrt(200.0 * 200 + 100 * 100 + 60 * 60) * 113.0973 * steel;
     const double block = 100.0 * 100.0 * 60.0 * steel;
+    const double doubler = 8 * 50.0 * 50.0 * 4 * 0.25 * 1.85e-9;  // about (750, 300, 2)
+    std::vector<std::string> remarks;
 
-    const femap::MassProperties mass = measureMassProperties(model, model.elements.ids());
+    const femap::MassProperties mass = measureMassProperties(model, model.elements.ids(), &remarks);
 
-    EXPECT_NEAR(skin + gussets + stringers + frames + rods + block, mass.structuralMass, 1e-9);
-    EXPECT_NEAR(600, mass.totalCG[0], 1e-6);
+    EXPECT_NEAR(skin + gussets + stringers + frames + rods + block + doubler, mass.structuralMass,
+                1e-9);
+    EXPECT_NEAR(600 + 150 * doubler / mass.totalMass, mass.totalCG[0], 1e-6);
     EXPECT_NEAR(300, mass.totalCG[1], 1e-6);
+    EXPECT_THAT(remarks, IsEmpty());
 }
 
 }  // namespace

@@ -3,10 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <thread>
 
 using femap::EntityType;
 using femap::MessageColour;
@@ -282,24 +280,6 @@ TEST(Host, AMissingFileRaisesAndKeepsTheModel)
     EXPECT_THAT(f.model().nodes.ids(), ElementsAre(1));
 }
 
-TEST(Host, WaitsForAFileThatItMayNotReadForAMoment)
-{
-    using std::filesystem::perms;
-    FolderFixture f;
-    const std::string path = f.write("beam.neu", neutralFile(nodeBlock(7)));
-    std::filesystem::permissions(path, perms::none);
-    if (std::ifstream(path).is_open())
-        GTEST_SKIP() << "This user may read any file";
-    std::thread other([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(200));
-        std::filesystem::permissions(path, perms::owner_all);
-    });
-
-    EXPECT_EQ(complaintOf([&] { f.application->feFileOpen(false, path); }), "");
-    other.join();
-    EXPECT_EQ(f.application->ModelName(), path);
-}
-
 TEST(Host, AnUnnamedFileRaises)
 {
     HostFixture f;
@@ -384,54 +364,6 @@ TEST(Host, MeasuresTheElementsOfASet)
 
     EXPECT_EQ(f.application->feMeasureMeshMassProp(set->ID(), 0, false, false).length, 10);
     EXPECT_EQ(f.application->feMeasureMeshMassProp(-9, 0, false, false).length, 5);
-}
-
-TEST(Host, TellsOnceForEachModelWhatItCannotWeigh)
-{
-    const std::string remark = "Elements without a property are missing in the masses: ";
-    FolderFixture f;
-    const std::string path = f.write("beam.neu", neutralFile(nodeBlock(1)));
-    std::vector<std::string> shown;
-    f.host.messageShown = [&](const Host::Message& message) {
-        EXPECT_EQ(message.colour, MessageColour::Warning);
-        shown.push_back(message.text);
-    };
-    const auto measure = [&](int id) {
-        f.model().nodes.put({.id = 2, .x = 3});
-        f.model().elements.put({.id = id, .type = femap::elementRod, .node = {1, 2}});
-        f.application->feMeasureMeshMassProp(f.setOf(EntityType::Element)->ID(), 0, false, false);
-    };
-
-    f.application->feFileOpen(false, path);
-    measure(8);
-    measure(8);
-    EXPECT_THAT(shown, ElementsAre(remark + "1 of 1 (rod 1)"));
-    measure(9);
-    EXPECT_THAT(shown, ElementsAre(remark + "1 of 1 (rod 1)", remark + "2 of 2 (rod 2)"));
-    f.application->feFileOpen(false, path);
-    measure(8);
-
-    EXPECT_THAT(shown, ElementsAre(remark + "1 of 1 (rod 1)", remark + "2 of 2 (rod 2)",
-                                   remark + "1 of 1 (rod 1)"));
-}
-
-TEST(Host, TellsThatResultsMayBeCut)
-{
-    const std::string vector =
-        "1,1,1,\nT1\n0.,0.,0.,\n0,0,0,0,0,0,0,0,0,0,\n0,0,0,0,0,0,0,0,0,0,\n0,0,1,7,\n1,0,1,\n"
-        "7,0.5,\n-1,0.,\n";
-    FolderFixture f;
-    const std::string path =
-        f.write("r.neu", neutralFile(nodeBlock(7) + "   -1\n   451\n" + vector));
-    const auto told = [&] { return f.host.messages.empty() ? "" : f.host.messages.back().text; };
-
-    f.application->feFileOpen(false, path);
-    EXPECT_THAT(told(), StartsWith("The results may be cut short"));
-    EXPECT_THAT(told(), HasSubstr("r.neu"));
-
-    f.host.messages.clear();
-    f.host.importNeutralFile(path);
-    EXPECT_THAT(told(), StartsWith("The results may be cut short"));
 }
 
 TEST(Host, RefusesToMeasureASetThatIsNotThere)
