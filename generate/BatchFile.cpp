@@ -1,6 +1,6 @@
 #include "generate/BatchFile.h"
 
-#include "generate/TextFile.h"
+#include "generate/Targets.h"
 #include "logging/Module1.h"
 
 namespace generate
@@ -9,10 +9,10 @@ namespace generate
 using logging::logDebug;
 using logging::logPosition;
 
-void WriteBatchFile(form::Context& context, const std::string& folder, const std::string& /*name*/)
+void WriteBatchFile(form::Context& context, const std::string& folder, const std::string& name)
 {
     logPosition(context.log, "Before writing batch file object");
-    TextFile file(context.system, context.log, folder + "FDFemap.bat");
+    TextFile file = openTarget(context, {folder, name}, batchFile);
     const std::string& command = context.form.CommandLine.Text;
     file.line(command);
     logDebug(context.log, "Found command line argument as ", command);

@@ -4,9 +4,8 @@
 #include "form/Progress.h"
 #include "generate/ModelPath.h"
 #include "generate/ParameterRow.h"
-#include "generate/TextFile.h"
+#include "generate/Targets.h"
 #include "logging/Module1.h"
-#include "system/Retry.h"
 #include "system/RuntimeError.h"
 
 #include <algorithm>
@@ -25,13 +24,6 @@ using logging::logPositionAndClearErrorIfAny;
 
 namespace
 {
-
-constexpr std::string_view fileNameEnd = "Control.txt";
-
-std::string controlFilePath(const ModelPath& model)
-{
-    return concatenated({model.folder, model.name, fileNameEnd});
-}
 
 // The open model; none, with a message, when it has no file yet.
 std::optional<ModelPath> savedModel(Context& context)
@@ -129,9 +121,8 @@ void readRows(Context& context, LineReader& lines)
 // False when it cannot be read. A missing file is usual: most models have no selection yet.
 bool readControlFile(Context& context, const std::string& path, std::string& content)
 {
-    const auto read = [&] { return context.system.files.read(path); };
     try {
-        content = sys::retriedWhileDenied(context.system, read);
+        content = context.system.files.read(path);
         if (!sys::isAscii(content))
             content = context.system.codePage.decode(content);
         return true;
@@ -156,8 +147,8 @@ void Save_Config(Context& context)
     if (!model)
         return;
 
-    const std::string path = controlFilePath(*model);
-    TextFile file(context.system, context.log, path);
+    const std::string path = targetPath(*model, controlFile);
+    TextFile file = openTarget(context, *model, controlFile);
     logDebug(context.log, "Opened file ", path, " to write");
     const auto writeRow = [&](const ParameterRow& row) { file.line(row.text()); };
     forEachNamedRow(context, context.form.InputsList, writeRow);
@@ -177,7 +168,7 @@ void Load_Click(Context& context)
     logDebug(context.log, "fileBase=", model->name);
     logPositionAndClearErrorIfAny(context.log, context.error, "In the Load_Click");
     std::string content;
-    if (!readControlFile(context, controlFilePath(*model), content))
+    if (!readControlFile(context, targetPath(*model, controlFile), content))
         return;
     context.error.attempt([&] {
         form::ClearAll_Click(context);

@@ -1,7 +1,7 @@
 #include "generate/ExchangeFiles.h"
 
 #include "generate/SolverFormat.h"
-#include "generate/TextFile.h"
+#include "generate/Targets.h"
 #include "generate/TextTemplate.h"
 
 #include <algorithm>
@@ -38,9 +38,7 @@ std::string_view trimmed(std::string_view text)
 void writeExchange(Context& context, const std::string& folder, const std::string& name,
                    const ExchangeFormat& format, const ParameterGrid& grid)
 {
-    const auto open = [&](std::string_view fileName) {
-        return TextFile(context.system, context.log, concatenated({folder, fileName}));
-    };
+    const auto open = [&](Target target) { return openTarget(context, {folder, name}, target); };
     TextFile description = open(format.description);
     TextFile values = open(format.values);
     TextFile valuesTemplate = open(format.valuesTemplate);
@@ -58,12 +56,10 @@ void writeExchange(Context& context, const std::string& folder, const std::strin
 
 }  // namespace
 
-constinit const ExchangeFormat inputExchange = {"CAEInput.txt", "InputValues.txt",
-                                                "InputValues.txt.template", caeInputHead,
-                                                inputParameterLine};
-constinit const ExchangeFormat outputExchange = {"CAEOutput.txt", "OutputValues.txt",
-                                                 "OutputValues.txt.template", caeOutputHead,
-                                                 outputResponseLine};
+constinit const ExchangeFormat inputExchange = {inputDescription, inputValues, inputTemplate,
+                                                caeInputHead, inputParameterLine};
+constinit const ExchangeFormat outputExchange = {outputDescription, outputValues, outputTemplate,
+                                                 caeOutputHead, outputResponseLine};
 
 LinePieces inputParameterLine(const ParameterRow& row)
 {

@@ -3,7 +3,7 @@
 #include "femap/NumberText.h"
 #include "generate/ModelPath.h"
 #include "generate/ParameterRow.h"
-#include "generate/TextFile.h"
+#include "generate/Targets.h"
 #include "logging/Module1.h"
 
 #include <cstdint>
@@ -75,9 +75,10 @@ void writeFunctionOf(Context& context, const ParameterRow& row, TextFile& file)
 void WriteFunctionInputs(Context& context)
 {
     logDebug(context.log, "Before writing function data");
-    const std::string path = modelFolder(context.femap().ModelName()) + "FunctionsInputvalues.txt";
-    TextFile file(context.system, context.log, path);
-    logDebug(context.log, "Opened file ", path, " to write the function values");
+    const ModelPath model = {modelFolder(context.femap().ModelName()), ""};
+    TextFile file = openTarget(context, model, functionDataFile);
+    logDebug(context.log, "Opened file ", targetPath(model, functionDataFile),
+             " to write the function values");
     logDebug(context.log, "Execution of WriteFunctionInputs started");
 
     form::lockFemap(context);

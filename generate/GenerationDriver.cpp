@@ -5,12 +5,15 @@
 #include "generate/ModelPath.h"
 #include "generate/ScanProject.h"
 #include "generate/SolverFormat.h"
+#include "generate/Targets.h"
 #include "generate/TaskDescription.h"
 #include "logging/Module1.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <memory>
+#include <span>
 #include <string_view>
 
 namespace generate
@@ -31,12 +34,13 @@ struct Tool
     // How often it goes through the rows of each grid, for the progress.
     std::size_t walksOfInputs;
     std::size_t walksOfOutputs;
+    std::span<const Target> files;
 };
 
 // clang-format off
 constexpr Tool tools[] = {
-    {"Velmar", WriteDescFile,     6, 3},
-    {"Ombra",  WriteOmbraProject, 2, 2},  // not in the box's list, but it can be typed
+    {"Velmar", WriteDescFile,     6, 3, filesOfVelmar},
+    {"Ombra",  WriteOmbraProject, 2, 2, filesOfOmbra},  // not in the box's list, but it can be typed
 };
 // clang-format on
 
@@ -92,9 +96,8 @@ void tryToTellEngineer(Context& context, const std::string& text)
 
 // False when the model was never saved. A name that cannot be read does not stop the generators:
 // they run and fail by themselves.
-bool mayGenerate(Context& context)
+bool mayGenerate(Context& context, std::string& modelFile)
 {
-    std::string modelFile;
     const bool isRead = context.error.attempt([&] { modelFile = context.femap().ModelName(); });
     if (isRead && modelFile.empty()) {
         tryToTellEngineer(context, std::string(modelMustBeSaved));
@@ -105,6 +108,16 @@ bool mayGenerate(Context& context)
         tryToTellEngineer(context, "Cannot perform action without a model");
     }
     return true;
+}
+
+// Nothing is prepared for a model whose name could not be read.
+std::unique_ptr<sys::FolderLock> prepared(Context& context, const std::string& modelFile)
+{
+    if (modelFile.empty())
+        return nullptr;
+    const Tool* const tool = findTool(context.form.Optimizer.Text);
+    return prepareTargets(context, splitModelPath(modelFile),
+                          tool == nullptr ? std::span<const Target>() : tool->files);
 }
 
 void setCommandLine(Context& context, const SolverFormat& format)
@@ -119,8 +132,10 @@ void setCommandLine(Context& context, const SolverFormat& format)
 void GenerateButton_Click(Context& context)
 {
     logPositionAndClearErrorIfAny(context.log, context.error, "Before Generating supporting files");
-    if (!mayGenerate(context))
+    std::string modelFile;
+    if (!mayGenerate(context, modelFile))
         return;
+    const std::unique_ptr<sys::FolderLock> folderIsOurs = prepared(context, modelFile);
 
     form::lockFemap(context);
     logDebug(context.log, "Acquired Femap lock");

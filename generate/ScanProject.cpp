@@ -3,7 +3,7 @@
 #include "generate/ExchangeFiles.h"
 #include "generate/ModelPath.h"
 #include "generate/ParameterRow.h"
-#include "generate/TextFile.h"
+#include "generate/Targets.h"
 #include "generate/TextTemplate.h"
 
 #include <string_view>
@@ -166,12 +166,6 @@ constexpr std::string_view parameters = R"text(
 'H' 'END'
 )text";
 
-TextFile openFile(Context& context, const std::string& folder, const std::string& name,
-                  std::string_view extension)
-{
-    return TextFile(context.system, context.log, concatenated({folder, name, extension}));
-}
-
 // Name and value of each row as a parameter record holds them.
 Lines namesAndValues(const Context& context, const ParameterGrid& grid)
 {
@@ -197,7 +191,7 @@ void WriteOmbraProject(Context& context)
 
 void WriteProjectFile(Context& context, const std::string& folder, const std::string& name)
 {
-    TextFile file = openFile(context, folder, name, ".kvp");
+    TextFile file = openTarget(context, {folder, name}, projectFile);
     file.write(
         fillIn(project, {{"model", {name}}, {"1 to 4", {"1", "2", "3", "4"}}, {"blank", {" "}}}));
     file.close();
@@ -205,14 +199,14 @@ void WriteProjectFile(Context& context, const std::string& folder, const std::st
 
 void WriteProcessFile(Context& context, const std::string& folder, const std::string& name)
 {
-    TextFile file = openFile(context, folder, name, ".pcs");
+    TextFile file = openTarget(context, {folder, name}, processFile);
     file.write(fillIn(process, {{"command line", {context.form.CommandLine.Text}}}));
     file.close();
 }
 
 void WriteParameterFile(Context& context, const std::string& folder, const std::string& name)
 {
-    TextFile file = openFile(context, folder, name, ".par");
+    TextFile file = openTarget(context, {folder, name}, parameterFile);
     fillIn(parameters,
            {{"input", namesAndValues(context, context.form.InputsList)},
             {"output", namesAndValues(context, context.form.OutputsList)}},

@@ -6,6 +6,7 @@
 #include "generate/ModelPath.h"
 #include "generate/ParameterRow.h"
 #include "generate/SolverFormat.h"
+#include "generate/Targets.h"
 #include "generate/TextTemplate.h"
 #include "logging/Module1.h"
 
@@ -237,17 +238,15 @@ std::string pathsOf(const ExchangeFormat& format, const std::string& folder)
 void WriteDescFile(Context& context)
 {
     logDebug(context.log, "At start of WriteDescFile");
-    const auto [folder, name] = openModelPath(context);
-    const auto open = [&context, &folder = folder](std::string_view fileName) {
-        return TextFile(context.system, context.log, concatenated({folder, fileName}));
-    };
+    const ModelPath model = openModelPath(context);
+    const auto& [folder, name] = model;
+    const auto open = [&](Target target) { return openTarget(context, model, target); };
 
-    TextFile caeInput = open(inputExchange.description);
-    TextFile inputValues = open(inputExchange.values);
-    const std::string taskFileName = "vELMAR" + name + ".desc";  // sic
-    TextFile task = open(taskFileName);
+    TextFile caeInput = open(inputDescription);
+    TextFile inputNamesAndValues = open(inputValues);
+    TextFile task = open(taskFile);
     const std::string inputPaths = pathsOf(inputExchange, folder);
-    logDebug(context.log, "Opened files ", inputPaths, folder, taskFileName, " For writing");
+    logDebug(context.log, "Opened files ", inputPaths, targetPath(model, taskFile), " For writing");
     caeInput.write(exchangeHead(context, inputExchange, name));
     WriteDescFileHead(context, task);
     WriteBatchFile(context, folder, name);
@@ -255,27 +254,27 @@ void WriteDescFile(Context& context)
         if (isFunction(row))
             return;
         caeInput.line(inputParameterLine(row));
-        inputValues.line(nameValueLine(row));
+        inputNamesAndValues.line(nameValueLine(row));
         task.line(inputLine(row));
     });
     WriteFunctionInputs(context);
     task.write(fillIn(betweenInputsAndOutputs, {}));
-    inputValues.close();
+    inputNamesAndValues.close();
     caeInput.close();
     logDebug(context.log, "Closed files ", inputPaths);
 
-    TextFile caeOutput = open(outputExchange.description);
-    TextFile outputValues = open(outputExchange.values);
+    TextFile caeOutput = open(outputDescription);
+    TextFile outputNamesAndValues = open(outputValues);
     const std::string outputPaths = pathsOf(outputExchange, folder);
     logDebug(context.log, "Opened files ", outputPaths, " For writing");
     caeOutput.write(exchangeHead(context, outputExchange, name));
     forEachNamedRow(context, context.form.OutputsList, [&](const ParameterRow& row) {
         caeOutput.line(outputResponseLine(row));
-        outputValues.line(nameValueLine(row));
+        outputNamesAndValues.line(nameValueLine(row));
         task.line(outputLine(row));
     });
     WriteDescFileTail(context, task, name);
-    outputValues.close();
+    outputNamesAndValues.close();
     caeOutput.close();
     logDebug(context.log, "Closed files ", outputPaths, " ");
     logDebug(context.log, "At end of  write desc file");  // sic

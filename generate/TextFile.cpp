@@ -1,7 +1,10 @@
 #include "generate/TextFile.h"
 
 #include "logging/Module1.h"
-#include "system/Retry.h"
+#include "system/PendingError.h"
+#include "system/RuntimeError.h"
+
+#include <utility>
 
 namespace generate
 {
@@ -49,13 +52,8 @@ TextFile::TextFile(sys::System& system, logging::FemapLogger& log, const std::st
     : system_(system),
       log_(log),
       path_(path),
-      temporaryPath_(path + ".part~"),
-      writer_(namingFile(path,
-                         [&] {
-                             return sys::retriedWhileDenied(
-                                 system, [&] { return system.files.create(temporaryPath_); });
-                         }),
-              system.codePage)
+      temporary_(namingFile(path, [&] { return system.files.createBeside(path); })),
+      writer_(std::move(temporary_.file), system.codePage)
 {}
 
 TextFile::~TextFile()
@@ -64,7 +62,12 @@ TextFile::~TextFile()
         return;
     writer_.discard();
     sys::PendingError ignored;  // the error that ended the writing says more
-    ignored.attempt([&] { system_.files.remove(temporaryPath_); });
+    ignored.attempt([&] { system_.files.remove(temporary_.path); });
+}
+
+void TextFile::demandReplaceable(sys::System& system, const std::string& path)
+{
+    namingFile(path, [&] { system.files.demandReplaceable(path); });
 }
 
 void TextFile::line(std::span<const std::string_view> pieces)
@@ -86,7 +89,7 @@ void TextFile::close()
     namingFile(path_, [&] {
         writer_.flush();
         writer_.close();
-        sys::retriedWhileDenied(system_, [&] { system_.files.replace(path_, temporaryPath_); });
+        system_.files.replace(path_, temporary_.path);
     });
     closed_ = true;
     if (writer_.firstLossyLine() != 0)

@@ -19,6 +19,8 @@ public:
     /// Raises RuntimeError when the temporary file cannot be created.
     TextFile(sys::System& system, logging::FemapLogger& log, const std::string& path);
     ~TextFile();
+    /// Raises what would be in the way of a file at the path, as far as that can be known before.
+    static void demandReplaceable(sys::System& system, const std::string& path);
     TextFile(const TextFile&) = delete;
     TextFile& operator=(const TextFile&) = delete;
 
@@ -36,7 +38,7 @@ private:
     sys::System& system_;
     logging::FemapLogger& log_;
     std::string path_;
-    std::string temporaryPath_;
+    sys::TemporaryFile temporary_;
     sys::LineWriter writer_;
     bool closed_ = false;
 };

@@ -1,7 +1,5 @@
 #include "logging/FemapLogger.h"
 
-#include "system/Retry.h"
-
 #include <algorithm>
 #include <array>
 #include <new>
@@ -88,8 +86,7 @@ void FemapLogger::InitialiseLogger(std::string& strlogfilename, std::string& str
 void FemapLogger::openFile(const std::string& name)
 {
     path_ = PrepareLogFolder(ChooseTempFolder()) + sys::pathSeparator + name;
-    std::unique_ptr<sys::OutputFile> file = sys::retriedWhileDenied(
-        system_, [&] { return system_.files.openAlone(path_, beginsALog); });
+    std::unique_ptr<sys::OutputFile> file = system_.files.openAlone(path_, beginsALog);
     if (file == nullptr)
         throw sys::RuntimeError(sys::ErrorNumber::FileError,
                                 "this file is no log and stays as it is: " + path_);

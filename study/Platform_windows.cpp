@@ -5,6 +5,7 @@
 #include "study/Recorder.h"
 #include "system/RuntimeError.h"
 #include "system/System.h"
+#include "system/TemporaryFiles.h"
 #include "windows/Libraries.h"
 
 #include <windows.h>
@@ -46,6 +47,7 @@ void record(const std::string& script, const std::string& arguments)
 void prepareProcess()
 {
     windows::takeLibrariesFromSystemOnly();
+    sys::removeTemporariesWhenEnded();
 }
 
 std::function<std::unique_ptr<femap::Connector>(femap::SelectionDialogs&)> runningFemap()

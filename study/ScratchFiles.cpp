@@ -68,6 +68,17 @@ std::string ScratchFiles::read(const std::string& path)
     return found == written_.end() ? real_.read(path) : found->second;
 }
 
+sys::TemporaryFile ScratchFiles::createBeside(const std::string& path)
+{
+    const std::string beside = path + '~';
+    return {beside, create(beside)};
+}
+
+void ScratchFiles::demandReplaceable(const std::string& path)
+{
+    demandFolderOf(path);
+}
+
 void ScratchFiles::replace(const std::string& path, const std::string& by)
 {
     written_[path] = read(by);
@@ -77,6 +88,12 @@ void ScratchFiles::replace(const std::string& path, const std::string& by)
 void ScratchFiles::remove(const std::string& path)
 {
     written_.erase(path);
+}
+
+// Nothing is written that another process could meet.
+std::unique_ptr<sys::FolderLock> ScratchFiles::lockFolder(const std::string& /*folder*/)
+{
+    return nullptr;
 }
 
 void ScratchFiles::demandFolderOf(const std::string& path)

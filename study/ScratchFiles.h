@@ -23,8 +23,11 @@ public:
     std::unique_ptr<sys::OutputFile> openAlone(const std::string& path,
                                                const sys::LineCheck& mayEmpty) override;
     std::string read(const std::string& path) override;
+    sys::TemporaryFile createBeside(const std::string& path) override;
+    void demandReplaceable(const std::string& path) override;
     void replace(const std::string& path, const std::string& by) override;
     void remove(const std::string& path) override;
+    std::unique_ptr<sys::FolderLock> lockFolder(const std::string& folder) override;
 
 private:
     void demandFolderOf(const std::string& path);

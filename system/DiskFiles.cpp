@@ -1,7 +1,10 @@
 // DiskFiles: the real disk on every platform. Errors name the path and the reason of the system.
 #include "system/Files.h"
+#include "system/FolderLock.h"
 #include "system/Platform.h"
+#include "system/Replacing.h"
 #include "system/RuntimeError.h"
+#include "system/TemporaryFiles.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -15,27 +18,25 @@ namespace sys
 namespace
 {
 
+std::string textOf(const std::error_code& reason)
+{
+    const std::error_condition condition = conditionOf(reason);
+    if (condition == std::errc::no_such_device ||
+        condition == std::errc::no_such_device_or_address)  // a pipe that nobody reads
+        return "it is a device or a pipe, not a file";
+    if (condition == std::errc::is_a_directory)
+        return "it is a folder, not a file";
+    return condition.category() == std::generic_category()
+               ? condition.message()
+               : "the system's error " + std::to_string(reason.value());
+}
+
 [[noreturn]] void fail(ErrorNumber number, const std::string& path, const std::string& what,
                        const std::error_code& reason)
 {
-    const std::error_condition condition = conditionOf(reason);
-    if (condition == std::errc::permission_denied)
+    if (conditionOf(reason) == std::errc::permission_denied)
         number = ErrorNumber::PermissionDenied;
-    const bool isCommon = condition.category() == std::generic_category();
-    throw RuntimeError(number,
-                       path + " " + what + ": " +
-                           (isCommon ? condition.message()
-                                     : "the system's error " + std::to_string(reason.value())));
-}
-
-// Asked before a file is replaced, because not every system refuses to replace a protected one.
-bool isWriteProtected(const std::filesystem::path& path)
-{
-    using std::filesystem::perms;
-    std::error_code unknown;
-    const std::filesystem::file_status status = std::filesystem::status(path, unknown);
-    const perms anyWrite = perms::owner_write | perms::group_write | perms::others_write;
-    return std::filesystem::exists(status) && (status.permissions() & anyWrite) == perms::none;
+    throw RuntimeError(number, path + " " + what + ": " + textOf(reason));
 }
 
 std::error_code lastError()
@@ -52,6 +53,20 @@ std::string beginningOf(std::FILE* file, const std::string& path)
     if (std::ferror(file) != 0)
         fail(ErrorNumber::FileError, path, "could not be read", lastError());
     return text;
+}
+
+// Nobody writes them any more: who writes files in a folder has its lock.
+void removeStaleTemporaries(const std::string& folder)
+{
+    std::error_code unreadable;
+    std::filesystem::directory_iterator each(toPath(folder.empty() ? "." : folder), unreadable);
+    for (; !unreadable && each != std::filesystem::directory_iterator();
+         each.increment(unreadable)) {
+        const std::u8string name = each->path().filename().u8string();
+        const std::string found(name.begin(), name.end());
+        if (isTemporaryName(found))
+            removeFile(folder + found);
+    }
 }
 
 class DiskOutputFile : public OutputFile
@@ -121,9 +136,6 @@ std::unique_ptr<OutputFile> DiskFiles::openAlone(const std::string& path, const 
     if (reason == std::errc::device_or_resource_busy)
         throw RuntimeError(ErrorNumber::PermissionDenied,
                            "another program has the file open: " + path);
-    if (reason == std::errc::no_such_device)
-        throw RuntimeError(ErrorNumber::FileError,
-                           path + " could not be created: it is a device or a pipe, not a file");
     if (file == nullptr)
         fail(ErrorNumber::FileError, path, "could not be created", reason);
     auto output = std::make_unique<DiskOutputFile>(path, file);
@@ -159,20 +171,48 @@ std::string DiskFiles::read(const std::string& path)
     return content;
 }
 
+TemporaryFile DiskFiles::createBeside(const std::string& path)
+{
+    TemporaryFile created;
+    std::error_code reason;
+    std::FILE* const file = createTemporary(path, created.path, reason);
+    if (file == nullptr)
+        fail(ErrorNumber::FileError, path, "could not be created", reason);
+    created.file = std::make_unique<DiskOutputFile>(path, file);
+    return created;
+}
+
+void DiskFiles::demandReplaceable(const std::string& path)
+{
+    if (const std::error_code reason = reasonAgainstReplacing(path))
+        fail(ErrorNumber::FileError, path, "could not be replaced", reason);
+    TemporaryFile trial = createBeside(path);
+    trial.file.reset();
+    remove(trial.path);
+}
+
 void DiskFiles::replace(const std::string& path, const std::string& by)
 {
-    std::error_code reason;
-    if (isWriteProtected(toPath(path)))
-        reason = std::make_error_code(std::errc::permission_denied);
-    else
-        std::filesystem::rename(toPath(by), toPath(path), reason);
-    if (reason)
+    if (const std::error_code reason = replaceFile(path, by))
         fail(ErrorNumber::FileError, path, "could not be replaced", reason);
+    forgetTemporary(by);
 }
 
 void DiskFiles::remove(const std::string& path)
 {
     removeFile(path);
+    forgetTemporary(path);
+}
+
+std::unique_ptr<FolderLock> DiskFiles::lockFolder(const std::string& folder)
+{
+    std::string holder;
+    std::unique_ptr<FolderLock> lock = takeFolder(folder, holder);
+    if (!holder.empty())
+        throw RuntimeError(ErrorNumber::PermissionDenied, holder);
+    if (lock != nullptr)
+        removeStaleTemporaries(folder);
+    return lock;
 }
 
 }  // namespace sys

@@ -26,6 +26,20 @@ public:
 
 using LineCheck = std::function<bool(std::string_view line)>;
 
+/// A file under a name of its own, until it takes the place of another one or is removed.
+struct TemporaryFile
+{
+    std::string path;
+    std::unique_ptr<OutputFile> file;
+};
+
+/// Keeps a folder for one process until it is destroyed or the process has ended.
+class FolderLock
+{
+public:
+    virtual ~FolderLock() = default;
+};
+
 /// The disk. Paths are UTF-8; contents are bytes. An operation that the system denies, because
 /// another program holds the file or the right to it is missing, raises PermissionDenied.
 class Files
@@ -47,10 +61,24 @@ public:
                                                   const LineCheck& mayEmpty) = 0;
     /// The whole content. Raises RuntimeError (FileNotFound, FileError).
     virtual std::string read(const std::string& path) = 0;
-    /// Replaces a file by another in one step. Raises RuntimeError.
+
+    /// Creates a file beside the one at the path, under a name that nobody has. Raises
+    /// RuntimeError; all errors, those of the file too, name the path itself.
+    virtual TemporaryFile createBeside(const std::string& path) = 0;
+    /// Raises what would be in the way of replacing the file at the path, whether there is one or
+    /// not, as far as that can be known before. Leaves nothing behind.
+    virtual void demandReplaceable(const std::string& path) = 0;
+    /// Replaces a file by another in one step that outlasts a power cut; its rights and attributes
+    /// stay. Raises RuntimeError.
     virtual void replace(const std::string& path, const std::string& by) = 0;
     /// No error when there is no such file.
     virtual void remove(const std::string& path) = 0;
+
+    /// Keeps the folder, given as the beginning of a path, for this process as far as others ask;
+    /// removes the files of createBeside that are left there. Null where the file system has no
+    /// locks. Raises RuntimeError (PermissionDenied) while another process has it; the description
+    /// is the name of that one.
+    virtual std::unique_ptr<FolderLock> lockFolder(const std::string& folder) = 0;
 };
 
 /// The real disk.
@@ -63,8 +91,11 @@ public:
     std::unique_ptr<OutputFile> openAlone(const std::string& path,
                                           const LineCheck& mayEmpty) override;
     std::string read(const std::string& path) override;
+    TemporaryFile createBeside(const std::string& path) override;
+    void demandReplaceable(const std::string& path) override;
     void replace(const std::string& path, const std::string& by) override;
     void remove(const std::string& path) override;
+    std::unique_ptr<FolderLock> lockFolder(const std::string& folder) override;
 };
 
 /// The separator of paths on this platform, and all characters that it accepts as separators.

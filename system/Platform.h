@@ -15,7 +15,12 @@ class CodePage;
 
 /// The path as this platform's functions take it, however long it is.
 std::filesystem::path toPath(const std::string& path);
-/// Binary; null when the file cannot be opened, and errno tells why.
+/// Absolute and without parts such as ".."; the reason tells when there is none.
+std::string fullPath(const std::string& path, std::error_code& reason);
+/// Whether the system takes the path for a device, whatever lies in its folder.
+bool namesDevice(const std::string& path);
+/// Binary; null when the file cannot be opened, and errno tells why: EISDIR when it is a folder,
+/// ENODEV when it is a pipe or a device that cannot stand for a file. Never waits for one.
 std::FILE* openFile(const std::string& path, bool forWriting);
 /// For reading and writing, for this process alone, and only where an ordinary file is or can be
 /// made. Null when that cannot be, and the reason tells why: device_or_resource_busy while another

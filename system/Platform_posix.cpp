@@ -22,9 +22,33 @@ std::filesystem::path toPath(const std::string& path)
     return path;
 }
 
+std::string fullPath(const std::string& path, std::error_code& reason)
+{
+    return std::filesystem::absolute(path, reason).lexically_normal();
+}
+
+bool namesDevice(const std::string& /*path*/)
+{
+    return false;
+}
+
 std::FILE* openFile(const std::string& path, bool forWriting)
 {
-    return std::fopen(path.c_str(), forWriting ? "wb" : "rb");
+    const int access = forWriting ? O_WRONLY | O_CREAT | O_TRUNC : O_RDONLY;
+    // Without waiting for the other end of a pipe.
+    const int file = open(path.c_str(), access | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666);
+    if (file < 0)
+        return nullptr;
+    struct stat status = {};
+    const bool isKnown = fstat(file, &status) == 0;
+    // A device such as /dev/null takes everything; what one gives may never end.
+    const bool mayBeOpen =
+        isKnown && (S_ISREG(status.st_mode) || (forWriting && S_ISCHR(status.st_mode)));
+    if (mayBeOpen)
+        return fdopen(file, forWriting ? "wb" : "rb");
+    close(file);
+    errno = isKnown && S_ISDIR(status.st_mode) ? EISDIR : ENODEV;
+    return nullptr;
 }
 
 std::FILE* openFileAlone(const std::string& path, std::error_code& reason)

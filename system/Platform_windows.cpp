@@ -6,8 +6,12 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <fcntl.h>
 #include <io.h>
+#include <iterator>
+#include <string_view>
 
 namespace sys
 {
@@ -18,17 +22,35 @@ const std::string_view pathSeparators = "\\/";  // Windows takes a slash for a b
 namespace
 {
 
-// Windows takes a path of 260 characters and more only in this form. It does not resolve parts such
-// as ".." in it, so only long paths are given that way.
-std::filesystem::path inLongForm(std::filesystem::path path)
+constexpr std::wstring_view asItStands = L"\\\\?\\";  // in such a path Windows resolves nothing
+constexpr std::wstring_view ofDevices = L"\\\\.\\";
+
+std::wstring withBackslashes(const std::string& path)
 {
-    constexpr std::size_t longestPlainPath = 240;  // a folder must leave room for a short file name
-    path.make_preferred();
-    const std::wstring text = path.native();
-    if (text.size() < longestPlainPath || !path.is_absolute() || text.starts_with(L"\\\\?\\"))
-        return path;
-    const std::wstring plain = path.lexically_normal().native();
-    return plain.starts_with(L"\\\\") ? L"\\\\?\\UNC" + plain.substr(1) : L"\\\\?\\" + plain;
+    std::wstring text = windows::toWide(path);
+    std::ranges::replace(text, L'/', L'\\');
+    return text;
+}
+
+std::wstring fullForm(const std::wstring& path)
+{
+    std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+    full.resize(
+        GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+    return full;
+}
+
+// Names that stand for devices in every folder, whatever comes after a point.
+constexpr std::wstring_view deviceNames[] = {L"CON", L"PRN", L"AUX", L"NUL", L"CONIN$", L"CONOUT$"};
+constexpr std::wstring_view numberedDevices[] = {L"COM", L"LPT"};
+constexpr std::wstring_view deviceNumbers = L"0123456789\u00B9\u00B2\u00B3";
+
+bool isDeviceName(const std::wstring& name)
+{
+    if (std::ranges::find(deviceNames, name) != std::end(deviceNames))
+        return true;
+    return name.size() == 4 && deviceNumbers.find(name[3]) != std::wstring_view::npos &&
+           std::ranges::find(numberedDevices, name.substr(0, 3)) != std::end(numberedDevices);
 }
 
 bool isInUse(const std::error_code& reason)
@@ -51,12 +73,52 @@ public:
 
 std::filesystem::path toPath(const std::string& path)
 {
-    return inLongForm(std::u8string(path.begin(), path.end()));
+    // Windows takes a path of 260 characters and more only in the form that it does not resolve.
+    constexpr std::size_t longestPlainPath = 240;  // a folder must leave room for a short file name
+    const std::wstring text = withBackslashes(path);
+    if (text.size() < longestPlainPath || text.starts_with(asItStands))
+        return text;
+    const std::wstring full = fullForm(text);
+    if (full.starts_with(asItStands))
+        return full;
+    return full.starts_with(L"\\\\") ? std::wstring(asItStands) + L"UNC" + full.substr(1)
+                                     : std::wstring(asItStands) + full;
+}
+
+std::string fullPath(const std::string& path, std::error_code& reason)
+{
+    const std::wstring full = fullForm(withBackslashes(path));
+    if (full.empty())
+        reason.assign(static_cast<int>(GetLastError()), std::system_category());
+    return windows::fromWide(full);
+}
+
+bool namesDevice(const std::string& path)
+{
+    const std::wstring text = withBackslashes(path);
+    std::wstring name = text.substr(text.rfind(L'\\') + 1);
+    name = name.substr(0, name.find_first_of(L".:"));
+    name.resize(name.find_last_not_of(L' ') + 1);
+    for (wchar_t& c : name)
+        c = c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - L'a' + L'A') : c;
+    return text.starts_with(ofDevices) || isDeviceName(name);
 }
 
 std::FILE* openFile(const std::string& path, bool forWriting)
 {
-    return _wfopen(toPath(path).c_str(), forWriting ? L"wb" : L"rb");
+    if (namesDevice(path) || isFolder(path)) {
+        errno = namesDevice(path) ? ENODEV : EISDIR;
+        return nullptr;
+    }
+    std::FILE* const file = _wfopen(toPath(path).c_str(), forWriting ? L"wb" : L"rb");
+    if (file == nullptr)
+        return nullptr;
+    const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
+    if (GetFileType(handle) == FILE_TYPE_DISK)
+        return file;
+    static_cast<void>(std::fclose(file));
+    errno = ENODEV;
+    return nullptr;
 }
 
 std::FILE* openFileAlone(const std::string& path, std::error_code& reason)
@@ -65,6 +127,8 @@ std::FILE* openFileAlone(const std::string& path, std::error_code& reason)
         reason = std::make_error_code(error);
         return nullptr;
     };
+    if (namesDevice(path))
+        return failed(std::errc::no_such_device);
     // Others may read it; to write it they would have to share it.
     const HANDLE handle =
         CreateFileW(toPath(path).c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
@@ -94,12 +158,10 @@ int bringToDisk(std::FILE* file)
     return _commit(_fileno(file));
 }
 
-// std::filesystem::is_directory does not take long paths here.
 bool isFolder(const std::string& path)
 {
-    std::error_code reason;
-    const std::filesystem::directory_iterator content(toPath(path), reason);
-    return !reason;
+    const DWORD attributes = GetFileAttributesW(toPath(path).c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
 void removeFile(const std::string& path)

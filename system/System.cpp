@@ -1,5 +1,6 @@
 #include "system/System.h"
 
+#include "system/PatientFiles.h"
 #include "system/Platform.h"
 
 #include <chrono>
@@ -21,13 +22,12 @@ double monotonicSeconds()
 
 System thisMachine()
 {
-    static DiskFiles files;
-    return {files,
-            usersCodePage(),
-            localTime,
-            monotonicSeconds,
-            environmentVariable,
-            [](std::chrono::milliseconds pause) { std::this_thread::sleep_for(pause); }};
+    static const Pause sleep = [](std::chrono::milliseconds pause) {
+        std::this_thread::sleep_for(pause);
+    };
+    static DiskFiles disk;
+    static PatientFiles files(disk, sleep);
+    return {files, usersCodePage(), localTime, monotonicSeconds, environmentVariable, sleep};
 }
 
 }  // namespace sys

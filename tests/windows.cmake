@@ -8,7 +8,7 @@ velmar_test_library(form_driver app/window
     LINK app_window beside_standin)
 
 velmar_test(windows LINK windows)
-velmar_test(system SOURCES DiskFilesTest.cpp SystemTest.cpp SystemTest_windows.cpp LINK system)
+velmar_test(system SOURCES DiskFilesTest.cpp DiskFilesTest_windows.cpp SystemTest.cpp SystemTest_windows.cpp LINK system)
 velmar_test(femap SOURCES NumberTextTest.cpp LINK femap)
 velmar_test(femap/com LOCK femap.model LABELS com LINK beside_standin standin)
 velmar_test(standin LOCK femap.model
@@ -37,6 +37,7 @@ velmar_test(study LOCK femap.model LABELS com
     LINK beside_standin)
 velmar_test(reliability
     SOURCES
+        EndedRunsTest_windows.cpp
         HeldFilesTest_windows.cpp
         HeldModelTest_windows.cpp
         Imports_windows.cpp

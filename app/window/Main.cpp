@@ -2,6 +2,7 @@
 #include "app/window/MainWindow.h"
 #include "femap/com/FemapConnector.h"
 #include "system/System.h"
+#include "system/TemporaryFiles.h"
 #include "windows/Libraries.h"
 #include "windows/Text.h"
 
@@ -44,6 +45,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int showCommand)
 {
     try {
         windows::takeLibrariesFromSystemOnly();
+        sys::removeTemporariesWhenEnded();
         return runForm(showCommand);
     }
     catch (const std::exception& mistake) {

@@ -3,12 +3,11 @@
 #include "femap/embedded/HostObjects.h"
 #include "femap/neutral/NeutralFile.h"
 #include "system/CodePage.h"
-#include "system/Retry.h"
+#include "system/Platform.h"
 #include "system/RuntimeError.h"
 #include "system/System.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <new>
 #include <stdexcept>
 #include <system_error>
@@ -85,14 +84,12 @@ private:
 
 std::string fullPathOf(const std::string& path)
 {
-    const std::filesystem::path given = std::u8string(path.begin(), path.end());
     std::error_code reason;
-    const std::filesystem::path full = std::filesystem::absolute(given, reason);
+    std::string full = sys::fullPath(path, reason);
     if (reason)  // such as a working folder that was removed
         throw RuntimeError(ErrorNumber::PathNotFound,
                            path + " has no full path: " + reason.message());
-    const std::u8string text = full.lexically_normal().u8string();
-    return {text.begin(), text.end()};
+    return full;
 }
 
 [[noreturn]] void refuseAsTooLarge(const std::string& path)
@@ -103,13 +100,11 @@ std::string fullPathOf(const std::string& path)
                            path);
 }
 
-/// Reads a file that another program may hold for a moment. Returns what the reader remarks.
+/// Returns what the reader remarks.
 std::vector<std::string> readInto(Model& model, const std::string& path)
 {
-    const sys::System machine = sys::thisMachine();
     try {
-        const std::string content =
-            sys::retriedWhileDenied(machine, [&] { return machine.files.read(path); });
+        const std::string content = sys::thisMachine().files.read(path);
         return readNeutralFile(content, path, sys::windows1252(), model);
     }
     catch (const std::bad_alloc&) {

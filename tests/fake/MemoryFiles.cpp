@@ -17,7 +17,9 @@ namespace
 class MemoryOutputFile : public sys::OutputFile
 {
 public:
-    MemoryOutputFile(MemoryFiles& files, std::string path) : files_(files), path_(std::move(path))
+    /// Errors tell the name.
+    MemoryOutputFile(MemoryFiles& files, std::string path, std::string name)
+        : files_(files), path_(std::move(path)), name_(std::move(name))
     {}
 
     void write(std::string_view bytes) override
@@ -25,16 +27,33 @@ public:
         std::string& content = files_.contents[path_];
         const std::size_t before = content.size();
         content.append(bytes.substr(0, bytes.size() / 2));
-        files_.step(path_);
+        files_.step(name_);
         content.resize(before);
         content.append(bytes);
     }
-    void flush() override { files_.step(path_); }
-    void close() override { files_.step(path_); }
+    void flush() override { files_.step(name_); }
+    void close() override { files_.step(name_); }
 
 private:
     MemoryFiles& files_;
     std::string path_;
+    std::string name_;
+};
+
+class MemoryLock : public sys::FolderLock
+{
+public:
+    MemoryLock(MemoryFiles& files, std::string folder) : files_(files), folder_(std::move(folder))
+    {
+        files_.locked.push_back(folder_);
+    }
+    ~MemoryLock() override { files_.locked.push_back('-' + folder_); }
+    MemoryLock(const MemoryLock&) = delete;
+    MemoryLock& operator=(const MemoryLock&) = delete;
+
+private:
+    MemoryFiles& files_;
+    std::string folder_;
 };
 
 // No other can open it like that before it is closed.
@@ -75,11 +94,23 @@ void MemoryFiles::createFolder(const std::string& path)
 
 std::unique_ptr<sys::OutputFile> MemoryFiles::create(const std::string& path)
 {
+    return createNamed(path, path);
+}
+
+sys::TemporaryFile MemoryFiles::createBeside(const std::string& path)
+{
+    const std::string beside = path + " in work";
+    return {beside, createNamed(beside, path)};
+}
+
+void MemoryFiles::demandReplaceable(const std::string& path)
+{
+    demanded.push_back(path);
     step(path);
+    if (irreplaceable.contains(path))
+        throw RuntimeError(ErrorNumber::FileError, path + " could not be replaced: " + failure);
     if (missingFolders.contains(folderOf(path)))
-        throw RuntimeError(ErrorNumber::FileError, path + " could not be created");
-    contents[path].clear();
-    return std::make_unique<MemoryOutputFile>(*this, path);
+        throw RuntimeError(ErrorNumber::FileError, path + " could not be created: no such folder");
 }
 
 std::unique_ptr<sys::OutputFile> MemoryFiles::openAlone(const std::string& path,
@@ -117,6 +148,23 @@ void MemoryFiles::replace(const std::string& path, const std::string& by)
 void MemoryFiles::remove(const std::string& path)
 {
     contents.erase(path);
+}
+
+std::unique_ptr<sys::FolderLock> MemoryFiles::lockFolder(const std::string& folder)
+{
+    if (heldLocks > 0 && heldLocks-- > 0)
+        throw RuntimeError(ErrorNumber::PermissionDenied, "another (process 1) of user a");
+    return std::make_unique<MemoryLock>(*this, folder);
+}
+
+std::unique_ptr<sys::OutputFile> MemoryFiles::createNamed(const std::string& path,
+                                                          const std::string& name)
+{
+    step(name);
+    if (missingFolders.contains(folderOf(path)))
+        throw RuntimeError(ErrorNumber::FileError, name + " could not be created");
+    contents[path].clear();
+    return std::make_unique<MemoryOutputFile>(*this, path, name);
 }
 
 std::map<std::string, std::string> MemoryFiles::inFolder(const std::string& folder) const

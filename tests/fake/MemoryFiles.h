@@ -19,14 +19,19 @@ public:
     std::set<std::string> missingFolders;
     std::vector<std::string> createdFolders;
 
-    /// The number of the operation (create, write, flush, close, replace), counted from 1, that
-    /// fails; 0: none. A write fails after half of its bytes.
+    /// The number of the operation (create, write, flush, close, replace, demandReplaceable),
+    /// counted from 1, that fails; 0: none. A write fails after half of its bytes.
     int failingOperation = 0;
     int operations = 0;
     std::set<std::string> openAloneNow;  // paths
     /// So many of the next reads are denied, as while another program holds the file.
     int deniedReads = 0;
     std::string failure = "No space left on device";
+    /// So many of the next tries to lock a folder meet another process.
+    int heldLocks = 0;
+    std::set<std::string> irreplaceable;
+    std::vector<std::string> demanded;  // paths of demandReplaceable
+    std::vector<std::string> locked;    // folders, with "-" before those that were let go
 
     bool folderExists(const std::string& path) override;
     void createFolder(const std::string& path) override;
@@ -34,8 +39,11 @@ public:
     std::unique_ptr<sys::OutputFile> openAlone(const std::string& path,
                                                const sys::LineCheck& mayEmpty) override;
     std::string read(const std::string& path) override;
+    sys::TemporaryFile createBeside(const std::string& path) override;
+    void demandReplaceable(const std::string& path) override;
     void replace(const std::string& path, const std::string& by) override;
     void remove(const std::string& path) override;
+    std::unique_ptr<sys::FolderLock> lockFolder(const std::string& folder) override;
 
     /// What lies in a folder, by file name. The folder ends in the path separator.
     std::map<std::string, std::string> inFolder(const std::string& folder) const;
@@ -44,6 +52,10 @@ public:
 
     /// Counts an operation and raises when it is the one that fails.
     void step(const std::string& path);
+
+private:
+    // Errors tell the name.
+    std::unique_ptr<sys::OutputFile> createNamed(const std::string& path, const std::string& name);
 };
 
 }  // namespace fake

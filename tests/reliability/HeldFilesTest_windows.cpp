@@ -76,6 +76,34 @@ TEST_F(AFileOnWindows, IsWrittenThoughAnotherProgramHoldsItForAMoment)
     EXPECT_THAT(folder.listing(), ElementsAre("Träger.txt"));
 }
 
+TEST_F(AFileOnWindows, IsReadThoughAnotherProgramHoldsItForAMoment)
+{
+    const int held = hold();
+    std::thread other([held] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        _close(held);
+    });
+
+    const std::string content = system.files.read(path);
+
+    other.join();
+    EXPECT_EQ(content, "old\r\n");
+}
+
+TEST_F(AFileOnWindows, IsTriedThoughAnotherProgramHoldsItForAMoment)
+{
+    const int held = hold();
+    std::thread other([held] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        _close(held);
+    });
+
+    EXPECT_NO_THROW(system.files.demandReplaceable(path));
+
+    other.join();
+    EXPECT_THAT(folder.listing(), ElementsAre("Träger.txt"));
+}
+
 TEST_F(AFileOnWindows, StaysAsItIsWhenAnotherProgramKeepsItAndAMessageSaysSo)
 {
     const auto begin = std::chrono::steady_clock::now();

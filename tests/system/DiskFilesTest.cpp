@@ -218,6 +218,109 @@ TEST_F(DiskFilesTest, RemovesAFileAndBearsThatThereIsNone)
     EXPECT_THAT(folder.listing(), IsEmpty());
 }
 
+TEST_F(DiskFilesTest, GivesATemporaryFileANameThatNobodyHas)
+{
+    sys::TemporaryFile one = files.createBeside(folder.path("out"));
+    sys::TemporaryFile two = files.createBeside(folder.path("out"));
+    one.file->write("one");
+    two.file->write("two");
+    one.file->close();
+    two.file->close();
+
+    EXPECT_NE(one.path, two.path);
+    EXPECT_EQ(files.read(one.path), "one");
+    EXPECT_EQ(files.read(two.path), "two");
+}
+
+TEST_F(DiskFilesTest, NamesTheFileItselfWhenThereCanBeNoneBesideIt)
+{
+    const std::string path = folder.path("gone") + sys::pathSeparator + "out";
+
+    const RuntimeError error = errorOf([&] { files.createBeside(path); });
+
+    EXPECT_THAT(error.description(), StartsWith(path + " could not be created: "));
+}
+
+TEST_F(DiskFilesTest, TriesWhetherAFileCanBeReplacedAndLeavesNothing)
+{
+    write(folder.path("old"), "old");
+
+    files.demandReplaceable(folder.path("old"));
+    files.demandReplaceable(folder.path("none"));
+
+    EXPECT_THAT(folder.listing(), ElementsAre("old"));
+    EXPECT_EQ(files.read(folder.path("old")), "old");
+}
+
+TEST_F(DiskFilesTest, SaysBeforeThatAFileCannotBeReplaced)
+{
+    std::filesystem::create_directory(folder.path("taken"));
+    const std::string gone = folder.path("gone") + sys::pathSeparator + "out";
+    const std::string longName = folder.path(std::string(300, 'n'));
+
+    EXPECT_EQ(errorOf([&] { files.demandReplaceable(folder.path("taken")); }).description(),
+              folder.path("taken") + " could not be replaced: it is a folder, not a file");
+    EXPECT_THAT(errorOf([&] { files.demandReplaceable(gone); }).description(),
+                StartsWith(gone + " could not be "));
+    EXPECT_THAT(errorOf([&] { files.demandReplaceable(longName); }).description(),
+                StartsWith(longName + " could not be "));
+    EXPECT_THAT(folder.listing(), ElementsAre("taken"));
+}
+
+TEST_F(DiskFilesTest, SaysBeforeThatAFileIsWriteProtected)
+{
+    using std::filesystem::perms;
+    write(folder.path("old"), "old");
+    std::filesystem::permissions(folder.path("old"), perms::owner_read);
+
+    const RuntimeError error = errorOf([&] { files.demandReplaceable(folder.path("old")); });
+
+    std::filesystem::permissions(folder.path("old"), perms::owner_all);
+    EXPECT_EQ(error.number(), ErrorNumber::PermissionDenied);
+    EXPECT_EQ(error.description(),
+              folder.path("old") + " could not be replaced: Permission denied");
+}
+
+TEST_F(DiskFilesTest, LetsOneLockAFolderUntilItIsLetGo)
+{
+    auto lock = files.lockFolder(folder.path(""));
+    ASSERT_NE(lock, nullptr);
+
+    const RuntimeError error = errorOf([&] { files.lockFolder(folder.path("")); });
+    lock.reset();
+    const auto next = files.lockFolder(folder.path(""));
+
+    EXPECT_EQ(error.number(), ErrorNumber::PermissionDenied);
+    EXPECT_THAT(error.description(),
+                testing::ContainsRegex("process [0-9]+. of user .+ on computer "));
+    EXPECT_NE(next, nullptr);
+}
+
+TEST_F(DiskFilesTest, LeavesNothingOfALock)
+{
+    files.lockFolder(folder.path(""));
+
+    EXPECT_THAT(folder.listing(), IsEmpty());
+}
+
+TEST_F(DiskFilesTest, RemovesTemporaryFilesOnceAFolderIsLocked)
+{
+    for (const char* name : {"velmar-12-3.part~", "velmar-.part~", "velmar-a.part~", "out.part~"})
+        write(folder.path(name), "");
+
+    const auto lock = files.lockFolder(folder.path(""));
+    const auto listing = folder.listing();
+
+    EXPECT_FALSE(listing.contains("velmar-12-3.part~"));
+    for (const char* name : {"velmar-.part~", "velmar-a.part~", "out.part~"})
+        EXPECT_TRUE(listing.contains(name)) << name;
+}
+
+TEST_F(DiskFilesTest, HasNoLockWhereThereIsNoFolder)
+{
+    EXPECT_EQ(files.lockFolder(folder.path("gone") + sys::pathSeparator), nullptr);
+}
+
 #ifdef __linux__
 // A device that is always full.
 TEST_F(DiskFilesTest, SaysThatTheDiskIsFull)

@@ -1,11 +1,13 @@
 #include "fake/MemoryFiles.h"
 #include "generate/TextFile.h"
-#include "system/Retry.h"
+#include "system/PatientFiles.h"
+#include "system/System.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,10 +29,25 @@ public:
     int refusals = 0;
     ErrorNumber number = ErrorNumber::PermissionDenied;
 
+    sys::TemporaryFile createBeside(const std::string& path) override
+    {
+        refuse(path);
+        return MemoryFiles::createBeside(path);
+    }
     std::unique_ptr<sys::OutputFile> create(const std::string& path) override
     {
         refuse(path);
         return MemoryFiles::create(path);
+    }
+    std::string read(const std::string& path) override
+    {
+        refuse(path);
+        return MemoryFiles::read(path);
+    }
+    void demandReplaceable(const std::string& path) override
+    {
+        refuse(path);
+        MemoryFiles::demandReplaceable(path);
     }
     void replace(const std::string& path, const std::string& by) override
     {
@@ -58,12 +75,10 @@ protected:
 
     HeldFiles files;
     std::vector<std::chrono::milliseconds> waits;
-    sys::System system{files,
-                       sys::windows1252(),
-                       [] { return sys::LocalTime{}; },
-                       [] { return 0.0; },
-                       [](const std::string&) { return std::string(); },
-                       [this](std::chrono::milliseconds pause) { waits.push_back(pause); }};
+    sys::PatientFiles patient{files,
+                              [this](std::chrono::milliseconds pause) { waits.push_back(pause); }};
+    sys::System system{patient, sys::windows1252(), [] { return sys::LocalTime{}; },
+                       [] { return 0.0; }, [](const std::string&) { return std::string(); }};
     logging::FemapLogger log{system};
 };
 
@@ -121,12 +136,39 @@ TEST_F(FileHeldByAnotherProgram, IsTheOnlyReasonToTryAgain)
 
 TEST_F(FileHeldByAnotherProgram, IsTriedAgainAlsoWhereNoTimePasses)
 {
-    system.wait = nullptr;
+    sys::PatientFiles hurried(files, nullptr);
+    files.contents["/in"] = "text";
     files.refusals = 3;
 
-    write();
+    EXPECT_EQ(hurried.read("/in"), "text");
+}
 
-    EXPECT_EQ(files.contents["/out"], "new\r\n");
+TEST_F(FileHeldByAnotherProgram, IsWaitedForWhateverIsToBeDoneWithIt)
+{
+    files.contents["/out"] = "old";
+    const std::vector<std::function<void()>> uses = {
+        [this] { EXPECT_EQ(patient.read("/out"), "old"); },
+        [this] { patient.demandReplaceable("/out"); },
+        [this] { patient.create("/log"); },
+        [this] { patient.remove(patient.createBeside("/out").path); },
+        [this] {
+            files.contents["/new"] = "";
+            patient.replace("/out", "/new");
+        },
+    };
+    for (const auto& use : uses) {
+        files.refusals = 2;
+        waits.clear();
+
+        use();
+
+        EXPECT_THAT(waits, SizeIs(2));
+    }
+}
+
+TEST(ThisMachine, HasAPatientDisk)
+{
+    EXPECT_NE(dynamic_cast<sys::PatientFiles*>(&sys::thisMachine().files), nullptr);
 }
 
 }  // namespace

@@ -1,0 +1,57 @@
+#include "system/PatientFiles.h"
+
+namespace sys
+{
+
+bool PatientFiles::folderExists(const std::string& path)
+{
+    return disk_.folderExists(path);
+}
+
+void PatientFiles::createFolder(const std::string& path)
+{
+    retriedWhileDenied(pause_, [&] { disk_.createFolder(path); });
+}
+
+std::unique_ptr<OutputFile> PatientFiles::create(const std::string& path)
+{
+    return retriedWhileDenied(pause_, [&] { return disk_.create(path); });
+}
+
+std::unique_ptr<OutputFile> PatientFiles::openAlone(const std::string& path,
+                                                    const LineCheck& mayEmpty)
+{
+    return retriedWhileDenied(pause_, [&] { return disk_.openAlone(path, mayEmpty); });
+}
+
+std::string PatientFiles::read(const std::string& path)
+{
+    return retriedWhileDenied(pause_, [&] { return disk_.read(path); });
+}
+
+TemporaryFile PatientFiles::createBeside(const std::string& path)
+{
+    return retriedWhileDenied(pause_, [&] { return disk_.createBeside(path); });
+}
+
+void PatientFiles::demandReplaceable(const std::string& path)
+{
+    retriedWhileDenied(pause_, [&] { disk_.demandReplaceable(path); });
+}
+
+void PatientFiles::replace(const std::string& path, const std::string& by)
+{
+    retriedWhileDenied(pause_, [&] { disk_.replace(path, by); });
+}
+
+void PatientFiles::remove(const std::string& path)
+{
+    disk_.remove(path);
+}
+
+std::unique_ptr<FolderLock> PatientFiles::lockFolder(const std::string& folder)
+{
+    return disk_.lockFolder(folder);
+}
+
+}  // namespace sys

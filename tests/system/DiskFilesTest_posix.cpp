@@ -1,0 +1,175 @@
+// What DiskFiles does on POSIX systems alone.
+#include "fake/TemporaryFolder.h"
+#include "system/Files.h"
+#include "system/RuntimeError.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace
+{
+int foldersBroughtToDisk = 0;
+}
+
+// Takes the place of the C library's in this program and counts those of folders.
+extern "C" int fsync(int file)
+{
+    struct stat status = {};
+    if (fstat(file, &status) == 0 && S_ISDIR(status.st_mode))
+        ++foldersBroughtToDisk;
+    return static_cast<int>(syscall(SYS_fsync, file));
+}
+
+namespace
+{
+
+using sys::DiskFiles;
+using testing::ElementsAre;
+
+class DiskFilesOnPosix : public testing::Test
+{
+protected:
+    void write(const std::string& name, const std::string& content)
+    {
+        const auto file = files.create(folder.path(name));
+        file->write(content);
+        file->close();
+    }
+    void replace(const std::string& name)
+    {
+        const sys::TemporaryFile fresh = files.createBeside(folder.path(name));
+        fresh.file->write("new");
+        fresh.file->close();
+        files.replace(folder.path(name), fresh.path);
+    }
+    mode_t modeOf(const std::string& name) const
+    {
+        struct stat status = {};
+        EXPECT_EQ(stat(folder.path(name).c_str(), &status), 0);
+        return status.st_mode & 07777U;
+    }
+    static std::string errorOf(const std::function<void()>& step)
+    {
+        try {
+            step();
+        }
+        catch (const sys::RuntimeError& error) {
+            return error.description();
+        }
+        return "no error";
+    }
+
+    fake::TemporaryFolder folder;
+    DiskFiles files;
+};
+
+TEST_F(DiskFilesOnPosix, FollowsNoLinkInThePlaceOfATemporaryFile)
+{
+    write("precious", "precious");
+    const std::string one = files.createBeside(folder.path("out")).path;
+    const std::size_t number = one.rfind('-') + 1;
+    const int next = std::stoi(one.substr(number)) + 1;
+    for (int i = next; i < next + 5; ++i)
+        std::filesystem::create_symlink(folder.path("precious"),
+                                        one.substr(0, number) + std::to_string(i) + ".part~");
+
+    const sys::TemporaryFile two = files.createBeside(folder.path("out"));
+    two.file->write("new");
+    two.file->close();
+
+    EXPECT_EQ(files.read(folder.path("precious")), "precious");
+    EXPECT_FALSE(std::filesystem::is_symlink(two.path));
+    EXPECT_EQ(files.read(two.path), "new");
+}
+
+TEST_F(DiskFilesOnPosix, KeepsTheRightsOfAReplacedFile)
+{
+    write("secret", "old");
+    write("shared", "old");
+    chmod(folder.path("secret").c_str(), 0600);
+    chmod(folder.path("shared").c_str(), 0666);
+
+    replace("secret");
+    replace("shared");
+
+    EXPECT_EQ(modeOf("secret"), 0600U);
+    EXPECT_EQ(modeOf("shared"), 0666U);
+    EXPECT_EQ(files.read(folder.path("secret")), "new");
+}
+
+TEST_F(DiskFilesOnPosix, LetsNobodyReadATemporaryFileWhoMayNotReadTheFile)
+{
+    write("secret", "old");
+    chmod(folder.path("secret").c_str(), 0600);
+
+    const sys::TemporaryFile fresh = files.createBeside(folder.path("secret"));
+
+    EXPECT_EQ(modeOf(std::filesystem::path(fresh.path).filename()), 0600U);
+}
+
+TEST_F(DiskFilesOnPosix, KeepsTheOwnerOfAReplacedFileWhereTheUserMay)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "files can be given away by root alone";
+    write("other", "old");
+    ASSERT_EQ(chown(folder.path("other").c_str(), 1234, 2345), 0);
+
+    replace("other");
+
+    struct stat status = {};
+    stat(folder.path("other").c_str(), &status);
+    EXPECT_EQ(status.st_uid, 1234U);
+    EXPECT_EQ(status.st_gid, 2345U);
+}
+
+TEST_F(DiskFilesOnPosix, BringsTheFolderToTheDiskWhenAFileIsReplaced)
+{
+    write("out", "old");
+    foldersBroughtToDisk = 0;
+
+    replace("out");
+
+    EXPECT_EQ(foldersBroughtToDisk, 1);
+}
+
+TEST_F(DiskFilesOnPosix, RefusesAPipeInAFilesPlaceAndWaitsForNoOtherEnd)
+{
+    const std::string pipe = folder.path("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const std::string reason = ": it is a device or a pipe, not a file";
+
+    EXPECT_EQ(errorOf([&] { files.read(pipe); }), pipe + " could not be opened" + reason);
+    EXPECT_EQ(errorOf([&] { files.create(pipe); }), pipe + " could not be created" + reason);
+    EXPECT_EQ(errorOf([&] { files.demandReplaceable(pipe); }),
+              pipe + " could not be replaced" + reason);
+    EXPECT_EQ(errorOf([&] { replace("pipe"); }), pipe + " could not be replaced" + reason);
+    const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+    EXPECT_EQ(errorOf([&] { files.create(pipe); }), pipe + " could not be created" + reason);
+    close(reader);
+}
+
+TEST_F(DiskFilesOnPosix, ReadsNoDeviceThatNeverEnds)
+{
+    EXPECT_EQ(errorOf([&] { files.read("/dev/zero"); }),
+              "/dev/zero could not be opened: it is a device or a pipe, not a file");
+}
+
+TEST_F(DiskFilesOnPosix, RefusesAFolderInAFilesPlace)
+{
+    std::filesystem::create_directory(folder.path("taken"));
+
+    EXPECT_EQ(errorOf([&] { files.read(folder.path("taken")); }),
+              folder.path("taken") + " could not be opened: it is a folder, not a file");
+    EXPECT_EQ(errorOf([&] { files.create(folder.path("taken")); }),
+              folder.path("taken") + " could not be created: it is a folder, not a file");
+}
+
+}  // namespace
