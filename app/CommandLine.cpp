@@ -1,7 +1,5 @@
 #include "app/CommandLine.h"
 
-#include "system/Files.h"
-
 #include <algorithm>
 
 namespace app
@@ -22,14 +20,6 @@ std::string nextField(std::string_view& rest)
     return field;
 }
 
-std::string_view lastPiece(std::string_view text, std::string_view separators)
-{
-    const std::size_t position = text.find_last_of(separators);
-    std::string_view piece = position == std::string_view::npos ? text : text.substr(position + 1);
-    piece.remove_prefix(std::min(piece.find_first_not_of(' '), piece.size()));
-    return piece.substr(0, piece.find_last_not_of(' ') + 1);
-}
-
 }  // namespace
 
 CommandLine parseCommandLine(std::string_view arguments)
@@ -39,11 +29,6 @@ CommandLine parseCommandLine(std::string_view arguments)
     result.logFileName = nextField(arguments);
     result.logLevel = nextField(arguments);
     return result;
-}
-
-std::string GetFileExtension(std::string_view filename)
-{
-    return std::string(lastPiece(lastPiece(filename, sys::pathSeparators), "."));
 }
 
 }  // namespace app

@@ -18,7 +18,4 @@ struct CommandLine
 /// missing fields are empty, further ones are ignored.
 CommandLine parseCommandLine(std::string_view arguments);
 
-/// What follows the last "." of a file name without its folder; the whole name when it has none.
-std::string GetFileExtension(std::string_view filename);
-
 }  // namespace app

@@ -1,5 +1,6 @@
 #include "app/FemapEvents.h"
 
+#include "app/CurrentModel.h"
 #include "app/StartUp.h"
 #include "femap/Constants.h"
 
@@ -37,13 +38,9 @@ void endModel(Session& session)
 // A model was started or opened.
 void newModel(Session& session)
 {
-    if (!enableWhileModelIsOpen(session))
-        return;
-    const int count = countOutputVectors(session);
-    if (count == session.form.modelEntityCount)
-        return;
-    session.propertyList.UpdateCollection();
-    session.form.modelEntityCount = count;
+    Steps steps;
+    takeOverModel(session, steps);
+    steps.raiseFirst();
 }
 
 struct Reaction

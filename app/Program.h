@@ -42,6 +42,8 @@ public:
     Started start(const std::string& arguments);
     /// Why the model of the command line could not be opened; empty when it was.
     const std::string& openFailure() const { return session_.openFailure; }
+    /// Why FEMAP was neither found nor started; empty when it was.
+    const std::string& femapFailure() const { return session_.femapFailure; }
     /// Why there is no log, or none any more; empty while all is well or none was wanted.
     const std::string& logFailure() const { return session_.context.log.failure(); }
 

@@ -45,7 +45,13 @@ struct Session
     /// Set by a procedure that wants both forms unloaded; that is done when it has ended.
     bool closeWanted = false;
 
-    std::string openFailure;  // why the model could not be opened; empty when it was
+    /// Whether the boxes have their first choices and the columns their widths.
+    bool hasInitialChoices = false;
+
+    // Why the model could not be opened, and why FEMAP was neither found nor started; empty when
+    // all went well.
+    std::string openFailure;
+    std::string femapFailure;
 };
 
 }  // namespace app

@@ -1,9 +1,12 @@
 #include "app/StartUp.h"
 
 #include "app/CommandLine.h"
+#include "app/CurrentModel.h"
 #include "generate/ControlFile.h"
+#include "generate/ModelPath.h"
 #include "logging/Module1.h"
 
+#include <functional>
 #include <utility>
 
 namespace app
@@ -19,9 +22,8 @@ using sys::RuntimeError;
 namespace
 {
 
-constexpr int nameWidth = 2412;    // twips
-constexpr int valueWidth = 10000;  // twips
-constexpr int rightOfFemap = 2;    // where the pane goes
+constexpr int rightOfFemap = 2;   // where the pane goes
+constexpr int unknownCount = -1;  // of output vectors
 
 constexpr std::string_view banner = "===============command line arguments===============";
 
@@ -47,34 +49,45 @@ void logArguments(Context& context, const CommandLine& arguments)
     always(banner, "");
 }
 
-bool attachToFemap(Session& session)
+// Takes what the connector gives. Returns why there is nothing; empty when there is.
+std::string failureOf(Context& context,
+                      const std::function<std::unique_ptr<femap::Application>()>& connect)
 {
-    Context& context = session.context;
-    context.error.attempt([&] { context.application = session.connector.attach(); });
-    if (context.application == nullptr)
-        context.error.clear();
-    return context.application != nullptr;
+    try {
+        context.application = connect();
+        return context.application == nullptr ? "FEMAP handed out no application" : "";
+    }
+    catch (const RuntimeError& error) {
+        return error.description();
+    }
+    catch (const femap::ConnectionLost& lost) {  // it is just ending
+        return lost.what();
+    }
 }
 
 // Attaches to a running FEMAP or starts one. False when neither is possible.
 bool reachFemap(Session& session)
 {
     Context& context = session.context;
-    logPosition(context.log, "Before getting femap object");
-    if (attachToFemap(session)) {
-        logDebug(context.log, "Existing instance of FEMAP is used");
+    logging::FemapLogger& log = context.log;
+    logPosition(log, "Before getting femap object");
+    const std::string noRunning = failureOf(context, [&] { return session.connector.attach(); });
+    if (noRunning.empty()) {
+        logDebug(log, "Existing instance of FEMAP is used");
         return true;
     }
-    logDebug(context.log, "Unable to get existing instance of FEMAP");
-    context.error.attempt([&] { context.application = session.connector.create(); });
-    if (context.application == nullptr) {
-        logging::FemapLogger& log = context.log;
+    logDebug(log, "Unable to get existing instance of FEMAP");
+    const std::string noNew = failureOf(context, [&] { return session.connector.create(); });
+    if (!noNew.empty()) {
+        session.femapFailure = noRunning + "; " + noNew;
+        logDebug(log, "Why no running FEMAP is used: ", noRunning);
+        logDebug(log, "Why no FEMAP was started: ", noNew);
         log.writeLogWithLevel(log.LogLevel_error, "Unable to get new instance of FEMAP");
         log.writeLogWithLevel(log.LogLevel_error, "FEMAP not found");
         return false;
     }
-    logDebug(context.log, "New instance of FEMAP is created");
-    logDebug(context.log, "Femap visibility mode is changed to True");
+    logDebug(log, "New instance of FEMAP is created");
+    logDebug(log, "Femap visibility mode is changed to True");
     return true;
 }
 
@@ -106,32 +119,27 @@ void openModel(Session& session, const std::string& path)
     logPositionAndClearErrorIfAny(context.log, context.error, "After opening femap file");
 }
 
-void makeInitialChoices(form::MainForm& form)
+// A FEMAP that told the model's name a moment ago is asked once more.
+bool isModelOpen(Session& session)
 {
-    form.InputSelection.setListIndex(0);   // "Nodes"
-    form.OutputSelection.setListIndex(0);  // "Nodes"
-    form.Solver.setListIndex(1);           // "NXNastran"
-    form.Optimizer.setListIndex(0);        // "Velmar"
+    return enableWhileModelIsOpen(session) ||
+           (!session.form.ownCommandLine.empty() && enableWhileModelIsOpen(session));
 }
 
-void setColumnWidths(form::MainForm& form)
-{
-    for (form::ParameterGrid* grid : {&form.InputsList, &form.OutputsList}) {
-        grid->ColWidth[form::ParameterGrid::nameColumn] = nameWidth;
-        grid->ColWidth[form::ParameterGrid::valueColumn] = valueWidth;
-    }
-}
-
-void restoreSelection(Session& session)
+void restoreSelection(Session& session, Steps& steps)
 {
     Context& context = session.context;
-    if (!enableWhileModelIsOpen(session))
+    if (!isModelOpen(session))
         return;
-    session.propertyList.Form_Load();
-    session.propertyList.UpdateCollection();
-    logDebug(context.log, "Form property collection updated");
-    context.form.modelEntityCount = countOutputVectors(session);
-    generate::Load_Click(context);
+    steps.run([&] { session.propertyList.Form_Load(); });
+    steps.run([&] {
+        session.propertyList.UpdateCollection();
+        logDebug(context.log, "Form property collection updated");
+        context.form.modelEntityCount = countOutputVectors(session);
+    });
+    const auto load = [&] { generate::Load_Click(context); };
+    if (!steps.run(load))
+        steps.run(load);  // nothing else reads it soon
 }
 
 // FEMAP has no way to tell which panes it has, so the answer is always no.
@@ -140,7 +148,7 @@ bool IsPluginAlreadyPresent()
     return false;
 }
 
-void registerPlugin(Session& session)
+void registerPlugin(Session& session, Steps& steps)
 {
     Context& context = session.context;
     if (IsPluginAlreadyPresent()) {
@@ -148,11 +156,14 @@ void registerPlugin(Session& session)
         return;
     }
     logPosition(context.log, "Before registering plugin");
-    context.form.addInPaneResult = context.femap().feAppRegisterAddInPane(addInPane(context));
+    const bool isRegistered = steps.run([&] {
+        context.form.addInPaneResult = context.femap().feAppRegisterAddInPane(addInPane(context));
+    });
     logPosition(context.log, "After registering plugin");
-    InitFormEvents(session);
+    steps.run([&] { InitFormEvents(session); });
     logDebug(context.log, "Intialized form events");  // sic
-    logDebug(context.log, "Plugin is initialized");
+    if (isRegistered)
+        logDebug(context.log, "Plugin is initialized");
 }
 
 }  // namespace
@@ -161,7 +172,7 @@ StartUp Form_Load(Session& session, const std::string& arguments)
 {
     Context& context = session.context;
     CommandLine commandLine = parseCommandLine(arguments);
-    context.form.fileExtension = GetFileExtension(commandLine.modelFile);
+    context.form.fileExtension = generate::GetFileExtension(commandLine.modelFile);
     startLog(context, commandLine);
     logArguments(context, commandLine);
     if (!reachFemap(session)) {
@@ -173,10 +184,11 @@ StartUp Form_Load(Session& session, const std::string& arguments)
     logPosition(context.log, "After getting femap object");
 
     openModel(session, commandLine.modelFile);
-    makeInitialChoices(context.form);
-    setColumnWidths(context.form);
-    restoreSelection(session);
-    registerPlugin(session);
+    Steps steps;
+    steps.run([&] { makeInitialChoices(session); });
+    restoreSelection(session, steps);
+    registerPlugin(session, steps);
+    steps.raiseFirst();
     logPosition(context.log, "At end of Load Form");
     return StartUp::Done;
 }
@@ -189,11 +201,11 @@ void femapReturned(Session& session, std::unique_ptr<femap::Application> applica
     context.form.status.withdraw(femapIsGone);
     context.form.status.tellResult(femapIsBack);
     RestoreFormEvents(session);
-    registerPlugin(session);
-    if (!enableWhileModelIsOpen(session))
-        return;
-    session.propertyList.UpdateCollection();
-    context.form.modelEntityCount = countOutputVectors(session);
+    Steps steps;
+    registerPlugin(session, steps);
+    context.form.modelEntityCount = unknownCount;  // so that the lists are built anew
+    takeOverModel(session, steps);
+    steps.raiseFirst();
 }
 
 void Form_Unload(Session& session)
@@ -209,9 +221,9 @@ void Form_Unload(Session& session)
 
 void InitFormEvents(Session& session)
 {
-    session.eventFemap = session.connector.attach();
     session.context.host.hookEvents();
     session.eventsAreHooked = true;
+    session.eventFemap = session.connector.attach();
 }
 
 void RestoreFormEvents(Session& session)
@@ -219,26 +231,6 @@ void RestoreFormEvents(Session& session)
     session.eventFemap.reset();
     if (std::exchange(session.eventsAreHooked, false))
         session.context.host.unhookEvents();
-}
-
-bool enableWhileModelIsOpen(Session& session)
-{
-    Context& context = session.context;
-    const bool isOpen = context.error.attempt([&] { context.femap().ModelName(); });
-    context.error.clear();
-    context.form.setEnabled(isOpen);
-    if (isOpen)
-        context.form.status.withdraw(noModelOpen);
-    else if (session.openFailure.empty())
-        context.form.status.tellProblem(noModelOpen);
-    return isOpen;
-}
-
-int countOutputVectors(Session& session)
-{
-    const std::unique_ptr<femap::EntitySet> set = session.context.femap().feSet();
-    set->AddAll(femap::EntityType::OutputVector);
-    return set->count();
 }
 
 femap::AddInPane addInPane(Context& context)

@@ -19,7 +19,7 @@ enum class StartUp
 StartUp Form_Load(Session& session, const std::string& arguments);
 
 /// Goes on with a FEMAP that runs again after it was lost: takes over the model that is open there
-/// and registers the form with FEMAP. The rows stay as they are.
+/// and registers the form with FEMAP. Rows stay as they are.
 void femapReturned(Session& session, std::unique_ptr<femap::Application> application);
 
 /// Releases FEMAP and the log. Works in every state, also twice.
@@ -28,11 +28,6 @@ void Form_Unload(Session& session);
 /// Start and end the delivery of FEMAP's event messages to the program.
 void InitFormEvents(Session& session);
 void RestoreFormEvents(Session& session);
-
-/// Enables the controls if FEMAP has a model open, else disables them; returns whether it has.
-bool enableWhileModelIsOpen(Session& session);
-
-int countOutputVectors(Session& session);
 
 /// What the form tells FEMAP about itself when it becomes one of FEMAP's panes.
 femap::AddInPane addInPane(form::Context& context);

@@ -6,8 +6,11 @@
 #include "form/ParameterGrid.h"
 #include "form/Status.h"
 
+#include <cstddef>
 #include <functional>
+#include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,6 +35,15 @@ constexpr int kind = 4;    // "Output", "maxval", "minval" or "MassProperties"
 }  // namespace outputColumn
 
 constexpr std::string_view functionKind = "Function";
+
+/// What this run knows of the selections that are stored beside models.
+struct StoredSelections
+{
+    /// The control files, by path, that were read to their end or looked for in vain.
+    std::set<std::string> readFiles;
+    /// Those that this run read whole or wrote, with a hash of what they hold.
+    std::map<std::string, std::size_t> knownFiles;
+};
 
 struct MainForm
 {
@@ -89,8 +101,12 @@ struct MainForm
     void setEnabled(bool enabled);
 
     // Kept for the whole run.
-    std::string fileExtension;  // of the model named on the command line
-    int modelEntityCount = 0;   // output vectors at start-up or at the last new model
+    std::string fileExtension;       // of the model named on the command line, if one is
+    std::string openModelExtension;  // of the model that FEMAP has open
+    std::string ownCommandLine;      // as the tool wrote it last; else the engineer edited it
+    bool commandLineIsDue = false;   // the model had no name when it was to be written
+    StoredSelections stored;
+    int modelEntityCount = 0;  // output vectors at start-up or at the last new model
     int addInPaneResult = 0;
     int returnCode = 0;                         // of FEMAP's last selection dialog
     std::unique_ptr<femap::Function> function;  // created on first use

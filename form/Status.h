@@ -28,6 +28,8 @@ public:
     void tellFailure(std::string_view text);
     /// Stands behind whatever else is told: what became of the log.
     void tellAsWell(std::string_view text);
+    /// What ended the latest action, or else its problem; empty when all went well.
+    const std::string& gravest() const { return failure_.empty() ? problem_ : failure_; }
     /// Takes a text back that is no longer true.
     void withdraw(std::string_view text);
 

@@ -2,8 +2,10 @@
 
 #include "form/FormProcedures.h"
 #include "form/Progress.h"
+#include "generate/ControlFileLines.h"
 #include "generate/ModelPath.h"
 #include "generate/ParameterRow.h"
+#include "generate/PreviousSelection.h"
 #include "generate/Targets.h"
 #include "logging/Module1.h"
 #include "system/RuntimeError.h"
@@ -35,52 +37,12 @@ std::optional<ModelPath> savedModel(Context& context)
     return std::nullopt;
 }
 
-/// Gives the lines of a text one by one, whether they end in CR LF or in LF. Control characters
-/// become blanks, except TAB, which separates the cells. A line is valid until the next call.
-class LineReader
+bool isEmpty(const ParameterGrid& grid)
 {
-public:
-    explicit LineReader(std::string_view text) : rest_(text) {}
-
-    bool atEnd() const { return rest_.empty(); }
-
-    std::string_view next()
-    {
-        if (atEnd())
-            throw sys::RuntimeError(sys::ErrorNumber::InputPastEnd,
-                                    "The control file ends before its selection is complete");
-        const std::size_t end = std::min(rest_.find('\n'), rest_.size());
-        std::string_view line = rest_.substr(0, end);
-        rest_.remove_prefix(std::min(end + 1, rest_.size()));
-        if (line.ends_with('\r'))
-            line.remove_suffix(1);
-        return holdsStray(line) ? cleaned(line) : line;
-    }
-
-private:
-    static bool isStray(char c)
-    {
-        return (static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7F;
-    }
-
-    // Always runs to the end, so that the compiler can test many characters at a time.
-    static bool holdsStray(std::string_view line)
-    {
-        bool found = false;
-        for (const char c : line)
-            found |= isStray(c);
-        return found;
-    }
-    std::string_view cleaned(std::string_view line)
-    {
-        cleaned_ = line;
-        std::replace_if(cleaned_.begin(), cleaned_.end(), isStray, ' ');
-        return cleaned_;
-    }
-
-    std::string_view rest_;
-    std::string cleaned_;
-};
+    return std::ranges::all_of(grid.rows(), [](const std::string& row) {
+        return form::cellOf(row, ParameterGrid::nameColumn).empty();
+    });
+}
 
 void addLine(Context& context, ParameterGrid& grid, std::string_view line, std::string_view list)
 {
@@ -89,53 +51,117 @@ void addLine(Context& context, ParameterGrid& grid, std::string_view line, std::
 }
 
 // The first line is always a row, even when it is empty; it replaces the blank row.
-void readFirstRow(Context& context, LineReader& lines, ParameterGrid& grid, std::string_view list)
+void readFirstRow(Context& context, LineReader& lines, ParameterGrid& grid, std::string_view list,
+                  Damages& damages)
 {
-    addLine(context, grid, lines.next(), list);
+    const std::string_view line = lines.next();
+    judgeRow(lines, line, context.form, grid, damages);
+    addLine(context, grid, line, list);
     grid.RemoveItem(1);
     logDebug(context.log, "Removed 1 from ", list, " list");
 }
 
-void readRows(Context& context, LineReader& lines)
+// They end with an empty line. A file of one empty line has no rows at all.
+void readInputs(Context& context, LineReader& lines, form::Progress& progress, Damages& damages)
 {
-    form::Progress progress(context, "Loading the selection");
     ParameterGrid& inputs = context.form.InputsList;
-    readFirstRow(context, lines, inputs, "Input");
-    for (std::string_view line = lines.next(); !line.empty(); line = lines.next()) {
-        addLine(context, inputs, line, "Input");
-        progress.step();
-    }
-
-    // The outputs may end with an empty line or with the file.
-    ParameterGrid& outputs = context.form.OutputsList;
-    readFirstRow(context, lines, outputs, "Output");
-    while (!lines.atEnd()) {
+    readFirstRow(context, lines, inputs, "Input", damages);
+    const bool hasRows = !lines.atEnd() || !inputs.text(1, ParameterGrid::nameColumn).empty();
+    for (;;) {
+        if (lines.atEnd() && hasRows)
+            damages.note(lines.number() + 1, "the end of the inputs is missing");
         const std::string_view line = lines.next();
         if (line.empty())
             break;
-        addLine(context, outputs, line, "Output");
+        judgeRow(lines, line, context.form, inputs, damages);
+        addLine(context, inputs, line, "Input");
         progress.step();
     }
 }
 
-// False when it cannot be read. A missing file is usual: most models have no selection yet.
-bool readControlFile(Context& context, const std::string& path, std::string& content)
+// The outputs may end with an empty line or with the file.
+void readOutputs(Context& context, LineReader& lines, form::Progress& progress, Damages& damages)
+{
+    ParameterGrid& outputs = context.form.OutputsList;
+    readFirstRow(context, lines, outputs, "Output", damages);
+    while (!lines.atEnd()) {
+        const std::string_view line = lines.next();
+        if (line.empty())
+            break;
+        judgeRow(lines, line, context.form, outputs, damages);
+        addLine(context, outputs, line, "Output");
+        progress.step();
+    }
+    while (!lines.atEnd())
+        if (!lines.next().empty())
+            damages.note(lines.number(), "the line stands behind the end of the outputs");
+}
+
+void readRows(Context& context, std::string_view text, Damages& damages)
+{
+    form::Progress progress(context, "Loading the selection");
+    LineReader lines(text);
+    readInputs(context, lines, progress, damages);
+    readOutputs(context, lines, progress, damages);
+}
+
+// As far as FEMAP can show it, and in any case on the status line and in the log.
+void tellAtLeastHere(Context& context, const std::string& text)
+{
+    sys::PendingError notShown;
+    notShown.attempt([&] { form::tellEngineer(context, text); });
+}
+
+struct ControlFile
+{
+    enum State
+    {
+        Read,
+        Missing,  // as usual: most models have no selection yet
+        Unreadable,
+    } state;
+    std::string bytes;
+};
+
+ControlFile readControlFile(Context& context, const std::string& path)
 {
     try {
-        content = context.system.files.read(path);
-        if (!sys::isAscii(content))
-            content = context.system.codePage.decode(content);
-        return true;
+        return {ControlFile::Read, context.system.files.read(path)};
     }
     catch (const sys::RuntimeError& error) {
         logDebug(context.log, "No selection to load: ", error.description());
-        if (error.number() != sys::ErrorNumber::FileNotFound)
-            context.form.status.tellProblem(
-                "The selection of the last \"Apply\" could not be read (" + error.description() +
-                "). The next \"Apply\" replaces it; to keep it, see that no other program has the "
-                "file open and start this tool again");
-        return false;
+        if (error.number() == sys::ErrorNumber::FileNotFound)
+            return {ControlFile::Missing, {}};
+        tellAtLeastHere(context,
+                        "The stored selection cannot be read, and \"Apply\" does not replace it "
+                        "until it can: " +
+                            error.description());
+        return {ControlFile::Unreadable, {}};
     }
+}
+
+// Fills the grids from the bytes of the control file and judges whether nothing of them was lost.
+void fillGrids(Context& context, const std::string& path, std::string_view bytes)
+{
+    constexpr std::string_view mark = "\xEF\xBB\xBF";  // of UTF-8
+    Damages damages(context.log);
+    const bool hasMark = bytes.starts_with(mark);
+    const std::string_view unmarked = bytes.substr(hasMark ? mark.size() : 0);
+    const std::string decoded =
+        sys::isAscii(unmarked) ? std::string() : context.system.codePage.decode(unmarked);
+    const std::string_view text = decoded.empty() ? unmarked : decoded;
+    context.error.attempt([&] {
+        form::ClearAll_Click(context);
+        judgeText(unmarked, hasMark, text, context.system.codePage, damages);
+        readRows(context, text, damages);
+    });
+    if (context.error.isPending())
+        logPositionAndClearErrorIfAny(context.log, context.error, "At end of Load_Click");
+    if (damages.none())
+        rememberControlFile(context, path, bytes);
+    else
+        tellAtLeastHere(context, "The stored selection did not come back as it was: " +
+                                     damages.summary() + ". \"Apply\" keeps a copy: " + path);
 }
 
 }  // namespace
@@ -148,6 +174,7 @@ void Save_Config(Context& context)
         return;
 
     const std::string path = targetPath(*model, controlFile);
+    keepPreviousSelection(context, path);
     TextFile file = openTarget(context, *model, controlFile);
     logDebug(context.log, "Opened file ", path, " to write");
     const auto writeRow = [&](const ParameterRow& row) { file.line(row.text()); };
@@ -155,6 +182,7 @@ void Save_Config(Context& context)
     file.line("");
     forEachNamedRow(context, context.form.OutputsList, writeRow);
     file.close();
+    rememberWrittenControlFile(context, path);
     logDebug(context.log, "Closed file ", path);
 }
 
@@ -167,16 +195,22 @@ void Load_Click(Context& context)
 
     logDebug(context.log, "fileBase=", model->name);
     logPositionAndClearErrorIfAny(context.log, context.error, "In the Load_Click");
-    std::string content;
-    if (!readControlFile(context, targetPath(*model, controlFile), content))
+    const std::string path = targetPath(*model, controlFile);
+    const ControlFile file = readControlFile(context, path);
+    if (file.state == ControlFile::Unreadable)
         return;
-    context.error.attempt([&] {
-        form::ClearAll_Click(context);
-        LineReader lines(content);
-        readRows(context, lines);
-    });
-    if (context.error.isPending())
-        logPositionAndClearErrorIfAny(context.log, context.error, "At end of Load_Click");
+    if (file.state == ControlFile::Read)
+        fillGrids(context, path, file.bytes);
+    context.form.stored.readFiles.insert(path);
+}
+
+void takeOverSelection(Context& context, const std::string& modelFile)
+{
+    form::MainForm& form = context.form;
+    if (modelFile.empty() || !isEmpty(form.InputsList) || !isEmpty(form.OutputsList))
+        return;
+    if (!form.stored.readFiles.contains(targetPath(splitModelPath(modelFile), controlFile)))
+        Load_Click(context);
 }
 
 }  // namespace generate

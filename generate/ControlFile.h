@@ -3,13 +3,21 @@
 
 #include "form/Context.h"
 
+#include <string>
+
 namespace generate
 {
 
-/// Writes both grids into the file. Only tells the engineer when the model has no file yet.
+/// Writes both grids into the file. Only tells the engineer when the model has no file yet. What
+/// the file held is kept as a copy, unless this run read it whole or wrote it.
 void Save_Config(form::Context& context);
 
-/// Replaces both grids by what the file holds. Leaves them as they are when there is no file.
+/// Replaces both grids by what the file holds, and tells what of it was lost. Leaves them as they
+/// are when there is no file.
 void Load_Click(form::Context& context);
+
+/// The same for a model that became the current one, unless its file was read in this run or the
+/// grids hold rows.
+void takeOverSelection(form::Context& context, const std::string& modelFile);
 
 }  // namespace generate

@@ -102,8 +102,10 @@ std::string exchangeHead(const Context& context, const ExchangeFormat& format,
     const auto ofSolver = [&](std::string_view SolverFormat::*part) {
         return solver == nullptr ? Lines{} : Lines{solver->*part};
     };
+    const std::string& named = context.form.fileExtension;
+    const std::string& extension = named.empty() ? context.form.openModelExtension : named;
     return fillIn(format.head, {{"model", {modelName}},
-                                {"extension", {trimmed(context.form.fileExtension)}},
+                                {"extension", {trimmed(extension)}},
                                 {"solver", ofSolver(&SolverFormat::codeName)},
                                 {"deck", ofSolver(&SolverFormat::deck)},
                                 {"results", ofSolver(&SolverFormat::results)}});

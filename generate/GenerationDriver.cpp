@@ -106,7 +106,11 @@ bool mayGenerate(Context& context, std::string& modelFile)
     if (!isRead) {
         context.error.clear();
         tryToTellEngineer(context, "Cannot perform action without a model");
+        return true;
     }
+    context.form.openModelExtension = GetFileExtension(modelFile);
+    if (context.form.commandLineIsDue)
+        renewCommandLine(context, modelFile);
     return true;
 }
 
@@ -120,11 +124,15 @@ std::unique_ptr<sys::FolderLock> prepared(Context& context, const std::string& m
                           tool == nullptr ? std::span<const Target>() : tool->files);
 }
 
-void setCommandLine(Context& context, const SolverFormat& format)
+// Without a name the command line stays as it is.
+void writeCommandLine(form::MainForm& form, const SolverFormat& format,
+                      const std::string& modelFile)
 {
-    const std::string modelFile = context.femap().ModelName();
-    if (!modelFile.empty())
-        context.form.CommandLine.Text = commandLine(format, splitModelPath(modelFile).name);
+    form.commandLineIsDue = modelFile.empty();
+    if (modelFile.empty())
+        return;
+    form.ownCommandLine = commandLine(format, splitModelPath(modelFile).name);
+    form.CommandLine.Text = form.ownCommandLine;
 }
 
 }  // namespace
@@ -154,8 +162,11 @@ void Solver_Click(Context& context)
 
     logPosition(context.log, "At start of Solver_Click");
     if (const SolverFormat* const format = findSolverFormat(context.form.Solver.Text)) {
-        // Without a model the command line stays as it is.
-        if (!context.error.attempt([&] { setCommandLine(context, *format); }))
+        context.form.commandLineIsDue = true;  // until it is written
+        const auto write = [&] {
+            writeCommandLine(context.form, *format, context.femap().ModelName());
+        };
+        if (!context.error.attempt(write))
             logPositionAndClearErrorIfAny(context.log, context.error, "Solver_Click");
     }
     else {
@@ -164,6 +175,17 @@ void Solver_Click(Context& context)
     }
     logDebug(context.log, "Solver text is =", context.form.CommandLine.Text);  // sic
     logPosition(context.log, "At end of Solver_Click");
+}
+
+void renewCommandLine(Context& context, const std::string& modelFile)
+{
+    form::MainForm& form = context.form;
+    const std::string& text = form.CommandLine.Text;
+    const SolverFormat* const format = findSolverFormat(form.Solver.Text);
+    if (format == nullptr || (!text.empty() && text != form.ownCommandLine))
+        return;
+    sys::PendingError noName;  // told where files are to be named after the model
+    noName.attempt([&] { writeCommandLine(form, *format, modelFile); });
 }
 
 void Optimizer_Click(Context& context)

@@ -15,6 +15,10 @@ void GenerateButton_Click(form::Context& context);
 /// A choice of solver: sets the command line that runs it on the open model.
 void Solver_Click(form::Context& context);
 
+/// Writes the command line for the model that became the current one, unless the engineer edited
+/// it. Without a name it is due when the model has one.
+void renewCommandLine(form::Context& context, const std::string& modelFile);
+
 /// A choice of tool: goes back to the first one when no files can be generated for it.
 void Optimizer_Click(form::Context& context);
 

@@ -24,6 +24,9 @@ ModelPath splitModelPath(const std::string& path);
 /// The same of the model that FEMAP has open. Raises RuntimeError when there is none.
 ModelPath openModelPath(const form::Context& context);
 
+/// What follows the last "." of a file name without its folder; the whole name when it has none.
+std::string GetFileExtension(std::string_view filename);
+
 /// What an engineer reads when the open model has no file yet.
 constexpr std::string_view modelMustBeSaved = "Model must be saved in .MOD format first";
 

@@ -35,7 +35,7 @@ void record(const std::string& script, const std::string& arguments)
     window.observe(recorder);
     if (!window.open(arguments))
         throw RuntimeError(ErrorNumber::ObjectFailed,
-                           "FEMAP does not run and could not be started");
+                           "FEMAP does not run and could not be started: " + window.femapFailure());
     window.run();
     if (!recorder.failure().empty())
         throw RuntimeError(ErrorNumber::FileError,

@@ -204,11 +204,13 @@ void StudyRunner::start(const ScriptLine& line)
     const Started started = program_.start(line.argument);
     tellLogFailure();
     if (started == Started::FemapNotFound)
-        throw ScriptError(line.number, "FEMAP does not run and could not be started");
+        throw ScriptError(
+            line.number, "FEMAP does not run and could not be started: " + program_.femapFailure());
     if (!program_.openFailure().empty())
         throw ScriptError(line.number, program_.openFailure());
     if (started == Started::ByError)
         throw ScriptError(line.number, program_.lastFailure());
+    tellProblem();
 }
 
 void StudyRunner::set(const ScriptLine& line)
@@ -277,12 +279,14 @@ void StudyRunner::event(const ScriptLine& line)
 {
     const int code = numberIn(line.argument, "an event code", line);
     checkEnd(program_.raiseFemapEvent(code), line);
+    tellProblem();
 }
 
 void StudyRunner::open(const ScriptLine& line)
 {
     openModel(requireHost(line), behind_, line);
     checkEnd(program_.raiseFemapEvent(static_cast<int>(femap::EventCode::NewModel)), line);
+    tellProblem();
 }
 
 void StudyRunner::closemodel(const ScriptLine& line)
@@ -342,6 +346,15 @@ void StudyRunner::requireEnabled(const std::string& control, const ScriptLine& l
     throw Unavailable(
         line.number, control + " is disabled: " +
                          std::string(program_.isConnected() ? app::noModelOpen : app::femapIsGone));
+}
+
+// What the status line says of a model that came, once. That none is there shows when one is used.
+void StudyRunner::tellProblem()
+{
+    const std::string& problem = program_.form().status.gravest();
+    if (!problem.empty() && problem != told_ && problem != app::noModelOpen)
+        world_.problems << problem << '\n';
+    told_ = problem;
 }
 
 void StudyRunner::checkEnd(Ended ended, const ScriptLine& line) const

@@ -89,6 +89,7 @@ private:
     femap::embedded::Host& requireHost(const ScriptLine& line) const;
     femap::embedded::Host& requireModel(const ScriptLine& line) const;
     void requireEnabled(const std::string& control, const ScriptLine& line);
+    void tellProblem();
     void checkEnd(app::Ended ended, const ScriptLine& line) const;
     void tellLogFailure();
 
@@ -96,6 +97,7 @@ private:
     StudyFormHost host_;
     app::Program program_;
     bool isStarted_ = false;
+    std::string told_;   // the latest problem of the status line that was told
     OpenModels behind_;  // open as well, behind the current one; the last becomes current next
     bool logFailureIsTold_ = false;
 };

@@ -1,6 +1,8 @@
 // COM on this thread for as long as the object lives; every object of FEMAP's must be gone before.
 #pragma once
 
+#include "windows/Text.h"
+
 #include <windows.h>
 
 #include <objbase.h>
@@ -15,8 +17,9 @@ public:
     /// Raises std::runtime_error when COM cannot be initialised.
     Apartment()
     {
-        if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)))
-            throw std::runtime_error("COM could not be initialised");
+        const HRESULT result = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+        if (FAILED(result))
+            throw std::runtime_error("COM could not be initialised: " + windows::describe(result));
     }
     ~Apartment() { CoUninitialize(); }
     Apartment(const Apartment&) = delete;

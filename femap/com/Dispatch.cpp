@@ -77,7 +77,8 @@ void Connection::demandAlive() const
 void Connection::learn(HRESULT result)
 {
     alive_ = !meansGone(result);
-    demandAlive();
+    if (!alive_)
+        throw ConnectionLost("FEMAP has ended or cannot be reached: " + describe(result));
 }
 
 Dispatch::Dispatch(IDispatch* object, std::string kind, std::shared_ptr<Connection> connection)

@@ -1,4 +1,5 @@
 #include "app/CommandLine.h"
+#include "generate/ModelPath.h"
 #include "system/Files.h"
 
 #include <gtest/gtest.h>
@@ -107,7 +108,7 @@ class GetFileExtensionOf : public testing::TestWithParam<ExtensionExample>
 
 TEST_P(GetFileExtensionOf, IsTheLastPieceOfTheNameWithoutBlanksAround)
 {
-    EXPECT_EQ(GetFileExtension(path(GetParam().filename)), GetParam().extension);
+    EXPECT_EQ(generate::GetFileExtension(path(GetParam().filename)), GetParam().extension);
 }
 
 INSTANTIATE_TEST_SUITE_P(Examples, GetFileExtensionOf, testing::ValuesIn(extensionExamples));

@@ -132,16 +132,18 @@ TEST(FormLoad, HooksTheEventsWithASecondReferenceToFemap)
     EXPECT_EQ(f.connector.handles, 2);
 }
 
-TEST(FormLoad, LetsAnErrorAfterTheOpeningOfTheModelEndIt)
+TEST(FormLoad, DoesTheRestAndEndsByTheErrorWhenFemapRefusesThePane)
 {
     SessionFixture f;
     f.connector.failAt("feAppRegisterAddInPane");
 
     EXPECT_THROW(Form_Load(f.session, allArguments), sys::RuntimeError);
 
-    EXPECT_FALSE(f.host.hooked);
+    EXPECT_TRUE(f.host.hooked);
     EXPECT_THAT(f.log(), AllOf(Contains("DEBUG: Position at Before registering plugin"),
-                               Not(Contains("DEBUG: Plugin is initialized"))));
+                               Contains("DEBUG: Intialized form events"),
+                               Not(Contains("DEBUG: Plugin is initialized")),
+                               Not(Contains("DEBUG: Position at At end of Load Form"))));
 }
 
 }  // namespace

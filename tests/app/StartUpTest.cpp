@@ -53,6 +53,8 @@ const Lines created = {
 };
 const Lines notFound = {
     "DEBUG: Unable to get existing instance of FEMAP",
+    "DEBUG: Why no running FEMAP is used: FEMAP does not run",
+    "DEBUG: Why no FEMAP was started: FEMAP is not installed",
     "ERROR: Unable to get new instance of FEMAP",
     "ERROR: FEMAP not found",
 };
@@ -157,7 +159,34 @@ TEST(FormLoad, EndsAtOnceWhenCreatingGivesNoObject)
     f.connector.createGivesNothing = true;
 
     EXPECT_EQ(Form_Load(f.session, allArguments), StartUp::FemapNotFound);
-    EXPECT_THAT(f.logLines(), ElementsAreArray(banner + notFound));
+    EXPECT_EQ(f.logLines().back(), "ERROR: FEMAP not found");
+    EXPECT_EQ(f.session.femapFailure,
+              "FEMAP handed out no application; FEMAP handed out no application");
+}
+
+TEST(FormLoad, KeepsWhyFemapWasNeitherFoundNorStarted)
+{
+    SessionFixture f;
+    f.connector.attachRaises = true;
+    f.connector.createRaises = true;
+
+    Form_Load(f.session, allArguments);
+
+    EXPECT_EQ(f.session.femapFailure, "FEMAP does not run; FEMAP is not installed");
+}
+
+TEST(FormLoad, StartsFemapWhenTheOneThatRunsIsJustEnding)
+{
+    SessionFixture f;
+    writeControlFile(f);
+    f.connector.attachLoses = true;
+
+    const StartUp result = Form_Load(f.session, allArguments);
+
+    EXPECT_EQ(result, StartUp::Done);
+    EXPECT_THAT(f.log(),
+                ElementsAreArray(banner + created + opened + choices + restored + registered));
+    EXPECT_EQ(f.connector.created, 1);
 }
 
 TEST(FormLoad, WritesTheMissingFemapOnlyIntoTheMostTalkativeLog)

@@ -25,6 +25,7 @@ public:
 
     bool attachRaises = false;
     bool attachFindsNothing = false;
+    bool attachLoses = false;  // as long as the FEMAP that runs is just ending
     bool createRaises = false;
     bool createGivesNothing = false;
     int attached = 0;
@@ -177,6 +178,8 @@ inline std::unique_ptr<femap::Application> FakeConnector::attach()
     ++attached;
     if (attachRaises)
         throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "FEMAP does not run");
+    if (attachLoses)
+        throw femap::ConnectionLost("The RPC server is unavailable");
     if (attachFindsNothing)
         return nullptr;
     return std::make_unique<Handle>(host_.attach(), *this);
@@ -192,6 +195,7 @@ inline std::unique_ptr<femap::Application> FakeConnector::create()
     // From now on it is there to be attached to.
     attachRaises = false;
     attachFindsNothing = false;
+    attachLoses = false;
     return std::make_unique<Handle>(host_.attach(), *this);
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/CommandLine.h"
 #include "fuzz/Fuzz.h"
+#include "generate/ModelPath.h"
 #include "system/Files.h"
 
 #include <algorithm>
@@ -54,6 +55,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     require(line.modelFile == fields[0], "the first field is the model");
     require(line.logFileName == fields[1], "the second field is the name of the log");
     require(line.logLevel == fields[2], "the third field is the level of the log");
-    require(app::GetFileExtension(text) == extensionOf(text), "the extension is what follows");
+    require(generate::GetFileExtension(text) == extensionOf(text), "the extension is what follows");
     return 0;
 }

@@ -1,5 +1,6 @@
 #include "fake/GenerateFixture.h"
 #include "generate/GenerationDriver.h"
+#include "generate/PreviousSelection.h"
 #include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
@@ -43,9 +44,12 @@ void fill(GenerateFixture& f, const ToolFiles& files, bool withOldFiles)
     f.addInput({"T1", "0.25", "Prop", "1", "pval", "0"});
     f.addInput({"curve", "X-Y Values", "Function", " 5"});
     f.addOutput({"TotalMass", "7.85", "MassTotal", "", "MassProperties"});
-    if (withOldFiles)
-        for (const std::string& name : files.inOrderOfCompletion)
-            f.files.contents[inWork(name)] = "old " + name;
+    if (!withOldFiles)
+        return;
+    for (const std::string& name : files.inOrderOfCompletion)
+        f.files.contents[inWork(name)] = "old " + name;
+    const std::string control = inWork("beamControl.txt");  // was written by this run
+    rememberControlFile(f.context, control, f.files.contents.at(control));
 }
 
 std::map<std::string, std::string> afterWholeApply(const ToolFiles& files)

@@ -10,13 +10,14 @@ namespace house
 namespace
 {
 
-constexpr std::array<std::string_view, 23> makers = {
-    "RuntimeError",      "runtime_error", "ConnectionLost", "ScriptError",
-    "Unavailable",       "FormatError",   "fail",           "failField",
-    "failWithCure",      "demand",        "demandOk",       "rowNamed",
-    "tellEngineer",      "showMessage",   "Progress",       "tellProblems",
-    "tryToTellEngineer", "tellResult",    "tellHint",       "tellProblem",
-    "tellFailure",       "showWaiting",   "remark"};
+constexpr std::array<std::string_view, 25> makers = {
+    "note",           "tellAtLeastHere", "RuntimeError",      "runtime_error",
+    "ConnectionLost", "ScriptError",     "Unavailable",       "FormatError",
+    "fail",           "failField",       "failWithCure",      "demand",
+    "demandOk",       "rowNamed",        "tellEngineer",      "showMessage",
+    "Progress",       "tellProblems",    "tryToTellEngineer", "tellResult",
+    "tellHint",       "tellProblem",     "tellFailure",       "showWaiting",
+    "remark"};
 // Variables and constants that hold a message or a part of one.
 constexpr std::array<std::string_view, 7> holders = {
     "femapIsGone", "noModelOpen", "cure", "modelMustBeSaved", "problem", "message", "failure_"};

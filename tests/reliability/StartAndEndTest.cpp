@@ -71,6 +71,50 @@ TEST(StartingBesideFemap, GivesAFormWhicheverCallIsRefusedAndTouchesNoFile)
     });
 }
 
+TEST(StartingBesideFemap, HearsFemapsEventsAndHasTheStoredRowsWhicheverCallIsRefused)
+{
+    World whole;
+    whole.start();
+
+    startWithFailures<Refused>(true, [&](World& world, std::size_t&) {
+        EXPECT_TRUE(world.host.hooked);
+        EXPECT_EQ(world.inputs(), whole.inputs());
+        EXPECT_EQ(world.outputs(), whole.outputs());
+        EXPECT_EQ(world.form.InputSelection.Text, whole.form.InputSelection.Text);
+        EXPECT_EQ(world.form.Optimizer.Text, whole.form.Optimizer.Text);
+        EXPECT_EQ(world.form.InputsList.ColWidth, whole.form.InputsList.ColWidth);
+
+        EXPECT_EQ(world.program.raise("GenerateButton_Click"), app::Ended::Normally);
+
+        EXPECT_EQ(world.controlFile(), whole.controlFile());
+    });
+}
+
+TEST(StartingBesideFemap, HasTheStoredRowsWhenOneThatDiedMeanwhileIsBack)
+{
+    World whole;
+    whole.start();
+
+    startWithFailures<femap::ConnectionLost>(false, [&](World& world, std::size_t&) {
+        world.connector.beforeCall = [](const std::string&) {};
+        if (world.program.isClosed())
+            return;  // it could not be reached at all
+
+        world.program.lookForFemap();
+
+        EXPECT_TRUE(world.program.isConnected());
+        EXPECT_TRUE(world.host.hooked);
+        EXPECT_EQ(world.inputs(), whole.inputs());
+        EXPECT_EQ(world.outputs(), whole.outputs());
+        EXPECT_EQ(world.form.InputSelection.Text, whole.form.InputSelection.Text);
+        EXPECT_EQ(world.form.Optimizer.Text, whole.form.Optimizer.Text);
+        EXPECT_EQ(world.form.CommandLine.Text, whole.form.CommandLine.Text);
+        EXPECT_EQ(world.form.InputsList.ColWidth, whole.form.InputsList.ColWidth);
+        EXPECT_EQ(world.program.raise("GenerateButton_Click"), app::Ended::Normally);
+        EXPECT_EQ(world.controlFile(), whole.controlFile());
+    });
+}
+
 TEST(StartingBesideFemap, AsksNothingMoreOfOneThatDiesMeanwhileAndTouchesNoFile)
 {
     const auto files = World().generatedFiles();
@@ -107,7 +151,7 @@ TEST(Unloading, WorksBeforeTheStart)
     EXPECT_EQ(world.host.unloads, 1);
 }
 
-TEST(Unloading, WorksWithoutAHook)
+TEST(Unloading, WorksWithoutAPane)
 {
     World world;
     world.connector.beforeCall = [](const std::string& call) {
@@ -115,7 +159,7 @@ TEST(Unloading, WorksWithoutAHook)
             throw Refused(call);
     };
     world.start();
-    EXPECT_FALSE(world.host.hooked);
+    EXPECT_TRUE(world.host.hooked);
 
     world.program.close();
 

@@ -179,7 +179,8 @@ World::World(femap::Connector* other, const std::string& modelFile)
           std::string("CAEOutput.txt"), modelName + ".kvp", modelName + ".pcs", modelName + ".par",
           std::string("InputValues.txt.template"), std::string("OutputValues.txt.template")})
         files.contents[modelFolder + name] = "old " + name;
-    files.contents[modelFolder + controlFileName()] = "old\t1\tNode\t1\tx\t\r\n\r\nolder\t2\r\n";
+    files.contents[modelFolder + controlFileName()] =
+        "old\t1\tNode\t1\tx\t\r\n\r\nolder\t2\t1\t1\tOutput\r\n";
 }
 
 app::Started World::start()
