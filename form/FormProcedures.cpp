@@ -128,8 +128,11 @@ void DeleteSelection(Context& context, ParameterGrid& grid, int first, int count
         }
         grid.RowSel = grid.Row;
     });
-    if (!done)
-        logPositionAndClearErrorIfAny(context.log, context.error, "In DeleteSelection");
+    if (done)
+        return;
+    // FEMAP is not needed here, so it may be gone: the status line alone tells.
+    context.form.status.tellProblem(context.error.description());
+    logPositionAndClearErrorIfAny(context.log, context.error, "In DeleteSelection");
 }
 
 void HScroll1_Change(Context& context)

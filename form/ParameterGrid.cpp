@@ -213,11 +213,9 @@ ParameterGrid::NameScan ParameterGrid::removeRowsNamed(std::string_view name)
         }
         // After a removal the grid is shorter than at the start, so the scan comes to row numbers
         // without a row, unless it ends with this very row.
-        scan.ranPastTheEnd = scan.removed > 0 || slot + 1 < slots_.size();
-        ++scan.removed;
+        scan.ranPastTheEnd = !scan.removed.empty() || slot + 1 < slots_.size();
         ++removed_;
-        slots_[slot].clear();
-        slots_[slot].shrink_to_fit();
+        scan.removed.push_back(std::exchange(slots_[slot], {}));
         names_.unlink(*chain, before, slot);
         lastRemoved = slot;
         slot = after;

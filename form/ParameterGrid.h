@@ -65,9 +65,11 @@ public:
     /// What a scan for rows of one name did.
     struct NameScan
     {
-        int removed = 0;
-        bool ranPastTheEnd = false;   // a row number was visited that no longer existed
-        bool removalRefused = false;  // the only parameter row has the name; it stays
+        std::vector<std::string> removed;  // the texts of the rows
+        bool ranPastTheEnd = false;        // a row number was visited that no longer existed
+        bool removalRefused = false;       // the only parameter row has the name; it stays
+
+        bool foundAny() const { return !removed.empty() || removalRefused; }
     };
     /// Visits the row numbers from 1 to the last one at the start and removes each row that has
     /// this name. The row that moves up to the number of a removed row is not looked at. The time

@@ -9,16 +9,26 @@ namespace selection
 namespace
 {
 
+sys::RuntimeError refusal(std::string_view what, int id)
+{
+    return {sys::ErrorNumber::ObjectFailed,
+            "FEMAP has no " + std::string(what) + " with the ID " + std::to_string(id)};
+}
+
 bool isLoaded(form::Context& context, femap::ReturnCode code, std::string_view what, int id)
 {
-    if (code == femap::ReturnCode::Ok)
-        return true;
-    logging::FemapLogger& log = context.log;
-    if (log.lets(log.LogLevel_error))
-        log.writeLogWithLevel(log.LogLevel_error, "FEMAP has no " + std::string(what) +
-                                                      " with the ID " + std::to_string(id));
-    return false;
+    if (code != femap::ReturnCode::Ok)
+        reportRefusal(context, what, id);
+    return code == femap::ReturnCode::Ok;
 }
+
+void demandOk(femap::ReturnCode code, std::string_view what, int id)
+{
+    if (code != femap::ReturnCode::Ok)
+        throw refusal(what, id);
+}
+
+constexpr std::string_view vectorWord = "output vector";
 
 }  // namespace
 
@@ -29,7 +39,24 @@ bool load(form::Context& context, femap::Entity& entity, std::string_view word, 
 
 bool load(form::Context& context, femap::OutputVector& vector, int id)
 {
-    return isLoaded(context, vector.Get(id), "output vector", id);
+    return isLoaded(context, vector.Get(id), vectorWord, id);
+}
+
+void demand(femap::Entity& entity, std::string_view word, int id)
+{
+    demandOk(entity.Get(id), word, id);
+}
+
+void demand(femap::OutputVector& vector, int id)
+{
+    demandOk(vector.Get(id), vectorWord, id);
+}
+
+void reportRefusal(form::Context& context, std::string_view what, int id)
+{
+    sys::PendingError error;  // of its own: that of the procedure is not touched
+    error.attempt([&] { throw refusal(what, id); });
+    logging::logPositionAndClearErrorIfAny(context.log, error, "Reading " + std::string(what));
 }
 
 void reportPendingError(form::Context& context, std::string_view where)

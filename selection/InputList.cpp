@@ -66,29 +66,12 @@ std::vector<femap::MemberName> membersOf(const std::vector<ChosenField>& fields,
     return result;
 }
 
-// Removes the rows of that name. False when the variable is not to be added.
-bool removeDuplicates(form::Context& context, const std::string& name)
-{
-    const form::ParameterGrid::NameScan scan = context.form.InputsList.removeRowsNamed(name);
-    for (int i = 0; i < scan.removed; ++i)
-        logDebug(context.log, "Deleted entry for ", name, "from Input List");  // sic
-    if (scan.removalRefused) {
-        context.error.attempt([&] {
-            throw RuntimeError(ErrorNumber::CannotRemoveRow,
-                               name + " is the last parameter row and cannot be removed");
-        });
-        reportPendingError(context, "After checking for duplicate entry in Input List");
-    }
-    // On purpose a toggle: a scan that runs past the shortened grid counts as failed, so choosing a
-    // variable again removes its row and adds none. Only a row at the end of the grid is replaced.
-    return !scan.removalRefused && !scan.ranPastTheEnd;
-}
-
 class InputRows
 {
 public:
-    InputRows(form::Context& context, femap::Entity& entity, const std::string& prefix)
-        : context_(context), entity_(entity), prefix_(prefix)
+    InputRows(form::Context& context, femap::Entity& entity, const std::string& prefix,
+              Outcome& outcome)
+        : context_(context), entity_(entity), prefix_(prefix), outcome_(outcome)
     {}
 
     // Adds a row for each field of the entity that is loaded.
@@ -107,18 +90,52 @@ private:
         name_.assign(field.nameStart).append(id);
         context_.error.clear();
         logDebug(context_.log, "Checking for duplicate entry in Input List");
-        if (!removeDuplicates(context_, name_))
+        if (!removeDuplicates(id, field))
             return;
 
         std::string value;  // stays empty when FEMAP refuses it
         const bool isRead = context_.error.attempt([&] { value = read(field); });
-        row_.assign(name_).append("\t").append(value).append("\t").append(prefix_);
-        row_.append("\t").append(id).append(field.keysEnd);
+        makeRow(value, id, field);
         context_.form.InputsList.AddItem(row_);
+        ++outcome_.rows;
+        outcome_.emptyValues += value.empty() ? 1 : 0;
         logDebug(context_.log, "Added variable to Input list Variable Name=", name_,
                  " value=", value, " EntityType=", prefix_, " ID=", id);
         if (!isRead)
             reportPendingError(context_, "After reading " + field.member);
+    }
+
+    // Removes the rows of the new row's name. False when the variable is not to be added.
+    bool removeDuplicates(const std::string& id, const ChosenField& field)
+    {
+        form::ParameterGrid& grid = context_.form.InputsList;
+        const form::ParameterGrid::NameScan scan = grid.removeRowsNamed(name_);
+        for (std::size_t i = 0; i < scan.removed.size(); ++i)
+            logDebug(context_.log, "Deleted entry for ", name_, "from Input List");  // sic
+        if (scan.removalRefused) {
+            context_.error.attempt([&] {
+                throw RuntimeError(ErrorNumber::CannotRemoveRow,
+                                   name_ + " is the last parameter row and cannot be removed");
+            });
+            reportPendingError(context_, "After checking for duplicate entry in Input List");
+        }
+        // On purpose a toggle: a scan that runs past the shortened grid counts as failed, so
+        // choosing a variable again removes its row and adds none. Only a row at the end of the
+        // grid is replaced.
+        const bool isAdded = !scan.removalRefused && !scan.ranPastTheEnd;
+        if (scan.foundAny()) {
+            makeRow({}, id, field);
+            const bool isSame = noteNamesakes(context_, outcome_, grid, scan, row_, isAdded);
+            if (isSame && scan.ranPastTheEnd)
+                outcome_.takenOut.add(name_);
+        }
+        return isAdded;
+    }
+
+    void makeRow(std::string_view value, const std::string& id, const ChosenField& field)
+    {
+        row_.assign(name_).append("\t").append(value).append("\t").append(prefix_);
+        row_.append("\t").append(id).append(field.keysEnd);
     }
 
     std::string read(const ChosenField& field)
@@ -130,6 +147,7 @@ private:
     form::Context& context_;
     femap::Entity& entity_;
     const std::string& prefix_;
+    Outcome& outcome_;
     std::string name_;  // reused for every row, to save memory allocations
     std::string row_;
 };
@@ -141,10 +159,10 @@ std::string variableName(std::string_view field, std::string_view prefix, int id
     return nameStart(field, prefix) + std::to_string(id);
 }
 
-void UpdateInputList(form::Context& context, const std::string& prefix, femap::EntitySet& set,
-                     const std::vector<std::string>& selectedFields,
-                     const std::map<std::string, std::string>& fieldMembers,
-                     const std::map<std::string, std::string>& fieldIndexes, int propertyType)
+Outcome UpdateInputList(form::Context& context, const std::string& prefix, femap::EntitySet& set,
+                        const std::vector<std::string>& selectedFields,
+                        const std::map<std::string, std::string>& fieldMembers,
+                        const std::map<std::string, std::string>& fieldIndexes, int propertyType)
 {
     logDebug(context.log, "Before updating input list");
     form::lockFemap(context);
@@ -155,15 +173,18 @@ void UpdateInputList(form::Context& context, const std::string& prefix, femap::E
     logDebug(context.log, "called entity fe", prefix);
     const std::vector<ChosenField> fields =
         chosenFields(prefix, selectedFields, fieldMembers, fieldIndexes);
-    InputRows rows(context, *entity, prefix);
+    Outcome outcome;
+    InputRows rows(context, *entity, prefix, outcome);
 
     const std::vector<int> ids = set.ids();
+    outcome.entities = ids.size();
     entity->prefetch(ids, membersOf(fields, propertyType));
     form::Progress progress(context, "Reading inputs", ids.size());
     logDebug(context.log, "Start iterating over ID");
     for (const int id : ids) {
-        if (load(context, *entity, prefix, id) &&
-            (propertyType == everyType || entity->Type() == propertyType))
+        if (!load(context, *entity, prefix, id))
+            outcome.refusedEntities.insert(id);
+        else if (propertyType == everyType || entity->Type() == propertyType)
             rows.add(id, fields);
         progress.step();
     }
@@ -179,6 +200,7 @@ void UpdateInputList(form::Context& context, const std::string& prefix, femap::E
     logDebug(context.log, "Released FEMAP lock");
     context.form.setMousePointers(form::pointerDefault);
     logDebug(context.log, "After updating input list");
+    return outcome;
 }
 
 }  // namespace selection

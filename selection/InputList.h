@@ -4,6 +4,7 @@
 #include "femap/Objects.h"
 #include "form/Context.h"
 #include "selection/EntityReading.h"
+#include "selection/Outcome.h"
 
 #include <map>
 #include <string>
@@ -17,12 +18,13 @@ namespace selection
 std::string variableName(std::string_view field, std::string_view prefix, int id);
 
 /// Takes the entities of the set, or those of propertyType only. A variable that the grid has
-/// already is removed instead of added; only one in the last row is replaced. Sorts by name.
+/// already is removed instead of added; only one in the last row is replaced, and the only row
+/// stays. Sorts by name. Tells nothing: the caller knows when the whole selection has ended.
 /// prefix: "Node", "Elem", "Prop" or "Matl". The fields are as the property list dialog gives them.
-void UpdateInputList(form::Context& context, const std::string& prefix, femap::EntitySet& set,
-                     const std::vector<std::string>& selectedFields,
-                     const std::map<std::string, std::string>& fieldMembers,
-                     const std::map<std::string, std::string>& fieldIndexes,
-                     int propertyType = everyType);
+Outcome UpdateInputList(form::Context& context, const std::string& prefix, femap::EntitySet& set,
+                        const std::vector<std::string>& selectedFields,
+                        const std::map<std::string, std::string>& fieldMembers,
+                        const std::map<std::string, std::string>& fieldIndexes,
+                        int propertyType = everyType);
 
 }  // namespace selection

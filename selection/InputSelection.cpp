@@ -1,9 +1,11 @@
 #include "selection/InputSelection.h"
 
 #include "logging/Module1.h"
+#include "selection/ElementTypes.h"
 #include "selection/FunctionInputs.h"
 #include "selection/InputList.h"
 #include "selection/LoadDefinitionInputs.h"
+#include "selection/Offer.h"
 
 #include <algorithm>
 #include <iterator>
@@ -84,21 +86,26 @@ struct PropertyTypes
 };
 
 // The types of the properties in the set.
-PropertyTypes distinctTypes(form::Context& context, femap::EntitySet& set)
+PropertyTypes distinctTypes(form::Context& context, femap::EntitySet& set, Outcome& outcome)
 {
     PropertyTypes result;
     std::vector<int>& types = result.types;
     const std::string prefix(propertyPrefix);
     const std::unique_ptr<femap::Entity> entity = context.femap().entity(prefix);
     const std::vector<int> ids = set.ids();
+    outcome.entities = ids.size();
     entity->prefetch(ids, {{"type"}});
     for (const int id : ids) {
-        if (!load(context, *entity, prefix, id))
+        if (!load(context, *entity, prefix, id)) {
+            outcome.refusedEntities.insert(id);
             continue;
+        }
         logDebug(context.log, "Got entity of id = ", id);
         int type = 0;
-        if (!context.error.attempt([&] { type = entity->Type(); }))
+        if (!context.error.attempt([&] { type = entity->Type(); })) {
             result.areAllKnown = false;
+            outcome.refusedEntities.insert(id);
+        }
         else if (std::ranges::find(types, type) == types.end())
             types.push_back(type);
         reportPendingError(context, "After reading the type of a property");
@@ -106,20 +113,23 @@ PropertyTypes distinctTypes(form::Context& context, femap::EntitySet& set)
     return result;
 }
 
-void showAndUpdate(form::Context& context, frmPropertyList& dialog, const std::string& prefix,
-                   femap::EntitySet& set, int type)
+void showAndUpdate(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
+                   const std::string& prefix, femap::EntitySet& set, int type,
+                   const std::string& askedFor = {})
 {
-    dialog.Show();
-    UpdateInputList(context, prefix, set, dialog.selectedFields, dialog.fieldMembers,
-                    dialog.fieldIndexes, type);
+    offer(context, dialog, outcome, askedFor);
+    outcome += UpdateInputList(context, prefix, set, dialog.selectedFields, dialog.fieldMembers,
+                               dialog.fieldIndexes, type);
 }
 
 // Shows the dialog for one type of property and adds rows for the properties of wantedType (this
 // one or every type). Errors are reported and end here, so that the next type has its turn.
-void offerPropertyType(form::Context& context, frmPropertyList& dialog, femap::EntitySet& set,
-                       int type, int wantedType)
+void offerPropertyType(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
+                       femap::EntitySet& set, int type, int wantedType)
 {
     const std::string prefix(propertyPrefix);
+    const std::string askedFor =
+        wantedType == everyType ? "" : "The list is for " + ofType(type, "properties");
     bool isFilled =
         context.error.attempt([&] { dialog.GetPropertyList(prefix, propertyTypeName(type)); });
     logDebug(context.log, "Called the Form Property List for entity type=", prefix);
@@ -128,30 +138,42 @@ void offerPropertyType(form::Context& context, frmPropertyList& dialog, femap::E
         isFilled = context.error.attempt([&] { dialog.GetPropertyList(prefix, ""); });
     }
     if (isFilled)
-        context.error.attempt([&] { showAndUpdate(context, dialog, prefix, set, wantedType); });
+        context.error.attempt(
+            [&] { showAndUpdate(context, dialog, outcome, prefix, set, wantedType, askedFor); });
+    if (context.error.isPending())
+        outcome.failure = context.error.description();
     reportPendingError(context, "After selecting property fields");
+}
+
+void selectProperties(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
+                      femap::EntitySet& set)
+{
+    const PropertyTypes found = distinctTypes(context, set, outcome);
+    // When all have the same type, it need not be read again for each.
+    const bool areAlike = found.areAllKnown && found.types.size() == 1;
+    for (const int type : found.types)
+        offerPropertyType(context, dialog, outcome, set, type, areAlike ? everyType : type);
 }
 
 void selectEntities(form::Context& context, frmPropertyList& dialog, const EntityKind& kind)
 {
+    Outcome outcome;
     const std::unique_ptr<femap::EntitySet> set = context.femap().feSet();
     const std::string title = "Select " + std::string(kind.choice) + " to Control";
     context.form.returnCode = static_cast<int>(set->Select(kind.type, true, title));
-    if (set->count() <= 0)
-        return;
-
-    if (kind.type == EntityType::Property) {
-        const PropertyTypes found = distinctTypes(context, *set);
-        // When all have the same type, it need not be read again for each.
-        const bool areAlike = found.areAllKnown && found.types.size() == 1;
-        for (const int type : found.types)
-            offerPropertyType(context, dialog, *set, type, areAlike ? everyType : type);
-        return;
+    if (set->count() <= 0) {
+        noteNothingPicked(outcome, context.form.returnCode);
     }
-    const std::string prefix(kind.prefix);
-    dialog.GetPropertyList(prefix, "");
-    logDebug(context.log, "Called the Form Property List for entity type=", prefix);
-    showAndUpdate(context, dialog, prefix, *set, everyType);
+    else if (kind.type == EntityType::Property) {
+        selectProperties(context, dialog, outcome, *set);
+    }
+    else {
+        const std::string prefix(kind.prefix);
+        dialog.GetPropertyList(prefix, "");
+        logDebug(context.log, "Called the Form Property List for entity type=", prefix);
+        showAndUpdate(context, dialog, outcome, prefix, *set, everyType);
+    }
+    tell(context, outcome);
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include "form/Progress.h"
 #include "logging/Module1.h"
 #include "selection/EntityReading.h"
+#include "selection/Offer.h"
+#include "selection/Outcome.h"
 #include "selection/ParameterRows.h"
 
 #include <algorithm>
@@ -204,39 +206,40 @@ void addRow(Context& context, const Definition& definition, std::string_view pre
              " Entity type=", kind, " ID=", definition.id);
 }
 
-// Adds the row of one value. Returns how many rows were added: 0 when FEMAP refuses the value.
-int addValue(Context& context, const Definition& definition, std::string_view prefix,
-             std::string_view kind, MemberObject& load, const char* member, int index)
+// Adds the row of one value, unless FEMAP refuses the value.
+void addValue(Context& context, Outcome& outcome, const Definition& definition,
+              std::string_view prefix, std::string_view kind, MemberObject& load,
+              const char* member, int index)
 {
+    ++outcome.loadValues.all;
     std::string value;
     const bool known = context.error.attempt(
         [&] { value = std::visit(SignBlankText{}, read(load, member, index)); });
     if (!known) {
         reportPendingError(context, "Reading a load of " + definition.title);
-        return 0;
+        ++outcome.loadValues.refused;
+        return;
     }
     addRow(context, definition, prefix, value, kind);
-    return 1;
+    ++outcome.rows;
 }
 
-int addComponents(Context& context, const Definition& definition, std::string_view kind,
-                  MemberObject& load)
+void addComponents(Context& context, Outcome& outcome, const Definition& definition,
+                   std::string_view kind, MemberObject& load)
 {
     logDebug(context.log, "Before adding params to Input List");
     const form::MainForm& form = context.form;
     const std::string* const prefixes[] = {&form.firstPrefix, &form.secondPrefix, &form.thirdPrefix,
                                            &form.fourthPrefix};
-    int rows = 0;
     int index = 0;
     for (const std::string* const prefix : prefixes) {
         if (!prefix->empty())
-            rows += addValue(context, definition, *prefix, kind, load, "load", index);
+            addValue(context, outcome, definition, *prefix, kind, load, "load", index);
         ++index;
     }
-    return rows;
 }
 
-int addLoad(Context& context, const Definition& definition, MemberObject& load)
+void addLoad(Context& context, Outcome& outcome, const Definition& definition, MemberObject& load)
 {
     const auto found =
         std::find_if(std::begin(loadKinds), std::end(loadKinds), [&](const LoadKind& loadKind) {
@@ -245,17 +248,20 @@ int addLoad(Context& context, const Definition& definition, MemberObject& load)
     if (found == std::end(loadKinds)) {
         logDebug(context.log, "Load definition of load type = ", definition.loadType,
                  "and data type = ", definition.dataType, " not supported");  // sic: no blank
-        return 0;
+        return;
     }
     logDebug(context.log, found->logText);
     for (const LoggedField& field : found->fields)
         logField(context, load, field);
     if (found->parameters == Parameters::TheTemperature)
-        return addValue(context, definition, "Temperature", found->kind, load, "temp", plainMember);
-    return addComponents(context, definition, found->kind, load);
+        addValue(context, outcome, definition, "Temperature", found->kind, load, "temp",
+                 plainMember);
+    else
+        addComponents(context, outcome, definition, found->kind, load);
 }
 
-void addDefinition(Context& context, femap::LoadDefinition& loaded, form::Progress& progress)
+void addDefinition(Context& context, Outcome& outcome, femap::LoadDefinition& loaded,
+                   form::Progress& progress)
 {
     Definition definition;
     definition.title = loaded.title();
@@ -269,17 +275,17 @@ void addDefinition(Context& context, femap::LoadDefinition& loaded, form::Progre
     initialisePrefix(context, definition.loadType);
 
     logDebug(context.log, "Start iterating over loadDef.NextLoad");
-    int rows = 0;
+    const std::size_t rowsBefore = outcome.rows;
     loaded.ResetNextLoad();
     while (const auto load = loaded.NextLoad()) {
-        rows += addLoad(context, definition, *load);
+        addLoad(context, outcome, definition, *load);
         progress.step();
     }
-    if (rows == 0)
+    if (outcome.rows == rowsBefore)
         form::tellEngineer(context, "Load definition selection failed...");
 }
 
-void selectAndAdd(Context& context)
+void selectAndAdd(Context& context, Outcome& outcome)
 {
     const auto definition = context.femap().feLoadDefinition();
     logDebug(context.log, "intialize feLoadDefinition");  // sic
@@ -306,13 +312,17 @@ void selectAndAdd(Context& context)
     logDebug(context.log, selected->count(), " Load definitions selected");
     form::Progress progress(context, "Reading loads");
     while (const int id = selected->Next()) {
-        if (definition->Get(loadSet, id) == ReturnCode::Ok)
-            addDefinition(context, *definition, progress);
-        else
-            context.log.writeLogWithLevel(
-                context.log.LogLevel_error,
-                "FEMAP has no load definition with the ID " + std::to_string(id));
+        ++outcome.definitions.all;
+        if (definition->Get(loadSet, id) == ReturnCode::Ok) {
+            addDefinition(context, outcome, *definition, progress);
+        }
+        else {
+            ++outcome.definitions.refused;
+            reportRefusal(context, "load definition", id);
+        }
     }
+    if (outcome.definitions.all == 0)
+        noteNothingPicked(outcome, context.form.returnCode);
     progress.finish();
     logDebug(context.log, "Check for blank variable in Input List");
     if (removeBlankFirstRow(context.form.InputsList))
@@ -355,14 +365,16 @@ void UpdateLoadDefinitionInputs(Context& context)
     logDebug(context.log, "Before fetching load definition data");
     form::lockFemap(context);
     logDebug(context.log, "Acquired femap lock before getting load definition data");
+    Outcome outcome;
     try {
-        selectAndAdd(context);
+        selectAndAdd(context, outcome);
     }
     catch (const RuntimeError&) {
         release(context);
         throw;
     }
     release(context);
+    tell(context, outcome);
     logDebug(context.log, "After fetching load definition data");
 }
 

@@ -42,15 +42,16 @@ std::string shortTitle(femap::OutputVector& vector)
     return without(vector.Title(), " -/");
 }
 
-// Removes the rows of that name. False when that was refused.
-bool removeDuplicates(form::Context& context, const std::string& name, std::string_view listName)
+// Removes the rows of that name.
+form::ParameterGrid::NameScan removeDuplicates(form::Context& context, const std::string& name,
+                                               std::string_view listName)
 {
     logDebug(context.log, "Before checking for duplicate entry in Output List");
-    const form::ParameterGrid::NameScan scan = context.form.OutputsList.removeRowsNamed(name);
-    for (int i = 0; i < scan.removed; ++i)
+    form::ParameterGrid::NameScan scan = context.form.OutputsList.removeRowsNamed(name);
+    for (std::size_t i = 0; i < scan.removed.size(); ++i)
         logDebug(context.log, "Deleted entry for ", name, "from ", listName);  // sic
     logDebug(context.log, "After checking for duplicate entry in Output List");
-    return !scan.removalRefused;
+    return scan;
 }
 
 // A row to be added; reused for every row, to save memory allocations.
@@ -63,22 +64,32 @@ struct FreshRow
 
 // Adds a row unless its value cannot be read.
 template <class Read>
-void addRow(form::Context& context, FreshRow& row, std::string_view listName, Read&& read)
+void addRow(form::Context& context, Outcome& outcome, FreshRow& row, std::string_view listName,
+            Read&& read)
 {
-    if (!removeDuplicates(context, row.name, listName))
-        return;
+    form::ParameterGrid& grid = context.form.OutputsList;
+    const form::ParameterGrid::NameScan scan = removeDuplicates(context, row.name, listName);
     std::string value;
-    if (!context.error.attempt([&] { value = numberText(read()); })) {
+    const bool isRead =
+        !scan.removalRefused && context.error.attempt([&] { value = numberText(read()); });
+    row.text.assign(row.name).append("\t").append(value).append("\t").append(row.keys);
+    if (scan.foundAny())
+        noteNamesakes(context, outcome, grid, scan, row.text, isRead);
+    if (scan.removalRefused)
+        return;
+    if (!isRead) {
         context.error.clear();  // nothing unusual: the vector has no value there
+        ++outcome.missingValues;
         return;
     }
-    row.text.assign(row.name).append("\t").append(value).append("\t").append(row.keys);
-    context.form.OutputsList.AddItem(row.text);
+    grid.AddItem(row.text);
+    ++outcome.rows;
     logDebug(context.log, "Added variable to Output list Variable Name=", row.name,
              " value=", value);
 }
 
-void addExtremes(form::Context& context, femap::OutputVector& vector, const std::string& entityWord)
+void addExtremes(form::Context& context, Outcome& outcome, femap::OutputVector& vector,
+                 const std::string& entityWord)
 {
     const std::string title = shortTitle(vector);
     const std::string id = std::to_string(vector.ID());
@@ -87,15 +98,17 @@ void addExtremes(form::Context& context, femap::OutputVector& vector, const std:
         row.name.assign(femap::firstCharacters(title, titleOfExtreme));
         row.name.append(extreme.suffix).append(entityWord).append(id);
         row.keys.assign(id).append("\t").append(id).append("\t").append(extreme.tag);
-        addRow(context, row, extreme.listName, [&] { return (vector.*extreme.read)(); });
+        addRow(context, outcome, row, extreme.listName, [&] { return (vector.*extreme.read)(); });
     }
 }
 
 class VectorRows
 {
 public:
-    VectorRows(form::Context& context, const std::string& entityWord, int elementType)
+    VectorRows(form::Context& context, Outcome& outcome, const std::string& entityWord,
+               int elementType)
         : context_(context),
+          outcome_(outcome),
           entityWord_(entityWord),
           elementType_(elementType),
           vector_(context.femap().feOutput())
@@ -110,19 +123,23 @@ public:
         if (set != nullptr) {
             ids = set->ids();
             entity_->prefetch(ids, typeIfWanted());
+            outcome_.entities = ids.size();
         }
         const std::size_t entities = set == nullptr ? 1 : ids.size();
         form::Progress progress(context_, "Reading outputs", entities * vectorIDs.size());
         for (const std::string& text : vectorIDs) {
             const int vectorID = wholeNumberIn(text);
             vector_->prefetch({{vectorID, ids}});
-            if (!load(context_, *vector_, vectorID))
+            ++outcome_.vectors.all;
+            if (!load(context_, *vector_, vectorID)) {
+                ++outcome_.vectors.refused;
                 continue;
+            }
             logDebug(context_.log, "Got entity of id = ", vectorID);
             if (set != nullptr)
                 addValues(ids, progress);
             else
-                addExtremes(context_, *vector_, entityWord_);
+                addExtremes(context_, outcome_, *vector_, entityWord_);
             progress.step();
         }
         progress.finish();
@@ -162,7 +179,7 @@ private:
                 const std::string idText = std::to_string(id);
                 row.name.assign(nameStart).append(idText);
                 row.keys.assign(idText).append(keysEnd);
-                addRow(context_, row, "Output List", [&] { return vector_->Value(id); });
+                addRow(context_, outcome_, row, "Output List", [&] { return vector_->Value(id); });
             }
             progress.step();
         }
@@ -170,13 +187,16 @@ private:
 
     bool isWanted(int id)
     {
-        if (!load(context_, *entity_, entityWord_, id))
+        if (!load(context_, *entity_, entityWord_, id)) {
+            outcome_.refusedEntities.insert(id);
             return false;
+        }
         logDebug(context_.log, "Got entity of id = ", id);
         return elementType_ == everyType || entity_->Type() == elementType_;
     }
 
     form::Context& context_;
+    Outcome& outcome_;
     const std::string& entityWord_;
     int elementType_;
     std::unique_ptr<femap::OutputVector> vector_;
@@ -198,7 +218,7 @@ void logMassQuantity(form::Context& context, const MassQuantity& quantity,
             logDebug(context.log, added, name, quantity.suffixes[i], " value=", values[i]);
 }
 
-void addMassQuantity(form::Context& context, const MassQuantity& quantity,
+void addMassQuantity(form::Context& context, Outcome& outcome, const MassQuantity& quantity,
                      const femap::MassProperties& measured)
 {
     std::vector<std::string> values;
@@ -211,11 +231,13 @@ void addMassQuantity(form::Context& context, const MassQuantity& quantity,
         row.append(quantity.tag).append("\t");
         row.append(quantity.isScalar() ? "" : std::to_string(i)).append("\tMassProperties");
         context.form.OutputsList.AddItem(row);
+        ++outcome.rows;
     }
     logMassQuantity(context, quantity, values);
 }
 
-void addMassProperties(form::Context& context, const std::vector<std::string>& chosenEntries)
+void addMassProperties(form::Context& context, Outcome& outcome,
+                       const std::vector<std::string>& chosenEntries)
 {
     logDebug(context.log, "Found MeshMass entity type");
     const std::unique_ptr<femap::EntitySet> elements = context.femap().feSet();
@@ -227,7 +249,7 @@ void addMassProperties(form::Context& context, const std::vector<std::string>& c
     for (const std::string& entry : chosenEntries) {
         const auto index = static_cast<std::size_t>(wholeNumberIn(entry));
         if (index < massQuantities().size())
-            addMassQuantity(context, massQuantities()[index], measured);
+            addMassQuantity(context, outcome, massQuantities()[index], measured);
     }
 }
 
@@ -241,24 +263,27 @@ void tidy(form::ParameterGrid& grid)
 
 }  // namespace
 
-void UpdateOutputList(form::Context& context, const std::string& entityWord, femap::EntitySet* set,
-                      const std::vector<std::string>& chosenEntries, int elementType)
+Outcome UpdateOutputList(form::Context& context, const std::string& entityWord,
+                         femap::EntitySet* set, const std::vector<std::string>& chosenEntries,
+                         int elementType)
 {
     logPositionAndClearErrorIfAny(context.log, context.error, "Before updating output list");
     form::lockFemap(context);
     logDebug(context.log, "Acquired Femap lock");
     context.form.setMousePointers(form::pointerHourglass);
 
+    Outcome outcome;
     if (entityWord == massWord)
-        addMassProperties(context, chosenEntries);
+        addMassProperties(context, outcome, chosenEntries);
     else
-        VectorRows(context, entityWord, elementType).add(set, chosenEntries);
+        VectorRows(context, outcome, entityWord, elementType).add(set, chosenEntries);
     tidy(context.form.OutputsList);
 
     form::unlockFemap(context);
     logDebug(context.log, "Released FEMAP lock");
     context.form.setMousePointers(form::pointerDefault);
     logDebug(context.log, "After updating output list");
+    return outcome;
 }
 
 }  // namespace selection

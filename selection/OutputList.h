@@ -4,6 +4,7 @@
 #include "femap/Objects.h"
 #include "form/Context.h"
 #include "selection/EntityReading.h"
+#include "selection/Outcome.h"
 
 #include <string>
 #include <string_view>
@@ -18,8 +19,10 @@ constexpr std::string_view massWord = "MeshMass";
 /// For "Node" and "Elem": a row for each chosen vector and entity of the set (of elementType only),
 /// or without a set the maximum and minimum of each vector; they replace rows of the same names.
 /// For "MeshMass": the rows of each chosen quantity.
+/// Tells nothing: the caller knows when the whole selection has ended.
 /// chosenEntries: vector IDs, or indexes in the list of mass quantities.
-void UpdateOutputList(form::Context& context, const std::string& entityWord, femap::EntitySet* set,
-                      const std::vector<std::string>& chosenEntries, int elementType = everyType);
+Outcome UpdateOutputList(form::Context& context, const std::string& entityWord,
+                         femap::EntitySet* set, const std::vector<std::string>& chosenEntries,
+                         int elementType = everyType);
 
 }  // namespace selection

@@ -1,7 +1,10 @@
 #include "selection/OutputSelection.h"
 
 #include "logging/Module1.h"
+#include "selection/ElementTypes.h"
+#include "selection/Offer.h"
 #include "selection/OutputList.h"
+#include "selection/OutputSets.h"
 
 #include <algorithm>
 #include <iterator>
@@ -63,29 +66,45 @@ std::string elementCategory(int type)
     return found == std::end(elementCategories) ? "" : std::string(found->category);
 }
 
-bool hasResults(form::Context& context)
+// The IDs of the vectors that can be read. When there is none, tells so.
+std::vector<int> vectorsWithResults(form::Context& context)
 {
     const std::unique_ptr<femap::EntitySet> vectors = context.femap().feSet();
     vectors->AddAll(EntityType::OutputVector);
-    if (vectors->count() != 0)
-        return true;
-    const std::string message = "Cannot select outputs without results loaded";
-    form::showMessage(context, message);
-    context.log.writeLogWithLevel(context.log.LogLevel_error, message);
-    return false;
+    std::vector<int> ids = vectors->ids();
+    if (ids.empty()) {
+        const std::string message = "Cannot select outputs without results loaded";
+        form::showMessage(context, message);
+        context.log.writeLogWithLevel(context.log.LogLevel_error, message);
+    }
+    return ids;
 }
 
-void showAndUpdate(form::Context& context, frmPropertyList& dialog, std::string_view word,
-                   femap::EntitySet* set, int type = everyType)
+// The engineer may have solved, loaded other results or activated another output set since the
+// lists of results were built.
+void renewLists(form::Context& context, frmPropertyList& dialog, const std::vector<int>& vectorIDs)
 {
-    dialog.Show();
-    UpdateOutputList(context, std::string(word), set, dialog.chosenEntries(), type);
+    const int outputSet = context.femap().Info_ActiveID(EntityType::OutputSet);
+    if (!dialog.isBuiltFrom(outputSet, vectorIDs))
+        dialog.UpdateCollection();
+    if (dialog.refusedVectors() != 0)
+        context.form.status.tellHint("Not in the list, for FEMAP refuses them: " +
+                                     std::to_string(dialog.refusedVectors()) + " output vectors");
+}
+
+void showAndUpdate(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
+                   std::string_view word, femap::EntitySet* set, int type = everyType)
+{
+    const std::string askedFor =
+        type == everyType ? "" : "The list is for " + ofType(type, "elements");
+    offer(context, dialog, outcome, askedFor);
+    outcome += UpdateOutputList(context, std::string(word), set, dialog.chosenEntries(), type);
 }
 
 // Shows the vectors for one type of element and adds rows for the elements of this type. Errors are
 // reported and end here, so that the next type has its turn.
-void offerElementType(form::Context& context, frmPropertyList& dialog, std::string_view word,
-                      femap::EntitySet& set, int type)
+void offerElementType(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
+                      std::string_view word, femap::EntitySet& set, int type)
 {
     bool isFilled =
         context.error.attempt([&] { dialog.GetPropertyList("Output", elementCategory(type)); });
@@ -94,13 +113,15 @@ void offerElementType(form::Context& context, frmPropertyList& dialog, std::stri
         isFilled = context.error.attempt([&] { dialog.GetPropertyList("Output", ""); });
     }
     if (isFilled)
-        context.error.attempt([&] { showAndUpdate(context, dialog, word, &set, type); });
+        context.error.attempt([&] { showAndUpdate(context, dialog, outcome, word, &set, type); });
+    if (context.error.isPending())
+        outcome.failure = context.error.description();
     reportPendingError(context, "After selecting element outputs");
 }
 
 // Asks once for every type of element in the set, in the order in which the types are met.
-void offerElementTypes(form::Context& context, frmPropertyList& dialog, std::string_view word,
-                       femap::EntitySet& picked)
+void offerElementTypes(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
+                       std::string_view word, femap::EntitySet& picked)
 {
     const std::unique_ptr<femap::Entity> element = context.femap().entity(std::string(word));
     const std::unique_ptr<femap::EntitySet> workingCopy = context.femap().feSet();
@@ -108,19 +129,22 @@ void offerElementTypes(form::Context& context, frmPropertyList& dialog, std::str
 
     std::set<int> seenTypes;
     const std::vector<int> ids = picked.ids();
+    outcome.entities = ids.size();
     element->prefetch(ids, {{"type"}});
     for (const int id : ids) {
-        if (!load(context, *element, word, id))
-            continue;
         int type = 0;
-        if (!context.error.attempt([&] { type = element->Type(); }))
-            reportPendingError(context, "After reading the type of an element");
+        const bool isThere = load(context, *element, word, id);
+        const bool isKnown = isThere && context.error.attempt([&] { type = element->Type(); });
+        reportPendingError(context, "After reading the type of an element");
+        if (!isKnown)
+            outcome.refusedEntities.insert(id);
         else if (seenTypes.insert(type).second)
-            offerElementType(context, dialog, word, *workingCopy, type);
+            offerElementType(context, dialog, outcome, word, *workingCopy, type);
     }
 }
 
-void selectVectors(form::Context& context, frmPropertyList& dialog, const OutputKind& kind)
+void selectVectors(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
+                   const OutputKind& kind)
 {
     const bool isNode = kind.type == EntityType::Node;
     std::unique_ptr<femap::EntitySet> picked;
@@ -128,15 +152,17 @@ void selectVectors(form::Context& context, frmPropertyList& dialog, const Output
         picked = context.femap().feSet();
         const std::string title = "Select " + std::string(kind.choice) + " to Analyze";
         context.form.returnCode = static_cast<int>(picked->Select(kind.type, true, title));
-        if (picked->count() <= 0)
+        if (picked->count() <= 0) {
+            noteNothingPicked(outcome, context.form.returnCode);
             return;
+        }
         if (!isNode) {
-            offerElementTypes(context, dialog, kind.word, *picked);
+            offerElementTypes(context, dialog, outcome, kind.word, *picked);
             return;
         }
     }
     dialog.GetPropertyList("Output", isNode ? "Node" : "AllElements");
-    showAndUpdate(context, dialog, kind.word, picked.get());
+    showAndUpdate(context, dialog, outcome, kind.word, picked.get());
     logDebug(context.log, "Called update output list for ",
              isNode ? "" : "entity type=", kind.word);
 }
@@ -146,20 +172,29 @@ void selectVectors(form::Context& context, frmPropertyList& dialog, const Output
 void OutputsButton_Click(form::Context& context, frmPropertyList& dialog)
 {
     logPosition(context.log, "At start of OutputsButton_Click");
-    if (!hasResults(context))
+    const std::vector<int> vectorIDs = vectorsWithResults(context);
+    if (vectorIDs.empty())
         return;
     const std::string& choice = context.form.OutputSelection.Text;
     logDebug(context.log, "output selection is ", choice);
 
+    Outcome outcome;
     if (choice == massChoice) {
         dialog.GetPropertyList("MeshMass", "");
-        showAndUpdate(context, dialog, massWord, nullptr);
+        showAndUpdate(context, dialog, outcome, massWord, nullptr);
+        tell(context, outcome);
         return;  // sic: without the log line at the end
     }
     const auto kind = std::ranges::find(outputKinds, choice, &OutputKind::choice);
-    if (kind == std::end(outputKinds))
-        return;
-    selectVectors(context, dialog, *kind);
+    if (kind == std::end(outputKinds)) {
+        context.form.status.tellProblem(choice + " type not currently supported");
+        return;  // sic: only the status line tells
+    }
+    renewLists(context, dialog, vectorIDs);
+    selectVectors(context, dialog, outcome, *kind);
+    if (outcome.rows != 0)
+        tellOutputSet(context);
+    tell(context, outcome);
     logPosition(context.log, "At end of OutputsButton_Click");
 }
 

@@ -45,18 +45,24 @@ void frmPropertyList::UpdateCollection()
 {
     const std::unique_ptr<femap::Application> application = connector_.attach();
     vectors_ = {};
+    outputSet_.reset();
+    refusedVectors_ = 0;
+    const int outputSet = application->Info_ActiveID(femap::EntityType::OutputSet);
     const std::unique_ptr<femap::EntitySet> set = application->feSet();
     const std::unique_ptr<femap::OutputVector> vector = application->feOutput();
     set->AddAll(femap::EntityType::OutputVector);
-    const std::vector<int> ids = set->ids();
+    vectorIDs_ = set->ids();
+    const std::vector<int>& ids = vectorIDs_;
     std::vector<femap::VectorReading> plan;
     plan.reserve(ids.size());
     for (const int id : ids)
         plan.push_back({id});
     vector->prefetch(std::move(plan));
     for (const int id : ids) {
-        if (vector->Get(id) != femap::ReturnCode::Ok)
+        if (vector->Get(id) != femap::ReturnCode::Ok) {
+            ++refusedVectors_;
             continue;
+        }
         const VectorRange* const range = findVectorRange(vector->classicID());
         if (range == nullptr)
             continue;
@@ -65,6 +71,12 @@ void frmPropertyList::UpdateCollection()
         if (range->isOfElements)
             vectorsOf(VectorGroup::AllElements).push_back(text);
     }
+    outputSet_ = outputSet;
+}
+
+bool frmPropertyList::isBuiltFrom(int outputSet, const std::vector<int>& vectorIDs) const
+{
+    return outputSet_ == outputSet && vectorIDs_ == vectorIDs && refusedVectors_ == 0;
 }
 
 void frmPropertyList::Show()

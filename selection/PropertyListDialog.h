@@ -7,6 +7,7 @@
 
 #include <array>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -63,6 +64,10 @@ public:
 
     /// Sorts the output vectors of the open model into the groups that output lists show.
     void UpdateCollection();
+    /// Whether the groups were built from these vectors of this output set, all of them.
+    bool isBuiltFrom(int outputSet, const std::vector<int>& vectorIDs) const;
+    /// How many vectors FEMAP refused then; they are in no group.
+    int refusedVectors() const { return refusedVectors_; }
 
     /// Modal; the caller reads the collections afterwards.
     void Show();
@@ -100,6 +105,11 @@ private:
     std::vector<const Field*> fields_;  // of the items in the list; none in output mode
     std::vector<std::string> chosenEntries_;
     std::array<std::vector<std::string>, vectorGroupCount> vectors_;  // by VectorGroup
+
+    // What the groups were built from.
+    std::optional<int> outputSet_;  // none before they were built to the end
+    std::vector<int> vectorIDs_;
+    int refusedVectors_ = 0;
 };
 
 }  // namespace selection

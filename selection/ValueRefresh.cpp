@@ -4,12 +4,16 @@
 #include "logging/Module1.h"
 #include "selection/EntityReading.h"
 #include "selection/MassQuantities.h"
+#include "selection/Outcome.h"
+#include "selection/OutputSets.h"
 #include "selection/RefreshPlan.h"
 
 #include <cstddef>
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace selection
 {
@@ -54,18 +58,33 @@ int wholeNumberAt(const ParameterGrid& grid, int row, int column)
 }
 
 // Walks over the parameter rows. One that cannot be refreshed is reported and keeps its value.
-template <class Refresh>
-void refreshRows(Context& context, const ParameterGrid& grid, const std::string& what,
-                 const Refresh& refresh)
+// isWanted: whether a row is one that is read again.
+template <class IsWanted, class Refresh>
+Asked refreshRows(Context& context, const ParameterGrid& grid, const std::string& what,
+                  const IsWanted& isWanted, const Refresh& refresh)
 {
+    Asked asked;
     const int rows = grid.Rows();
     form::Progress progress(context, what, static_cast<std::size_t>(rows - 1));
     for (int row = 1; row < rows; ++row) {
-        if (!context.error.attempt([&] { refresh(row); }))
+        asked.all += isWanted(row) ? 1 : 0;
+        if (!context.error.attempt([&] { refresh(row); })) {
+            ++asked.refused;
             reportPendingError(context, "Refreshing " + grid.text(row, ParameterGrid::nameColumn));
+        }
         progress.step();
     }
     progress.finish();
+    return asked;
+}
+
+void tellKept(Context& context, const Asked& asked)
+{
+    if (asked.refused != 0)
+        form::tellEngineer(
+            context, share(asked, "rows") +
+                         (asked.refused == 1 ? " could not be read again; it keeps its value"
+                                             : " could not be read again; they keep their values"));
 }
 
 void refreshInput(Context& context, Entities& entities, int row)
@@ -79,8 +98,7 @@ void refreshInput(Context& context, Entities& entities, int row)
 
     femap::Entity& entity = entities[kind];
     logDebug(context.log, "Called the entity ", kind, " to update");
-    if (!load(context, entity, kind, wholeNumberAt(grid, row, form::inputColumn::id)))
-        return;
+    demand(entity, kind, wholeNumberAt(grid, row, form::inputColumn::id));
     const std::string member = grid.text(row, form::inputColumn::member);
     const bool isPlain = grid.text(row, form::inputColumn::index).empty();
     const femap::Value value =
@@ -97,8 +115,7 @@ void logUpdate(Context& context, int row)
 void refreshOutputValue(Context& context, femap::OutputVector& vector, int row)
 {
     ParameterGrid& grid = context.form.OutputsList;
-    if (!load(context, vector, wholeNumberAt(grid, row, form::outputColumn::second)))
-        return;
+    demand(vector, wholeNumberAt(grid, row, form::outputColumn::second));
     logUpdate(context, row);
     const double value = vector.Value(wholeNumberAt(grid, row, form::outputColumn::first));
     grid.setText(row, ParameterGrid::valueColumn, femap::toText(value));
@@ -127,8 +144,7 @@ void refreshMassProperty(Context& context, int row)
 void refreshOutputMember(Context& context, femap::OutputVector& vector, int row)
 {
     ParameterGrid& grid = context.form.OutputsList;
-    if (!load(context, vector, wholeNumberAt(grid, row, form::outputColumn::second)))
-        return;
+    demand(vector, wholeNumberAt(grid, row, form::outputColumn::second));
     const femap::Value value = vector.member(grid.text(row, form::outputColumn::kind));
     grid.setText(row, ParameterGrid::valueColumn, femap::toText(value));
     logUpdate(context, row);
@@ -160,12 +176,15 @@ void RefreshInputs_Click(Context& context)
     logDebug(context.log, "Number of rowsto refresh  in input list = ", grid.Rows());  // sic
 
     Entities entities(context, grid);
-    refreshRows(context, grid, "Refreshing inputs",
-                [&](int row) { refreshInput(context, entities, row); });
+    const Asked asked = refreshRows(
+        context, grid, "Refreshing inputs",
+        [&](int row) { return isRefreshed(grid.text(row, form::inputColumn::kind)); },
+        [&](int row) { refreshInput(context, entities, row); });
 
     form::unlockFemap(context);
     logDebug(context.log, "Released Femap lock");
     context.form.setMousePointers(form::pointerDefault);
+    tellKept(context, asked);
     logDebug(context.log, "At the end of RefreshInputs_Click");
 }
 
@@ -177,13 +196,21 @@ void RefreshOutputs_Click(Context& context)
     context.form.setMousePointers(form::pointerHourglass);
 
     const auto vector = context.femap().feOutput();
-    vector->prefetch(outputsToRead(context.form.OutputsList));
-    refreshRows(context, context.form.OutputsList, "Refreshing outputs",
-                [&](int row) { refreshOutput(context, *vector, row); });
+    std::vector<femap::VectorReading> vectors = outputsToRead(context.form.OutputsList);
+    const bool readsResults = !vectors.empty();
+    vector->prefetch(std::move(vectors));
+    const ParameterGrid& grid = context.form.OutputsList;
+    const Asked asked = refreshRows(
+        context, grid, "Refreshing outputs",
+        [&](int row) { return !grid.text(row, ParameterGrid::nameColumn).empty(); },
+        [&](int row) { refreshOutput(context, *vector, row); });
 
     form::unlockFemap(context);
     logDebug(context.log, "Released Femap Lock");  // sic
     context.form.setMousePointers(form::pointerDefault);
+    tellKept(context, asked);
+    if (readsResults)
+        tellOutputSet(context);
     logDebug(context.log, "At the end of RefreshOutputs_Click");
 }
 

@@ -101,8 +101,6 @@ int ComApplication::feAppGetAllModels()
 
 int ComApplication::Info_ActiveID(EntityType type)
 {
-    if (type == EntityType::OutputSet)
-        return activeOutputSet(application_);
     return application_.call("Info_ActiveID", static_cast<int>(type)).number();
 }
 

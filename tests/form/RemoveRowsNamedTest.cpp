@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
 #include <random>
 #include <string>
 #include <vector>
@@ -16,6 +17,7 @@ using fake::namesOf;
 using fake::rowsOf;
 using form::ParameterGrid;
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 namespace
 {
@@ -27,7 +29,7 @@ TEST(RemoveRowsNamed, DoesNothingWhenNoRowHasTheName)
 
     const ParameterGrid::NameScan scan = grid.removeRowsNamed("c");
 
-    EXPECT_EQ(scan.removed, 0);
+    EXPECT_THAT(scan.removed, IsEmpty());
     EXPECT_FALSE(scan.ranPastTheEnd);
     EXPECT_FALSE(scan.removalRefused);
     EXPECT_THAT(namesOf(grid), ElementsAre("a", "b"));
@@ -40,7 +42,7 @@ TEST(RemoveRowsNamed, ComparesTheWholeNameExactly)
 
     const ParameterGrid::NameScan scan = grid.removeRowsNamed("a");
 
-    EXPECT_EQ(scan.removed, 0);
+    EXPECT_THAT(scan.removed, IsEmpty());
     EXPECT_EQ(grid.Rows(), 5);
 }
 
@@ -51,7 +53,7 @@ TEST(RemoveRowsNamed, RunsPastTheEndAfterRemovingARowAboveTheLast)
 
     const ParameterGrid::NameScan scan = grid.removeRowsNamed("b");
 
-    EXPECT_EQ(scan.removed, 1);
+    EXPECT_THAT(scan.removed, ElementsAre("b\t\t\t\t"));
     EXPECT_TRUE(scan.ranPastTheEnd);
     EXPECT_THAT(namesOf(grid), ElementsAre("a", "c"));
 }
@@ -63,7 +65,7 @@ TEST(RemoveRowsNamed, EndsWithTheLastRowWhenThatIsTheDuplicate)
 
     const ParameterGrid::NameScan scan = grid.removeRowsNamed("c");
 
-    EXPECT_EQ(scan.removed, 1);
+    EXPECT_THAT(scan.removed, ElementsAre("c\t\t\t\t"));
     EXPECT_FALSE(scan.ranPastTheEnd);
     EXPECT_THAT(namesOf(grid), ElementsAre("a", "b"));
 }
@@ -75,7 +77,7 @@ TEST(RemoveRowsNamed, SkipsTheRowThatMovesUpIntoTheRemovedPlace)
 
     const ParameterGrid::NameScan scan = grid.removeRowsNamed("a");
 
-    EXPECT_EQ(scan.removed, 2);
+    EXPECT_THAT(scan.removed, ElementsAre("a\t1\t\t\t", "a\t3\t\t\t"));
     EXPECT_TRUE(scan.ranPastTheEnd);
     EXPECT_THAT(rowsOf(grid), ElementsAre("a\t2\t\t\t", "b\t\t\t\t", "a\t4\t\t\t"));
 }
@@ -87,7 +89,7 @@ TEST(RemoveRowsNamed, IsRefusedForTheOnlyParameterRow)
 
     const ParameterGrid::NameScan scan = grid.removeRowsNamed("a");
 
-    EXPECT_EQ(scan.removed, 0);
+    EXPECT_THAT(scan.removed, IsEmpty());
     EXPECT_TRUE(scan.removalRefused);
     EXPECT_FALSE(scan.ranPastTheEnd);
     EXPECT_THAT(rowsOf(grid), ElementsAre("a\t1\t\t\t"));
@@ -115,15 +117,15 @@ TEST(RemoveRowsNamed, StaysQuickInALargeGrid)
     grid.RemoveItem(1);
     const auto start = std::chrono::steady_clock::now();
 
-    int removed = 0;
+    std::size_t removed = 0;
     for (int i = 0; i < rows; ++i) {
         const std::string name = "name" + std::to_string(i);
-        removed += grid.removeRowsNamed(name).removed;
+        removed += grid.removeRowsNamed(name).removed.size();
         grid.AddItem(name);
     }
 
     const auto spent = std::chrono::steady_clock::now() - start;
-    EXPECT_EQ(removed, rows);
+    EXPECT_EQ(removed, static_cast<std::size_t>(rows));
     EXPECT_EQ(grid.Rows(), rows + 1);
     EXPECT_EQ(grid.text(1, 0), "name0");
     // Looking at every row for every name would take minutes.
@@ -152,8 +154,8 @@ public:
                 scan.removalRefused = true;
                 break;
             }
+            scan.removed.push_back(*place);
             rows.erase(place);
-            ++scan.removed;
         }
         return scan;
     }

@@ -375,7 +375,7 @@ TEST_F(UpdateInputListTest, ShowsHowFarALongWalkHasCome)
             captions.push_back(f.form.StatusLine.Caption);
     });
 
-    f.selectInput("Nodes", ids, {});
+    f.selectInput("Nodes", ids, {"x"});
 
     EXPECT_THAT(captions, ElementsAre("Reading inputs … 75 %"));
     EXPECT_EQ(f.femap.statusMaximum, 0);

@@ -146,7 +146,10 @@ TEST_F(LoadDefinitionInputs, AValueThatCannotBeReadCostsItsRowOnly)
     pickScripted();
 
     EXPECT_THAT(f.names(f.form.InputsList), ElementsAre("Scripted_3_Fx", "Scripted_3_Fz"));
-    EXPECT_THAT(f.messages(), IsEmpty());
+    const std::string message = "4 of 6 values of loads could not be read; they have no rows";
+    EXPECT_THAT(f.messages(), ElementsAre(message));
+    EXPECT_EQ(f.form.StatusLine.Caption, message);
+    EXPECT_THAT(f.log(), Contains("DEBUG: " + message));
     EXPECT_THAT(f.log(), IsSupersetOf({"ERROR: --------------------Reading a load of "
                                        "Scripted--------------------",
                                        "ERROR: There is no member load",
@@ -189,8 +192,11 @@ TEST_F(LoadDefinitionInputs, ADefinitionThatFemapDoesNotLoadIsSkipped)
 
     EXPECT_THAT(f.names(f.form.InputsList), ElementsAre(""));
     EXPECT_THAT(f.log(), AllOf(Contains("ERROR: FEMAP has no load definition with the ID 3"),
+                               Contains("DEBUG: Error occured Reading load definition"),
                                Not(Contains(HasSubstr("Load Defination")))));
-    EXPECT_THAT(f.messages(), IsEmpty());
+    EXPECT_THAT(f.messages(),
+                ElementsAre("1 of 1 load definitions could not be read; it has no rows"));
+    EXPECT_EQ(f.form.StatusLine.Caption, f.messages().front());
     EXPECT_TRUE(isUnlocked());
 }
 

@@ -99,8 +99,8 @@ TEST_F(UpdateOutputListTest, LogsEveryStepOfVectorRows)
 TEST_F(UpdateOutputListTest, LogsEveryStepOfExtremes)
 {
     f.addVector(1, "Total Translation");
-    fill(f.form.OutputsList, {"TotalTranslatiMaxAtElem1", "TotalTranslatiMinAtElem1", "a"},
-         restOfRow);
+    fake::fill(f.form.OutputsList, {"TotalTranslatiMaxAtElem1\t0\t1\t1\tmaxval",
+                                    "TotalTranslatiMinAtElem1\t0\t1\t1\tminval", "a"});
 
     const Texts log = f.logOf([&] { UpdateOutputList(f.context, "Elem", nullptr, {"1 "}); });
 
