@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace form
 {
@@ -26,6 +27,10 @@ public:
     /// So many more steps are done. Cheap enough for every entity of a large model.
     void step(std::size_t count = 1);
 
+    /// A file of the action is complete.
+    void finished(const std::string& file) { finishedFiles_.push_back(file); }
+    const std::vector<std::string>& finishedFiles() const { return finishedFiles_; }
+
     /// Ends the walk: hides FEMAP's bar and takes the progress off the status line.
     void finish();
 
@@ -41,6 +46,7 @@ private:
     std::size_t done_ = 0;
     std::size_t nextLook_;  // the step at which the clock is read again
     double nextShow_;       // the time at which the display changes again, in seconds
+    std::vector<std::string> finishedFiles_;
     bool barIsOn_ = false;
     bool barIsUsable_ = true;
 };

@@ -16,7 +16,7 @@ void WriteBatchFile(form::Context& context, const std::string& folder, const std
     const std::string& command = context.form.CommandLine.Text;
     file.line(command);
     logDebug(context.log, "Found command line argument as ", command);
-    file.close();
+    finish(context, file);
     logPosition(context.log, "After writing batch file object");
 }
 

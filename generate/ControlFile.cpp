@@ -181,7 +181,7 @@ void Save_Config(Context& context)
     forEachNamedRow(context, context.form.InputsList, writeRow);
     file.line("");
     forEachNamedRow(context, context.form.OutputsList, writeRow);
-    file.close();
+    finish(context, file);
     rememberWrittenControlFile(context, path);
     logDebug(context.log, "Closed file ", path);
 }

@@ -49,9 +49,9 @@ void writeExchange(Context& context, const std::string& folder, const std::strin
         values.line(nameValueLine(row));
         valuesTemplate.line(templateLine(row));
     });
-    valuesTemplate.close();
-    values.close();
-    description.close();
+    finish(context, valuesTemplate);
+    finish(context, values);
+    finish(context, description);
 }
 
 }  // namespace

@@ -16,6 +16,7 @@ namespace generate
 using femap::signBlankText;
 using form::Context;
 using logging::logDebug;
+using logging::logPositionAndClearErrorIfAny;
 
 namespace
 {
@@ -53,15 +54,24 @@ void writeFunctionOf(Context& context, const ParameterRow& row, TextFile& file)
     logDebug(context.log, "At the Start of data fetching for ", row.name());
     const std::string_view idText = row.cell(form::inputColumn::id);
     const std::optional<int> id = femap::wholeNumber(idText);
-    if (!loadFunction(context, id)) {
+    femap::FunctionPoints points;
+    std::string title;
+    bool isGiven = false;
+    const bool isAnswered = context.error.attempt([&] {
+        if (!loadFunction(context, id))
+            return;
+        points = functionObject(context).GetFunctionList();
+        title = functionObject(context).title();
+        isGiven = true;
+    });
+    if (!isAnswered)
+        logPositionAndClearErrorIfAny(context.log, context.error, "Reading the points");
+    if (!isGiven) {
         form::tellEngineer(context,
                            concatenated({"Unable to fetch the value for function id = ", idText}));
         return;
     }
 
-    femap::Function& function = functionObject(context);
-    const femap::FunctionPoints points = function.GetFunctionList();
-    const std::string title = function.title();
     logDebug(context.log, "Start iterating to fetch X-Y values for ", title);
     form::showMessage(context, title + " is selected", femap::MessageColour::Normal);
     writeBlock(file, *id, title, points);
@@ -92,7 +102,7 @@ void WriteFunctionInputs(Context& context)
     form::unlockFemap(context);
     logDebug(context.log, "Released Femap lock before functions data");  // sic
     logDebug(context.log, "After writing function data");
-    file.close();
+    finish(context, file);
 }
 
 }  // namespace generate

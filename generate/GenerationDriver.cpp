@@ -14,7 +14,9 @@
 #include <iterator>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace generate
 {
@@ -76,15 +78,24 @@ std::size_t rowsToVisit(const form::MainForm& form, const Tool* tool)
            walksOfOutputs * form.OutputsList.rows().size();
 }
 
-void writeFiles(Context& context)
+void writeFiles(Context& context, form::Progress& progress, const Tool* tool)
 {
-    const Tool* const tool = findTool(context.form.Optimizer.Text);
-    form::Progress progress(context, "Writing files", rowsToVisit(context.form, tool));
     const SharedProgress shared(context, progress);
     if (tool != nullptr)
         tool->generate(context);
     Save_Config(context);
     progress.finish();
+}
+
+// How many files were written, and into which folder.
+void tellFinished(Context& context, const std::vector<std::string>& files)
+{
+    if (files.empty())
+        return;
+    const std::string count = files.size() == 1
+                                  ? "1 file is written into "
+                                  : std::to_string(files.size()) + " files are written into ";
+    context.form.status.tellResult(count + modelFolder(files.back()));
 }
 
 // Shown as far as FEMAP can show it, logged in any case.
@@ -148,12 +159,15 @@ void GenerateButton_Click(Context& context)
     form::lockFemap(context);
     logDebug(context.log, "Acquired Femap lock");
     context.form.setMousePointers(form::pointerHourglass);
-    writeFiles(context);
+    const Tool* const tool = findTool(context.form.Optimizer.Text);
+    form::Progress progress(context, "Writing files", rowsToVisit(context.form, tool));
+    writeFiles(context, progress, tool);
     logDebug(context.log, "called save cofig");  // sic
     form::unlockFemap(context);
     logDebug(context.log, "Released Femap lock");
     context.form.setMousePointers(form::pointerDefault);
     logPositionAndClearErrorIfAny(context.log, context.error, "After Generating supporting files");
+    tellFinished(context, progress.finishedFiles());
 }
 
 void Solver_Click(Context& context)

@@ -40,9 +40,10 @@ ModelPath splitModelPath(const std::string& path)
         return {path.substr(0, start), path.substr(start)};
     if (point < start)
         throw sys::RuntimeError(sys::ErrorNumber::InvalidCall,
-                                "The model file " + path +
-                                    " has a point in the name of a folder but no extension of "
-                                    "its own. Save the model under a name with an extension");
+                                "A folder of the model's file has a point in its name, but the "
+                                "file has no extension of its own. Save the model under a name "
+                                "with an extension: " +
+                                    path);
     return {path.substr(0, start), path.substr(start, point - start)};
 }
 

@@ -194,14 +194,14 @@ void WriteProjectFile(Context& context, const std::string& folder, const std::st
     TextFile file = openTarget(context, {folder, name}, projectFile);
     file.write(
         fillIn(project, {{"model", {name}}, {"1 to 4", {"1", "2", "3", "4"}}, {"blank", {" "}}}));
-    file.close();
+    finish(context, file);
 }
 
 void WriteProcessFile(Context& context, const std::string& folder, const std::string& name)
 {
     TextFile file = openTarget(context, {folder, name}, processFile);
     file.write(fillIn(process, {{"command line", {context.form.CommandLine.Text}}}));
-    file.close();
+    finish(context, file);
 }
 
 void WriteParameterFile(Context& context, const std::string& folder, const std::string& name)
@@ -211,7 +211,7 @@ void WriteParameterFile(Context& context, const std::string& folder, const std::
            {{"input", namesAndValues(context, context.form.InputsList)},
             {"output", namesAndValues(context, context.form.OutputsList)}},
            [&](std::string_view line) { file.line(line); });
-    file.close();
+    finish(context, file);
 }
 
 }  // namespace generate

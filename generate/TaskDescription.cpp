@@ -259,8 +259,8 @@ void WriteDescFile(Context& context)
     });
     WriteFunctionInputs(context);
     task.write(fillIn(betweenInputsAndOutputs, {}));
-    inputNamesAndValues.close();
-    caeInput.close();
+    finish(context, inputNamesAndValues);
+    finish(context, caeInput);
     logDebug(context.log, "Closed files ", inputPaths);
 
     TextFile caeOutput = open(outputDescription);
@@ -274,8 +274,8 @@ void WriteDescFile(Context& context)
         task.line(outputLine(row));
     });
     WriteDescFileTail(context, task, name);
-    outputNamesAndValues.close();
-    caeOutput.close();
+    finish(context, outputNamesAndValues);
+    finish(context, caeOutput);
     logDebug(context.log, "Closed files ", outputPaths, " ");
     logDebug(context.log, "At end of  write desc file");  // sic
 }
@@ -299,7 +299,7 @@ void WriteDescFileTail(Context& context, TextFile& file, const std::string& name
                        {"command line", {context.form.CommandLine.Text}}}));
     WriteDescFileOptimize(context, file);
     file.write(fillIn(planAndStorage, {}));
-    file.close();
+    finish(context, file);
     logDebug(context.log, "After writing head of Desc file");  // sic
 }
 

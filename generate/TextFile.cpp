@@ -1,5 +1,6 @@
 #include "generate/TextFile.h"
 
+#include "form/Progress.h"
 #include "logging/Module1.h"
 #include "system/PendingError.h"
 #include "system/RuntimeError.h"
@@ -16,12 +17,14 @@ using sys::RuntimeError;
 namespace
 {
 
-// Short, for FEMAP's message window cuts long texts.
-std::string cureOf(ErrorNumber number)
+// What happened to the file, and the cure.
+std::string_view messageFor(ErrorNumber number)
 {
     return number == ErrorNumber::PermissionDenied
-               ? "See whether another program has it open or it is write-protected, and try again"
-               : "See that its folder is there and the disk has room, and try again";
+               ? " was not written. See whether another program has it open or it is "
+                 "write-protected, and try again: "
+               : " was not written. See that its folder is there and the disk has room, and try "
+                 "again: ";
 }
 
 // The operating system's reason in the description of a disk error, which begins with the path.
@@ -32,7 +35,8 @@ std::string reasonIn(const std::string& description, const std::string& path)
     return position == std::string::npos ? description : description.substr(position + 2);
 }
 
-// Runs a step that writes; its errors then name the final file and say what to do.
+// Runs a step that writes; its errors then name the final file and say what to do. The reason comes
+// first and the path last, for FEMAP's message window cuts long texts.
 template <class Step>
 auto namingFile(const std::string& path, Step&& step)
 {
@@ -40,9 +44,9 @@ auto namingFile(const std::string& path, Step&& step)
         return step();
     }
     catch (const RuntimeError& error) {
-        throw RuntimeError(error.number(),
-                           path + " was not written: " + reasonIn(error.description(), path) +
-                               ". " + cureOf(error.number()));
+        const std::string name = path.substr(path.find_last_of(sys::pathSeparators) + 1);
+        throw RuntimeError(error.number(), reasonIn(error.description(), path) + ". " + name +
+                                               std::string(messageFor(error.number())) + path);
     }
 }
 
@@ -95,6 +99,13 @@ void TextFile::close()
     if (writer_.firstLossyLine() != 0)
         logDebug(log_, path_, ": line ", writer_.firstLossyLine(),
                  " is the first with a character that the code page lacks; it is written as ?");
+}
+
+void finish(form::Context& context, TextFile& file)
+{
+    file.close();
+    if (context.progress != nullptr)
+        context.progress->finished(file.path());
 }
 
 }  // namespace generate

@@ -10,6 +10,11 @@
 #include <string>
 #include <string_view>
 
+namespace form
+{
+struct Context;
+}
+
 namespace generate
 {
 
@@ -34,6 +39,8 @@ public:
     /// Logs the first line, if any, with a character that the code page lacks.
     void close();
 
+    const std::string& path() const { return path_; }
+
 private:
     sys::System& system_;
     logging::FemapLogger& log_;
@@ -42,5 +49,8 @@ private:
     sys::LineWriter writer_;
     bool closed_ = false;
 };
+
+/// Gives the file its final name and counts it for the result that the action tells.
+void finish(form::Context& context, TextFile& file);
 
 }  // namespace generate

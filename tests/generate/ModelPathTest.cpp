@@ -48,9 +48,9 @@ TEST(ModelPath, IsRefusedWhenTheOnlyPointLiesInAFolderName)
     catch (const sys::RuntimeError& error) {
         EXPECT_EQ(error.number(), sys::ErrorNumber::InvalidCall);
         EXPECT_EQ(error.description(),
-                  "The model file " + path +
-                      " has a point in the name of a folder but no extension of its own. Save the "
-                      "model under a name with an extension");
+                  "A folder of the model's file has a point in its name, but the file has no "
+                  "extension of its own. Save the model under a name with an extension: " +
+                      path);
     }
 }
 

@@ -113,9 +113,10 @@ TEST_F(AFileOnWindows, StaysAsItIsWhenAnotherProgramKeepsItAndAMessageSaysSo)
 
     const auto waited = std::chrono::steady_clock::now() - begin;
     _close(held);
-    EXPECT_EQ(error, path +
-                         " was not written: Permission denied. See whether another program has "
-                         "it open or it is write-protected, and try again");
+    EXPECT_EQ(error,
+              "Permission denied. Träger.txt was not written. See whether another program "
+              "has it open or it is write-protected, and try again: " +
+                  path);
     EXPECT_GE(waited, std::chrono::milliseconds(450));
     EXPECT_LT(waited, std::chrono::seconds(4));
     EXPECT_EQ(system.files.read(path), "old\r\n");
@@ -130,7 +131,7 @@ TEST_F(AFileOnWindows, StaysAsItIsWhenItIsWriteProtectedAndAMessageSaysSo)
     const std::string error = errorOfWriting();
 
     EXPECT_EQ(_wchmod(wide.c_str(), _S_IREAD | _S_IWRITE), 0);
-    EXPECT_THAT(error, StartsWith(path + " was not written: Permission denied. See whether"));
+    EXPECT_THAT(error, StartsWith("Permission denied. Träger.txt was not written. See whether"));
     EXPECT_EQ(system.files.read(path), "old\r\n");
     EXPECT_THAT(folder.listing(), ElementsAre("Träger.txt"));
 }

@@ -11,6 +11,7 @@ struct Kept
     std::vector<std::string> inputs;
     std::vector<std::string> outputs;
     std::map<std::string, std::string> files;
+    bool lacksTheFunction = false;  // as the status line says
 };
 
 Kept keptBy(const World& world);
@@ -37,7 +38,7 @@ void expectNoRowMissing(const WholeRun& whole, const Kept& left);
 void expectRowsOf(const WholeRun& whole, const Kept& left);
 
 /// Expects each file to be complete, from before or from the whole run, and none to be one too
-/// many.
+/// many. The function that was refused is told, and the file of functions has no block of it.
 void expectFilesOf(const WholeRun& whole, const Kept& left);
 
 }  // namespace reliability

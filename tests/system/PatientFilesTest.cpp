@@ -115,8 +115,8 @@ TEST_F(FileHeldByAnotherProgram, IsGivenUpAfterThatWithTheReasonAndTheCure)
     catch (const RuntimeError& error) {
         EXPECT_EQ(error.number(), ErrorNumber::PermissionDenied);
         EXPECT_EQ(error.description(),
-                  "/out was not written: Permission denied. See whether another program has it "
-                  "open or it is write-protected, and try again");
+                  "Permission denied. out was not written. See whether another program has it open "
+                  "or it is write-protected, and try again: /out");
     }
 
     EXPECT_THAT(waits, SizeIs(5));
