@@ -2,6 +2,7 @@
 
 #include "app/Bindings.h"
 #include "logging/Module1.h"
+#include "system/Memory.h"
 
 #include <algorithm>
 #include <utility>
@@ -51,7 +52,8 @@ Ended EventDispatcher::run(std::string_view name, const std::function<void()>& p
 Ended EventDispatcher::carryOut(const std::string& where, const std::function<void()>& procedure)
 {
     try {
-        const bool endedNormally = session_.context.error.attempt(procedure);
+        const bool endedNormally =
+            session_.context.error.attempt([&] { sys::whileMemoryLasts("", procedure); });
         if (!endedNormally)
             lastFailure_ = session_.context.error.description();
         reportPending(where);

@@ -25,8 +25,8 @@ class EventDispatcher
 public:
     explicit EventDispatcher(Session& session) : session_(session) {}
 
-    /// Runs a procedure; the name is for the log. Exceptions other than RuntimeError and
-    /// ConnectionLost pass through.
+    /// Runs a procedure; the name is for the log. Memory that is used up ends it by an error.
+    /// Exceptions other than that, RuntimeError and ConnectionLost pass through.
     Ended run(std::string_view name, const std::function<void()>& procedure);
 
     bool isBusy() const { return busy_; }

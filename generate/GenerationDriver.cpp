@@ -2,6 +2,7 @@
 
 #include "form/Progress.h"
 #include "generate/ControlFile.h"
+#include "generate/ModelName.h"
 #include "generate/ModelPath.h"
 #include "generate/ScanProject.h"
 #include "generate/SolverFormat.h"
@@ -105,8 +106,8 @@ void tryToTellEngineer(Context& context, const std::string& text)
     logDebug(context.log, text);
 }
 
-// False when the model was never saved. A name that cannot be read does not stop the generators:
-// they run and fail by themselves.
+// False when the model was never saved. Raises when its name fits no file's code page. A name that
+// cannot be read does not stop the generators: they run and fail by themselves.
 bool mayGenerate(Context& context, std::string& modelFile)
 {
     const bool isRead = context.error.attempt([&] { modelFile = context.femap().ModelName(); });
@@ -114,7 +115,9 @@ bool mayGenerate(Context& context, std::string& modelFile)
         tryToTellEngineer(context, std::string(modelMustBeSaved));
         return false;
     }
-    if (!isRead) {
+    if (isRead)
+        demandNameInCodePage(context.system.codePage, modelFile);
+    else {
         context.error.clear();
         tryToTellEngineer(context, "Cannot perform action without a model");
         return true;

@@ -2,6 +2,7 @@
 
 #include "form/Progress.h"
 #include "logging/Module1.h"
+#include "system/Memory.h"
 #include "system/PendingError.h"
 #include "system/RuntimeError.h"
 
@@ -42,6 +43,9 @@ auto namingFile(const std::string& path, Step&& step)
 {
     try {
         return step();
+    }
+    catch (const std::bad_alloc&) {
+        throw RuntimeError(ErrorNumber::ObjectFailed, path + " was not written: " + sys::noMemory);
     }
     catch (const RuntimeError& error) {
         const std::string name = path.substr(path.find_last_of(sys::pathSeparators) + 1);

@@ -1,6 +1,7 @@
 // velmar-study with the things of this machine: both mains call runHere.
 #include "study/Platform.h"
 #include "study/StudyProgram.h"
+#include "system/Memory.h"
 #include "system/System.h"
 
 #include <cstdio>
@@ -21,7 +22,7 @@ int runHere(const std::vector<std::string>& arguments)
                                     recordedForm(), showsColours});
     }
     catch (const std::exception& error) {
-        static_cast<void>(std::fprintf(stderr, "velmar-study: %s\n", error.what()));
+        static_cast<void>(std::fprintf(stderr, "velmar-study: %s\n", sys::reasonOf(error)));
         return EXIT_FAILURE;
     }
 }

@@ -5,6 +5,7 @@
 #include "study/StudyCheck.h"
 #include "study/StudyFemap.h"
 #include "study/StudyRunner.h"
+#include "system/Memory.h"
 
 #include <exception>
 #include <iterator>
@@ -90,7 +91,8 @@ Call parseCall(const std::vector<std::string>& arguments)
 std::string readScript(const std::string& script, const Environment& environment)
 {
     if (script != "-")
-        return environment.system.files.read(script);
+        return sys::whileMemoryLasts(script + " could not be read: ",
+                                     [&] { return environment.system.files.read(script); });
     return {std::istreambuf_iterator<char>(environment.input), std::istreambuf_iterator<char>()};
 }
 
@@ -206,7 +208,7 @@ int runStudy(const std::vector<std::string>& arguments, const Environment& envir
         exitCode = runCall(parseCall(arguments), environment);
     }
     catch (const std::exception& error) {
-        environment.errors << "velmar-study: " << error.what() << '\n';
+        environment.errors << "velmar-study: " << sys::reasonOf(error) << '\n';
     }
     if (!environment.output.flush()) {
         environment.errors << "velmar-study: standard output could not be written\n";

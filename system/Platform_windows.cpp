@@ -1,6 +1,7 @@
 // Platform.h on Windows.
 #include "system/CodePage.h"
 #include "system/Platform.h"
+#include "system/RuntimeError.h"
 #include "system/System.h"
 #include "windows/Text.h"
 
@@ -64,9 +65,24 @@ class AnsiCodePage : public CodePage
 public:
     bool encode(std::string_view text, std::string& bytes) const override
     {
-        return windows::appendAnsi(text, bytes);
+        return raisingRuntimeError([&] { return windows::appendAnsi(text, bytes); });
     }
-    std::string decode(std::string_view bytes) const override { return windows::fromAnsi(bytes); }
+    std::string decode(std::string_view bytes) const override
+    {
+        return raisingRuntimeError([&] { return windows::fromAnsi(bytes); });
+    }
+
+private:
+    template <class Step>
+    static auto raisingRuntimeError(const Step& convert)
+    {
+        try {
+            return convert();
+        }
+        catch (const std::runtime_error& error) {
+            throw RuntimeError(ErrorNumber::FileError, error.what());
+        }
+    }
 };
 
 }  // namespace

@@ -8,7 +8,14 @@ velmar_test_library(form_driver app/window
     LINK app_window beside_standin)
 
 velmar_test(windows LINK windows)
-velmar_test(system SOURCES DiskFilesTest.cpp DiskFilesTest_windows.cpp SystemTest.cpp SystemTest_windows.cpp LINK system)
+velmar_test(system
+    SOURCES
+        DiskFilesTest.cpp
+        DiskFilesTest_windows.cpp
+        OpenAloneTest.cpp
+        SystemTest.cpp
+        SystemTest_windows.cpp
+    LINK system)
 velmar_test(femap SOURCES NumberTextTest.cpp LINK femap)
 velmar_test(femap/com LOCK femap.model LABELS com LINK beside_standin standin)
 velmar_test(standin LOCK femap.model

@@ -2,57 +2,96 @@
 
 #include <array>
 #include <cstdio>
+#include <limits>
+#include <stdexcept>
 
 namespace windows
 {
 
+namespace
+{
+
+constexpr UINT gb18030 = 54936;
+constexpr std::size_t bytesOfAUnit = 4;  // no page takes more for a unit of UTF-16
+
+[[noreturn]] void failToConvert(UINT page, DWORD error)
+{
+    throw std::runtime_error("Windows does not convert this text (code page " +
+                             std::to_string(page) + "): " + describe(HRESULT_FROM_WIN32(error)));
+}
+
+// The size of a text or a buffer as Windows takes it.
+int sizeOf(std::size_t size, UINT page)
+{
+    if (size > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+        failToConvert(page, ERROR_FILE_TOO_LARGE);
+    return static_cast<int>(size);
+}
+
+std::wstring toWide(std::string_view text, UINT page)
+{
+    if (text.empty())
+        return {};
+    // No page needs more units than bytes.
+    std::wstring wide(text.size(), L'\0');
+    const int size = sizeOf(text.size(), page);
+    const int length = MultiByteToWideChar(page, 0, text.data(), size, wide.data(), size);
+    if (length == 0)
+        failToConvert(page, GetLastError());
+    wide.resize(static_cast<std::size_t>(length));
+    return wide;
+}
+
+// Appends the text in that page; false when a character became the substitute. Without a substitute
+// the page must have every character.
+bool append(std::wstring_view wide, std::string& bytes, UINT page, const char* substitute)
+{
+    if (wide.empty())
+        return true;
+    const std::size_t before = bytes.size();
+    const std::size_t room = wide.size() * bytesOfAUnit;
+    // Without best fit, which takes letters that only look alike.
+    const DWORD flags = substitute == nullptr ? 0 : WC_NO_BEST_FIT_CHARS;
+    BOOL isLost = FALSE;
+    bytes.resize(before + room);
+    const int length = WideCharToMultiByte(page, flags, wide.data(), sizeOf(wide.size(), page),
+                                           bytes.data() + before, sizeOf(room, page), substitute,
+                                           substitute == nullptr ? nullptr : &isLost);
+    const DWORD error = GetLastError();
+    bytes.resize(before + static_cast<std::size_t>(length));
+    if (length == 0)
+        failToConvert(page, error);
+    return isLost == FALSE;
+}
+
+}  // namespace
+
 std::wstring toWide(std::string_view text)
 {
-    const int size = static_cast<int>(text.size());
-    const int length = MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0);
-    std::wstring wide(static_cast<std::size_t>(length), L'\0');
-    MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), length);
-    return wide;
+    return toWide(text, CP_UTF8);
 }
 
 std::string fromWide(std::wstring_view text)
 {
-    const int size = static_cast<int>(text.size());
-    const int length =
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
-    std::string narrow(static_cast<std::size_t>(length), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), size, narrow.data(), length, nullptr, nullptr);
+    std::string narrow;
+    append(text, narrow, CP_UTF8, nullptr);
     return narrow;
 }
 
-bool appendAnsi(std::string_view text, std::string& bytes)
+bool appendAnsi(std::string_view text, std::string& bytes, UINT page)
 {
-    if (text.empty())
-        return true;
-    constexpr const char* substitute = "?";
-    // Without best fit, which takes letters that only look alike.
-    constexpr DWORD flags = WC_NO_BEST_FIT_CHARS;
+    const UINT number = page == CP_ACP ? GetACP() : page;
     const std::wstring wide = toWide(text);
-    const int size = static_cast<int>(wide.size());
-    const int length =
-        WideCharToMultiByte(CP_ACP, flags, wide.data(), size, nullptr, 0, substitute, nullptr);
-    const std::size_t before = bytes.size();
-    bytes.resize(before + static_cast<std::size_t>(length));
-    BOOL lost = FALSE;
-    WideCharToMultiByte(CP_ACP, flags, wide.data(), size, bytes.data() + before, length, substitute,
-                        &lost);
-    return lost == FALSE;
+    if (number != CP_UTF8 && number != gb18030)
+        return append(wide, bytes, number, "?");
+    // These have every character and take neither flags nor a substitute.
+    append(wide, bytes, number, nullptr);
+    return fromWide(wide) == text;
 }
 
-std::string fromAnsi(std::string_view bytes)
+std::string fromAnsi(std::string_view bytes, UINT page)
 {
-    if (bytes.empty())
-        return {};
-    const int size = static_cast<int>(bytes.size());
-    const int length = MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, nullptr, 0);
-    std::wstring wide(static_cast<std::size_t>(length), L'\0');
-    MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, wide.data(), length);
-    return fromWide(wide);
+    return fromWide(toWide(bytes, page));
 }
 
 std::string describe(HRESULT result)

@@ -10,14 +10,17 @@
 namespace windows
 {
 
+/// All conversions raise std::runtime_error when Windows refuses one; nothing is appended then.
+
 /// Convert between UTF-8 and UTF-16. Malformed text becomes U+FFFD.
 std::wstring toWide(std::string_view text);
 std::string fromWide(std::wstring_view text);
 
-/// Appends UTF-8 text in the ANSI code page; false when a character that it lacks became "?".
-bool appendAnsi(std::string_view text, std::string& bytes);
+/// Appends UTF-8 text in the ANSI code page, or another one; false when a character that it lacks
+/// became "?", or when the text is malformed.
+bool appendAnsi(std::string_view text, std::string& bytes, UINT page = CP_ACP);
 /// Bytes of that code page as UTF-8.
-std::string fromAnsi(std::string_view bytes);
+std::string fromAnsi(std::string_view bytes, UINT page = CP_ACP);
 
 /// "0x800706BA: The RPC server is unavailable." in the system's language.
 std::string describe(HRESULT result);

@@ -3,6 +3,7 @@
 #include "app/window/AccessKeys.h"
 #include "app/window/SentMessages.h"
 #include "form/Layout.h"
+#include "system/Memory.h"
 #include "windows/Text.h"
 
 #include <algorithm>
@@ -147,12 +148,29 @@ void MainWindow::unload()
         DestroyWindow(window_);
 }
 
+// The form stays, so that its rows can still be applied. Too little for the message itself leaves
+// what stands there.
+void MainWindow::tellNoMemory()
+{
+    try {
+        program_.form().status.tellFailure(sys::noMemory);
+        if (ready_)
+            showProgress();
+    }
+    catch (const std::bad_alloc&) {
+        return;
+    }
+}
+
 // Keeps an exception for run(), for none may pass through Windows' own code in between.
 template <class Step>
 LRESULT MainWindow::guarded(Step&& step)
 {
     try {
         step();
+    }
+    catch (const std::bad_alloc&) {
+        tellNoMemory();
     }
     catch (const std::exception&) {
         mistake_ = std::current_exception();

@@ -117,6 +117,7 @@ private:
 
     template <class Step>
     LRESULT guarded(Step&& step);
+    void tellNoMemory();
 
     static constexpr const wchar_t* panelClass = L"VelmarFemapInterfacePanel";
 

@@ -1,11 +1,11 @@
 #include "AppFixture.h"
 #include "app/EventDispatcher.h"
 #include "app/StartUp.h"
-#include "fake/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <new>
 #include <stdexcept>
 
 namespace app
@@ -294,6 +294,25 @@ TEST(EventDispatcher, LetsAMistakeOfTheProgramPass)
     EXPECT_THAT(f.log(), IsEmpty());
 }
 
+TEST(EventDispatcher, TellsThatNoMemoryIsLeftAndStaysUsable)
+{
+    DispatchFixture f;
+
+    const Ended ended = f.dispatch.run("RefreshInputs_Click", [&] {
+        f.lockAndShowHourglass();
+        throw std::bad_alloc();
+    });
+
+    EXPECT_EQ(ended, Ended::ByError);
+    EXPECT_EQ(f.form.StatusLine.Caption,
+              "No memory is left. Close other programs or work with "
+              "fewer rows, and try again");
+    EXPECT_THAT(f.messages(), ElementsAre(f.form.StatusLine.Caption));
+    EXPECT_EQ(f.femap.lockCount, 0);
+    EXPECT_TRUE(f.pointersAreDefault());
+    EXPECT_EQ(f.dispatch.run("ClearAll_Click", [] {}), Ended::Normally);
+}
+
 TEST(EventDispatcher, GoesOnWithAProcedureWhoseLogCannotBeWritten)
 {
     DispatchFixture f;
@@ -349,44 +368,6 @@ TEST(EventDispatcher, ForgetsFemapAlsoWhenTheLogCannotBeWritten)
     EXPECT_EQ(f.context.application, nullptr);
     EXPECT_THAT(f.form.StatusLine.Caption,
                 testing::StartsWith(std::string(femapIsGone) + " The log ends here: "));
-}
-
-TEST(EventDispatcher, BringsTheLogIntoItsFileAfterEachProcedure)
-{
-    StartedProgram f;
-
-    f.program.raise("ClearAll_Click");
-
-    EXPECT_EQ(f.logLines().back(), "DEBUG: Position at At end of ClearAll_Click");
-}
-
-TEST(EventDispatcher, BringsTheLogIntoItsFileOnTheRealDiskToo)
-{
-    AppFixture f;
-    const fake::TemporaryFolder folder;
-    sys::System machine = sys::thisMachine();
-    machine.environment = [&](const std::string&) { return folder.path(); };
-    const std::string path = folder.path("korva") + sys::pathSeparator + "beam.log";
-    Program program(f.connector, f.host, f.lists, machine);
-
-    program.start(allArguments);
-    const std::string afterStart = machine.files.read(path);
-    program.raise("ClearAll_Click");
-
-    EXPECT_TRUE(afterStart.ends_with("DEBUG: Position at At end of Load Form\r\n"));
-    EXPECT_TRUE(
-        machine.files.read(path).ends_with("DEBUG: Position at At end of ClearAll_Click\r\n"));
-}
-
-TEST(EventDispatcher, TellsOnTheStatusLineThatTheLogCannotBeWritten)
-{
-    StartedProgram f;
-    f.files.failingOperation = f.files.operations + 1;
-
-    EXPECT_EQ(f.program.raise("ClearAll_Click"), Ended::Normally);
-
-    EXPECT_THAT(f.form.StatusLine.Caption, testing::HasSubstr("No space left on device"));
-    EXPECT_EQ(f.program.raise("ClearAll_Click"), Ended::Normally);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <new>
 #include <string>
 
 using fake::LoggerFixture;
@@ -119,6 +120,45 @@ TEST(TextFileTest, StaysTheOldOneWhenItIsClosedInSpiteOfAFailedWrite)
 
     EXPECT_THAT(f.files.contents, ElementsAre(Key("/out")));
     EXPECT_EQ(f.files.contents["/out"], "old");
+}
+
+// A page that converts nothing, for one reason or the other.
+class CodePageThatFails : public sys::CodePage
+{
+public:
+    bool isMemoryUsedUp = false;
+
+    bool encode(std::string_view, std::string&) const override
+    {
+        if (isMemoryUsedUp)
+            throw std::bad_alloc();
+        throw RuntimeError(sys::ErrorNumber::FileError, "No such page");
+    }
+    std::string decode(std::string_view) const override { return {}; }
+};
+
+TEST(TextFileTest, StaysTheOldOneWhenItsTextCannotBeConverted)
+{
+    CodePageThatFails codePage;
+    for (const bool isMemoryUsedUp : {false, true}) {
+        LoggerFixture f;
+        codePage.isMemoryUsedUp = isMemoryUsedUp;
+        sys::System system{f.files, codePage, f.system.localTime, f.system.monotonicSeconds,
+                           f.system.environment};
+        f.files.contents["/out"] = "old";
+        f.error.attempt([&] {
+            TextFile file(system, f.log, "/out");
+            file.line("Träger");
+            file.close();
+        });
+
+        EXPECT_THAT(
+            f.error.description(),
+            testing::StartsWith(isMemoryUsedUp ? "/out was not written: No memory is left. Close "
+                                               : "/out was not written: No such page. See that "));
+        EXPECT_THAT(f.files.contents, ElementsAre(Key("/out")));
+        EXPECT_EQ(f.files.contents["/out"], "old");
+    }
 }
 
 TEST(TextFileTest, LogsOnceAtWhichLineCharactersWereLost)

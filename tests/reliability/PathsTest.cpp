@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -60,6 +61,27 @@ TEST(Apply, WorksForAModelWithANonAsciiName)
                                        "Träger Ø12Control.txt"}));
     EXPECT_THAT(place.read("Träger Ø12.kvp"), HasSubstr("set linkfile \"Tr\xE4ger \xD8"
                                                         "12.pcs\""));
+}
+
+TEST(Apply, WritesNothingForAModelWhoseNameTheCodePageLacks)
+{
+    for (const std::string name : {"梁", "beam κ", "e\u0301"}) {
+        RealFolder place({"梁 κ"}, name);
+
+        try {
+            place.apply("Velmar");
+            ADD_FAILURE() << "the batch file would delete the results of other models";
+        }
+        catch (const sys::RuntimeError& error) {
+            EXPECT_EQ(error.description(),
+                      "This machine's code page lacks a character of the model's name. Save the "
+                      "model under a name without it and try again: " +
+                          name + ".mod");
+        }
+
+        EXPECT_EQ(place.femap.lockCount, 0);
+        EXPECT_TRUE(std::filesystem::is_empty(place.modelFolder));
+    }
 }
 
 TEST(Apply, WorksWithPathsOfAnyLength)
