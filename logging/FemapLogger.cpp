@@ -1,5 +1,7 @@
 #include "logging/FemapLogger.h"
 
+#include "system/RuntimeError.h"
+
 #include <algorithm>
 #include <array>
 #include <new>

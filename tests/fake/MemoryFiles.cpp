@@ -61,7 +61,7 @@ class AloneFile : public MemoryOutputFile
 {
 public:
     AloneFile(MemoryFiles& files, const std::string& path)
-        : MemoryOutputFile(files, path), files_(files), path_(path)
+        : MemoryOutputFile(files, path, path), files_(files), path_(path)
     {
         files_.openAloneNow.insert(path_);
     }
