@@ -21,8 +21,10 @@ Program::Program(femap::Connector& connector, form::FormHost& host,
 Started Program::start(const std::string& arguments)
 {
     StartUp result = StartUp::Done;
+    form().status.showProgress(startingWithFemap);
     const Ended ended =
         dispatcher_.run("Form_Load", [&] { result = Form_Load(session_, arguments); });
+    form().status.showProgress({});
     if (result == StartUp::FemapNotFound) {
         closed_ = true;
         return Started::FemapNotFound;
@@ -64,6 +66,18 @@ bool Program::lookForFemap()
     dispatcher_.run("LookForFemap", [&] { femapReturned(session_, std::move(found)); });
     runWaiting();
     return true;
+}
+
+void Program::loseFemapAndPane()
+{
+    if (closed_)
+        return;
+    if (isConnected())
+        dispatcher_.run("LoseFemap", [] {
+            throw femap::ConnectionLost("FEMAP's process has ended, and the form's pane with it");
+        });
+    form().status.tellFailure(paneIsGone);
+    runWaiting();
 }
 
 // Null when there is none. A FEMAP that is just ending may be found, so it must answer a call.

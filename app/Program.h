@@ -61,6 +61,9 @@ public:
     /// called often: when there is none, nothing is logged.
     bool lookForFemap();
 
+    /// FEMAP's process has ended and took the form's window, one of its panes, with it.
+    void loseFemapAndPane();
+
     /// Unloads both forms; while a procedure runs, as soon as it has ended.
     void close();
     bool isClosed() const { return closed_; }

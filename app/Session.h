@@ -15,9 +15,15 @@ namespace app
 {
 
 /// On the status line while the form cannot be used, when FEMAP is gone, and after it came back.
+constexpr std::string_view startingWithFemap =
+    "Waiting for FEMAP to answer and to open the model. The form can be used when it has …";
 constexpr std::string_view noModelOpen = "FEMAP has no model open.";
 constexpr std::string_view femapIsGone =
     "FEMAP has ended or cannot be reached. The rows are kept; the form goes on when FEMAP is back.";
+constexpr std::string_view paneIsGone =
+    "FEMAP has ended and took its pane with it. The form is a window of its own now; it goes on "
+    "with "
+    "its rows when FEMAP is back.";
 constexpr std::string_view femapIsBack =
     "FEMAP is back. The rows are kept; look whether their model is the one that is open.";
 

@@ -179,6 +179,7 @@ StartUp Form_Load(Session& session, const std::string& arguments)
         context.log.DeinitialiseLogger();
         return StartUp::FemapNotFound;
     }
+    context.host.show();  // before the first call: a busy FEMAP keeps it waiting
     context.error.attempt([&] { context.femap().feAppVisible(true); });
     logDebug(context.log, "Femap made to visible");
     logPosition(context.log, "After getting femap object");
@@ -199,6 +200,7 @@ void femapReturned(Session& session, std::unique_ptr<femap::Application> applica
     context.application = std::move(application);
     logDebug(context.log, "FEMAP is back");
     context.form.status.withdraw(femapIsGone);
+    context.form.status.withdraw(paneIsGone);
     context.form.status.tellResult(femapIsBack);
     RestoreFormEvents(session);
     Steps steps;

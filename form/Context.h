@@ -27,6 +27,8 @@ public:
     /// Lets FEMAP's event message reach the program, and takes that back again.
     virtual void hookEvents() = 0;
     virtual void unhookEvents() = 0;
+    /// Shows the form, off until its procedure of start-up has ended. Also called when it is shown.
+    virtual void show() = 0;
     /// Shows what changed in the form while a handler is still at work.
     virtual void showProgress() = 0;
     /// Closes the main form and the property list dialog.

@@ -82,6 +82,7 @@ constexpr Member<ApplicationObject> applicationMembers[] = {
     {{"standinRecord",        method,   {Text}, 90007}, serve<&App::recordTo>},
     {{"standinFault",         method,   {Text, Text}, 90008}, serve<&App::fault>},
     {{"standinReject",        method,   {I4},   90009}, serve<&App::reject>},
+    {{"standinDock",          method,   {I4},   90015}, serve<&App::dock>},
     {{"standinCallCount",     property, {},     90010}, serve<&App::callCount>},
     {{"standinLockCount",     property, {},     90011}, serve<&App::lockCount>},
     {{"standinObjectCount",   property, {},     90012}, serve<&App::objectCount>},
@@ -288,6 +289,16 @@ int ApplicationObject::queueSelection(const std::string& text)
 int ApplicationObject::recordTo(const std::string& path)
 {
     server().recordTo(path);
+    return ok;
+}
+
+// Takes the form that registered itself last into a window; 0 takes that window away again.
+int ApplicationObject::dock(int docks)
+{
+    dock_.reset();
+    const auto& forms = server().host.registrations;
+    if (docks != 0 && !forms.empty())
+        dock_ = std::make_unique<DockWindow>(reinterpret_cast<HWND>(forms.back().windowID));
     return ok;
 }
 

@@ -2,8 +2,10 @@
 // "standin" are not FEMAP's: a test uses them to say how later calls go and to read what came in.
 #pragma once
 
+#include "standin/DockWindow.h"
 #include "standin/Object.h"
 
+#include <memory>
 #include <string>
 
 namespace standin
@@ -45,6 +47,7 @@ public:
     int fault(const std::string& member, const std::string& how);
     int queueSelection(const std::string& text);
     int recordTo(const std::string& path);
+    int dock(int docks);
     int modelState(const std::string& state);
     int callCount();
     int lockCount();
@@ -58,6 +61,7 @@ protected:
 
 private:
     bool endsWithLastClient_ = false;
+    std::unique_ptr<DockWindow> dock_;
 };
 
 }  // namespace standin

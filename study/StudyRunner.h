@@ -38,6 +38,7 @@ public:
     std::intptr_t windowHandle() override { return 0; }
     void hookEvents() override {}
     void unhookEvents() override {}
+    void show() override {}
     void showProgress() override { progress_ << statusLine_->Caption << '\n'; }
     void unload() override {}
 

@@ -24,18 +24,24 @@ velmar_test(standin LOCK femap.model
 velmar_test(app/window LOCK femap.model
     SOURCES
         BusyFormTest.cpp
+        ColoursTest.cpp
+        DialogPlaceTest.cpp
         EventHookTest.cpp
+        FormThatIsOffTest.cpp
         GridViewTest.cpp
         InputBlockTest.cpp
         KeysTest.cpp
         LongListTest.cpp
+        LostPaneTest.cpp
         ProductBesideFemapTest.cpp
         PropertyListWindowTest.cpp
         RemoteHeapTest.cpp
         ResolutionTest.cpp
         SelectedRunsTest.cpp
         SentMessagesTest.cpp
+        StartWindowTest.cpp
         StudyByHandTest.cpp
+        WheelTest.cpp
         WindowPlacesTest.cpp
         WindowTest.cpp
     LINK form_driver)

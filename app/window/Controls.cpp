@@ -41,4 +41,26 @@ void setFont(HWND window, const Font& font)
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font.handle()), TRUE);
 }
 
+form::ScreenPlace placeOf(HWND window)
+{
+    RECT place{};
+    GetWindowRect(window, &place);
+    return {place.left, place.top, place.right, place.bottom};
+}
+
+void moveTo(HWND window, const form::ScreenPlace& place)
+{
+    SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
+                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+form::ScreenPlace workAreaOf(HWND window)
+{
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT& area = monitor.rcWork;
+    return {area.left, area.top, area.right, area.bottom};
+}
+
 }  // namespace window

@@ -1,7 +1,8 @@
-// Creates Windows controls, and reads and sets their texts and fonts.
+// Creates Windows controls, and reads and sets their texts, fonts and places.
 #pragma once
 
 #include "app/window/Pixels.h"
+#include "form/ScreenPlace.h"
 #include "windows/Font.h"
 
 #include <windows.h>
@@ -23,5 +24,10 @@ std::string windowText(HWND window);
 void setWindowText(HWND window, std::string_view text);
 
 void setFont(HWND window, const Font& font);
+
+form::ScreenPlace placeOf(HWND window);
+void moveTo(HWND window, const form::ScreenPlace& place);
+/// What windows may use of the monitor that this one is on.
+form::ScreenPlace workAreaOf(HWND window);
 
 }  // namespace window

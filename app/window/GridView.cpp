@@ -116,6 +116,18 @@ void GridView::update()
     showSelection();
 }
 
+void GridView::showColours(bool isOn)
+{
+    const COLORREF text = GetSysColor(isOn ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT);
+    const COLORREF background = GetSysColor(isOn ? COLOR_WINDOW : COLOR_BTNFACE);
+    if (ListView_GetTextColor(window_) == text && ListView_GetBkColor(window_) == background)
+        return;
+    ListView_SetTextColor(window_, text);
+    ListView_SetTextBkColor(window_, background);
+    ListView_SetBkColor(window_, background);
+    InvalidateRect(window_, nullptr, TRUE);
+}
+
 bool GridView::sends(const NMHDR& header) const
 {
     return header.hwndFrom == window_ || header.hwndFrom == ListView_GetHeader(window_);

@@ -30,6 +30,8 @@ public:
     /// Shows what the grid holds now.
     void update();
     void setResolution(Pixels pixels);
+    /// In the colours of Windows for what can be used, or for what is off.
+    void showColours(bool isOn);
     /// The answer to a notification of the list view or of its header.
     LRESULT notify(const NMHDR& header);
     bool sends(const NMHDR& header) const;

@@ -34,6 +34,7 @@ int runForm(int showCommand)
     sys::System system = sys::thisMachine();
     window::MainWindow window(femap, system);
     femap.reportTo([&window](const std::string& text) { window.showStatus(text); });
+    femap.beforeWaits([&window] { window.show(); });
     if (!window.open(argumentString(), showCommand))
         return EXIT_FAILURE;
     return window.run();

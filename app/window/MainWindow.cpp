@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace window
 {
@@ -37,6 +38,23 @@ void registerClass(const wchar_t* name, WNDPROC procedure)
 
 }  // namespace
 
+// Keeps an exception for run(), for none may pass through Windows' own code in between.
+template <class Step>
+LRESULT MainWindow::guarded(Step&& step)
+{
+    try {
+        step();
+    }
+    catch (const std::bad_alloc&) {
+        tellNoMemory();
+    }
+    catch (const std::exception&) {
+        mistake_ = std::current_exception();
+        PostQuitMessage(EXIT_FAILURE);
+    }
+    return 0;
+}
+
 MainWindow::MainWindow(femap::Connector& connector, sys::System& system)
     : propertyList_([this] { return window_; }),
       program_(connector, *this, propertyList_, system),
@@ -45,8 +63,10 @@ MainWindow::MainWindow(femap::Connector& connector, sys::System& system)
 
 MainWindow::~MainWindow()
 {
-    if (window_ != nullptr)
-        DestroyWindow(window_);
+    if (window_ == nullptr)
+        return;
+    DestroyWindow(window_);
+    guarded([this] { program_.close(); });
 }
 
 bool MainWindow::open(const std::string& arguments, int showCommand)
@@ -55,24 +75,39 @@ bool MainWindow::open(const std::string& arguments, int showCommand)
     InitCommonControlsEx(&classes);
     registerClass(frameClass, frameProcedure);
     registerClass(panelClass, panelProcedure);
+    showCommand_ = showCommand;
+    createWindow();
+    starting_ = true;
+    const app::Started started = program_.start(arguments);
+    starting_ = false;
+    if (started == app::Started::FemapNotFound)
+        return false;
+    takeIntoUse();
+    return true;
+}
 
-    form::MainForm& form = program_.form();
-    window_ = CreateWindowExW(WS_EX_CONTROLPARENT, frameClass, toWide(form.Caption).c_str(),
-                              WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
-                              CW_USEDEFAULT, nullptr, nullptr, GetModuleHandleW(nullptr), this);
+void MainWindow::createWindow()
+{
+    window_ =
+        CreateWindowExW(WS_EX_CONTROLPARENT, frameClass, toWide(program_.form().Caption).c_str(),
+                        WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
+                        CW_USEDEFAULT, nullptr, nullptr, GetModuleHandleW(nullptr), this);
     if (window_ == nullptr)
         throw std::runtime_error("Windows refused the main window");
     createControls();
+    isShown_ = false;
     ready_ = true;
 
     const UINT dotsPerInch = GetDpiForWindow(window_);
     applyResolution(dotsPerInch);
     setStartBounds(dotsPerInch);
+}
 
-    if (program_.start(arguments) == app::Started::FemapNotFound)
-        return false;
+// The program has its FEMAP, or has lost it: brings the window up to date and shows it.
+void MainWindow::takeIntoUse()
+{
     if (window_ == nullptr)
-        return true;  // FEMAP had the form unloaded meanwhile
+        return;  // FEMAP had the form unloaded meanwhile, or ended together with the pane
     // Start-up gave the columns their widths.
     inputs_->setResolution(pixels_);
     outputs_->setResolution(pixels_);
@@ -80,10 +115,21 @@ bool MainWindow::open(const std::string& arguments, int showCommand)
     resized();
     afterEvent();
     if (window_ == nullptr)
-        return true;
+        return;
     SetTimer(window_, lookTimer, lookInterval, nullptr);
-    ShowWindow(window_, showCommand);
-    return true;
+    show();
+    if (GetFocus() == window_)
+        restoreFocus();  // start-up kept all controls off
+}
+
+void MainWindow::show()
+{
+    if (window_ == nullptr || std::exchange(isShown_, true))
+        return;
+    mirror();
+    ShowWindow(window_, showCommand_);
+    // FEMAP may keep the program waiting from now on.
+    RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 // Keeps the position that Windows chose, but lets no part of the window lie beyond the screen.
@@ -91,17 +137,10 @@ void MainWindow::setStartBounds(UINT dotsPerInch)
 {
     RECT frame{0, 0, pixels_.fromTwips(form::startWidth), pixels_.fromTwips(form::startHeight)};
     AdjustWindowRectExForDpi(&frame, WS_OVERLAPPEDWINDOW, FALSE, WS_EX_CONTROLPARENT, dotsPerInch);
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST), &monitor);
-    const RECT& screen = monitor.rcWork;
-    const LONG width = std::min(frame.right - frame.left, screen.right - screen.left);
-    const LONG height = std::min(frame.bottom - frame.top, screen.bottom - screen.top);
-    RECT bounds{};
-    GetWindowRect(window_, &bounds);
-    SetWindowPos(window_, nullptr, std::clamp(bounds.left, screen.left, screen.right - width),
-                 std::clamp(bounds.top, screen.top, screen.bottom - height), width, height,
-                 SWP_NOZORDER);
+    form::ScreenPlace wanted = placeOf(window_);
+    wanted.right = wanted.left + frame.right - frame.left;
+    wanted.bottom = wanted.top + frame.bottom - frame.top;
+    moveTo(window_, form::keptWithin(wanted, workAreaOf(window_)));
 }
 
 int MainWindow::run()
@@ -120,7 +159,12 @@ int MainWindow::run()
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }
-        guarded([this] { followFocus(); });
+        guarded([this] {
+            if (window_ == nullptr)
+                windowIsGone();
+            else
+                followFocus();
+        });
     }
     if (mistake_ != nullptr)
         std::rethrow_exception(mistake_);
@@ -129,16 +173,17 @@ int MainWindow::run()
 
 void MainWindow::showProgress()
 {
-    const HWND status = windows_.at(&program_.form().StatusLine);
-    setWindowText(status, program_.form().StatusLine.Caption);
-    UpdateWindow(status);
+    status_->show(program_.form().StatusLine.Caption);
+    UpdateWindow(status_->window());
 }
 
 void MainWindow::showStatus(const std::string& text)
 {
     program_.form().status.showWaiting(text);
-    if (ready_)
-        showProgress();
+    if (!ready_)
+        return;
+    show();
+    showProgress();
 }
 
 void MainWindow::unload()
@@ -160,23 +205,6 @@ void MainWindow::tellNoMemory()
     catch (const std::bad_alloc&) {
         return;
     }
-}
-
-// Keeps an exception for run(), for none may pass through Windows' own code in between.
-template <class Step>
-LRESULT MainWindow::guarded(Step&& step)
-{
-    try {
-        step();
-    }
-    catch (const std::bad_alloc&) {
-        tellNoMemory();
-    }
-    catch (const std::exception&) {
-        mistake_ = std::current_exception();
-        PostQuitMessage(EXIT_FAILURE);
-    }
-    return 0;
 }
 
 MainWindow* MainWindow::instanceOf(HWND window, UINT message, LPARAM lParam)
@@ -216,7 +244,15 @@ LRESULT MainWindow::handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_VSCROLL:
         return guarded([&] { scroll(form.VScroll1, "VScroll1_Change", LOWORD(wParam)); });
     case WM_MOUSEWHEEL:
-        return guarded([&] { turnWheel(GET_WHEEL_DELTA_WPARAM(wParam)); });
+        return guarded([&] {
+            turnWheel(form.VScroll1, "VScroll1_Change", -GET_WHEEL_DELTA_WPARAM(wParam),
+                      SPI_GETWHEELSCROLLLINES);
+        });
+    case WM_MOUSEHWHEEL:
+        return guarded([&] {
+            turnWheel(form.HScroll1, "HScroll1_Change", GET_WHEEL_DELTA_WPARAM(wParam),
+                      SPI_GETWHEELSCROLLCHARS);
+        });
     case WM_SETCURSOR:
         // The content passes this on to the frame before it looks at the pointer itself.
         if (LOWORD(lParam) == HTCLIENT && isBusy()) {
@@ -235,10 +271,16 @@ LRESULT MainWindow::handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM
             [&] { resolutionChanged(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam)); });
     case WM_DPICHANGED_AFTERPARENT:  // as a pane of FEMAP's
         return guarded([&] { resized(); });
+    case WM_WINDOWPOSCHANGED:  // comes when FEMAP takes the form into its own window, too
+        paneOwner_.look(window);
+        break;
+    case WM_SYSCOLORCHANGE:
+        return guarded([&] { takeColours(); });
     case takeTextsMessage:
         return guarded([&] { commitTexts(); });
     case WM_TIMER:
         return guarded([&] {
+            paneOwner_.look(window);
             if (ready_ && program_.lookForFemap()) {
                 dropInput(window);
                 afterEvent();
@@ -247,6 +289,7 @@ LRESULT MainWindow::handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_CLOSE:
         return guarded([&] { program_.close(); });
     case WM_DESTROY:
+    case WM_NCDESTROY:  // Wine leaves the other one out when FEMAP's process ends
         return guarded([&] { destroyed(); });
     default:
         break;
@@ -254,13 +297,32 @@ LRESULT MainWindow::handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-// Comes also when FEMAP destroyed the window together with its own.
+// Comes also when FEMAP destroyed the window together with its own. Then run() decides what becomes
+// of the form, for a procedure may be at work.
 void MainWindow::destroyed()
 {
+    if (std::exchange(window_, nullptr) == nullptr)
+        return;
     ready_ = false;
-    window_ = nullptr;
-    PostQuitMessage(EXIT_SUCCESS);
+    hook_.restore();
+    propertyList_.cancel();
+    if (program_.isClosed())
+        PostQuitMessage(EXIT_SUCCESS);
+    else
+        PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);  // wakes run()
+}
+
+void MainWindow::windowIsGone()
+{
+    if (!program_.isClosed() && paneOwner_.hasEnded()) {
+        program_.loseFemapAndPane();
+        createWindow();
+        bounds_.clear();
+        takeIntoUse();
+        return;
+    }
     program_.close();
+    PostQuitMessage(EXIT_SUCCESS);
 }
 
 LRESULT MainWindow::handlePanel(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
@@ -276,9 +338,16 @@ LRESULT MainWindow::handlePanel(HWND window, UINT message, WPARAM wParam, LPARAM
                 guarded([&] { answer = view->notify(header); });
         return answer;
     }
-    case WM_CTLCOLORSTATIC:
-        SetBkMode(reinterpret_cast<HDC>(wParam), TRANSPARENT);
+    case WM_DRAWITEM:
+        status_->draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+        return TRUE;
+    case WM_CTLCOLORSTATIC: {
+        const auto device = reinterpret_cast<HDC>(wParam);
+        const bool isOn = IsWindowEnabled(reinterpret_cast<HWND>(lParam)) != FALSE;
+        SetBkMode(device, TRANSPARENT);
+        SetTextColor(device, GetSysColor(isOn ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
         return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+    }
     default:
         return DefWindowProcW(window, message, wParam, lParam);
     }

@@ -7,7 +7,9 @@
 #include "app/window/EventHook.h"
 #include "app/window/GridView.h"
 #include "app/window/InputBlock.h"
+#include "app/window/PaneOwner.h"
 #include "app/window/PropertyListWindow.h"
+#include "app/window/StatusView.h"
 
 #include <windows.h>
 
@@ -50,6 +52,7 @@ public:
     std::intptr_t windowHandle() override { return reinterpret_cast<std::intptr_t>(window_); }
     void hookEvents() override { hook_.install(window_); }
     void unhookEvents() override { hook_.restore(); }
+    void show() override;
     void showProgress() override;
     void unload() override;
 
@@ -71,6 +74,8 @@ private:
         bool operator==(const Bounds&) const = default;
     };
 
+    void createWindow();
+    void takeIntoUse();
     void createControls();
     void createScrollBars();
     void createTips();
@@ -88,7 +93,7 @@ private:
     void layOutScrollBar(const form::ScrollBar& bar, int viewport);
     void scroll(form::ScrollBar& bar, std::string_view event, int request);
     void scrollTo(form::ScrollBar& bar, std::string_view event, int value);
-    void turnWheel(int delta);
+    void turnWheel(form::ScrollBar& bar, std::string_view event, int delta, UINT setting);
     void followFocus();
 
     void command(int id, int notification);
@@ -96,7 +101,7 @@ private:
     void pressEnter();
     void press(const form::MainForm::NamedControl& button);
     void comboCommand(form::ComboBox& box, int notification);
-    void commitTexts();
+    void commitTexts(HWND entered = nullptr);
     void takeText(form::ComboBox& box, const std::string& typed);
     void carryOut(const std::function<app::Ended()>& start);
     void pressInGrid(std::string_view event, int key);
@@ -106,6 +111,10 @@ private:
     std::string clickOf(const form::Control& control);
     void afterEvent();
     void mirror();
+    bool isUsable(const form::Control& control) const;
+    bool staysOn(const form::Control& control);
+    void showColours();
+    void takeColours();
     void mirrorCombo(const form::ComboBox& box);
     void leaveDisabledControl();
     void restoreFocus();
@@ -113,6 +122,7 @@ private:
     void showPointer();
     bool isBusy();
     void destroyed();
+    void windowIsGone();
     std::array<form::ComboBox*, 4> comboBoxes();
 
     template <class Step>
@@ -125,11 +135,14 @@ private:
     PropertyListWindow propertyList_;
     app::Program program_;
     EventHook hook_;
+    PaneOwner paneOwner_;
     HWND window_ = nullptr;
+    HWND tips_ = nullptr;
     std::map<const form::Control*, HWND> windows_;
     std::map<const form::Control*, Bounds> bounds_;  // of the windows, as they are now
     std::unique_ptr<GridView> inputs_;
     std::unique_ptr<GridView> outputs_;
+    std::unique_ptr<StatusView> status_;
     std::unique_ptr<Font> font_;
     Pixels pixels_{USER_DEFAULT_SCREEN_DPI};
     UINT dotsPerInch_ = USER_DEFAULT_SCREEN_DPI;
@@ -140,7 +153,10 @@ private:
     HWND focusSeen_ = nullptr;
     std::optional<InputBlock> block_;  // while a procedure runs
     bool mirroring_ = false;
-    bool ready_ = false;  // all controls are there
+    bool ready_ = false;     // all controls are there
+    bool starting_ = false;  // no control can be used yet
+    bool isShown_ = false;
+    int showCommand_ = SW_SHOWNORMAL;
 };
 
 }  // namespace window

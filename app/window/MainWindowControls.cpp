@@ -33,9 +33,11 @@ void MainWindow::createControls()
             SendMessageW(window, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(item).c_str()));
     };
     const auto createGrid = [&](form::ParameterGrid& grid, std::string_view keyEvent) {
-        auto view =
-            std::make_unique<GridView>(windows_.at(&form.pbInner), idOf(grid), grid,
-                                       [this, keyEvent](int key) { pressInGrid(keyEvent, key); });
+        const auto onKey = [this, keyEvent, &grid](int key) {
+            if (grid.Enabled)
+                pressInGrid(keyEvent, key);
+        };
+        auto view = std::make_unique<GridView>(windows_.at(&form.pbInner), idOf(grid), grid, onKey);
         windows_[&grid] = view->window();
         return view;
     };
@@ -65,7 +67,8 @@ void MainWindow::createControls()
     createBox(form.Optimizer);
     createButton(form.ClearAll);
     createButton(form.GenerateButton);
-    createLabel(form.StatusLine);
+    status_ = std::make_unique<StatusView>(windows_.at(&form.pbInner), idOf(form.StatusLine));
+    windows_[&form.StatusLine] = status_->window();
 
     createScrollBars();
     form.pointersChanged = [this] { showPointer(); };
@@ -83,10 +86,9 @@ void MainWindow::createScrollBars()
 // The tips name the access keys, for the captions have no room for them.
 void MainWindow::createTips()
 {
-    const HWND tips =
-        CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX,
-                        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window_,
-                        nullptr, GetModuleHandleW(nullptr), nullptr);
+    tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX,
+                            CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window_,
+                            nullptr, GetModuleHandleW(nullptr), nullptr);
     for (const AccessKey& each : accessKeyTable())
         for (const form::MainForm::NamedControl& control : program_.form().controls()) {
             if (control.name != each.control)
@@ -98,8 +100,11 @@ void MainWindow::createTips()
             info.hwnd = window_;
             info.uId = reinterpret_cast<UINT_PTR>(windows_.at(control.control));
             info.lpszText = text.data();
-            SendMessageW(tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&info));
+            SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&info));
         }
+    status_->addTip(tips_, window_);
+    constexpr int timeToRead = 30000;  // milliseconds; messages are longer than usual tips
+    SendMessageW(tips_, TTM_SETDELAYTIME, TTDT_AUTOPOP, timeToRead);
 }
 
 HWND MainWindow::create(form::Control& control, const wchar_t* windowClass, std::string_view text,

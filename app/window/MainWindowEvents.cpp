@@ -5,6 +5,7 @@
 #include "femap/Constants.h"
 #include "form/FormProcedures.h"
 
+#include <algorithm>
 #include <windowsx.h>
 
 namespace window
@@ -62,7 +63,7 @@ void MainWindow::pressKey(int id)
         SetFocus(window);
 }
 
-// Presses the button that has the focus, or takes over a typed text.
+// Presses the button that has the focus, or takes over the text of a box, changed or not.
 void MainWindow::pressEnter()
 {
     const HWND focus = GetFocus();
@@ -70,7 +71,7 @@ void MainWindow::pressEnter()
     if (which != nullptr && windows_.at(which->control) == focus && isButton(focus))
         press(*which);
     else
-        commitTexts();
+        commitTexts(focus);
 }
 
 void MainWindow::press(const form::MainForm::NamedControl& button)
@@ -104,16 +105,19 @@ void MainWindow::comboCommand(form::ComboBox& box, int notification)
     }
 }
 
-// Takes over what was typed into the combo boxes.
-void MainWindow::commitTexts()
+// Takes over what was typed into the combo boxes, and the text of the one with this window.
+void MainWindow::commitTexts(HWND entered)
 {
     for (form::ComboBox* const box : comboBoxes()) {
         if (!ready_)
             return;
-        const std::string typed = windowText(windows_.at(box));
+        const HWND window = windows_.at(box);
+        const std::string typed = windowText(window);
+        const bool isEntered =
+            entered != nullptr && (window == entered || IsChild(window, entered) != FALSE);
         if (typing_ == box)
             typing_ = nullptr;
-        if (typed != box->Text)
+        if (isEntered || typed != box->Text)
             takeText(*box, typed);
     }
 }
@@ -211,10 +215,12 @@ void MainWindow::mirror()
     const form::MainForm& form = program_.form();
     for (const auto& [control, window] : windows_) {
         const bool isBlocked = block_.has_value() && control == &form.pbOuter;
-        if (!isBlocked && (IsWindowEnabled(window) != FALSE) != control->Enabled)
-            EnableWindow(window, control->Enabled ? TRUE : FALSE);
+        const bool isOn = staysOn(*control) || isUsable(*control);
+        if (!isBlocked && (IsWindowEnabled(window) != FALSE) != isOn)
+            EnableWindow(window, isOn ? TRUE : FALSE);
     }
-    setWindowText(windows_.at(&form.StatusLine), form.StatusLine.Caption);
+    showColours();
+    status_->show(form.StatusLine.Caption);
     setWindowText(windows_.at(&form.CommandLine), form.CommandLine.Text);
     for (const form::ComboBox* const box : comboBoxes())
         if (box != typing_)
@@ -223,6 +229,40 @@ void MainWindow::mirror()
     outputs_->update();
     mirroring_ = false;
     leaveDisabledControl();
+}
+
+// Whether the engineer may use a control now; while the program starts, none.
+bool MainWindow::isUsable(const form::Control& control) const
+{
+    return control.Enabled && !starting_;
+}
+
+// What Windows disables can be neither scrolled nor copied nor read. So these stay as they are when
+// the form is off: what holds other controls or moves them, the lists, which then are grey and run
+// no procedure, and the status line.
+bool MainWindow::staysOn(const form::Control& control)
+{
+    const form::MainForm& form = program_.form();
+    const std::array<const form::Control*, 7> on{
+        &form.pbOuter,    &form.pbInner,     &form.HScroll1,  &form.VScroll1,
+        &form.InputsList, &form.OutputsList, &form.StatusLine};
+    return std::ranges::find(on, &control) != on.end();
+}
+
+void MainWindow::showColours()
+{
+    inputs_->showColours(isUsable(program_.form().InputsList));
+    outputs_->showColours(isUsable(program_.form().OutputsList));
+}
+
+// The engineer chose other colours; Windows tells the outermost windows only.
+void MainWindow::takeColours()
+{
+    if (!ready_)
+        return;
+    for (const auto& [control, window] : windows_)
+        SendMessageW(window, WM_SYSCOLORCHANGE, 0, 0);
+    showColours();
 }
 
 // Windows leaves the focus on a control that has been disabled, where every key is lost. The frame
@@ -237,7 +277,7 @@ void MainWindow::leaveDisabledControl()
 // Sets the focus to the control that had it before, or to the first one that can have it.
 void MainWindow::restoreFocus()
 {
-    if (!ready_ || block_.has_value())
+    if (!ready_ || starting_ || block_.has_value())
         return;
     if (focusBefore_ != nullptr && IsChild(window_, focusBefore_) != FALSE &&
         takesKeys(focusBefore_)) {

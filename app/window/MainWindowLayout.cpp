@@ -15,7 +15,9 @@ void MainWindow::applyResolution(UINT dotsPerInch)
     auto font = std::make_unique<Font>(dotsPerInch);
     for (const auto& [control, window] : windows_)
         setFont(window, *font);
-    font_ = std::move(font);  // the old one goes when nothing uses it any more
+    font_ = std::move(font);        // the old one goes when nothing uses it any more
+    constexpr int tipWidth = 7500;  // twips
+    SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, pixels_.fromTwips(tipWidth));
     inputs_->setResolution(pixels_);
     outputs_->setResolution(pixels_);
 }
@@ -145,13 +147,18 @@ void MainWindow::scrollTo(form::ScrollBar& bar, std::string_view event, int valu
     layOut();
 }
 
-// One notch of an ordinary wheel is WHEEL_DELTA; fine wheels give less at a time.
-void MainWindow::turnWheel(int delta)
+// Wheels are set to a number of lines or characters for each notch, or to pages, which is a number
+// that no page holds. One notch of an ordinary wheel is WHEEL_DELTA; fine wheels give less at a
+// time.
+void MainWindow::turnWheel(form::ScrollBar& bar, std::string_view event, int delta, UINT setting)
 {
-    constexpr int linesPerNotch = 3;
-    form::ScrollBar& bar = program_.form().VScroll1;
-    scrollTo(bar, "VScroll1_Change",
-             bar.Value - MulDiv(delta, linesPerNotch * bar.SmallChange, WHEEL_DELTA));
+    if (!bar.Visible)
+        return;
+    UINT steps = 3;
+    SystemParametersInfoW(setting, 0, &steps, 0);
+    const int page = bar.LargeChange / bar.SmallChange;
+    const int notch = std::min(steps, static_cast<UINT>(page)) * bar.SmallChange;
+    scrollTo(bar, event, bar.Value + MulDiv(delta, notch, WHEEL_DELTA));
 }
 
 // Brings the control that has the focus into view, however it got it.

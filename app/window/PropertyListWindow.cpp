@@ -3,7 +3,6 @@
 #include "app/window/Pixels.h"
 #include "windows/Text.h"
 
-#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -137,12 +136,8 @@ void PropertyListWindow::initialise()
     applyResolution(GetDpiForWindow(window_));
 
     const SIZE size = windowSize(window_, dialogWidth, dialogHeight, dotsPerInch_);
-    RECT owner{};
-    GetWindowRect(owner_(), &owner);
-    const int left = owner.left + (owner.right - owner.left - size.cx) / 2;
-    const int top = owner.top + (owner.bottom - owner.top - size.cy) / 2;
-    SetWindowPos(window_, nullptr, std::max(left, 0), std::max(top, 0), size.cx, size.cy,
-                 SWP_NOZORDER);
+    const form::ScreenPlace middle = form::centredOn(placeOf(owner_()), size.cx, size.cy);
+    moveTo(window_, form::keptWithin(middle, workAreaOf(owner_())));
     layOut();
     showChoice();
     SetFocus(GetDlgItem(window_, idList));

@@ -27,6 +27,9 @@ public:
         retryPolicy_->report = std::move(report);
     }
 
+    /// shows is called whenever a FEMAP that is there lets the program wait.
+    void beforeWaits(std::function<void()> shows) { retryPolicy_->begins = std::move(shows); }
+
     std::unique_ptr<Application> attach() override { return connector_.attach(); }
     std::unique_ptr<Application> create() override { return connector_.create(); }
 

@@ -31,6 +31,8 @@ std::optional<RetryPolicy::Duration> RetryPolicy::rejected()
     if (!began_) {
         began_ = time;
         reported_ = false;
+        if (begins)
+            begins();
     }
     const Duration waited = time - *began_;
     if (waited >= longest)

@@ -24,6 +24,8 @@ public:
     static constexpr Duration quietTime{30'000};
     static constexpr Duration longest{600'000};
 
+    /// Called when a wait begins.
+    std::function<void()> begins;
     /// Called once for each long wait.
     std::function<void(const std::string& text)> report;
 

@@ -45,10 +45,17 @@ public:
     bool hooked = false;
     int unloads = 0;
     int progressShown = 0;
+    int shown = 0;
+    std::function<void()> whenShown = [] {};
 
     std::intptr_t windowHandle() override { return 4711; }
     void hookEvents() override { hooked = true; }
     void unhookEvents() override { hooked = false; }
+    void show() override
+    {
+        ++shown;
+        whenShown();
+    }
     void showProgress() override { ++progressShown; }
     void unload() override { ++unloads; }
 };

@@ -63,6 +63,14 @@ TEST(LayOutContent, TheFramesAreInputOutputExecution)
     EXPECT_LE(form.Execution.Top + form.Execution.Height, form.StatusLine.Top);
 }
 
+TEST(LayOutContent, TheStatusLineHasRoomForTwoLines)
+{
+    form::MainForm form;
+    layOut(form, form::startWidth, form::startHeight);
+
+    EXPECT_GE(form.StatusLine.Height, 2 * form.Label1.Height);
+}
+
 TEST(LayOutContent, SpareSpaceGoesToTheGrids)
 {
     form::MainForm form;

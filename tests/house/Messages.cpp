@@ -19,9 +19,9 @@ constexpr std::array<std::string_view, 25> makers = {
     "tellHint",       "tellProblem",     "tellFailure",       "showWaiting",
     "remark"};
 // Variables and constants that hold a message or a part of one.
-constexpr std::array<std::string_view, 10> holders = {
-    "femapIsGone", "noModelOpen", "cure",    "modelMustBeSaved", "problem",
-    "message",     "noRow",       "failure", "failure_",         "askedFor"};
+constexpr std::array<std::string_view, 12> holders = {
+    "femapIsGone", "noModelOpen", "cure",  "startingWithFemap", "paneIsGone", "modelMustBeSaved",
+    "problem",     "message",     "noRow", "failure",           "failure_",   "askedFor"};
 
 struct Token
 {

@@ -25,10 +25,18 @@ public:
     void sendEvent(int code) { control().call("standinSendEvent", code); }
     /// Rejects this many calls; without a number, calls until it is ended.
     void beBusy(int calls = 1000000) { control().call("standinBusy", calls); }
+    /// Rejects this many as a program does that answers nobody, name look-ups too.
+    void reject(int calls) { control().call("standinReject", calls); }
+    /// Takes the form that registered itself into a window of its own.
+    void dock() { control().call("standinDock", 1); }
+    /// Closes that window, and the form in it with it.
+    void closeDock() { control().call("standinDock", 0); }
     /// "none" or "untitled".
     void setModel(const std::string& state) { control().call("standinModel", state); }
     int lockCount() { return control().call("standinLockCount").number(); }
     int objectCount() { return control().call("standinObjectCount").number(); }
+    /// How many calls came in so far, rejected ones too.
+    int callCount() { return control().call("standinCallCount").number(); }
     std::string registrations() { return control().call("standinRegistrations").text(); }
 
     DWORD processID() const { return program_.processID(); }

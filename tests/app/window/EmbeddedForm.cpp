@@ -3,6 +3,7 @@
 // FEMAP process.
 //
 // Usage: embedded-form MODEL.neu [ARGUMENTS], the arguments as those of the product.
+#include "Everything.h"
 #include "app/window/MainWindow.h"
 #include "femap/embedded/Host.h"
 #include "system/System.h"
@@ -18,23 +19,9 @@
 namespace
 {
 
-class Everything : public femap::SelectionDialogs
-{
-public:
-    femap::Selection answer(femap::EntityType, const std::string&, bool onlyOne,
-                            const std::vector<int>& available) override
-    {
-        if (available.empty())
-            return {femap::ReturnCode::NotExist, {}};
-        if (onlyOne)
-            return {femap::ReturnCode::Ok, {available.front()}};
-        return {femap::ReturnCode::Ok, available};
-    }
-};
-
 int runForm(int argumentCount, wchar_t** arguments, int showCommand)
 {
-    Everything dialogs;
+    driver::Everything dialogs;
     femap::embedded::Host host(dialogs);
     const std::filesystem::path model = std::filesystem::absolute(arguments[1]);
     host.openNeutralFile(windows::fromWide(model.wstring()));

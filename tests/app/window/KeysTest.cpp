@@ -220,6 +220,32 @@ TEST_F(Keys, TabGoesThroughTheControlsFromTopToBottom)
     EXPECT_TRUE(focusComesTo("GenerateButton"));
 }
 
+TEST_F(Keys, EnterInABoxTakesItsTextAlsoWhenThatStayedTheSame)
+{
+    const std::string before = form.text("CommandLine");
+    form.setText("CommandLine", L"solve it");
+    hand.clickAt(driver::placeIn(form.control("Solver"), {10, 8}));
+    EXPECT_TRUE(focusComesTo("Solver"));
+
+    hand.key({"Return"});
+
+    EXPECT_TRUE(waitUntil([&] { return form.text("CommandLine") == before; }));
+    EXPECT_EQ(form.text("Solver"), "NXNastran");
+}
+
+TEST_F(Keys, EnterInTheCommandLineChoosesNothing)
+{
+    form.setText("CommandLine", L"solve it");
+    hand.clickAt(driver::middleOf(form.control("CommandLine")));
+    EXPECT_TRUE(focusComesTo("CommandLine"));
+
+    hand.key({"Return"});
+    close();
+
+    EXPECT_EQ(files.log().find("Solver_Click", files.log().find("At end of Load Form")),
+              std::string::npos);
+}
+
 TEST_F(Keys, AccessKeysOfFieldsGoThere)
 {
     form.window();

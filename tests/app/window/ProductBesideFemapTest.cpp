@@ -1,16 +1,9 @@
-#include "FormDriver.h"
-#include "FormFiles.h"
 #include "Hand.h"
-#include "standin/StandIn.h"
+#include "ProductFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <memory>
-
-using driver::FormDriver;
-using driver::FormFiles;
-using driver::Process;
 using driver::StandIn;
 using driver::waitUntil;
 using testing::ElementsAre;
@@ -22,31 +15,7 @@ using testing::StartsWith;
 namespace
 {
 
-// The product itself, beside a stand-in for FEMAP in another process.
-struct ProductBesideFemap : testing::Test
-{
-    FormFiles files;
-    StandIn femap{files.folder() / "panel.neu"};
-    std::unique_ptr<Process> process;
-    std::unique_ptr<FormDriver> form;
-
-    void start(const std::wstring& arguments = L"$form.log$DEBUG")
-    {
-        process = std::make_unique<Process>(driver::programPath("VelmarFemapInterface.exe"),
-                                            arguments, files.folder());
-        form = std::make_unique<FormDriver>(*process);
-        form->window();
-    }
-
-    void addMaterials(const std::string& picked, const std::vector<std::string>& fields)
-    {
-        femap.pick(picked);
-        form->choose("InputSelection", "Materials");
-        form->press("InputsButton");
-        form->add(fields);
-    }
-    std::vector<std::string> inputs() { return form->rows("InputsList", 1); }
-};
+using ProductBesideFemap = driver::Product;
 
 TEST_F(ProductBesideFemap, RegistersItsWindowAsAPane)
 {

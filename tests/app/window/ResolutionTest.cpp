@@ -147,6 +147,17 @@ TEST_F(Resolution, NothingIsCutOrCoveredAfterwards)
     EXPECT_GE(sizeOf(now.at("Solver")).cx, extent("NXNastran", fine).cx + arrow);
 }
 
+TEST_F(Resolution, TheStatusLineHasTwoLines)
+{
+    RECT frame{};
+    GetWindowRect(form.window(), &frame);
+    EXPECT_GE(sizeOf(form.placeOf("StatusLine")).cy, 2 * extent("Xy", ordinary).cy);
+
+    moveToScreenOf(form.window(), fine, larger(frame));
+
+    EXPECT_GE(sizeOf(form.placeOf("StatusLine")).cy, 2 * extent("Xy", fine).cy);
+}
+
 TEST_F(Resolution, GoingBackGivesTheFirstPicture)
 {
     RECT frame{};

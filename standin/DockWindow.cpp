@@ -1,0 +1,31 @@
+#include "standin/DockWindow.h"
+
+namespace standin
+{
+
+namespace
+{
+
+constexpr int dockLeft = 40;  // pixels
+constexpr int dockTop = 20;
+constexpr int dockWidth = 1000;
+constexpr int dockHeight = 760;
+
+}  // namespace
+
+DockWindow::DockWindow(HWND pane)
+    : window_(CreateWindowExW(0, L"STATIC", L"Stand-in for FEMAP",
+                              WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN | WS_VISIBLE, dockLeft, dockTop,
+                              dockWidth, dockHeight, nullptr, nullptr, GetModuleHandleW(nullptr),
+                              nullptr))
+{
+    const LONG_PTR style = GetWindowLongPtrW(pane, GWL_STYLE);
+    SetWindowLongPtrW(pane, GWL_STYLE,
+                      (style & ~static_cast<LONG_PTR>(WS_OVERLAPPEDWINDOW)) | WS_CHILD);
+    SetParent(pane, window_);
+    RECT inside{};
+    GetClientRect(window_, &inside);
+    SetWindowPos(pane, nullptr, 0, 0, inside.right, inside.bottom, SWP_NOZORDER | SWP_FRAMECHANGED);
+}
+
+}  // namespace standin
