@@ -45,7 +45,7 @@ auto namingFile(const std::string& path, Step&& step)
         return step();
     }
     catch (const std::bad_alloc&) {
-        throw RuntimeError(ErrorNumber::ObjectFailed, path + " was not written: " + sys::noMemory);
+        throw RuntimeError(ErrorNumber::ObjectFailed, std::string(sys::noMemory) + ": " + path);
     }
     catch (const RuntimeError& error) {
         const std::string name = path.substr(path.find_last_of(sys::pathSeparators) + 1);

@@ -78,9 +78,11 @@ TEST_P(TargetsOf, AreAllTriedBeforeFemapIsLockedAndAnyFileIsWritten)
 
         const auto log = f.logOf([&] { reason = failure().description(); });
 
-        EXPECT_EQ(reason, target +
-                              " was not written: No space left on device. See that its folder is "
-                              "there and the disk has room, and try again");
+        const std::string name = target.substr(inWork("").size());
+        EXPECT_EQ(reason, "No space left on device. " + name +
+                              " was not written. See that its folder is there and the disk has "
+                              "room, and try again: " +
+                              target);
         EXPECT_EQ(f.workFolder(), before);
         EXPECT_THAT(log, ElementsAre(HasSubstr("Before Generating supporting files")));
         EXPECT_EQ(f.femap.lockCount, 0);

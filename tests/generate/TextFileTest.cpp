@@ -154,8 +154,8 @@ TEST(TextFileTest, StaysTheOldOneWhenItsTextCannotBeConverted)
 
         EXPECT_THAT(
             f.error.description(),
-            testing::StartsWith(isMemoryUsedUp ? "/out was not written: No memory is left. Close "
-                                               : "/out was not written: No such page. See that "));
+            testing::StartsWith(isMemoryUsedUp ? "No memory is left. Close "
+                                               : "No such page. out was not written. See that "));
         EXPECT_THAT(f.files.contents, ElementsAre(Key("/out")));
         EXPECT_EQ(f.files.contents["/out"], "old");
     }

@@ -152,7 +152,7 @@ TEST(AFileThatMayNotGrow, IsToldAndEndsNoRunBySignal)
 
     EXPECT_EQ(end.signal, 0);
     EXPECT_EQ(end.exitCode, 1);
-    EXPECT_THAT(end.errors, HasSubstr("was not written: File too large"));
+    EXPECT_THAT(end.errors, HasSubstr("File too large. "));
     expectNoHalfFile(folder);
     EXPECT_THAT(folder.leftOvers(), IsEmpty());
     EXPECT_THAT(folder.files(), Not(testing::Contains(testing::Key("panelControl.txt"))));

@@ -32,7 +32,6 @@ namespace
 {
 
 using sys::DiskFiles;
-using testing::ElementsAre;
 
 class DiskFilesOnPosix : public testing::Test
 {
