@@ -60,6 +60,17 @@ bool isInUse(const std::error_code& reason)
            (reason.value() == ERROR_SHARING_VIOLATION || reason.value() == ERROR_LOCK_VIOLATION);
 }
 
+template <class Step>
+auto raisingRuntimeError(const Step& convert)
+{
+    try {
+        return convert();
+    }
+    catch (const std::runtime_error& error) {
+        throw RuntimeError(ErrorNumber::FileError, error.what());
+    }
+}
+
 class AnsiCodePage : public CodePage
 {
 public:
@@ -70,18 +81,6 @@ public:
     std::string decode(std::string_view bytes) const override
     {
         return raisingRuntimeError([&] { return windows::fromAnsi(bytes); });
-    }
-
-private:
-    template <class Step>
-    static auto raisingRuntimeError(const Step& convert)
-    {
-        try {
-            return convert();
-        }
-        catch (const std::runtime_error& error) {
-            throw RuntimeError(ErrorNumber::FileError, error.what());
-        }
     }
 };
 
