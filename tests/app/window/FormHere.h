@@ -10,10 +10,12 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace driver
@@ -29,6 +31,8 @@ struct FormHere : testing::Test
             return {femap::ReturnCode::Ok, {available.front()}};
         }
     };
+    static constexpr WPARAM newModel = 2;  // FEMAP's event
+
     FormFiles files;
     FirstOne dialogs;
     femap::embedded::Host host{dialogs};

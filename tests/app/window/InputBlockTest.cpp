@@ -17,8 +17,6 @@ using window::PropertyListWindow;
 namespace
 {
 
-constexpr WPARAM newModel = 2;
-
 struct InputBlock : FormHere
 {
     void postClick(std::string_view name) const

@@ -11,8 +11,6 @@ using driver::FormHere;
 namespace
 {
 
-constexpr WPARAM newModel = 2;
-
 // COM refuses calls as long as the sender of a message is kept waiting.
 bool senderIsKept()
 {
