@@ -282,8 +282,8 @@ TEST(StudyStops, ForAHandlerThatEndsByAnError)
 
     EXPECT_EQ(f.run("click GenerateButton\nprint Solver\n"), 1);
 
-    EXPECT_THAT(f.error(),
-                StartsWith("beam.study:2: Is a directory. FDFemap.bat was not written."));
+    EXPECT_THAT(f.error(), StartsWith("beam.study:2: it is a folder, not a file. "
+                                      "FDFemap.bat was not written."));
     EXPECT_THAT(f.outputLines(), testing::Not(testing::Contains("NXNastran")));
     EXPECT_THAT(f.outputLines(), testing::Contains(StartsWith("FEMAP: ")));
     EXPECT_EQ(f.log().back(), "DEBUG: Setting Main femap instance to Nothing");
