@@ -138,6 +138,7 @@ TEST_F(NoRow, WhenNothingIsChosenInTheList)
     expectHint(hint);
     selectOutputs("Nodes Min/Max", {}, {});
     expectHint(hint);
+    f.model().elements = {};  // of which the model host would tell that it cannot weigh them
     selectOutputs("Mass Properties", {}, {});
     expectHint(hint);
 }
