@@ -94,6 +94,10 @@ void MainWindow::createWindow()
                         CW_USEDEFAULT, nullptr, nullptr, GetModuleHandleW(nullptr), this);
     if (window_ == nullptr)
         throw std::runtime_error("Windows refused the main window");
+    // These belonged to the controls of a window before this one.
+    typing_ = nullptr;
+    focusBefore_ = nullptr;
+    focusSeen_ = nullptr;
     createControls();
     isShown_ = false;
     ready_ = true;

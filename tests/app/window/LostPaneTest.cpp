@@ -128,6 +128,24 @@ TEST_F(LostPane, ComesBackFromAnOpenDialog)
     EXPECT_THAT(form->text("StatusLine"), HasSubstr("window of its own"));
 }
 
+// What was typed and not taken over is gone; the box shows what it held before, and nothing runs.
+TEST_F(LostPane, ShowsABoxAsItWasIntoWhichSomethingWasTyped)
+{
+    const HWND edit = FindWindowExW(form->control("Solver"), nullptr, L"Edit", nullptr);
+    SendMessageW(edit, EM_SETSEL, 0, -1);
+    SendMessageW(edit, WM_CHAR, L'x', 0);
+    ASSERT_EQ(form->text("Solver"), "x");
+
+    femap.kill();
+
+    ASSERT_TRUE(comesBack());
+    EXPECT_EQ(form->text("Solver"), "NENastran");
+    form->press("ClearAll");
+    form->settle();
+    EXPECT_EQ(form->text("Solver"), "NENastran");
+    EXPECT_EQ(form->text("CommandLine"), "solve it");
+}
+
 // FEMAP that takes the pane away and lives on has closed the form.
 TEST_F(LostPane, EndsWithAPaneThatALivingFemapTookAway)
 {
