@@ -11,7 +11,6 @@ namespace windows
 namespace
 {
 
-constexpr UINT gb18030 = 54936;
 constexpr std::size_t bytesOfAUnit = 4;  // no page takes more for a unit of UTF-16
 
 [[noreturn]] void failToConvert(UINT page, DWORD error)
@@ -82,9 +81,9 @@ bool appendAnsi(std::string_view text, std::string& bytes, UINT page)
 {
     const UINT number = page == CP_ACP ? GetACP() : page;
     const std::wstring wide = toWide(text);
-    if (number != CP_UTF8 && number != gb18030)
+    if (number != CP_UTF8)
         return append(wide, bytes, number, "?");
-    // These have every character and take neither flags nor a substitute.
+    // It has every character and takes neither flags nor a substitute.
     append(wide, bytes, number, nullptr);
     return fromWide(wide) == text;
 }
