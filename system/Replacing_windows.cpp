@@ -50,6 +50,9 @@ std::error_code reasonAgainstReplacing(const std::string& path)
 {
     if (namesDevice(path))
         return std::make_error_code(std::errc::no_such_device);
+    constexpr std::size_t longestName = 255;  // on every file system of Windows
+    if (toPath(path).filename().native().size() > longestName)
+        return std::make_error_code(std::errc::filename_too_long);
     const std::wstring name = toPath(path).native();
     const HANDLE file =
         CreateFileW(name.c_str(), DELETE | FILE_READ_ATTRIBUTES,

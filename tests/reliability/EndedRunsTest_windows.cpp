@@ -154,7 +154,10 @@ TEST_F(RunsOnWindows, OfTwoInOneFolderLeaveTheWholeFilesOfOne)
                 EXPECT_THAT(each->errors(), HasSubstr("Another \"Apply\" writes in the same "));
             }
 
-        EXPECT_THAT(takeFiles(), AnyOf(ofMany, ofFew));
+        Contents files = takeFiles();
+        // What one of them finds stored by the other it keeps.
+        files.erase("panelControl.previous.txt");
+        EXPECT_THAT(files, AnyOf(ofMany, ofFew));
     }
 }
 

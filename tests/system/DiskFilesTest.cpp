@@ -291,8 +291,8 @@ TEST_F(DiskFilesTest, LetsOneLockAFolderUntilItIsLetGo)
     const auto next = files.lockFolder(folder.path(""));
 
     EXPECT_EQ(error.number(), ErrorNumber::PermissionDenied);
-    EXPECT_THAT(error.description(),
-                testing::ContainsRegex("process [0-9]+. of user .+ on computer "));
+    for (const char* const part : {"process ", ") of user ", " on computer "})
+        EXPECT_THAT(error.description(), testing::HasSubstr(part));
     EXPECT_NE(next, nullptr);
 }
 
