@@ -350,9 +350,12 @@ std::string ApplicationObject::registrations()
     return result;
 }
 
+// Not at once: the answer to this call is still on its way through COM's own threads, and the end
+// of the apartment would break it off.
 int ApplicationObject::quit()
 {
-    PostQuitMessage(0);
+    constexpr UINT answerTime = 100;  // milliseconds
+    SetTimer(nullptr, 0, answerTime, [](HWND, UINT, UINT_PTR, DWORD) { PostQuitMessage(0); });
     return ok;
 }
 

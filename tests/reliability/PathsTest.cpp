@@ -80,7 +80,8 @@ TEST(Apply, WritesNothingForAModelWhoseNameTheCodePageLacks)
         }
 
         EXPECT_EQ(place.femap.lockCount, 0);
-        EXPECT_TRUE(std::filesystem::is_empty(place.modelFolder));
+        EXPECT_TRUE(std::filesystem::is_empty(
+            std::u8string(place.modelFolder.begin(), place.modelFolder.end())));
     }
 }
 
