@@ -219,7 +219,8 @@ ComContext ComApplication::context()
 std::unique_ptr<Application> ComConnector::attach()
 {
     IUnknown* running = nullptr;
-    HRESULT result = GetActiveObject(femapClass(), nullptr, &running);
+    HRESULT result =
+        retryPolicy_->whileBusy([&] { return GetActiveObject(femapClass(), nullptr, &running); });
     if (FAILED(result))
         throw RuntimeError(ErrorNumber::ObjectFailed, "No FEMAP is running: " + describe(result));
     IDispatch* application = nullptr;

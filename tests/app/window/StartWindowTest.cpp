@@ -53,7 +53,7 @@ TEST_F(StartWindow, IsThereWhileFemapAnswersNobodyAtAll)
     femap.reject(calls);
     launch();
 
-    ASSERT_NE(shownWindow(), nullptr);
+    ASSERT_NE(shownWindow(), nullptr) << files.log();
 
     EXPECT_FALSE(isOn("GenerateButton"));
     EXPECT_THAT(textOf(driver::controlOf(window(), "StatusLine")), StartsWith(waiting));
