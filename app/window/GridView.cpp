@@ -19,20 +19,6 @@ namespace
 
 constexpr int defaultColumnWidth = 960;  // twips, of the columns to which the form gives no width
 
-constexpr int allItems = -1;  // also in what the list view tells
-constexpr UINT showSelectionMessage = WM_APP + 1;
-
-// The list view counts parameter rows from 0, the grid from 1.
-int rowOf(int item)
-{
-    return item + 1;
-}
-
-int itemOf(int row)
-{
-    return row - 1;
-}
-
 // Another program may have the clipboard open for a moment.
 bool openClipboard(HWND owner)
 {
@@ -166,6 +152,9 @@ LRESULT GridView::notify(const NMHDR& header)
     }
     case LVN_KEYDOWN:
         onKey_(static_cast<NMLVKEYDOWN*>(info)->wVKey);
+        // Only now, as the form may show the grid's selection again at each key.
+        if (isAboutToSelect(WM_KEYDOWN, static_cast<NMLVKEYDOWN*>(info)->wVKey, 0))
+            select({});
         break;
     case HDN_ENDTRACKW:
     case HDN_ENDTRACKA:
@@ -210,93 +199,6 @@ void GridView::takeColumnWidths()
     }
 }
 
-// What the list view tells of a change, in items from first to last. It may be of the focus only,
-// which leaves one item before the list view has told of the selection of another.
-void GridView::followSelection(int first, int last, UINT before, UINT now)
-{
-    if (((before ^ now) & LVIS_SELECTED) == 0)
-        return;
-    if (first == allItems) {
-        first = 0;
-        last = ListView_GetItemCount(window_) - 1;
-    }
-    selected_.set(first, last + 1, (now & LVIS_SELECTED) != 0);
-    if (!updating_)
-        takeSelection();
-}
-
-// Nearly always there is nothing to do. Where the list view selected something without a word, it
-// is asked for all that it has.
-void GridView::agreeOnSelection()
-{
-    if (selected_.count() == static_cast<int>(ListView_GetSelectedCount(window_)))
-        return;
-    selected_.clear();
-    for (int item = -1; (item = ListView_GetNextItem(window_, item, LVNI_SELECTED)) >= 0;)
-        selected_.set(item, item + 1, true);
-}
-
-void GridView::takeSelection()
-{
-    agreeOnSelection();
-    if (selected_.count() == 0) {
-        // The grid always has a selection. The list view drops its old one before it makes a new
-        // one, so the grid's is shown again later, if no new one has come by then.
-        PostMessageW(window_, showSelectionMessage, 0, 0);
-        return;
-    }
-    if (selected_.haveHoles()) {
-        grid_.Row = rowOf(std::max(0, ListView_GetNextItem(window_, -1, LVNI_FOCUSED)));
-        grid_.RowSel = grid_.Row;
-        showSelection();
-        return;
-    }
-    const int first = selected_.first();
-    const int last = first + selected_.count() - 1;
-    const bool upwards = ListView_GetSelectionMark(window_) == last;
-    grid_.Row = rowOf(upwards ? last : first);
-    grid_.RowSel = rowOf(upwards ? first : last);
-}
-
-// An empty grid shows no selection: there is nothing to remove or to copy.
-form::RowRange GridView::shownSelection() const
-{
-    const bool isEmpty = grid_.Rows() == 2 && grid_.text(1, ParameterGrid::nameColumn).empty();
-    return isEmpty ? form::RowRange{1, 0} : grid_.selectedRows();
-}
-
-void GridView::showSelection()
-{
-    const form::RowRange rows = shownSelection();
-    agreeOnSelection();
-    const bool isShown = !selected_.haveHoles() && selected_.count() == rows.count &&
-                         (rows.count == 0 || selected_.first() == itemOf(rows.first));
-    if (isShown)
-        return;
-
-    updating_ = true;
-    setItemState(allItems, 0, LVIS_SELECTED);
-    if (rows.count > 0) {
-        if (rows.count == grid_.Rows() - 1)
-            setItemState(allItems, LVIS_SELECTED, LVIS_SELECTED);
-        else
-            for (int i = 0; i < rows.count; ++i)
-                setItemState(itemOf(rows.first + i), LVIS_SELECTED, LVIS_SELECTED);
-        setItemState(itemOf(grid_.Row), LVIS_FOCUSED, LVIS_FOCUSED);
-        ListView_SetSelectionMark(window_, itemOf(grid_.Row));
-    }
-    updating_ = false;
-}
-
-void GridView::setItemState(int item, UINT state, UINT mask)
-{
-    LVITEMW info{};
-    info.state = state;
-    info.stateMask = mask;
-    SendMessageW(window_, LVM_SETITEMSTATE, static_cast<WPARAM>(item),
-                 reinterpret_cast<LPARAM>(&info));
-}
-
 void GridView::selectAll()
 {
     grid_.Row = 1;
@@ -314,8 +216,8 @@ void GridView::copySelection()
         putOnClipboard(window_, toWide(text));
 }
 
-LRESULT CALLBACK GridView::listProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                         UINT_PTR, DWORD_PTR self)
+LRESULT CALLBACK GridView::listProcedure(HWND, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                         DWORD_PTR self)
 {
     GridView& view = *reinterpret_cast<GridView*>(self);
     const bool control = GetKeyState(VK_CONTROL) < 0;
@@ -338,7 +240,7 @@ LRESULT CALLBACK GridView::listProcedure(HWND window, UINT message, WPARAM wPara
     default:
         break;
     }
-    return DefSubclassProc(window, message, wParam, lParam);
+    return view.passOn(message, wParam, lParam);
 }
 
 }  // namespace window

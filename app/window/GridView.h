@@ -37,6 +37,11 @@ public:
     bool sends(const NMHDR& header) const;
 
 private:
+    static constexpr UINT showSelectionMessage = WM_APP + 1;
+
+    // The list view counts parameter rows from 0, the grid from 1.
+    static int rowOf(int item) { return item + 1; }
+    static int itemOf(int row) { return row - 1; }
     static LRESULT CALLBACK listProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                           UINT_PTR id, DWORD_PTR self);
     void addColumns();
@@ -46,7 +51,11 @@ private:
     void takeSelection();
     form::RowRange shownSelection() const;
     void showSelection();
+    void select(const form::RowRange& rows);
+    void setItems(const SelectedRuns& items, UINT state);
     void setItemState(int item, UINT state, UINT mask);
+    bool isAboutToSelect(UINT message, WPARAM wParam, LPARAM lParam) const;
+    LRESULT passOn(UINT message, WPARAM wParam, LPARAM lParam);
     void selectAll();
     void copySelection();
     template <class Info>

@@ -3,6 +3,7 @@
 #include "app/window/Pixels.h"
 #include "windows/Text.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 

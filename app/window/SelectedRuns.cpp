@@ -32,6 +32,14 @@ int SelectedRuns::count() const
     return sum;
 }
 
+SelectedRuns SelectedRuns::without(const SelectedRuns& others) const
+{
+    SelectedRuns rest = *this;
+    for (const auto& [first, end] : others.runs_)
+        rest.set(first, end, false);
+    return rest;
+}
+
 // No run goes on across this item afterwards; one begins there if it was inside one.
 void SelectedRuns::cutAt(int item)
 {

@@ -1,18 +1,13 @@
-#include "app/window/GridView.h"
+#include "GridWindowFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
-#include <cstddef>
-#include <memory>
 #include <string>
 #include <vector>
 
-using form::ParameterGrid;
+using driver::GridWindow;
 using testing::ElementsAre;
-using window::GridView;
 
 namespace
 {
@@ -20,124 +15,6 @@ namespace
 constexpr UINT byLetters = LVFI_STRING | LVFI_PARTIAL;
 constexpr UINT around = byLetters | LVFI_WRAP;
 constexpr UINT anyPart = 4;  // LVFI_SUBSTRING, another word for LVFI_PARTIAL
-
-// A grid in a window of this test's own.
-struct GridWindow : testing::Test
-{
-    static inline GridWindow* running = nullptr;
-    ParameterGrid grid{6};
-    std::unique_ptr<GridView> view;
-    HWND parent = nullptr;
-    std::vector<UINT> toList;  // messages that were sent to the list
-
-    static LRESULT CALLBACK hearNotes(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-    {
-        if (message == WM_NOTIFY && running->view != nullptr)
-            return running->view->notify(*reinterpret_cast<const NMHDR*>(lParam));
-        return DefWindowProcW(window, message, wParam, lParam);
-    }
-    static LRESULT CALLBACK listen(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                   DWORD_PTR)
-    {
-        running->toList.push_back(message);
-        return DefSubclassProc(list, message, wParam, lParam);
-    }
-
-    void SetUp() override
-    {
-        running = this;
-        WNDCLASSW kind{};
-        kind.lpfnWndProc = hearNotes;
-        kind.lpszClassName = L"GridWindow";
-        RegisterClassW(&kind);
-        parent = CreateWindowExW(0, L"GridWindow", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 500,
-                                 400, nullptr, nullptr, nullptr, nullptr);
-        ASSERT_NE(parent, nullptr);
-        view = std::make_unique<GridView>(parent, 1, grid, [](int) {});
-        view->setResolution(window::Pixels(USER_DEFAULT_SCREEN_DPI));
-        SetWindowSubclass(list(), listen, 2, 0);
-        MoveWindow(list(), 0, 0, 480, 350, TRUE);
-    }
-    void TearDown() override
-    {
-        RemoveWindowSubclass(list(), listen, 2);
-        view.reset();
-        DestroyWindow(parent);
-        UnregisterClassW(L"GridWindow", nullptr);
-    }
-
-    HWND list() const { return view->window(); }
-    void fill(const std::vector<std::string>& names)
-    {
-        for (const std::string& name : names)
-            grid.AddItem(name + "\t1");
-        grid.RemoveItem(1);
-        view->update();
-    }
-    void fillWith(int rows)
-    {
-        for (int row = 0; row < rows; ++row)
-            grid.AddItem("Ex" + std::to_string(row) + "\t1");
-        grid.RemoveItem(1);
-        view->update();
-    }
-
-    // What the list view asks for when letters are typed.
-    LRESULT find(const std::wstring& text, UINT flags, int start = 0) const
-    {
-        NMLVFINDITEMW question{};
-        question.hdr = {list(), 1, LVN_ODFINDITEMW};
-        question.iStart = start;
-        question.lvfi.flags = flags;
-        question.lvfi.psz = text.c_str();
-        return view->notify(question.hdr);
-    }
-
-    // A key, or several one after the other, with Shift held down or not.
-    void press(WPARAM key, bool shift = false) const
-    {
-        std::array<BYTE, 256> keys{};
-        GetKeyboardState(keys.data());
-        keys[VK_SHIFT] = shift ? 0x80 : 0;
-        SetKeyboardState(keys.data());
-        SendMessageW(list(), WM_KEYDOWN, key, 0);
-        keys[VK_SHIFT] = 0;
-        SetKeyboardState(keys.data());
-        pump();
-    }
-    void click(int item) const
-    {
-        RECT place{LVIR_BOUNDS, 0, 0, 0};
-        SendMessageW(list(), LVM_GETITEMRECT, static_cast<WPARAM>(item),
-                     reinterpret_cast<LPARAM>(&place));
-        const LPARAM there = MAKELPARAM(20, (place.top + place.bottom) / 2);
-        PostMessageW(list(), WM_LBUTTONDOWN, MK_LBUTTON, there);
-        PostMessageW(list(), WM_LBUTTONUP, 0, there);
-        pump();
-    }
-    static void pump()
-    {
-        MSG message{};
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE)
-            DispatchMessageW(&message);
-    }
-    void mark(int item, bool marked) const
-    {
-        LVITEMW info{};
-        info.state = marked ? LVIS_SELECTED : 0;
-        info.stateMask = LVIS_SELECTED;
-        SendMessageW(list(), LVM_SETITEMSTATE, static_cast<WPARAM>(item),
-                     reinterpret_cast<LPARAM>(&info));
-    }
-    std::vector<int> marked() const
-    {
-        std::vector<int> result;
-        for (int item = -1; (item = ListView_GetNextItem(list(), item, LVNI_SELECTED)) >= 0;)
-            result.push_back(item);
-        return result;
-    }
-    std::ptrdiff_t searches() const { return std::ranges::count(toList, UINT{LVM_GETNEXTITEM}); }
-};
 
 TEST_F(GridWindow, LettersFindTheNextRowThatBeginsWithThem)
 {
@@ -260,6 +137,71 @@ TEST_F(GridWindow, KeysAndClicksLookForNoSelectedRowAmongMany)
     EXPECT_EQ(two.first, rows - 1);
     EXPECT_EQ(two.count, 2);
     EXPECT_EQ(grid.Row, 2);
+}
+
+TEST_F(GridWindow, KeysAndClicksNeverMakeTheListGoThroughAllItsItems)
+{
+    fillWith(1000);
+    click(3);
+    ofAllItems = 0;
+    const auto changesBy = [&](auto action) {
+        changes = 0;
+        action();
+        return changes;
+    };
+
+    EXPECT_LE(changesBy([&] { click(5); }), 5);
+    EXPECT_LE(changesBy([&] { click(5); }), 5) << "on the selected row";
+    for (const WPARAM key : {VK_DOWN, VK_UP, VK_NEXT, VK_PRIOR, VK_END, VK_HOME, VK_SPACE})
+        EXPECT_LE(changesBy([&] { press(key); }), 5) << key;
+    EXPECT_LE(changesBy([&] { press(VK_DOWN, true); }), 5);
+    EXPECT_LE(changesBy([&] { press(VK_DOWN, true); }), 5);
+    const form::RowRange stretch = grid.selectedRows();
+    SendMessageW(list(), WM_CHAR, 'e', 1);
+    SendMessageW(list(), WM_CHAR, 'q', 1);
+    grid.Row = grid.RowSel = 8;
+    view->update();
+
+    EXPECT_EQ(ofAllItems, 0);
+    EXPECT_EQ(stretch.first, 1);
+    EXPECT_EQ(stretch.count, 3);
+    EXPECT_THAT(marked(), ElementsAre(7));
+}
+
+TEST_F(GridWindow, WhatSelectsNothingLeavesTheSelectionAndItsMark)
+{
+    fillWith(10);
+    click(2);
+    press(VK_DOWN, true);
+    press(VK_DOWN, true);
+
+    pressWith(VK_CONTROL, VK_DOWN);
+    const std::vector<int> afterFocus = marked();
+    const int focus = ListView_GetNextItem(list(), -1, LVNI_FOCUSED);
+    SendMessageW(list(), WM_CHAR, 'q', 1);
+    click(20);
+    pump();
+
+    EXPECT_THAT(afterFocus, ElementsAre(2, 3, 4));
+    EXPECT_EQ(focus, 5);
+    EXPECT_THAT(marked(), ElementsAre(2, 3, 4));
+    EXPECT_EQ(grid.selectedRows().first, 3);
+    EXPECT_EQ(grid.selectedRows().count, 3);
+    EXPECT_EQ(ListView_GetSelectionMark(list()), 2);
+}
+
+TEST_F(GridWindow, AKeyAfterAllWereSelectedLeavesOneRow)
+{
+    fillWith(2000);
+    click(3);
+
+    pressWith(VK_CONTROL, 'A');
+    const UINT all = ListView_GetSelectedCount(list());
+    press(VK_DOWN);
+
+    EXPECT_EQ(all, 2000U);
+    EXPECT_EQ(marked().size(), 1U);
+    EXPECT_EQ(grid.selectedRows().count, 1);
 }
 
 TEST_F(GridWindow, AStretchIsTakenFromWhereverItBegan)

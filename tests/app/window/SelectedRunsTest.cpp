@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 #include <random>
 #include <vector>
 
@@ -44,6 +45,21 @@ TEST(SelectedRunsOfAList, AreWhatAPlainListOfMarksSays)
                   lowest == marks.end() ? -1 : static_cast<int>(lowest - marks.begin()));
         ASSERT_EQ(runs.haveHoles(), count > 0 && last - lowest > count);
     }
+}
+
+TEST(SelectedRunsOfAList, WithoutOthersAreWhatTheseAreNot)
+{
+    SelectedRuns runs;
+    runs.set(2, 9, true);
+    SelectedRuns others;
+    others.set(0, 3, true);
+    others.set(5, 6, true);
+
+    const SelectedRuns rest = runs.without(others);
+
+    EXPECT_EQ(rest.runs(), (std::map<int, int>{{3, 5}, {6, 9}}));
+    EXPECT_EQ(runs.without(SelectedRuns()).runs(), runs.runs());
+    EXPECT_EQ(runs.without(runs).count(), 0);
 }
 
 }  // namespace
