@@ -283,13 +283,7 @@ LRESULT MainWindow::handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM
     case takeTextsMessage:
         return guarded([&] { commitTexts(); });
     case WM_TIMER:
-        return guarded([&] {
-            paneOwner_.look(window);
-            if (ready_ && program_.lookForFemap()) {
-                dropInput(window);
-                afterEvent();
-            }
-        });
+        return guarded([&] { lookForFemap(); });
     case WM_CLOSE:
         return guarded([&] { program_.close(); });
     case WM_DESTROY:
@@ -299,6 +293,15 @@ LRESULT MainWindow::handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM
         break;
     }
     return DefWindowProcW(window, message, wParam, lParam);
+}
+
+void MainWindow::lookForFemap()
+{
+    paneOwner_.look(window_);
+    if (ready_ && program_.lookForFemap()) {
+        dropInput(window_);
+        afterEvent();
+    }
 }
 
 // Comes also when FEMAP destroyed the window together with its own. Then run() decides what becomes

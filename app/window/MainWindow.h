@@ -77,7 +77,9 @@ private:
     void createWindow();
     void takeIntoUse();
     void createControls();
+    std::unique_ptr<GridView> createGrid(form::ParameterGrid& grid, std::string_view keyEvent);
     void createScrollBars();
+    void lookForFemap();
     void createTips();
     HWND create(form::Control& control, const wchar_t* windowClass, std::string_view text,
                 DWORD style, DWORD extendedStyle = 0);

@@ -32,15 +32,6 @@ void MainWindow::createControls()
         for (const std::string& item : box.List)
             SendMessageW(window, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(item).c_str()));
     };
-    const auto createGrid = [&](form::ParameterGrid& grid, std::string_view keyEvent) {
-        const auto onKey = [this, keyEvent, &grid](int key) {
-            if (grid.Enabled)
-                pressInGrid(keyEvent, key);
-        };
-        auto view = std::make_unique<GridView>(windows_.at(&form.pbInner), idOf(grid), grid, onKey);
-        windows_[&grid] = view->window();
-        return view;
-    };
 
     createFrame(form.Inputs);
     createBox(form.InputSelection);
@@ -73,6 +64,19 @@ void MainWindow::createControls()
     createScrollBars();
     form.pointersChanged = [this] { showPointer(); };
     createTips();
+}
+
+std::unique_ptr<GridView> MainWindow::createGrid(form::ParameterGrid& grid,
+                                                 std::string_view keyEvent)
+{
+    const auto onKey = [this, keyEvent, &grid](int key) {
+        if (grid.Enabled)
+            pressInGrid(keyEvent, key);
+    };
+    auto view =
+        std::make_unique<GridView>(windows_.at(&program_.form().pbInner), idOf(grid), grid, onKey);
+    windows_[&grid] = view->window();
+    return view;
 }
 
 void MainWindow::createScrollBars()

@@ -157,7 +157,7 @@ void MainWindow::turnWheel(form::ScrollBar& bar, std::string_view event, int del
     UINT steps = 3;
     SystemParametersInfoW(setting, 0, &steps, 0);
     const int page = bar.LargeChange / bar.SmallChange;
-    const int notch = std::min(steps, static_cast<UINT>(page)) * bar.SmallChange;
+    const int notch = static_cast<int>(std::min(steps, static_cast<UINT>(page))) * bar.SmallChange;
     scrollTo(bar, event, bar.Value + MulDiv(delta, notch, WHEEL_DELTA));
 }
 
