@@ -94,14 +94,15 @@ bool reachFemap(Session& session)
 // Raises RuntimeError that names the file.
 void openModelFile(Context& context, const std::string& path)
 {
-    const std::string failure = "FEMAP could not open the model " + path;
     femap::ReturnCode status = femap::ReturnCode::Fail;
     sys::PendingError reason;
     if (!reason.attempt([&] { status = context.femap().feFileOpen(false, path); }))
-        throw RuntimeError(ErrorNumber::FileError, failure + ": " + reason.description());
+        throw RuntimeError(ErrorNumber::FileError,
+                           "FEMAP could not open the model: " + reason.description() + ": " + path);
     if (status != femap::ReturnCode::Ok)
-        throw RuntimeError(ErrorNumber::FileError, failure + ": it answered with status " +
-                                                       std::to_string(static_cast<int>(status)));
+        throw RuntimeError(ErrorNumber::FileError,
+                           "FEMAP could not open the model: it answered with status " +
+                               std::to_string(static_cast<int>(status)) + ": " + path);
 }
 
 void openModel(Session& session, const std::string& path)

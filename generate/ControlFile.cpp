@@ -8,6 +8,7 @@
 #include "generate/PreviousSelection.h"
 #include "generate/Targets.h"
 #include "logging/Module1.h"
+#include "system/Memory.h"
 #include "system/RuntimeError.h"
 
 #include <algorithm>
@@ -129,9 +130,12 @@ ControlFile readControlFile(Context& context, const std::string& path)
         return {ControlFile::Read, context.system.files.read(path)};
     }
     catch (const sys::RuntimeError& error) {
-        logDebug(context.log, "No selection to load: ", error.description());
-        if (error.number() == sys::ErrorNumber::FileNotFound)
+        if (error.number() == sys::ErrorNumber::FileNotFound) {
+            logDebug(context.log, "No selection to load: ",
+                     path + " could not be opened: No such file or directory");
             return {ControlFile::Missing, {}};
+        }
+        logDebug(context.log, "No selection to load: ", error.description());
         tellAtLeastHere(context,
                         "The stored selection cannot be read, and \"Apply\" does not replace it "
                         "until it can: " +
@@ -196,12 +200,14 @@ void Load_Click(Context& context)
     logDebug(context.log, "fileBase=", model->name);
     logPositionAndClearErrorIfAny(context.log, context.error, "In the Load_Click");
     const std::string path = targetPath(*model, controlFile);
-    const ControlFile file = readControlFile(context, path);
-    if (file.state == ControlFile::Unreadable)
-        return;
-    if (file.state == ControlFile::Read)
-        fillGrids(context, path, file.bytes);
-    context.form.stored.readFiles.insert(path);
+    sys::whileMemoryLasts(path, [&] {
+        const ControlFile file = readControlFile(context, path);
+        if (file.state == ControlFile::Unreadable)
+            return;
+        if (file.state == ControlFile::Read)
+            fillGrids(context, path, file.bytes);
+        context.form.stored.readFiles.insert(path);
+    });
 }
 
 void takeOverSelection(Context& context, const std::string& modelFile)

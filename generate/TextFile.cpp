@@ -28,12 +28,10 @@ std::string_view messageFor(ErrorNumber number)
                  "again: ";
 }
 
-// The operating system's reason in the description of a disk error, which begins with the path.
-std::string reasonIn(const std::string& description, const std::string& path)
+RuntimeError notWritten(ErrorNumber number, const std::string& reason, const std::string& path)
 {
-    const std::size_t position =
-        description.starts_with(path) ? description.find(": ", path.size()) : std::string::npos;
-    return position == std::string::npos ? description : description.substr(position + 2);
+    const std::string name = path.substr(path.find_last_of(sys::pathSeparators) + 1);
+    return {number, reason + ". " + name + std::string(messageFor(number)) + path};
 }
 
 // Runs a step that writes; its errors then name the final file and say what to do. The reason comes
@@ -41,17 +39,17 @@ std::string reasonIn(const std::string& description, const std::string& path)
 template <class Step>
 auto namingFile(const std::string& path, Step&& step)
 {
-    try {
-        return step();
-    }
-    catch (const std::bad_alloc&) {
-        throw RuntimeError(ErrorNumber::ObjectFailed, std::string(sys::noMemory) + ": " + path);
-    }
-    catch (const RuntimeError& error) {
-        const std::string name = path.substr(path.find_last_of(sys::pathSeparators) + 1);
-        throw RuntimeError(error.number(), reasonIn(error.description(), path) + ". " + name +
-                                               std::string(messageFor(error.number())) + path);
-    }
+    return sys::whileMemoryLasts(path, [&] {
+        try {
+            return step();
+        }
+        catch (const sys::DiskError& error) {
+            throw notWritten(error.number(), error.reason(), path);
+        }
+        catch (const RuntimeError& error) {
+            throw notWritten(error.number(), error.description(), path);
+        }
+    });
 }
 
 }  // namespace

@@ -46,7 +46,7 @@ void Server::recordTo(const std::string& path)
 {
     calls_.open(std::filesystem::path(toWide(path)));
     if (!calls_)
-        throw RuntimeError(ErrorNumber::FileError, path + " could not be written");
+        throw RuntimeError(ErrorNumber::FileError, "File not written: " + path);
 }
 
 void Server::record(const std::string& call)

@@ -101,7 +101,7 @@ void ScratchFiles::demandFolderOf(const std::string& path)
     const std::string folder = folderOf(path);
     if (!folder.empty() && !folderExists(folder))
         throw sys::RuntimeError(sys::ErrorNumber::PathNotFound,
-                                path + " could not be created: there is no such folder");
+                                "File not created: there is no such folder: " + path);
 }
 
 }  // namespace study

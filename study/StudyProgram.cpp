@@ -91,8 +91,7 @@ Call parseCall(const std::vector<std::string>& arguments)
 std::string readScript(const std::string& script, const Environment& environment)
 {
     if (script != "-")
-        return sys::whileMemoryLasts(script + " could not be read: ",
-                                     [&] { return environment.system.files.read(script); });
+        return sys::whileMemoryLasts(script, [&] { return environment.system.files.read(script); });
     return {std::istreambuf_iterator<char>(environment.input), std::istreambuf_iterator<char>()};
 }
 

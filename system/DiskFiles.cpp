@@ -31,12 +31,12 @@ std::string textOf(const std::error_code& reason)
                : "the system's error " + std::to_string(reason.value());
 }
 
-[[noreturn]] void fail(ErrorNumber number, const std::string& path, const std::string& what,
-                       const std::error_code& reason)
+[[noreturn]] void fail(ErrorNumber number, const std::string& what, const std::error_code& reason,
+                       const std::string& path)
 {
     if (conditionOf(reason) == std::errc::permission_denied)
         number = ErrorNumber::PermissionDenied;
-    throw RuntimeError(number, path + " " + what + ": " + textOf(reason));
+    throw DiskError(number, what, textOf(reason), path);
 }
 
 std::error_code lastError()
@@ -51,7 +51,7 @@ std::string beginningOf(std::FILE* file, const std::string& path)
     std::string text(longestLine, '\0');
     text.resize(std::fread(text.data(), 1, longestLine, file));
     if (std::ferror(file) != 0)
-        fail(ErrorNumber::FileError, path, "could not be read", lastError());
+        fail(ErrorNumber::FileError, "File not read", lastError(), path);
     return text;
 }
 
@@ -85,20 +85,20 @@ public:
     {
         if (std::fwrite(bytes.data(), 1, bytes.size(), file_) != bytes.size() ||
             std::fflush(file_) != 0)
-            fail(ErrorNumber::FileError, path_, "could not be written", lastError());
+            fail(ErrorNumber::FileError, "File not written", lastError(), path_);
     }
 
     void flush() override
     {
         if (bringToDisk(file_) != 0)
-            fail(ErrorNumber::FileError, path_, "could not be written", lastError());
+            fail(ErrorNumber::FileError, "File not written", lastError(), path_);
     }
 
     void close() override
     {
         std::FILE* const file = std::exchange(file_, nullptr);
         if (std::fclose(file) != 0)
-            fail(ErrorNumber::FileError, path_, "could not be closed", lastError());
+            fail(ErrorNumber::FileError, "File not closed", lastError(), path_);
     }
 
 private:
@@ -118,14 +118,14 @@ void DiskFiles::createFolder(const std::string& path)
     std::error_code reason;
     std::filesystem::create_directory(toPath(path), reason);
     if (reason)
-        fail(ErrorNumber::PathNotFound, path, "could not be created", reason);
+        fail(ErrorNumber::PathNotFound, "Folder not created", reason, path);
 }
 
 std::unique_ptr<OutputFile> DiskFiles::create(const std::string& path)
 {
     std::FILE* const file = openFile(path, true);
     if (file == nullptr)
-        fail(ErrorNumber::FileError, path, "could not be created", lastError());
+        fail(ErrorNumber::FileError, "File not created", lastError(), path);
     return std::make_unique<DiskOutputFile>(path, file);
 }
 
@@ -137,13 +137,13 @@ std::unique_ptr<OutputFile> DiskFiles::openAlone(const std::string& path, const 
         throw RuntimeError(ErrorNumber::PermissionDenied,
                            "another program has the file open: " + path);
     if (file == nullptr)
-        fail(ErrorNumber::FileError, path, "could not be created", reason);
+        fail(ErrorNumber::FileError, "File not created", reason, path);
     auto output = std::make_unique<DiskOutputFile>(path, file);
     const std::string beginning = beginningOf(file, path);
     if (!beginning.empty() && !mayEmpty(beginning.substr(0, beginning.find_first_of("\r\n"))))
         return nullptr;
     if (emptyFile(file) != 0)
-        fail(ErrorNumber::FileError, path, "could not be emptied", lastError());
+        fail(ErrorNumber::FileError, "File not emptied", lastError(), path);
     return output;
 }
 
@@ -151,8 +151,8 @@ std::string DiskFiles::read(const std::string& path)
 {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(openFile(path, false), &std::fclose);
     if (file == nullptr)
-        fail(errno == ENOENT ? ErrorNumber::FileNotFound : ErrorNumber::FileError, path,
-             "could not be opened", lastError());
+        fail(errno == ENOENT ? ErrorNumber::FileNotFound : ErrorNumber::FileError,
+             "File not opened", lastError(), path);
 
     std::string content;
     std::error_code unknownSize;
@@ -167,7 +167,7 @@ std::string DiskFiles::read(const std::string& path)
         content.resize(before + got);
     }
     if (std::ferror(file.get()) != 0)
-        fail(ErrorNumber::FileError, path, "could not be read", lastError());
+        fail(ErrorNumber::FileError, "File not read", lastError(), path);
     return content;
 }
 
@@ -177,7 +177,7 @@ TemporaryFile DiskFiles::createBeside(const std::string& path)
     std::error_code reason;
     std::FILE* const file = createTemporary(path, created.path, reason);
     if (file == nullptr)
-        fail(ErrorNumber::FileError, path, "could not be created", reason);
+        fail(ErrorNumber::FileError, "File not created", reason, path);
     created.file = std::make_unique<DiskOutputFile>(path, file);
     return created;
 }
@@ -185,7 +185,7 @@ TemporaryFile DiskFiles::createBeside(const std::string& path)
 void DiskFiles::demandReplaceable(const std::string& path)
 {
     if (const std::error_code reason = reasonAgainstReplacing(path))
-        fail(ErrorNumber::FileError, path, "could not be replaced", reason);
+        fail(ErrorNumber::FileError, "File not replaced", reason, path);
     TemporaryFile trial = createBeside(path);
     trial.file.reset();
     remove(trial.path);
@@ -194,7 +194,7 @@ void DiskFiles::demandReplaceable(const std::string& path)
 void DiskFiles::replace(const std::string& path, const std::string& by)
 {
     if (const std::error_code reason = replaceFile(path, by))
-        fail(ErrorNumber::FileError, path, "could not be replaced", reason);
+        fail(ErrorNumber::FileError, "File not replaced", reason, path);
     forgetTemporary(by);
 }
 

@@ -40,8 +40,8 @@ public:
     virtual ~FolderLock() = default;
 };
 
-/// The disk. Paths are UTF-8; contents are bytes. An operation that the system denies, because
-/// another program holds the file or the right to it is missing, raises PermissionDenied.
+/// The disk. Paths are UTF-8; contents are bytes. What the system refuses is a DiskError. Where
+/// another program holds the file or the right to it is missing, its number is PermissionDenied.
 class Files
 {
 public:

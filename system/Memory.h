@@ -13,16 +13,17 @@ namespace sys
 constexpr const char* noMemory =
     "No memory is left. Close other programs or work with fewer rows, and try again";
 
-/// Runs a step that takes memory; raises RuntimeError when there is none. What stands
-/// before the reason says what was to be done, and with which file.
+/// Runs a step that takes memory, with a file unless the path is empty. Raises RuntimeError when
+/// there is none.
 template <class Step>
-auto whileMemoryLasts(const std::string& before, Step&& step)
+auto whileMemoryLasts(const std::string& path, Step&& step)
 {
     try {
         return step();
     }
     catch (const std::bad_alloc&) {
-        throw RuntimeError(ErrorNumber::ObjectFailed, before + noMemory);
+        throw RuntimeError(ErrorNumber::ObjectFailed,
+                           path.empty() ? noMemory : noMemory + (": " + path));
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace sys
 {
@@ -36,6 +37,22 @@ public:
 
 private:
     ErrorNumber number_;
+};
+
+/// What the disk refused, why, and of which file or folder: the path is last, for where it is shown
+/// long texts are cut.
+class DiskError : public RuntimeError
+{
+public:
+    DiskError(ErrorNumber number, const std::string& what, std::string reason,
+              const std::string& path)
+        : RuntimeError(number, what + ": " + reason + ": " + path), reason_(std::move(reason))
+    {}
+
+    const std::string& reason() const { return reason_; }
+
+private:
+    std::string reason_;
 };
 
 }  // namespace sys

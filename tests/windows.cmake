@@ -33,6 +33,7 @@ velmar_test(app/window LOCK femap.model
         KeysTest.cpp
         LongListTest.cpp
         LostPaneTest.cpp
+        NoMemoryTest.cpp
         ProductBesideFemapTest.cpp
         PropertyListWindowTest.cpp
         RemoteHeapTest.cpp

@@ -82,6 +82,8 @@ bool MainWindow::open(const std::string& arguments, int showCommand)
     starting_ = false;
     if (started == app::Started::FemapNotFound)
         return false;
+    if (ready_)
+        dropInput(window_);
     takeIntoUse();
     return true;
 }

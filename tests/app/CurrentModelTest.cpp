@@ -131,7 +131,7 @@ TEST_F(CurrentModel, EndsTheMessageOfTheOneThatCouldNotBeOpened)
 {
     f.connector.openStatus = femap::ReturnCode::Fail;
     Form_Load(f.session, allArguments);
-    ASSERT_THAT(f.form.StatusLine.Caption, HasSubstr("could not open the model"));
+    ASSERT_THAT(f.form.StatusLine.Caption, HasSubstr("could not open the model: "));
 
     open("/models/wing.neu");
 

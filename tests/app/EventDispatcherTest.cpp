@@ -327,8 +327,8 @@ TEST(EventDispatcher, GoesOnWithAProcedureWhoseLogCannotBeWritten)
     EXPECT_EQ(ended, Ended::Normally);
     EXPECT_TRUE(isDone);
     EXPECT_EQ(f.form.StatusLine.Caption,
-              "The log ends here: /temp/korva/beam.log could not be written: "
-              "No space left on device");
+              "The log ends here: File not written: No space left on device: "
+              "/temp/korva/beam.log");
     EXPECT_TRUE(f.context.log.path().empty());
     EXPECT_EQ(f.files.operations, f.files.failingOperation);
 }

@@ -100,7 +100,7 @@ TEST(Program, TellsWhyThereIsNoLogBehindWhatElseStartUpTells)
     f.program.start("/models/beam.neu$beam.log$DEBUG ");
 
     EXPECT_THAT(f.form.StatusLine.Caption,
-                testing::MatchesRegex("FEMAP could not open the model .*There is no log: "
+                testing::MatchesRegex("FEMAP could not open the model: .*There is no log: "
                                       "\"DEBUG \" is no level; the levels are ALWAYS, INFO, DEBUG, "
                                       "WARN, ERROR, NOTHING"));
     f.program.raise("ClearAll_Click");

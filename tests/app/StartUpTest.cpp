@@ -239,7 +239,8 @@ TEST(FormLoad, KeepsWhyTheModelCouldNotBeOpened)
 {
     SessionFixture f;
     f.connector.failAt("feFileOpen");
-    const std::string reason = "FEMAP could not open the model /models/beam.neu: feFileOpen failed";
+    const std::string reason =
+        "FEMAP could not open the model: feFileOpen failed: /models/beam.neu";
 
     const StartUp result = Form_Load(f.session, allArguments);
 
@@ -264,8 +265,8 @@ TEST(FormLoad, TakesEveryStatusButOkForAFailureToOpen)
         Form_Load(f.session, allArguments);
 
         EXPECT_EQ(f.session.openFailure,
-                  "FEMAP could not open the model /models/beam.neu: it answered with status " +
-                      std::to_string(static_cast<int>(status)));
+                  "FEMAP could not open the model: it answered with status " +
+                      std::to_string(static_cast<int>(status)) + ": /models/beam.neu");
         EXPECT_THAT(f.log(), Each(Not(HasSubstr("Opened file: "))));
     }
 }
@@ -315,7 +316,8 @@ TEST(FormLoad, RunsWithoutALogWhenItCannotBeCreated)
     const StartUp result = Form_Load(f.session, allArguments);
 
     EXPECT_EQ(result, StartUp::Done);
-    EXPECT_EQ(f.context.log.failure(), "There is no log: /temp/korva could not be created");
+    EXPECT_EQ(f.context.log.failure(),
+              "There is no log: Folder not created: no such folder: /temp/korva");
     EXPECT_TRUE(f.host.hooked);
 }
 

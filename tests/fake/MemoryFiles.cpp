@@ -8,11 +8,14 @@
 namespace fake
 {
 
+using sys::DiskError;
 using sys::ErrorNumber;
 using sys::RuntimeError;
 
 namespace
 {
+
+constexpr const char* noFolder = "no such folder";
 
 class MemoryOutputFile : public sys::OutputFile
 {
@@ -87,7 +90,7 @@ bool MemoryFiles::folderExists(const std::string& path)
 void MemoryFiles::createFolder(const std::string& path)
 {
     if (missingFolders.contains(folderOf(path)))
-        throw RuntimeError(ErrorNumber::PathNotFound, path + " could not be created");
+        throw DiskError(ErrorNumber::PathNotFound, "Folder not created", noFolder, path);
     missingFolders.erase(path);
     createdFolders.push_back(path);
 }
@@ -108,9 +111,9 @@ void MemoryFiles::demandReplaceable(const std::string& path)
     demanded.push_back(path);
     step(path);
     if (irreplaceable.contains(path))
-        throw RuntimeError(ErrorNumber::FileError, path + " could not be replaced: " + failure);
+        throw DiskError(ErrorNumber::FileError, "File not replaced", failure, path);
     if (missingFolders.contains(folderOf(path)))
-        throw RuntimeError(ErrorNumber::FileError, path + " could not be created: no such folder");
+        throw DiskError(ErrorNumber::FileError, "File not created", noFolder, path);
 }
 
 std::unique_ptr<sys::OutputFile> MemoryFiles::openAlone(const std::string& path,
@@ -130,11 +133,12 @@ std::unique_ptr<sys::OutputFile> MemoryFiles::openAlone(const std::string& path,
 std::string MemoryFiles::read(const std::string& path)
 {
     if (deniedReads > 0 && deniedReads-- > 0)
-        throw RuntimeError(ErrorNumber::PermissionDenied,
-                           path + " could not be opened: Permission denied");
+        throw DiskError(ErrorNumber::PermissionDenied, "File not opened", "Permission denied",
+                        path);
     const auto place = contents.find(path);
     if (place == contents.end())
-        throw RuntimeError(ErrorNumber::FileNotFound, path + " could not be opened");
+        throw DiskError(ErrorNumber::FileNotFound, "File not opened", "No such file or directory",
+                        path);
     return place->second;
 }
 
@@ -162,7 +166,7 @@ std::unique_ptr<sys::OutputFile> MemoryFiles::createNamed(const std::string& pat
 {
     step(name);
     if (missingFolders.contains(folderOf(path)))
-        throw RuntimeError(ErrorNumber::FileError, name + " could not be created");
+        throw DiskError(ErrorNumber::FileError, "File not created", noFolder, name);
     contents[path].clear();
     return std::make_unique<MemoryOutputFile>(*this, path, name);
 }
@@ -193,7 +197,7 @@ std::vector<std::string> MemoryFiles::lines(const std::string& path) const
 void MemoryFiles::step(const std::string& path)
 {
     if (++operations == failingOperation)
-        throw RuntimeError(ErrorNumber::FileError, path + " could not be written: " + failure);
+        throw DiskError(ErrorNumber::FileError, "File not written", failure, path);
 }
 
 }  // namespace fake

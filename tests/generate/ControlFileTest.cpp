@@ -1,5 +1,6 @@
 #include "fake/GenerateFixture.h"
 #include "generate/ControlFile.h"
+#include "system/Memory.h"
 #include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <random>
+#include <utility>
 
 namespace generate
 {
@@ -44,6 +46,30 @@ protected:
 };
 
 }  // namespace
+
+// A page that finds no memory for what it decodes.
+class CodePageWithoutMemory : public sys::CodePage
+{
+public:
+    bool encode(std::string_view, std::string&) const override { return true; }
+    std::string decode(std::string_view) const override { throw std::bad_alloc(); }
+};
+
+TEST(ControlFileWithoutMemory, IsNamedAndCountsAsUnread)
+{
+    GenerateFixture f;
+    const std::string path = inWork("beamControl.txt");
+    const CodePageWithoutMemory codePage;
+    sys::System system{f.files, codePage, f.system.localTime, f.system.monotonicSeconds,
+                       f.system.environment};
+    form::Context context(f.form, f.host, system);
+    context.application = std::move(f.context.application);
+    f.files.contents[path] = "Tr\xE4ger\t1\r\n";
+
+    EXPECT_THAT([&] { Load_Click(context); }, testing::ThrowsMessage<sys::RuntimeError>(
+                                                  std::string(sys::noMemory) + ": " + path));
+    EXPECT_THAT(f.form.stored.readFiles, IsEmpty());
+}
 
 TEST_F(ControlFile, HoldsTheInputsAnEmptyLineAndTheOutputs)
 {
@@ -199,7 +225,8 @@ TEST_F(ControlFile, LoadingWithoutAControlFileLeavesTheGridsAndOneQuietLineInThe
 
     EXPECT_THAT(f.names(f.form.InputsList), ElementsAre("kept"));
     EXPECT_THAT(f.names(f.form.OutputsList), ElementsAre("kept too"));
-    EXPECT_THAT(log, Contains("DEBUG: No selection to load: " + path + " could not be opened"));
+    EXPECT_THAT(log, Contains("DEBUG: No selection to load: " + path +
+                              " could not be opened: No such file or directory"));
     EXPECT_THAT(log, Not(Contains(HasSubstr("ERROR"))));
     EXPECT_FALSE(f.context.error.isPending());
     EXPECT_THAT(f.messages(), IsEmpty());
@@ -214,11 +241,13 @@ TEST_F(ControlFile, ThatCannotBeReadIsNamedWhereTheEngineerLooks)
 
     EXPECT_THAT(f.names(f.form.InputsList), ElementsAre("kept"));
     const std::string told =
-        "The stored selection cannot be read, and \"Apply\" does not replace it until it can: " +
-        path + " could not be opened: Permission denied";
+        "The stored selection cannot be read, and \"Apply\" does not replace it until it can: "
+        "File not opened: Permission denied: " +
+        path;
     EXPECT_EQ(f.form.StatusLine.Caption, told);
-    EXPECT_THAT(f.log(), Contains("DEBUG: No selection to load: " + path +
-                                  " could not be opened: Permission denied"));
+    EXPECT_THAT(
+        f.log(),
+        Contains("DEBUG: No selection to load: File not opened: Permission denied: " + path));
     EXPECT_THAT(f.log(), Contains("DEBUG: " + told));
     EXPECT_THAT(f.messages(), ElementsAre(told));
 }

@@ -10,10 +10,13 @@
 namespace generate
 {
 
+using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
+using testing::StartsWith;
 
 namespace
 {
@@ -114,9 +117,9 @@ TEST_F(PreviousSelection, StaysWhenItCannotBeCopied)
         }
         catch (const sys::RuntimeError& error) {
             EXPECT_THAT(error.description(),
-                        testing::StartsWith("The selection was not stored, for what was stored "
-                                            "before cannot be copied: " +
-                                            copy));
+                        AllOf(StartsWith("The selection was not stored, for what was stored "
+                                         "before cannot be copied: "),
+                              EndsWith(": " + copy)));
         }
 
         EXPECT_EQ(f.files.contents.at(control), stored);

@@ -97,8 +97,8 @@ TEST(FemapLogger, EndsAtTheFirstWriteThatFailsAndRaisesNothing)
     f.log.DeinitialiseLogger();
 
     EXPECT_EQ(f.log.failure(),
-              "The log ends here: /temp/korva/run.log could not be written: "
-              "No space left on device");
+              "The log ends here: File not written: No space left on device: "
+              "/temp/korva/run.log");
     EXPECT_EQ(f.log.path(), "");
     EXPECT_FALSE(f.log.lets("ALWAYS"));
     EXPECT_EQ(f.files.operations, f.files.failingOperation);

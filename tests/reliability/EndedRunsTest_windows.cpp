@@ -7,6 +7,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <set>
@@ -63,6 +64,18 @@ public:
     {
         TerminateProcess(process_.hProcess, 9);
         WaitForSingleObject(process_.hProcess, INFINITE);
+    }
+    // As Windows itself does it: by a thread in the process that begins where all of these begin.
+    void raiseConsoleEvent(DWORD event)
+    {
+        const auto begin = reinterpret_cast<LPTHREAD_START_ROUTINE>(reinterpret_cast<void*>(
+            GetProcAddress(GetModuleHandleW(L"kernelbase"), "CtrlRoutine")));
+        ASSERT_NE(begin, nullptr);
+        const HANDLE thread =
+            CreateRemoteThread(process_.hProcess, nullptr, 0, begin,
+                               reinterpret_cast<void*>(std::uintptr_t{event}), 0, nullptr);
+        ASSERT_NE(thread, nullptr);
+        CloseHandle(thread);
     }
     DWORD exitCode()
     {
@@ -196,6 +209,24 @@ TEST_F(RunsOnWindows, LeaveNoTemporaryFileWhenTheSessionEnds)
         EXPECT_THAT(temporaryFiles(), testing::IsEmpty());
         takeFiles();
     }
+}
+
+TEST_F(RunsOnWindows, LeaveNoTemporaryFileWhenTheConsoleEndsThem)
+{
+    for (const DWORD event :
+         {CTRL_C_EVENT, CTRL_BREAK_EVENT, CTRL_CLOSE_EVENT, CTRL_LOGOFF_EVENT, CTRL_SHUTDOWN_EVENT})
+        for (int round = 0; round < 2; ++round) {
+            SCOPED_TRACE(event);
+            StudyProcess run(script(many, 500));
+            waitForFile("FDFemap.bat");
+            Sleep(static_cast<DWORD>(3 * round));
+
+            run.raiseConsoleEvent(event);
+            run.exitCode();
+
+            EXPECT_THAT(temporaryFiles(), testing::IsEmpty());
+            takeFiles();
+        }
 }
 
 }  // namespace reliability

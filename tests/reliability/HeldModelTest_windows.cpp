@@ -87,7 +87,7 @@ TEST_F(AModelOnWindows, IsGivenUpWithTheReasonWhenAnotherProgramKeepsIt)
 
     const auto waited = std::chrono::steady_clock::now() - begin;
     _close(held);
-    EXPECT_EQ(error, path + " could not be opened: Permission denied");
+    EXPECT_EQ(error, "File not opened: Permission denied: " + path);
     EXPECT_GE(waited, std::chrono::milliseconds(450));
     EXPECT_LT(waited, std::chrono::seconds(4));
 }

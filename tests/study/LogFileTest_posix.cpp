@@ -84,7 +84,8 @@ public:
 };
 
 constexpr std::string_view lastLine = "DEBUG: Setting Main femap instance to Nothing\r\n";
-const std::string logEnds = "The log ends here: temp/korva/run.log could not be written: ";
+const std::string logEnds = "The log ends here: File not written: ";
+const std::string logPath = ": temp/korva/run.log\n";
 
 TEST(RealLog, CostsNoRowAndNoValueWhenItsDiskIsFull)
 {
@@ -109,7 +110,7 @@ TEST(RealLog, CostsNoRowAndNoValueWhenItsDiskIsFull)
 
         EXPECT_EQ(small.results(), whole.results());
         const bool isComplete = small.read("kept.log").ends_with(lastLine);
-        EXPECT_EQ(small.told(), isComplete ? "" : logEnds + "No space left on device\n");
+        EXPECT_EQ(small.told(), isComplete ? "" : logEnds + "No space left on device" + logPath);
         complete += isComplete ? 1 : 0;
     }
     EXPECT_GE(complete, 1U);
@@ -126,7 +127,7 @@ TEST(RealLog, CostsNothingWhenItMayGrowNoFurther)
     // 400 kB for each file; without the signal that ends a program.
     EXPECT_EQ(small.run("trap '' XFSZ; ulimit -f 800"), 0);
 
-    EXPECT_EQ(small.told(), logEnds + "File too large\n");
+    EXPECT_EQ(small.told(), logEnds + "File too large" + logPath);
     EXPECT_EQ(small.results(), whole.results());
     EXPECT_EQ(small.read("temp/korva/run.log").size(), 400U * 1024);
 }
@@ -170,7 +171,7 @@ TEST(RealLog, IsNeverWrittenOverAnythingElse)
 
 TEST(RealLog, IsNoPipeAndNoDevice)
 {
-    const std::string noFile = "could not be created: it is a device or a pipe, not a file";
+    const std::string noFile = "File not created: it is a device or a pipe, not a file: ";
     const RealLog pipe;
     ASSERT_EQ(mkfifo(pipe.folder.path("temp/korva/run.log").c_str(), 0600), 0);
     EXPECT_EQ(pipe.run("", "timeout 20"), 0);

@@ -224,7 +224,7 @@ TEST(StudyStart, StopsForAModelThatCannotBeOpened)
         f.runScript("start " + f.folder.path("broken.neu") + "$beam.log$ALWAYS\nprint Solver\n"),
         1);
 
-    EXPECT_THAT(f.error(), StartsWith("beam.study:1: FEMAP could not open the model broken.neu: "));
+    EXPECT_THAT(f.error(), StartsWith("beam.study:1: FEMAP could not open the model: broken.neu:"));
     EXPECT_EQ(f.output.str(), "");
     EXPECT_EQ(f.log().back(), "DEBUG: Setting Main femap instance to Nothing");
 }

@@ -12,7 +12,9 @@
 using sys::DiskFiles;
 using sys::ErrorNumber;
 using sys::RuntimeError;
+using testing::AllOf;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::IsEmpty;
 using testing::StartsWith;
 
@@ -104,7 +106,8 @@ TEST_F(DiskFilesTest, SaysWhichFileIsMissing)
     const RuntimeError error = errorOf([&] { files.read(folder.path("none")); });
 
     EXPECT_EQ(error.number(), ErrorNumber::FileNotFound);
-    EXPECT_THAT(error.description(), StartsWith(folder.path("none") + " could not be opened: "));
+    EXPECT_THAT(error.description(),
+                AllOf(StartsWith("File not opened: "), EndsWith(": " + folder.path("none"))));
 }
 
 TEST_F(DiskFilesTest, CannotReadAFolder)
@@ -112,7 +115,8 @@ TEST_F(DiskFilesTest, CannotReadAFolder)
     const RuntimeError error = errorOf([&] { files.read(folder.path()); });
 
     EXPECT_NE(error.number(), ErrorNumber::FileNotFound);
-    EXPECT_THAT(error.description(), StartsWith(folder.path() + " could not be "));
+    EXPECT_THAT(error.description(),
+                AllOf(StartsWith("File not "), EndsWith(": " + folder.path())));
 }
 
 TEST_F(DiskFilesTest, CannotReadBelowAFile)
@@ -122,7 +126,7 @@ TEST_F(DiskFilesTest, CannotReadBelowAFile)
 
     const RuntimeError error = errorOf([&] { files.read(path); });
 
-    EXPECT_THAT(error.description(), StartsWith(path + " could not be opened: "));
+    EXPECT_THAT(error.description(), AllOf(StartsWith("File not opened: "), EndsWith(": " + path)));
 }
 
 TEST_F(DiskFilesTest, CannotCreateAFileInAFolderThatIsMissing)
@@ -132,7 +136,8 @@ TEST_F(DiskFilesTest, CannotCreateAFileInAFolderThatIsMissing)
     const RuntimeError error = errorOf([&] { files.create(path); });
 
     EXPECT_EQ(error.number(), ErrorNumber::FileError);
-    EXPECT_THAT(error.description(), StartsWith(path + " could not be created: "));
+    EXPECT_THAT(error.description(),
+                AllOf(StartsWith("File not created: "), EndsWith(": " + path)));
 }
 
 TEST_F(DiskFilesTest, KnowsFoldersFromFiles)
@@ -154,7 +159,8 @@ TEST_F(DiskFilesTest, CreatesOneLevelOfFolders)
     files.createFolder(inner);
 
     EXPECT_EQ(tooDeep.number(), ErrorNumber::PathNotFound);
-    EXPECT_THAT(tooDeep.description(), StartsWith(inner + " could not be created: "));
+    EXPECT_THAT(tooDeep.description(),
+                AllOf(StartsWith("Folder not created: "), EndsWith(": " + inner)));
     EXPECT_TRUE(files.folderExists(inner));
 }
 
@@ -186,7 +192,8 @@ TEST_F(DiskFilesTest, LeavesTheOldFileWhenItCannotBeReplaced)
         errorOf([&] { files.replace(folder.path("old"), folder.path("none")); });
 
     EXPECT_EQ(error.number(), ErrorNumber::FileError);
-    EXPECT_THAT(error.description(), StartsWith(folder.path("old") + " could not be replaced: "));
+    EXPECT_THAT(error.description(),
+                AllOf(StartsWith("File not replaced: "), EndsWith(": " + folder.path("old"))));
     EXPECT_EQ(files.read(folder.path("old")), "old");
 }
 
@@ -203,8 +210,7 @@ TEST_F(DiskFilesTest, LeavesTheOldFileWhenItIsWriteProtected)
 
     std::filesystem::permissions(folder.path("old"), protectedOnes | perms::owner_write);
     EXPECT_EQ(error.number(), ErrorNumber::PermissionDenied);
-    EXPECT_EQ(error.description(),
-              folder.path("old") + " could not be replaced: Permission denied");
+    EXPECT_EQ(error.description(), "File not replaced: Permission denied: " + folder.path("old"));
     EXPECT_EQ(files.read(folder.path("old")), "old");
 }
 
@@ -238,7 +244,8 @@ TEST_F(DiskFilesTest, NamesTheFileItselfWhenThereCanBeNoneBesideIt)
 
     const RuntimeError error = errorOf([&] { files.createBeside(path); });
 
-    EXPECT_THAT(error.description(), StartsWith(path + " could not be created: "));
+    EXPECT_THAT(error.description(),
+                AllOf(StartsWith("File not created: "), EndsWith(": " + path)));
 }
 
 TEST_F(DiskFilesTest, TriesWhetherAFileCanBeReplacedAndLeavesNothing)
@@ -259,11 +266,11 @@ TEST_F(DiskFilesTest, SaysBeforeThatAFileCannotBeReplaced)
     const std::string longName = folder.path(std::string(300, 'n'));
 
     EXPECT_EQ(errorOf([&] { files.demandReplaceable(folder.path("taken")); }).description(),
-              folder.path("taken") + " could not be replaced: it is a folder, not a file");
+              "File not replaced: it is a folder, not a file: " + folder.path("taken"));
     EXPECT_THAT(errorOf([&] { files.demandReplaceable(gone); }).description(),
-                StartsWith(gone + " could not be "));
+                AllOf(StartsWith("File not "), EndsWith(": " + gone)));
     EXPECT_THAT(errorOf([&] { files.demandReplaceable(longName); }).description(),
-                StartsWith(longName + " could not be "));
+                AllOf(StartsWith("File not "), EndsWith(": " + longName)));
     EXPECT_THAT(folder.listing(), ElementsAre("taken"));
 }
 
@@ -277,8 +284,7 @@ TEST_F(DiskFilesTest, SaysBeforeThatAFileIsWriteProtected)
 
     std::filesystem::permissions(folder.path("old"), perms::owner_all);
     EXPECT_EQ(error.number(), ErrorNumber::PermissionDenied);
-    EXPECT_EQ(error.description(),
-              folder.path("old") + " could not be replaced: Permission denied");
+    EXPECT_EQ(error.description(), "File not replaced: Permission denied: " + folder.path("old"));
 }
 
 TEST_F(DiskFilesTest, LetsOneLockAFolderUntilItIsLetGo)
@@ -325,7 +331,7 @@ TEST_F(DiskFilesTest, HasNoLockWhereThereIsNoFolder)
 // A device that is always full.
 TEST_F(DiskFilesTest, SaysThatTheDiskIsFull)
 {
-    const std::string reason = "/dev/full could not be written: No space left on device";
+    const std::string reason = "File not written: No space left on device: /dev/full";
     for (const std::size_t size : {1U, 1U << 20}) {
         const RuntimeError error =
             errorOf([&] { files.create("/dev/full")->write(std::string(size, 'x')); });

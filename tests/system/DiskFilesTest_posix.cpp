@@ -143,22 +143,21 @@ TEST_F(DiskFilesOnPosix, RefusesAPipeInAFilesPlaceAndWaitsForNoOtherEnd)
 {
     const std::string pipe = folder.path("pipe");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    const std::string reason = ": it is a device or a pipe, not a file";
+    const std::string reason = ": it is a device or a pipe, not a file: ";
 
-    EXPECT_EQ(errorOf([&] { files.read(pipe); }), pipe + " could not be opened" + reason);
-    EXPECT_EQ(errorOf([&] { files.create(pipe); }), pipe + " could not be created" + reason);
-    EXPECT_EQ(errorOf([&] { files.demandReplaceable(pipe); }),
-              pipe + " could not be replaced" + reason);
-    EXPECT_EQ(errorOf([&] { replace("pipe"); }), pipe + " could not be replaced" + reason);
+    EXPECT_EQ(errorOf([&] { files.read(pipe); }), "File not opened" + reason + pipe);
+    EXPECT_EQ(errorOf([&] { files.create(pipe); }), "File not created" + reason + pipe);
+    EXPECT_EQ(errorOf([&] { files.demandReplaceable(pipe); }), "File not replaced" + reason + pipe);
+    EXPECT_EQ(errorOf([&] { replace("pipe"); }), "File not replaced" + reason + pipe);
     const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
-    EXPECT_EQ(errorOf([&] { files.create(pipe); }), pipe + " could not be created" + reason);
+    EXPECT_EQ(errorOf([&] { files.create(pipe); }), "File not created" + reason + pipe);
     close(reader);
 }
 
 TEST_F(DiskFilesOnPosix, ReadsNoDeviceThatNeverEnds)
 {
     EXPECT_EQ(errorOf([&] { files.read("/dev/zero"); }),
-              "/dev/zero could not be opened: it is a device or a pipe, not a file");
+              "File not opened: it is a device or a pipe, not a file: /dev/zero");
 }
 
 TEST_F(DiskFilesOnPosix, RefusesAFolderInAFilesPlace)
@@ -166,9 +165,9 @@ TEST_F(DiskFilesOnPosix, RefusesAFolderInAFilesPlace)
     std::filesystem::create_directory(folder.path("taken"));
 
     EXPECT_EQ(errorOf([&] { files.read(folder.path("taken")); }),
-              folder.path("taken") + " could not be opened: it is a folder, not a file");
+              "File not opened: it is a folder, not a file: " + folder.path("taken"));
     EXPECT_EQ(errorOf([&] { files.create(folder.path("taken")); }),
-              folder.path("taken") + " could not be created: it is a folder, not a file");
+              "File not created: it is a folder, not a file: " + folder.path("taken"));
 }
 
 }  // namespace

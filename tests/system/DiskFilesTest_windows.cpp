@@ -116,7 +116,7 @@ TEST_F(DiskFilesOnWindows, SaysBeforeThatAFileCannotBeReplacedBecauseItIsHeld)
     const std::string error = errorOf([&] { files.demandReplaceable(path); });
 
     CloseHandle(held);
-    EXPECT_EQ(error, path + " could not be replaced: Permission denied");
+    EXPECT_EQ(error, "File not replaced: Permission denied: " + path);
     EXPECT_EQ(errorOf([&] { files.demandReplaceable(path); }), "no error");
     EXPECT_THAT(folder.listing(), ElementsAre("out"));
 }
@@ -126,15 +126,15 @@ TEST_F(DiskFilesOnWindows, RefusesNamesOfDevices)
     for (const std::string name : {"aux", "com1", "COM1.txt", "nul", "Nul.kvp", "con", "lpt9.a.b",
                                    "prn ", "com\u00B2", "CONOUT$", "aux:x"}) {
         const std::string path = folder.path(name);
-        const std::string reason = ": it is a device or a pipe, not a file";
-        EXPECT_EQ(errorOf([&] { files.read(path); }), path + " could not be opened" + reason);
-        EXPECT_EQ(errorOf([&] { files.create(path); }), path + " could not be created" + reason);
+        const std::string reason = ": it is a device or a pipe, not a file: ";
+        EXPECT_EQ(errorOf([&] { files.read(path); }), "File not opened" + reason + path);
+        EXPECT_EQ(errorOf([&] { files.create(path); }), "File not created" + reason + path);
         EXPECT_EQ(errorOf([&] { files.demandReplaceable(path); }),
-                  path + " could not be replaced" + reason);
-        EXPECT_EQ(errorOf([&] { replace(path); }), path + " could not be replaced" + reason);
+                  "File not replaced" + reason + path);
+        EXPECT_EQ(errorOf([&] { replace(path); }), "File not replaced" + reason + path);
     }
     EXPECT_EQ(errorOf([&] { files.read("\\\\.\\pipe\\velmar"); }),
-              "\\\\.\\pipe\\velmar could not be opened: it is a device or a pipe, not a file");
+              "File not opened: it is a device or a pipe, not a file: \\\\.\\pipe\\velmar");
 }
 
 TEST_F(DiskFilesOnWindows, TakesNamesThatOnlyLookLikeDevices)

@@ -97,7 +97,7 @@ TEST(OpenAlonePosix, WaitsForNothingAndRefusesWhatIsNoOrdinaryFile)
 
     for (const std::string& path : {pipeName, std::string("/dev/full"), std::string("/dev/null")})
         EXPECT_EQ(errorOfOpeningAlone(path),
-                  path + " could not be created: it is a device or a pipe, not a file");
+                  "File not created: it is a device or a pipe, not a file: " + path);
 }
 
 }  // namespace

@@ -59,7 +59,7 @@ private:
     void refuse(const std::string& path)
     {
         if (refusals > 0 && refusals-- > 0)
-            throw RuntimeError(number, path + " could not be replaced: Permission denied");
+            throw sys::DiskError(number, "File not replaced", "Permission denied", path);
     }
 };
 

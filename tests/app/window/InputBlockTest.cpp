@@ -241,4 +241,24 @@ TEST_F(InputBlock, TheClickThatLeavesABoxStillPresses)
     EXPECT_EQ(window.form().InputsList.text(1, 0), "");
 }
 
+// The form is shown, and off, as long as start-up waits for FEMAP.
+struct InputDuringStart : InputBlock
+{
+    void SetUp() override
+    {
+        duringFirstCall([this] {
+            form = driver::visibleWindow(GetCurrentProcessId(), L"VelmarFemapInterface");
+            ASSERT_NE(form, nullptr);
+            postClick("ClearAll");
+            postKey("InputsList", VK_DELETE);
+        });
+        FormHere::SetUp();
+    }
+};
+
+TEST_F(InputDuringStart, IsDropped)
+{
+    EXPECT_EQ(rowCount("InputsList"), 2);
+}
+
 }  // namespace
