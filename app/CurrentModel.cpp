@@ -41,8 +41,8 @@ void makeInitialChoices(Session& session)
     choose(form.Solver, 1);           // "NXNastran"
     choose(form.Optimizer, 0);        // "Velmar"
     for (form::ParameterGrid* grid : {&form.InputsList, &form.OutputsList}) {
-        grid->ColWidth[form::ParameterGrid::nameColumn] = nameWidth;
-        grid->ColWidth[form::ParameterGrid::valueColumn] = valueWidth;
+        grid->ColWidth[form::nameColumn] = nameWidth;
+        grid->ColWidth[form::valueColumn] = valueWidth;
     }
     session.hasInitialChoices = true;
 }

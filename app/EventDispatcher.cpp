@@ -1,6 +1,7 @@
 #include "app/EventDispatcher.h"
 
 #include "app/Bindings.h"
+#include "form/FemapLock.h"
 #include "logging/Module1.h"
 #include "system/Memory.h"
 

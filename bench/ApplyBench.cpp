@@ -103,9 +103,9 @@ auto formWithControlFile(const benchmark::State& state)
     auto world = filledForm(state, "none");
     generate::Save_Config(world->context);
     world->form.InputsList.setRows(2);
-    world->form.InputsList.setText(1, form::ParameterGrid::nameColumn, "");
+    world->form.InputsList.setText(1, form::nameColumn, "");
     world->form.OutputsList.setRows(2);
-    world->form.OutputsList.setText(1, form::ParameterGrid::nameColumn, "");
+    world->form.OutputsList.setText(1, form::nameColumn, "");
     return world;
 }
 

@@ -13,18 +13,6 @@ femap::Application& Context::femap() const
     return *application;
 }
 
-void lockFemap(Context& context)
-{
-    context.femap().feAppLock();
-    ++context.lockDepth;
-}
-
-void unlockFemap(Context& context)
-{
-    context.femap().feAppUnlock();
-    --context.lockDepth;
-}
-
 void tellEngineer(Context& context, const std::string& text)
 {
     logging::logDebug(context.log, text);  // first, so that it is not lost with FEMAP

@@ -55,10 +55,6 @@ struct Context
     femap::Application& femap() const;
 };
 
-/// Lock and release FEMAP's user interface, and count the locks in lockDepth.
-void lockFemap(Context& context);
-void unlockFemap(Context& context);
-
 /// A problem that the engineer must know: in FEMAP's message window in the error colour, on the
 /// status line, and in the log at debug level.
 void tellEngineer(Context& context, const std::string& text);

@@ -111,8 +111,7 @@ void OutputsList_KeyDown(Context& context, int keyCode)
 void DeleteSelection(Context& context, ParameterGrid& grid, int first, int count)
 {
     const auto logRow = [&](int row) {
-        logDebug(context.log,
-                 "Trying to delete entry: Name=", grid.text(row, ParameterGrid::nameColumn));
+        logDebug(context.log, "Trying to delete entry: Name=", grid.text(row, nameColumn));
     };
     const bool done = context.error.attempt([&] {
         // The rows that may be removed go at once; the first that may not is tried last and raises.

@@ -18,24 +18,6 @@
 namespace form
 {
 
-// Columns of the parameter rows beyond name and value.
-namespace inputColumn
-{
-constexpr int kind = 2;    // "Node", "Elem", "Prop", "Matl", "Function", "LoadMesh" …
-constexpr int id = 3;      // entity, function or load definition
-constexpr int member = 4;  // FEMAP member name
-constexpr int index = 5;   // array index, empty for a plain member
-}  // namespace inputColumn
-
-namespace outputColumn
-{
-constexpr int first = 2;   // entity ID, vector ID or mass quantity
-constexpr int second = 3;  // vector ID or component index
-constexpr int kind = 4;    // "Output", "maxval", "minval" or "MassProperties"
-}  // namespace outputColumn
-
-constexpr std::string_view functionKind = "Function";
-
 /// What this run knows of the selections that are stored beside models.
 struct StoredSelections
 {
@@ -66,14 +48,14 @@ struct MainForm
     Button InputsButton;
     Button RefreshInputs;
     Button ClearInputSelection;
-    ParameterGrid InputsList{6};
+    ParameterGrid InputsList{inputColumn::count};
 
     Frame Outputs;
     ComboBox OutputSelection;
     Button OutputsButton;
     Button RefreshOutputs;
     Button ClearOutputSelection;
-    ParameterGrid OutputsList{5};
+    ParameterGrid OutputsList{outputColumn::count};
 
     Frame Execution;
     Label Label1;

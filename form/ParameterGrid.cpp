@@ -15,13 +15,12 @@ using sys::RuntimeError;
 namespace
 {
 
-constexpr char separator = '\t';
 constexpr std::uint32_t none = NameIndex::none;
 constexpr std::string_view headerTitles[] = {"Variable Name", "Value"};
 
 std::string_view nameOf(std::string_view rowText)
 {
-    return cellOf(rowText, ParameterGrid::nameColumn);
+    return cellOf(rowText, nameColumn);
 }
 
 // Stands for a row while the rows are sorted. It holds the first 16 bytes of the name, which mostly
@@ -66,13 +65,6 @@ RuntimeError noRow(int row)
 
 }  // namespace
 
-std::string_view cellOf(std::string_view rowText, int column)
-{
-    for (int i = 0; i < column; ++i)
-        rowText.remove_prefix(rowText.find(separator) + 1);
-    return rowText.substr(0, rowText.find(separator));
-}
-
 ParameterGrid::ParameterGrid(int columns)
     : ColWidth(static_cast<std::size_t>(columns)), columns_(columns)
 {
@@ -100,7 +92,7 @@ void ParameterGrid::setText(int row, int column, std::string_view text)
     std::string& cells = slots_[slotOf(row)];
     const std::string_view old = cellOf(cells, column);
     std::string cell(text);
-    std::replace(cell.begin(), cell.end(), separator, ' ');
+    std::replace(cell.begin(), cell.end(), cellSeparator, ' ');
     cells.replace(static_cast<std::size_t>(old.data() - cells.data()), old.size(), cell);
     if (column == nameColumn)
         forgetNames();
@@ -119,7 +111,8 @@ std::span<const std::string> ParameterGrid::rows() const
 
 void ParameterGrid::AddItem(std::string_view rowText)
 {
-    const auto separators = static_cast<int>(std::count(rowText.begin(), rowText.end(), separator));
+    const auto separators =
+        static_cast<int>(std::count(rowText.begin(), rowText.end(), cellSeparator));
     const int missing = columns_ - 1 - separators;
     if (missing < 0) {  // surplus cells
         const std::string_view last = cellOf(rowText, columns_ - 1);
@@ -129,7 +122,7 @@ void ParameterGrid::AddItem(std::string_view rowText)
     std::string row;
     const auto added = static_cast<std::size_t>(std::max(missing, 0));
     row.reserve(rowText.size() + added);
-    row.append(rowText).append(added, separator);
+    row.append(rowText).append(added, cellSeparator);
     slots_.push_back(std::move(row));
     if (namesKnown_)
         names_.add(nameOf(slots_.back()));
@@ -161,7 +154,7 @@ void ParameterGrid::setRows(int rows)
 {
     closeGaps();
     forgetNames();
-    const std::string blank(static_cast<std::size_t>(columns_ - 1), separator);
+    const std::string blank(static_cast<std::size_t>(columns_ - 1), cellSeparator);
     slots_.resize(static_cast<std::size_t>(std::max(rows, 2) - 1), blank);
     keepSelectionInside();
 }

@@ -4,6 +4,7 @@
 
 #include "form/Controls.h"
 #include "form/NameIndex.h"
+#include "form/ParameterRow.h"
 
 #include <cstddef>
 #include <span>
@@ -21,15 +22,9 @@ struct RowRange
     int count = 0;
 };
 
-/// A cell of a row whose cells are joined by TAB.
-std::string_view cellOf(std::string_view rowText, int column);
-
 class ParameterGrid : public Control
 {
 public:
-    static constexpr int nameColumn = 0;
-    static constexpr int valueColumn = 1;
-
     /// A grid of two columns or more with the header "<Variable Name|<Value" and one blank row.
     explicit ParameterGrid(int columns);
 

@@ -3,8 +3,8 @@
 #include "form/FormProcedures.h"
 #include "form/Progress.h"
 #include "generate/ControlFileLines.h"
+#include "generate/LinePieces.h"
 #include "generate/ModelPath.h"
-#include "generate/ParameterRow.h"
 #include "generate/PreviousSelection.h"
 #include "generate/Targets.h"
 #include "logging/Module1.h"
@@ -41,7 +41,7 @@ std::optional<ModelPath> savedModel(Context& context)
 bool isEmpty(const ParameterGrid& grid)
 {
     return std::ranges::all_of(grid.rows(), [](const std::string& row) {
-        return form::cellOf(row, ParameterGrid::nameColumn).empty();
+        return form::cellOf(row, form::nameColumn).empty();
     });
 }
 
@@ -67,7 +67,7 @@ void readInputs(Context& context, LineReader& lines, form::Progress& progress, D
 {
     ParameterGrid& inputs = context.form.InputsList;
     readFirstRow(context, lines, inputs, "Input", damages);
-    const bool hasRows = !lines.atEnd() || !inputs.text(1, ParameterGrid::nameColumn).empty();
+    const bool hasRows = !lines.atEnd() || !inputs.text(1, form::nameColumn).empty();
     for (;;) {
         if (lines.atEnd() && hasRows)
             damages.note(lines.number() + 1, "the end of the inputs is missing");

@@ -16,26 +16,9 @@ using form::ParameterGrid;
 namespace
 {
 
-constexpr std::string_view inputKinds[] = {
-    "Node",     "Elem",     "Prop",      "Matl",     form::functionKind,
-    "LoadMesh", "LoadGeom", "LoadETemp", "LoadNTemp"};
-constexpr std::string_view outputKinds[] = {"Output", "maxval", "minval", "MassProperties"};
-
-bool isInput(std::string_view line)
-{
-    return std::ranges::find(inputKinds, form::cellOf(line, form::inputColumn::kind)) !=
-           std::end(inputKinds);
-}
-
-bool isOutput(std::string_view line)
-{
-    return std::ranges::find(outputKinds, form::cellOf(line, form::outputColumn::kind)) !=
-           std::end(outputKinds);
-}
-
 bool isStray(char c)
 {
-    return (static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7F;
+    return (static_cast<unsigned char>(c) < 0x20 && c != form::cellSeparator) || c == 0x7F;
 }
 
 // Always runs to the end, so that the compiler can test many characters at a time.
@@ -54,19 +37,27 @@ std::size_t lineOfDifference(std::string_view one, std::string_view other)
     return 1 + static_cast<std::size_t>(std::count(one.begin(), end, '\n'));
 }
 
+bool isKindAt(std::string_view line, int column, bool ofInputs)
+{
+    const form::RowKind* const kind = form::findRowKind(form::cellOf(line, column));
+    return kind != nullptr && kind->isInput == ofInputs;
+}
+
 // Empty when the line is a whole row of the grid.
 std::string_view damageOf(std::string_view line, bool isOfInputs, int columns)
 {
-    if (isOfInputs ? !isInput(line) : !isOutput(line)) {
-        if (isOfInputs && isOutput(line))
+    const bool isInput = isKindAt(line, form::inputColumn::kind, true);
+    const bool isOutput = isKindAt(line, form::outputColumn::kind, false);
+    if (isOfInputs ? !isInput : !isOutput) {
+        if (isOutput)
             return "an output stands among the inputs";
-        if (!isOfInputs && isInput(line))
+        if (isInput)
             return "an input stands among the outputs";
         return "the kind of the row is unknown";
     }
-    if (form::cellOf(line, ParameterGrid::nameColumn).empty())
+    if (form::cellOf(line, form::nameColumn).empty())
         return "the row has no name";
-    const auto cells = 1 + std::count(line.begin(), line.end(), '\t');
+    const auto cells = 1 + std::count(line.begin(), line.end(), form::cellSeparator);
     if (cells != columns)
         return cells < columns ? "cells of the row are missing" : "the row has too many cells";
     return {};

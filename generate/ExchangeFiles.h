@@ -3,7 +3,7 @@
 #pragma once
 
 #include "form/Context.h"
-#include "generate/ParameterRow.h"
+#include "generate/LinePieces.h"
 
 #include <string>
 #include <string_view>

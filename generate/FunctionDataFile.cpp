@@ -1,8 +1,9 @@
 #include "generate/FunctionDataFile.h"
 
 #include "femap/NumberText.h"
+#include "form/FemapLock.h"
+#include "generate/LinePieces.h"
 #include "generate/ModelPath.h"
-#include "generate/ParameterRow.h"
 #include "generate/Targets.h"
 #include "logging/Module1.h"
 
@@ -91,16 +92,15 @@ void WriteFunctionInputs(Context& context)
              " to write the function values");
     logDebug(context.log, "Execution of WriteFunctionInputs started");
 
-    form::lockFemap(context);
-    logDebug(context.log, "Acquired Femap lock before functions data");
+    form::FemapLock lock(context, "Acquired Femap lock before functions data",
+                         form::FemapLock::AnyPointer);
     logDebug(context.log, "Start iteration over InputsList");
     forEachRow(context, context.form.InputsList, [&](const ParameterRow& row) {
         if (row.cell(form::inputColumn::kind) == form::functionKind)
             writeFunctionOf(context, row, file);
     });
     logDebug(context.log, "End iteration over InputsList");
-    form::unlockFemap(context);
-    logDebug(context.log, "Released Femap lock before functions data");  // sic
+    lock.release("Released Femap lock before functions data");  // sic
     logDebug(context.log, "After writing function data");
     finish(context, file);
 }

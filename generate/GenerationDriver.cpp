@@ -1,5 +1,6 @@
 #include "generate/GenerationDriver.h"
 
+#include "form/FemapLock.h"
 #include "form/Progress.h"
 #include "generate/ControlFile.h"
 #include "generate/ModelName.h"
@@ -159,16 +160,12 @@ void GenerateButton_Click(Context& context)
         return;
     const std::unique_ptr<sys::FolderLock> folderIsOurs = prepared(context, modelFile);
 
-    form::lockFemap(context);
-    logDebug(context.log, "Acquired Femap lock");
-    context.form.setMousePointers(form::pointerHourglass);
+    form::FemapLock lock(context, "Acquired Femap lock");
     const Tool* const tool = findTool(context.form.Optimizer.Text);
     form::Progress progress(context, "Writing files", rowsToVisit(context.form, tool));
     writeFiles(context, progress, tool);
     logDebug(context.log, "called save cofig");  // sic
-    form::unlockFemap(context);
-    logDebug(context.log, "Released Femap lock");
-    context.form.setMousePointers(form::pointerDefault);
+    lock.release("Released Femap lock");
     logPositionAndClearErrorIfAny(context.log, context.error, "After Generating supporting files");
     tellFinished(context, progress.finishedFiles());
 }

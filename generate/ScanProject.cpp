@@ -1,8 +1,8 @@
 #include "generate/ScanProject.h"
 
 #include "generate/ExchangeFiles.h"
+#include "generate/LinePieces.h"
 #include "generate/ModelPath.h"
-#include "generate/ParameterRow.h"
 #include "generate/Targets.h"
 #include "generate/TextTemplate.h"
 

@@ -1,6 +1,6 @@
 #include "generate/SolverFormat.h"
 
-#include "generate/ParameterRow.h"
+#include "generate/LinePieces.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,6 +1,6 @@
 #include "generate/Targets.h"
 
-#include "generate/ParameterRow.h"
+#include "generate/LinePieces.h"
 #include "system/PatientFiles.h"
 
 namespace generate

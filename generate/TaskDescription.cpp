@@ -3,8 +3,8 @@
 #include "generate/BatchFile.h"
 #include "generate/ExchangeFiles.h"
 #include "generate/FunctionDataFile.h"
+#include "generate/LinePieces.h"
 #include "generate/ModelPath.h"
-#include "generate/ParameterRow.h"
 #include "generate/SolverFormat.h"
 #include "generate/Targets.h"
 #include "generate/TextTemplate.h"
@@ -182,7 +182,6 @@ constexpr std::string_view planAndStorage = R"text(
 End Task Task1
 )text";
 
-constexpr std::string_view propertyKind = "Prop";
 constexpr std::string_view elementNameStart = "Elem";
 
 LinePieces inputLine(const ParameterRow& row)
@@ -202,7 +201,7 @@ bool isAny(const ParameterRow& /*row*/)
 
 bool isProperty(const ParameterRow& row)
 {
-    return row.cell(form::inputColumn::kind) == propertyKind;
+    return row.cell(form::inputColumn::kind) == form::propertyKind;
 }
 
 bool isFunction(const ParameterRow& row)

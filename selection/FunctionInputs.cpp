@@ -27,10 +27,8 @@ void addPickedFunction(Context& context)
     const std::string title = context.form.function->title();
     logDebug(context.log, "Selected function ID=", id, " Title=", title);
 
-    std::string row = title;
-    row.append("\t").append(pointsAsValue);
-    row.append("\t").append(form::functionKind);
-    row.append("\t").append(id).append("\t");
+    std::string row;
+    form::InputCells{title, pointsAsValue, form::functionKind, id, {}, {}}.joinIn(row);
     context.form.InputsList.AddItem(row);
     logDebug(context.log, "Added function to Input list Variable Name=", title,
              " value=", pointsAsValue);

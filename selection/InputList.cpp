@@ -1,5 +1,6 @@
 #include "selection/InputList.h"
 
+#include "form/FemapLock.h"
 #include "form/Progress.h"
 #include "logging/Module1.h"
 #include "selection/ParameterRows.h"
@@ -33,7 +34,7 @@ struct ChosenField
     const std::string& member;
     std::optional<int> index;  // none for a plain member
     std::string nameStart;
-    std::string keysEnd;  // the cells after the ID
+    std::string_view indexText;
 };
 
 std::vector<ChosenField> chosenFields(const std::string& prefix,
@@ -45,12 +46,12 @@ std::vector<ChosenField> chosenFields(const std::string& prefix,
     for (const std::string& name : names) {
         const std::string& member = members.at(name);
         ChosenField& field =
-            result.emplace_back(ChosenField{member, {}, nameStart(name, prefix), '\t' + member});
+            result.emplace_back(ChosenField{member, {}, nameStart(name, prefix), {}});
         const auto index = indexes.find(name);
         if (index == indexes.end())
             continue;
         field.index = wholeNumberIn(index->second);
-        field.keysEnd += '\t' + index->second;
+        field.indexText = index->second;
     }
     return result;
 }
@@ -134,8 +135,7 @@ private:
 
     void makeRow(std::string_view value, const std::string& id, const ChosenField& field)
     {
-        row_.assign(name_).append("\t").append(value).append("\t").append(prefix_);
-        row_.append("\t").append(id).append(field.keysEnd);
+        form::InputCells{name_, value, prefix_, id, field.member, field.indexText}.joinIn(row_);
     }
 
     std::string read(const ChosenField& field)
@@ -165,9 +165,7 @@ Outcome UpdateInputList(form::Context& context, const std::string& prefix, femap
                         const std::map<std::string, std::string>& fieldIndexes, int propertyType)
 {
     logDebug(context.log, "Before updating input list");
-    form::lockFemap(context);
-    logDebug(context.log, "Aquired FEMAP lock");  // sic
-    context.form.setMousePointers(form::pointerHourglass);
+    form::FemapLock lock(context, "Aquired FEMAP lock");  // sic
 
     const std::unique_ptr<femap::Entity> entity = context.femap().entity(prefix);
     logDebug(context.log, "called entity fe", prefix);
@@ -192,13 +190,11 @@ Outcome UpdateInputList(form::Context& context, const std::string& prefix, femap
     context.error.clear();
 
     form::ParameterGrid& grid = context.form.InputsList;
-    grid.Col = form::ParameterGrid::nameColumn;
+    grid.Col = form::nameColumn;
     grid.sortByName();
     removeBlankFirstRow(grid);
 
-    form::unlockFemap(context);
-    logDebug(context.log, "Released FEMAP lock");
-    context.form.setMousePointers(form::pointerDefault);
+    lock.release("Released FEMAP lock");
     logDebug(context.log, "After updating input list");
     return outcome;
 }

@@ -1,6 +1,7 @@
 #include "selection/LoadDefinitionInputs.h"
 
 #include "femap/NumberText.h"
+#include "form/FemapLock.h"
 #include "form/Progress.h"
 #include "logging/Module1.h"
 #include "selection/EntityReading.h"
@@ -133,19 +134,18 @@ struct LoadKind
     std::string_view logText;
     std::span<const LoggedField> fields;
     Parameters parameters;
-    std::string_view kind;
 };
 
 // clang-format off
 constexpr LoadKind loadKinds[] = {
     {LoadDataType::Mesh,                 "Found Surface load",
-        meshLoadFields,     Parameters::EachComponent,  "LoadMesh"},
+        meshLoadFields,     Parameters::EachComponent},
     {LoadDataType::Geometry,             "Found Geometry load",
-        geometryLoadFields, Parameters::EachComponent,  "LoadGeom"},
+        geometryLoadFields, Parameters::EachComponent},
     {LoadDataType::ElementalTemperature, "Found Elemental Thermal load",
-        temperatureFields,  Parameters::TheTemperature, "LoadETemp"},
+        temperatureFields,  Parameters::TheTemperature},
     {LoadDataType::NodalTemperature,     "Found Nodal Thermal load",
-        temperatureFields,  Parameters::TheTemperature, "LoadNTemp"},
+        temperatureFields,  Parameters::TheTemperature},
 };
 // clang-format on
 
@@ -197,10 +197,8 @@ void addRow(Context& context, const Definition& definition, std::string_view pre
     const std::string name = without(rawName, " []./");
     logDebug(context.log, "Altered the name ", rawName, " to ", name);
 
-    std::string row = name;
-    for (const std::string_view cell : {std::string_view(value), kind, std::string_view(id),
-                                        std::string_view("0"), std::string_view("0")})
-        row.append("\t").append(cell);
+    std::string row;
+    form::InputCells{name, value, kind, id, "0", "0"}.joinIn(row);
     context.form.InputsList.AddItem(row);
     logDebug(context.log, "Added variable to Input list Variable Name=", name, " value=", value,
              " Entity type=", kind, " ID=", definition.id);
@@ -245,7 +243,8 @@ void addLoad(Context& context, Outcome& outcome, const Definition& definition, M
         std::find_if(std::begin(loadKinds), std::end(loadKinds), [&](const LoadKind& loadKind) {
             return static_cast<int>(loadKind.dataType) == definition.dataType;
         });
-    if (found == std::end(loadKinds)) {
+    const form::RowKind* const rows = form::findLoadRowKind(definition.dataType);
+    if (found == std::end(loadKinds) || rows == nullptr) {
         logDebug(context.log, "Load definition of load type = ", definition.loadType,
                  "and data type = ", definition.dataType, " not supported");  // sic: no blank
         return;
@@ -254,10 +253,9 @@ void addLoad(Context& context, Outcome& outcome, const Definition& definition, M
     for (const LoggedField& field : found->fields)
         logField(context, load, field);
     if (found->parameters == Parameters::TheTemperature)
-        addValue(context, outcome, definition, "Temperature", found->kind, load, "temp",
-                 plainMember);
+        addValue(context, outcome, definition, "Temperature", rows->tag, load, "temp", plainMember);
     else
-        addComponents(context, outcome, definition, found->kind, load);
+        addComponents(context, outcome, definition, rows->tag, load);
 }
 
 void addDefinition(Context& context, Outcome& outcome, femap::LoadDefinition& loaded,
@@ -329,12 +327,6 @@ void selectAndAdd(Context& context, Outcome& outcome)
         logDebug(context.log, "Blank row found in Input List and hence deleted");
 }
 
-void release(Context& context)
-{
-    form::unlockFemap(context);
-    logDebug(context.log, "Released femap lock before getting load definition data");
-}
-
 }  // namespace
 
 void initialisePrefix(Context& context, std::int32_t loadType)
@@ -363,17 +355,19 @@ void initialisePrefix(Context& context, std::int32_t loadType)
 void UpdateLoadDefinitionInputs(Context& context)
 {
     logDebug(context.log, "Before fetching load definition data");
-    form::lockFemap(context);
-    logDebug(context.log, "Acquired femap lock before getting load definition data");
+    form::FemapLock lock(context, "Acquired femap lock before getting load definition data",
+                         form::FemapLock::AnyPointer);
+    constexpr std::string_view released =
+        "Released femap lock before getting load definition data";  // sic
     Outcome outcome;
     try {
         selectAndAdd(context, outcome);
     }
     catch (const RuntimeError&) {
-        release(context);
+        lock.release(released);
         throw;
     }
-    release(context);
+    lock.release(released);
     tell(context, outcome);
     logDebug(context.log, "After fetching load definition data");
 }

@@ -15,16 +15,6 @@ using form::tellEngineer;
 namespace
 {
 
-// The quantity of a row: its cells after name and value, which tell where the value lies.
-std::string quantityIn(std::string_view row)
-{
-    const std::string_view firstCell = form::cellOf(row, form::inputColumn::kind);
-    row.remove_prefix(static_cast<std::size_t>(firstCell.data() - row.data()));
-    std::string result(row.substr(0, row.find_last_not_of('\t') + 1));
-    std::ranges::replace(result, '\t', ' ');
-    return result;
-}
-
 void sumUp(Cases& sum, const Cases& other)
 {
     if (sum.count == 0)
@@ -108,17 +98,17 @@ bool noteNamesakes(Context& context, Outcome& outcome, const ParameterGrid& grid
     std::vector<std::string> found = scan.removed;
     if (scan.removalRefused)
         found.push_back(grid.rowText(1));
-    const std::string name(form::cellOf(newRow, ParameterGrid::nameColumn));
-    const std::string quantity = quantityIn(newRow);
+    const std::string name(form::cellOf(newRow, form::nameColumn));
+    const std::string quantity = form::placeWords(newRow);
     const auto other = std::ranges::find_if(
-        found, [&](const std::string& row) { return quantityIn(row) != quantity; });
+        found, [&](const std::string& row) { return form::placeWords(row) != quantity; });
     const bool isSame = other == found.end();
     if (isSame && !scan.removalRefused)
         return true;
 
     std::string message = name + " is the only row and stays as it is";
     if (!isSame)
-        message = name + " names two quantities: " + quantityIn(*other) +
+        message = name + " names two quantities: " + form::placeWords(*other) +
                   (scan.removalRefused ? " stays, " : " is taken out, ") + quantity +
                   (isAdded ? " takes its place" : " is not added");
     (isSame ? outcome.onlyRow : outcome.sameName).add(message);

@@ -1,6 +1,7 @@
 #include "selection/OutputList.h"
 
 #include "femap/NumberText.h"
+#include "form/FemapLock.h"
 #include "form/Progress.h"
 #include "logging/Module1.h"
 #include "selection/MassQuantities.h"
@@ -58,8 +59,8 @@ form::ParameterGrid::NameScan removeDuplicates(form::Context& context, const std
 struct FreshRow
 {
     std::string name;
-    std::string keys;  // the cells after the value
-    std::string text;  // of the whole row
+    form::OutputCells cells;  // but for name and value
+    std::string text;         // of the whole row
 };
 
 // Adds a row unless its value cannot be read.
@@ -72,7 +73,9 @@ void addRow(form::Context& context, Outcome& outcome, FreshRow& row, std::string
     std::string value;
     const bool isRead =
         !scan.removalRefused && context.error.attempt([&] { value = numberText(read()); });
-    row.text.assign(row.name).append("\t").append(value).append("\t").append(row.keys);
+    row.cells.name = row.name;
+    row.cells.value = value;
+    row.cells.joinIn(row.text);
     if (scan.foundAny())
         noteNamesakes(context, outcome, grid, scan, row.text, isRead);
     if (scan.removalRefused)
@@ -97,7 +100,7 @@ void addExtremes(form::Context& context, Outcome& outcome, femap::OutputVector& 
         FreshRow row;
         row.name.assign(femap::firstCharacters(title, titleOfExtreme));
         row.name.append(extreme.suffix).append(entityWord).append(id);
-        row.keys.assign(id).append("\t").append(id).append("\t").append(extreme.tag);
+        row.cells = {{}, {}, id, id, extreme.tag};
         addRow(context, outcome, row, extreme.listName, [&] { return (vector.*extreme.read)(); });
     }
 }
@@ -171,14 +174,13 @@ private:
         const std::string vectorID = std::to_string(vector_->ID());
         std::string nameStart(femap::firstCharacters(shortTitle(*vector_), titleOfValue));
         nameStart.append(vectorID).append("At").append(entityWord_);
-        const std::string keysEnd = '\t' + vectorID + "\tOutput";
 
         FreshRow row;
         for (const int id : ids) {
             if (isWanted(id)) {
                 const std::string idText = std::to_string(id);
                 row.name.assign(nameStart).append(idText);
-                row.keys.assign(idText).append(keysEnd);
+                row.cells = {{}, {}, idText, vectorID, form::vectorValueKind};
                 addRow(context_, outcome_, row, "Output List", [&] { return vector_->Value(id); });
             }
             progress.step();
@@ -226,10 +228,10 @@ void addMassQuantity(form::Context& context, Outcome& outcome, const MassQuantit
         values.push_back(numberText(massValue(quantity, measured, static_cast<int>(i))));
 
     for (std::size_t i = 0; i < values.size(); ++i) {
-        std::string row(quantity.name);
-        row.append(quantity.suffixes[i]).append("\t").append(values[i]).append("\t");
-        row.append(quantity.tag).append("\t");
-        row.append(quantity.isScalar() ? "" : std::to_string(i)).append("\tMassProperties");
+        const std::string name = std::string(quantity.name).append(quantity.suffixes[i]);
+        const std::string component = quantity.isScalar() ? "" : std::to_string(i);
+        std::string row;
+        form::OutputCells{name, values[i], quantity.tag, component, form::massKind}.joinIn(row);
         context.form.OutputsList.AddItem(row);
         ++outcome.rows;
     }
@@ -257,7 +259,7 @@ void tidy(form::ParameterGrid& grid)
 {
     grid.Row = 1;
     grid.RowSel = 1;
-    grid.Col = form::ParameterGrid::nameColumn;
+    grid.Col = form::nameColumn;
     removeBlankFirstRow(grid);
 }
 
@@ -268,9 +270,7 @@ Outcome UpdateOutputList(form::Context& context, const std::string& entityWord,
                          int elementType)
 {
     logPositionAndClearErrorIfAny(context.log, context.error, "Before updating output list");
-    form::lockFemap(context);
-    logDebug(context.log, "Acquired Femap lock");
-    context.form.setMousePointers(form::pointerHourglass);
+    form::FemapLock lock(context, "Acquired Femap lock");
 
     Outcome outcome;
     if (entityWord == massWord)
@@ -279,9 +279,7 @@ Outcome UpdateOutputList(form::Context& context, const std::string& entityWord,
         VectorRows(context, outcome, entityWord, elementType).add(set, chosenEntries);
     tidy(context.form.OutputsList);
 
-    form::unlockFemap(context);
-    logDebug(context.log, "Released FEMAP lock");
-    context.form.setMousePointers(form::pointerDefault);
+    lock.release("Released FEMAP lock");
     logDebug(context.log, "After updating output list");
     return outcome;
 }

@@ -15,7 +15,7 @@ std::string without(std::string_view text, std::string_view characters)
 
 bool removeBlankFirstRow(form::ParameterGrid& grid)
 {
-    if (grid.Rows() < 3 || !grid.text(1, form::ParameterGrid::nameColumn).empty())
+    if (grid.Rows() < 3 || !grid.text(1, form::nameColumn).empty())
         return false;
     grid.RemoveItem(1);
     return true;

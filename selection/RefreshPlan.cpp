@@ -3,7 +3,6 @@
 #include "femap/NumberText.h"
 
 #include <algorithm>
-#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -14,9 +13,6 @@ using form::ParameterGrid;
 
 namespace
 {
-
-constexpr std::string_view keptKinds[] = {"",         "LoadMesh",  "Function",
-                                          "LoadGeom", "LoadETemp", "LoadNTemp"};
 
 std::optional<int> numberAt(const ParameterGrid& grid, int row, int column)
 {
@@ -33,7 +29,14 @@ void makeAscending(std::vector<int>& ids)
 
 bool isRefreshed(std::string_view kind)
 {
-    return std::find(std::begin(keptKinds), std::end(keptKinds), kind) == std::end(keptKinds);
+    const form::RowKind* const known = form::findRowKind(kind);
+    return known == nullptr ? !kind.empty() : known->refreshed != form::Refreshed::Never;
+}
+
+form::Refreshed outputReading(std::string_view kind)
+{
+    const form::RowKind* const known = form::findRowKind(kind);
+    return known == nullptr || known->isInput ? form::Refreshed::FromResult : known->refreshed;
 }
 
 std::map<std::string, KindReading> inputsToRead(const ParameterGrid& grid)
@@ -61,14 +64,14 @@ std::vector<femap::VectorReading> outputsToRead(const ParameterGrid& grid)
 {
     std::map<int, std::vector<int>> entities;  // by vector
     for (int row = 1; row < grid.Rows(); ++row) {
-        const std::string kind = grid.text(row, form::outputColumn::kind);
+        const form::Refreshed reading = outputReading(grid.text(row, form::outputColumn::kind));
         const std::optional<int> vector = numberAt(grid, row, form::outputColumn::second);
-        if (kind == "MassProperties" || !vector ||
-            grid.text(row, ParameterGrid::nameColumn).empty())
+        if (reading == form::Refreshed::FromMass || !vector ||
+            grid.text(row, form::nameColumn).empty())
             continue;
         std::vector<int>& ids = entities[*vector];
         const std::optional<int> entity = numberAt(grid, row, form::outputColumn::first);
-        if (kind == "Output" && entity)
+        if (reading == form::Refreshed::FromVector && entity)
             ids.push_back(*entity);
     }
     std::vector<femap::VectorReading> result;

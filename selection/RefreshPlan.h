@@ -15,6 +15,9 @@ namespace selection
 /// Whether input rows of that kind are read again. The others keep their values.
 bool isRefreshed(std::string_view kind);
 
+/// How the value of an output row of that kind is read.
+form::Refreshed outputReading(std::string_view kind);
+
 /// The entities of one kind that a refresh reads, and what it reads of them; IDs ascend.
 struct KindReading
 {

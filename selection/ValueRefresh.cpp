@@ -1,5 +1,6 @@
 #include "selection/ValueRefresh.h"
 
+#include "form/FemapLock.h"
 #include "form/Progress.h"
 #include "logging/Module1.h"
 #include "selection/EntityReading.h"
@@ -70,7 +71,7 @@ Asked refreshRows(Context& context, const ParameterGrid& grid, const std::string
         asked.all += isWanted(row) ? 1 : 0;
         if (!context.error.attempt([&] { refresh(row); })) {
             ++asked.refused;
-            reportPendingError(context, "Refreshing " + grid.text(row, ParameterGrid::nameColumn));
+            reportPendingError(context, "Refreshing " + grid.text(row, form::nameColumn));
         }
         progress.step();
     }
@@ -91,8 +92,8 @@ void refreshInput(Context& context, Entities& entities, int row)
 {
     ParameterGrid& grid = context.form.InputsList;
     const std::string kind = grid.text(row, form::inputColumn::kind);
-    logDebug(context.log, "Entry:  Name=", grid.text(row, ParameterGrid::nameColumn),
-             "  Value=", grid.text(row, ParameterGrid::valueColumn), "  Type=", kind);
+    logDebug(context.log, "Entry:  Name=", grid.text(row, form::nameColumn),
+             "  Value=", grid.text(row, form::valueColumn), "  Type=", kind);
     if (!isRefreshed(kind))
         return;
 
@@ -104,7 +105,7 @@ void refreshInput(Context& context, Entities& entities, int row)
     const femap::Value value =
         isPlain ? entity.member(member)
                 : entity.member(member, wholeNumberAt(grid, row, form::inputColumn::index));
-    grid.setText(row, ParameterGrid::valueColumn, femap::toText(value));
+    grid.setText(row, form::valueColumn, femap::toText(value));
 }
 
 void logUpdate(Context& context, int row)
@@ -118,7 +119,7 @@ void refreshOutputValue(Context& context, femap::OutputVector& vector, int row)
     demand(vector, wholeNumberAt(grid, row, form::outputColumn::second));
     logUpdate(context, row);
     const double value = vector.Value(wholeNumberAt(grid, row, form::outputColumn::first));
-    grid.setText(row, ParameterGrid::valueColumn, femap::toText(value));
+    grid.setText(row, form::valueColumn, femap::toText(value));
 }
 
 // Each row is measured anew, however many there are.
@@ -136,8 +137,7 @@ void refreshMassProperty(Context& context, int row)
         throw RuntimeError(ErrorNumber::InvalidCall, "There is no mass quantity \"" + tag + "\"");
     const int component =
         quantity->isScalar() ? 0 : wholeNumberAt(grid, row, form::outputColumn::second);
-    grid.setText(row, ParameterGrid::valueColumn,
-                 femap::toText(massValue(*quantity, measured, component)));
+    grid.setText(row, form::valueColumn, femap::toText(massValue(*quantity, measured, component)));
     logUpdate(context, row);
 }
 
@@ -146,22 +146,23 @@ void refreshOutputMember(Context& context, femap::OutputVector& vector, int row)
     ParameterGrid& grid = context.form.OutputsList;
     demand(vector, wholeNumberAt(grid, row, form::outputColumn::second));
     const femap::Value value = vector.member(grid.text(row, form::outputColumn::kind));
-    grid.setText(row, ParameterGrid::valueColumn, femap::toText(value));
+    grid.setText(row, form::valueColumn, femap::toText(value));
     logUpdate(context, row);
 }
 
 void refreshOutput(Context& context, femap::OutputVector& vector, int row)
 {
     const ParameterGrid& grid = context.form.OutputsList;
-    if (grid.text(row, ParameterGrid::nameColumn).empty())
+    if (grid.text(row, form::nameColumn).empty())
         return;
-    const std::string kind = grid.text(row, form::outputColumn::kind);
-    if (kind == "Output")
-        refreshOutputValue(context, vector, row);
-    else if (kind == "MassProperties")
-        refreshMassProperty(context, row);
-    else
-        refreshOutputMember(context, vector, row);
+    switch (outputReading(grid.text(row, form::outputColumn::kind))) {
+    case form::Refreshed::FromVector:
+        return refreshOutputValue(context, vector, row);
+    case form::Refreshed::FromMass:
+        return refreshMassProperty(context, row);
+    default:
+        return refreshOutputMember(context, vector, row);
+    }
 }
 
 }  // namespace
@@ -169,9 +170,7 @@ void refreshOutput(Context& context, femap::OutputVector& vector, int row)
 void RefreshInputs_Click(Context& context)
 {
     logDebug(context.log, "At the start of RefreshInputs_Click");
-    form::lockFemap(context);
-    logDebug(context.log, "Acquired Femap lock");
-    context.form.setMousePointers(form::pointerHourglass);
+    form::FemapLock lock(context, "Acquired Femap lock");
     const ParameterGrid& grid = context.form.InputsList;
     logDebug(context.log, "Number of rowsto refresh  in input list = ", grid.Rows());  // sic
 
@@ -181,9 +180,7 @@ void RefreshInputs_Click(Context& context)
         [&](int row) { return isRefreshed(grid.text(row, form::inputColumn::kind)); },
         [&](int row) { refreshInput(context, entities, row); });
 
-    form::unlockFemap(context);
-    logDebug(context.log, "Released Femap lock");
-    context.form.setMousePointers(form::pointerDefault);
+    lock.release("Released Femap lock");
     tellKept(context, asked);
     logDebug(context.log, "At the end of RefreshInputs_Click");
 }
@@ -191,9 +188,7 @@ void RefreshInputs_Click(Context& context)
 void RefreshOutputs_Click(Context& context)
 {
     logDebug(context.log, "At the start of RefreshOutputs_Click");
-    form::lockFemap(context);
-    logDebug(context.log, "Acquired Femap lock");
-    context.form.setMousePointers(form::pointerHourglass);
+    form::FemapLock lock(context, "Acquired Femap lock");
 
     const auto vector = context.femap().feOutput();
     std::vector<femap::VectorReading> vectors = outputsToRead(context.form.OutputsList);
@@ -202,12 +197,10 @@ void RefreshOutputs_Click(Context& context)
     const ParameterGrid& grid = context.form.OutputsList;
     const Asked asked = refreshRows(
         context, grid, "Refreshing outputs",
-        [&](int row) { return !grid.text(row, ParameterGrid::nameColumn).empty(); },
+        [&](int row) { return !grid.text(row, form::nameColumn).empty(); },
         [&](int row) { refreshOutput(context, *vector, row); });
 
-    form::unlockFemap(context);
-    logDebug(context.log, "Released Femap Lock");  // sic
-    context.form.setMousePointers(form::pointerDefault);
+    lock.release("Released Femap Lock");  // sic
     tellKept(context, asked);
     if (readsResults)
         tellOutputSet(context);

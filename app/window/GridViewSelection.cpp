@@ -6,8 +6,6 @@
 namespace window
 {
 
-using form::ParameterGrid;
-
 namespace
 {
 
@@ -67,7 +65,7 @@ void GridView::takeSelection()
 // An empty grid shows no selection: there is nothing to remove or to copy.
 form::RowRange GridView::shownSelection() const
 {
-    const bool isEmpty = grid_.Rows() == 2 && grid_.text(1, ParameterGrid::nameColumn).empty();
+    const bool isEmpty = grid_.Rows() == 2 && grid_.text(1, form::nameColumn).empty();
     return isEmpty ? form::RowRange{1, 0} : grid_.selectedRows();
 }
 

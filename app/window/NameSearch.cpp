@@ -67,7 +67,7 @@ int findItem(const ParameterGrid& grid, UINT flags, std::string_view text, int s
     const Pattern pattern(text, (flags & anyPart) == 0);
     const auto rows = grid.rows();
     const auto matches = [&pattern](const std::string& row) {
-        return pattern.matches(form::cellOf(row, ParameterGrid::nameColumn));
+        return pattern.matches(form::cellOf(row, form::nameColumn));
     };
     const auto from = rows.begin() + std::clamp(start, 0, static_cast<int>(rows.size()));
     auto found = std::find_if(from, rows.end(), matches);

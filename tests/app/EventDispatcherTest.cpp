@@ -1,6 +1,7 @@
 #include "AppFixture.h"
 #include "app/EventDispatcher.h"
 #include "app/StartUp.h"
+#include "form/FemapLock.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

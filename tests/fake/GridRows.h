@@ -31,7 +31,7 @@ inline std::vector<std::string> namesOf(const form::ParameterGrid& grid)
 {
     std::vector<std::string> names;
     for (int row = 1; row < grid.Rows(); ++row)
-        names.push_back(grid.text(row, form::ParameterGrid::nameColumn));
+        names.push_back(grid.text(row, form::nameColumn));
     return names;
 }
 

@@ -1,5 +1,6 @@
 #include "fake/FormFixture.h"
 #include "form/Context.h"
+#include "form/FemapLock.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -221,7 +221,7 @@ private:
             std::string& text = plain.rows[static_cast<std::size_t>(row - 1)];
             const std::string changed = name();
             text = changed + text.substr(text.find('\t'));
-            grid.setText(row, ParameterGrid::nameColumn, changed);
+            grid.setText(row, form::nameColumn, changed);
         }
         else if (kind == 19) {
             grid.sortByName();

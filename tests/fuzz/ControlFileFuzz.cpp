@@ -39,7 +39,7 @@ std::vector<std::string> namedRows(const ParameterGrid& grid)
 {
     std::vector<std::string> rows;
     for (int row = 1; row < grid.Rows(); ++row)
-        if (!grid.text(row, ParameterGrid::nameColumn).empty())
+        if (!grid.text(row, form::nameColumn).empty())
             rows.push_back(grid.rowText(row));
     return rows;
 }

@@ -1,4 +1,4 @@
-// What the writers of generated files share: grid rows with their cells, and lines made of pieces.
+// What the writers of generated files share: walks over the rows, and lines made of pieces.
 #pragma once
 
 #include "form/Context.h"
@@ -15,41 +15,7 @@
 namespace generate
 {
 
-/// A row of a grid; its cells are looked for only as far as they are asked for.
-class ParameterRow
-{
-public:
-    /// The row's cells joined by TAB; the text must outlive this.
-    explicit ParameterRow(std::string_view rowText) : text_(rowText), rest_(rowText) {}
-
-    std::string_view cell(int column) const
-    {
-        const auto wanted = static_cast<std::size_t>(column);
-        while (found_ <= wanted)
-            findNext();
-        return cells_[wanted];
-    }
-    std::string_view name() const { return cell(form::ParameterGrid::nameColumn); }
-    std::string_view value() const { return cell(form::ParameterGrid::valueColumn); }
-    /// All cells joined by TAB.
-    std::string_view text() const { return text_; }
-
-private:
-    static constexpr std::size_t mostCells = 6;
-
-    void findNext() const
-    {
-        constexpr char separator = '\t';
-        const std::size_t end = std::min(rest_.find(separator), rest_.size());
-        cells_[found_++] = rest_.substr(0, end);
-        rest_.remove_prefix(std::min(end + 1, rest_.size()));
-    }
-
-    std::string_view text_;
-    mutable std::string_view rest_;  // behind the cells that were found
-    mutable std::size_t found_ = 0;
-    mutable std::array<std::string_view, mostCells> cells_;
-};
+using form::ParameterRow;
 
 /// The pieces of a line, joined only in the file's own buffer. The texts must outlive this.
 class LinePieces

@@ -1,4 +1,4 @@
-#include "generate/ParameterRow.h"
+#include "generate/LinePieces.h"
 
 namespace generate
 {
