@@ -1,11 +1,11 @@
 #include "selection/InputSelection.h"
 
 #include "logging/Module1.h"
-#include "selection/ElementTypes.h"
 #include "selection/FunctionInputs.h"
 #include "selection/InputList.h"
 #include "selection/LoadDefinitionInputs.h"
 #include "selection/Offer.h"
+#include "selection/TypeWalk.h"
 
 #include <algorithm>
 #include <iterator>
@@ -32,12 +32,6 @@ struct OwnProcedure
     void (*run)(form::Context&);
 };
 
-struct PropertyTypeName
-{
-    int type;
-    std::string_view name;  // of the field list
-};
-
 // clang-format off
 constexpr EntityKind entityKinds[] = {
     {"Nodes",      EntityType::Node,     "Node"},
@@ -51,7 +45,7 @@ constexpr OwnProcedure ownProcedures[] = {
     {"LoadDefinition", UpdateLoadDefinitionInputs},
 };
 
-constexpr PropertyTypeName propertyTypeNames[] = {
+constexpr TypeList propertyLists[] = {
     {femap::elementShear,          "Shear"},  // on purpose: there is no list of that name
     {femap::elementShearParabolic, "Shear"},
     {femap::elementBar,            "Bar"},
@@ -62,7 +56,14 @@ constexpr PropertyTypeName propertyTypeNames[] = {
 };
 // clang-format on
 
-constexpr std::string_view propertyPrefix = "Prop";
+// A type that is not in the table is listed as an undefined property.
+constexpr TypedKind typedProperties = {form::propertyKind,
+                                       form::propertyKind,
+                                       propertyLists,
+                                       "properties",
+                                       true,
+                                       "After reading the type of a property",
+                                       "After selecting property fields"};
 
 template <class Table>
 auto findChoice(const Table& table, const std::string& choice)
@@ -70,47 +71,6 @@ auto findChoice(const Table& table, const std::string& choice)
     const auto found =
         std::ranges::find_if(table, [&](const auto& row) { return row.choice == choice; });
     return found == std::end(table) ? nullptr : &*found;
-}
-
-// Empty for a type that is not in the table; the dialog lists it as an undefined property.
-std::string propertyTypeName(int type)
-{
-    const auto found = std::ranges::find(propertyTypeNames, type, &PropertyTypeName::type);
-    return found == std::end(propertyTypeNames) ? "" : std::string(found->name);
-}
-
-struct PropertyTypes
-{
-    std::vector<int> types;  // each once, in the order of their first appearance
-    bool areAllKnown = true;
-};
-
-// The types of the properties in the set.
-PropertyTypes distinctTypes(form::Context& context, femap::EntitySet& set, Outcome& outcome)
-{
-    PropertyTypes result;
-    std::vector<int>& types = result.types;
-    const std::string prefix(propertyPrefix);
-    const std::unique_ptr<femap::Entity> entity = context.femap().entity(prefix);
-    const std::vector<int> ids = set.ids();
-    outcome.entities = ids.size();
-    entity->prefetch(ids, {{"type"}});
-    for (const int id : ids) {
-        if (!load(context, *entity, prefix, id)) {
-            outcome.refusedEntities.insert(id);
-            continue;
-        }
-        logDebug(context.log, "Got entity of id = ", id);
-        int type = 0;
-        if (!context.error.attempt([&] { type = entity->Type(); })) {
-            result.areAllKnown = false;
-            outcome.refusedEntities.insert(id);
-        }
-        else if (std::ranges::find(types, type) == types.end())
-            types.push_back(type);
-        reportPendingError(context, "After reading the type of a property");
-    }
-    return result;
 }
 
 void showAndUpdate(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
@@ -122,37 +82,23 @@ void showAndUpdate(form::Context& context, frmPropertyList& dialog, Outcome& out
                                dialog.fieldIndexes, type);
 }
 
-// Shows the dialog for one type of property and adds rows for the properties of wantedType (this
-// one or every type). Errors are reported and end here, so that the next type has its turn.
-void offerPropertyType(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
-                       femap::EntitySet& set, int type, int wantedType)
-{
-    const std::string prefix(propertyPrefix);
-    const std::string askedFor =
-        wantedType == everyType ? "" : "The list is for " + ofType(type, "properties");
-    bool isFilled =
-        context.error.attempt([&] { dialog.GetPropertyList(prefix, propertyTypeName(type)); });
-    logDebug(context.log, "Called the Form Property List for entity type=", prefix);
-    if (!isFilled) {
-        context.error.clear();
-        isFilled = context.error.attempt([&] { dialog.GetPropertyList(prefix, ""); });
-    }
-    if (isFilled)
-        context.error.attempt(
-            [&] { showAndUpdate(context, dialog, outcome, prefix, set, wantedType, askedFor); });
-    if (context.error.isPending())
-        outcome.failure = context.error.description();
-    reportPendingError(context, "After selecting property fields");
-}
-
 void selectProperties(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
                       femap::EntitySet& set)
 {
-    const PropertyTypes found = distinctTypes(context, set, outcome);
+    const std::string prefix(typedProperties.word);
+    const std::unique_ptr<femap::Entity> entity = context.femap().entity(prefix);
+    std::vector<int> types;
+    const bool areAllKnown = forEachType(context, typedProperties, *entity, set.ids(), outcome,
+                                         [&](int type) { types.push_back(type); });
     // When all have the same type, it need not be read again for each.
-    const bool areAlike = found.areAllKnown && found.types.size() == 1;
-    for (const int type : found.types)
-        offerPropertyType(context, dialog, outcome, set, type, areAlike ? everyType : type);
+    const bool areAlike = areAllKnown && types.size() == 1;
+    for (const int type : types) {
+        const int wanted = areAlike ? everyType : type;
+        offerType(context, typedProperties, dialog, type, outcome, [&] {
+            showAndUpdate(context, dialog, outcome, prefix, set, wanted,
+                          askedFor(typedProperties, wanted));
+        });
+    }
 }
 
 void selectEntities(form::Context& context, frmPropertyList& dialog, const EntityKind& kind)

@@ -1,14 +1,13 @@
 #include "selection/OutputSelection.h"
 
 #include "logging/Module1.h"
-#include "selection/ElementTypes.h"
 #include "selection/Offer.h"
 #include "selection/OutputList.h"
 #include "selection/OutputSets.h"
+#include "selection/TypeWalk.h"
 
 #include <algorithm>
 #include <iterator>
-#include <set>
 
 namespace selection
 {
@@ -28,12 +27,6 @@ struct OutputKind
     bool wantsEntities;  // else the maximum and minimum over all of them
 };
 
-struct ElementCategory
-{
-    int type;
-    std::string_view category;
-};
-
 // clang-format off
 constexpr OutputKind outputKinds[] = {
     {"Nodes",            EntityType::Node,    "Node", true},
@@ -42,7 +35,7 @@ constexpr OutputKind outputKinds[] = {
     {"Elements Min/Max", EntityType::Element, "Elem", false},
 };
 
-constexpr ElementCategory elementCategories[] = {
+constexpr TypeList elementLists[] = {
     {femap::elementShear,             "ShearPanel"},
     {femap::elementShearParabolic,    "ShearPanel"},
     {femap::elementLaminate,          "LaminateElement"},
@@ -59,12 +52,14 @@ constexpr ElementCategory elementCategories[] = {
 
 constexpr std::string_view massChoice = "Mass Properties";
 
-// Empty for a type that is not in the table; the dialog then lists the vectors of all elements.
-std::string elementCategory(int type)
-{
-    const auto found = std::ranges::find(elementCategories, type, &ElementCategory::type);
-    return found == std::end(elementCategories) ? "" : std::string(found->category);
-}
+// For a type that is not in the table the vectors of all elements are listed.
+constexpr TypedKind typedElements = {"Elem",
+                                     "Output",
+                                     elementLists,
+                                     "elements",
+                                     false,
+                                     "After reading the type of an element",
+                                     "After selecting element outputs"};
 
 // The IDs of the vectors that can be read. When there is none, tells so.
 std::vector<int> vectorsWithResults(form::Context& context)
@@ -95,28 +90,8 @@ void renewLists(form::Context& context, frmPropertyList& dialog, const std::vect
 void showAndUpdate(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
                    std::string_view word, femap::EntitySet* set, int type = everyType)
 {
-    const std::string askedFor =
-        type == everyType ? "" : "The list is for " + ofType(type, "elements");
-    offer(context, dialog, outcome, askedFor);
+    offer(context, dialog, outcome, askedFor(typedElements, type));
     outcome += UpdateOutputList(context, std::string(word), set, dialog.chosenEntries(), type);
-}
-
-// Shows the vectors for one type of element and adds rows for the elements of this type. Errors are
-// reported and end here, so that the next type has its turn.
-void offerElementType(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
-                      std::string_view word, femap::EntitySet& set, int type)
-{
-    bool isFilled =
-        context.error.attempt([&] { dialog.GetPropertyList("Output", elementCategory(type)); });
-    if (!isFilled) {
-        context.error.clear();
-        isFilled = context.error.attempt([&] { dialog.GetPropertyList("Output", ""); });
-    }
-    if (isFilled)
-        context.error.attempt([&] { showAndUpdate(context, dialog, outcome, word, &set, type); });
-    if (context.error.isPending())
-        outcome.failure = context.error.description();
-    reportPendingError(context, "After selecting element outputs");
 }
 
 // Asks once for every type of element in the set, in the order in which the types are met.
@@ -126,21 +101,10 @@ void offerElementTypes(form::Context& context, frmPropertyList& dialog, Outcome&
     const std::unique_ptr<femap::Entity> element = context.femap().entity(std::string(word));
     const std::unique_ptr<femap::EntitySet> workingCopy = context.femap().feSet();
     workingCopy->Copy(picked.ID());  // rows are added from a set of their own
-
-    std::set<int> seenTypes;
-    const std::vector<int> ids = picked.ids();
-    outcome.entities = ids.size();
-    element->prefetch(ids, {{"type"}});
-    for (const int id : ids) {
-        int type = 0;
-        const bool isThere = load(context, *element, word, id);
-        const bool isKnown = isThere && context.error.attempt([&] { type = element->Type(); });
-        reportPendingError(context, "After reading the type of an element");
-        if (!isKnown)
-            outcome.refusedEntities.insert(id);
-        else if (seenTypes.insert(type).second)
-            offerElementType(context, dialog, outcome, word, *workingCopy, type);
-    }
+    forEachType(context, typedElements, *element, picked.ids(), outcome, [&](int type) {
+        offerType(context, typedElements, dialog, type, outcome,
+                  [&] { showAndUpdate(context, dialog, outcome, word, workingCopy.get(), type); });
+    });
 }
 
 void selectVectors(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
