@@ -80,6 +80,18 @@ void Program::loseFemapAndPane()
     runWaiting();
 }
 
+void Program::tellMistake(std::string_view what)
+{
+    const std::string text = "The program has a mistake and ends: " + std::string(what);
+    try {
+        session_.context.error.attempt([&] { form::tellEngineer(session_.context, text); });
+    }
+    catch (const femap::ConnectionLost&) {
+        // The log has it.
+    }
+    session_.context.log.flush();
+}
+
 // Null when there is none. A FEMAP that is just ending may be found, so it must answer a call.
 std::unique_ptr<femap::Application> Program::livingFemap()
 {

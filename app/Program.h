@@ -64,6 +64,10 @@ public:
     /// FEMAP's process has ended and took the form's window, one of its panes, with it.
     void loseFemapAndPane();
 
+    /// A mistake of the program ends it: says so in the log and, as far as FEMAP can show it,
+    /// there.
+    void tellMistake(std::string_view what);
+
     /// Unloads both forms; while a procedure runs, as soon as it has ended.
     void close();
     bool isClosed() const { return closed_; }

@@ -48,8 +48,9 @@ LRESULT MainWindow::guarded(Step&& step)
     catch (const std::bad_alloc&) {
         tellNoMemory();
     }
-    catch (const std::exception&) {
+    catch (const std::exception& mistake) {
         mistake_ = std::current_exception();
+        program_.tellMistake(mistake.what());
         PostQuitMessage(EXIT_FAILURE);
     }
     return 0;

@@ -4,8 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <new>
+#include <stdexcept>
+#include <utility>
 
 using driver::FormHere;
+using testing::HasSubstr;
 using testing::StartsWith;
 
 namespace
@@ -34,6 +37,22 @@ TEST_F(NoMemory, IsToldByTheFormItselfWhichStays)
     EXPECT_EQ(rows, 2);
     EXPECT_NE(IsWindow(form), FALSE);
     EXPECT_NE(IsWindowEnabled(control("GenerateButton")), FALSE);
+}
+
+TEST_F(NoMemory, IsNoMistakeOfTheProgramWhichIsToldAndEndsIt)
+{
+    femap.dieAt("feAppLock");
+    press("RefreshInputs");
+    bool isFirst = true;
+    femap.beforeCall = [&](const std::string&) {
+        if (std::exchange(isFirst, false))
+            throw std::logic_error("no such control");
+    };
+
+    look();
+
+    EXPECT_THROW(window.run(), std::logic_error);
+    EXPECT_THAT(files.log(), HasSubstr("The program has a mistake and ends: no such control"));
 }
 
 }  // namespace
