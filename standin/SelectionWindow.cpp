@@ -2,6 +2,7 @@
 
 #include "standin/Server.h"
 #include "system/RuntimeError.h"
+#include "windows/Dialog.h"
 #include "windows/Font.h"
 #include "windows/Text.h"
 
@@ -79,15 +80,6 @@ std::string titleOf(Server& server, EntityType type, int id)
     }
 }
 
-// An empty dialog: its controls are made when it opens, in the user's own font.
-struct EmptyTemplate
-{
-    DLGTEMPLATE header;
-    WORD menu;
-    WORD windowClass;
-    WORD title;
-};
-
 int screenDots()
 {
     const HDC screen = GetDC(nullptr);
@@ -108,11 +100,7 @@ public:
     // The IDs that were selected; none when the dialog was cancelled.
     std::vector<int> show()
     {
-        EmptyTemplate empty{};
-        empty.header.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | DS_MODALFRAME;
-        empty.header.dwExtendedStyle = WS_EX_TOPMOST | WS_EX_CONTROLPARENT;
-        DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &empty.header, nullptr, procedure,
-                                reinterpret_cast<LPARAM>(this));
+        windows::showEmptyDialog(nullptr, WS_EX_TOPMOST | WS_EX_CONTROLPARENT, procedure, this);
         return selected_;
     }
 

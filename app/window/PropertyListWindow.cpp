@@ -1,6 +1,7 @@
 #include "app/window/PropertyListWindow.h"
 
 #include "app/window/Pixels.h"
+#include "windows/Dialog.h"
 #include "windows/Text.h"
 
 #include <algorithm>
@@ -25,15 +26,6 @@ constexpr int dialogWidth = 5 * margin + 4 * buttonWidth + gap;
 constexpr int dialogHeight = 6000;
 constexpr int smallestHeight = 3000;
 
-// An empty dialog: its controls are made when it opens, in the user's own font.
-struct EmptyTemplate
-{
-    DLGTEMPLATE header;
-    WORD menu;
-    WORD windowClass;
-    WORD title;
-};
-
 SIZE windowSize(HWND window, int width, int height, UINT dotsPerInch)
 {
     const Pixels pixels(dotsPerInch);
@@ -47,13 +39,8 @@ SIZE windowSize(HWND window, int width, int height, UINT dotsPerInch)
 
 void PropertyListWindow::showModal(selection::frmPropertyList& dialog)
 {
-    EmptyTemplate empty{};
-    empty.header.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | DS_MODALFRAME;
-    empty.header.dwExtendedStyle = WS_EX_CONTROLPARENT;
     dialog_ = &dialog;
-    const INT_PTR result =
-        DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &empty.header, owner_(), procedure,
-                                reinterpret_cast<LPARAM>(this));
+    const INT_PTR result = windows::showEmptyDialog(owner_(), WS_EX_CONTROLPARENT, procedure, this);
     const bool wasShown = std::exchange(window_, nullptr) != nullptr;
     dialog_ = nullptr;
     font_.reset();
