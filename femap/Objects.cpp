@@ -12,6 +12,12 @@ bool isSameName(std::string_view one, std::string_view other)
                       [&](char a, char b) { return lower(a) == lower(b); });
 }
 
+std::string noValueText(int vectorID, int entityID)
+{
+    return "Output vector " + std::to_string(vectorID) + " has no value at the entity " +
+           std::to_string(entityID);
+}
+
 void Entity::prefetch(const std::vector<int>&, const std::vector<MemberName>&) {}
 
 std::vector<int> EntitySet::ids()

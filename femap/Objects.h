@@ -26,6 +26,9 @@ public:
 /// Whether two names are the same for FEMAP, which ignores the case of ASCII letters.
 bool isSameName(std::string_view one, std::string_view other);
 
+/// What is said where an output vector has no value.
+std::string noValueText(int vectorID, int entityID);
+
 /// An object whose members are read by name. Names are case-insensitive; an unknown name and an
 /// index that the member lacks raise.
 class MemberObject

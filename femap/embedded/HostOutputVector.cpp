@@ -63,9 +63,7 @@ public:
         const neutral::OutputVector& vector = loaded();
         const double* const value = vector.valueAt(entityID);
         if (value == nullptr)
-            throw RuntimeError(ErrorNumber::ObjectFailed,
-                               "Output vector " + std::to_string(vector.id) +
-                                   " has no value at the entity " + std::to_string(entityID));
+            throw RuntimeError(ErrorNumber::ObjectFailed, noValueText(vector.id, entityID));
         return *value;
     }
     double maxval() override { return loaded().maxval; }

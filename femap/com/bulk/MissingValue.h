@@ -1,11 +1,8 @@
-// How FEMAP refuses to give a value where an output vector has none. After two refusals whose texts
-// differ in the ID at most, the refusal of any other entity is known without a call.
+// Whether FEMAP refuses to give a value where an output vector has none: known from two entities
+// that it refused alike, as long as it answered for none of them with a number.
 #pragma once
 
 #include "system/RuntimeError.h"
-
-#include <optional>
-#include <string>
 
 namespace femap::com::bulk
 {
@@ -13,31 +10,36 @@ namespace femap::com::bulk
 class MissingValue
 {
 public:
-    /// FEMAP refused this entity.
-    void learn(int id, const sys::RuntimeError& refusal);
+    /// FEMAP refused this entity with an error of this number.
+    void learn(int id, sys::ErrorNumber number)
+    {
+        if (state_ == State::Nothing) {
+            state_ = State::OneRefusal;
+            id_ = id;
+            number_ = number;
+        }
+        else if (state_ == State::OneRefusal && id != id_)
+            state_ = number == number_ ? State::Refused : State::Unknowable;
+    }
     /// FEMAP answered with a number, so nothing is known about the others.
-    void giveUp() { isKnowable_ = false; }
+    void giveUp() { state_ = State::Unknowable; }
 
-    /// What FEMAP would say about another entity; nothing when it must be asked.
-    std::optional<sys::RuntimeError> refusalOf(int id) const;
+    /// Whether any other entity would be refused, too, and the number of that error.
+    bool isRefused() const { return state_ == State::Refused; }
+    sys::ErrorNumber number() const { return number_; }
 
 private:
-    struct Refusal
+    enum class State
     {
-        int id;
-        sys::RuntimeError error;
+        Nothing,
+        OneRefusal,
+        Refused,
+        Unknowable,
     };
-    struct Words
-    {
-        std::string before;  // the ID
-        std::string after;
-        bool hasID;
-    };
-    static std::optional<Words> wordsOf(const Refusal& one, const Refusal& other);
 
-    bool isKnowable_ = true;
-    std::optional<Refusal> first_;
-    std::optional<Words> words_;
+    State state_ = State::Nothing;
+    int id_ = 0;
+    sys::ErrorNumber number_ = sys::ErrorNumber::ObjectFailed;
 };
 
 }  // namespace femap::com::bulk

@@ -250,8 +250,8 @@ void PrefetchingVector::demandRefusal(Planned& vector, int entityID)
 
 double PrefetchingVector::valueOfMissing(Planned& vector, int entityID)
 {
-    if (const std::optional<RuntimeError> refusal = vector.missing.refusalOf(entityID))
-        throw RuntimeError(*refusal);
+    if (vector.missing.isRefused())
+        throw RuntimeError(vector.missing.number(), noValueText(vector.id, entityID));
     loadPlain();
     try {
         const double value = plain_->Value(entityID);
@@ -259,7 +259,7 @@ double PrefetchingVector::valueOfMissing(Planned& vector, int entityID)
         return value;
     }
     catch (const RuntimeError& refusal) {
-        vector.missing.learn(entityID, refusal);
+        vector.missing.learn(entityID, refusal.number());
         throw;
     }
 }
