@@ -16,17 +16,12 @@ using form::ParameterGrid;
 namespace
 {
 
-bool isStray(char c)
-{
-    return (static_cast<unsigned char>(c) < 0x20 && c != form::cellSeparator) || c == 0x7F;
-}
-
 // Always runs to the end, so that the compiler can test many characters at a time.
 bool holdsStray(std::string_view line)
 {
     bool found = false;
     for (const char c : line)
-        found |= isStray(c);
+        found |= sys::isControlCharacter(c);
     return found;
 }
 
@@ -81,7 +76,7 @@ std::string_view LineReader::next()
     if (!wasCleaned_)
         return line;
     cleaned_ = line;
-    std::replace_if(cleaned_.begin(), cleaned_.end(), isStray, ' ');
+    std::replace_if(cleaned_.begin(), cleaned_.end(), sys::isControlCharacter, ' ');
     return cleaned_;
 }
 

@@ -1,6 +1,6 @@
 #include "standin/QueuedSelections.h"
 
-#include "femap/NumberText.h"
+#include "femap/IDRanges.h"
 #include "system/RuntimeError.h"
 
 #include <algorithm>
@@ -12,23 +12,19 @@ namespace standin
 {
 
 using femap::ReturnCode;
-using femap::wholeNumber;
 
 namespace
 {
 
-// Such as "7" or "1-5". Adds those of the range that exist.
-void addRange(const std::string& range, const std::vector<int>& available, std::vector<int>& ids)
+// Adds those of the range that exist.
+void addRange(const std::string& text, const std::vector<int>& available, std::vector<int>& ids)
 {
-    const std::size_t dash = range.find('-');
-    const std::optional<int> first = wholeNumber(range.substr(0, dash));
-    const std::optional<int> last =
-        dash == std::string::npos ? first : wholeNumber(range.substr(dash + 1));
-    if (!first || !last)
+    const std::optional<femap::IDRange> range = femap::parseIDRange(text);
+    if (!range)
         throw sys::RuntimeError(sys::ErrorNumber::InvalidCall,
-                                '"' + range + "\" is no range of IDs");
-    std::copy_if(available.begin(), available.end(), std::back_inserter(ids),
-                 [&](int id) { return id >= *first && id <= *last; });
+                                '"' + text + "\" is no range of IDs");
+    std::ranges::copy_if(available, std::back_inserter(ids),
+                         [&](int id) { return range->contains(id); });
 }
 
 }  // namespace

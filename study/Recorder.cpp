@@ -63,7 +63,7 @@ std::string pickText(femap::ReturnCode code, const std::vector<int>& ids)
 {
     switch (code) {
     case femap::ReturnCode::Ok:
-        return ids.empty() ? "cancel" : rangesText(ids);
+        return ids.empty() ? "cancel" : femap::rangesText(ids);
     case femap::ReturnCode::Cancel:
         return "cancel";
     case femap::ReturnCode::NotExist:

@@ -44,13 +44,14 @@ std::vector<int> pickedIds(const Pick& pick, const std::string& title,
                            const std::vector<int>& available)
 {
     std::vector<int> ids;
-    for (const Pick::Range& range : pick.ranges) {
+    for (const femap::IDRange& range : pick.ranges) {
         auto offered = std::ranges::lower_bound(available, range.first);
         for (int id = range.first;; ++id, ++offered) {
             if (offered == available.end() || *offered != id)
                 throw ScriptError(pick.line, "FEMAP's dialog " + quoted(title) +
                                                  " does not offer the ID " + std::to_string(id) +
-                                                 "; it offers " + rangesText(available, mostNamed));
+                                                 "; it offers " +
+                                                 femap::rangesText(available, mostNamed));
             ids.push_back(id);
             if (id == range.last)
                 break;
@@ -127,7 +128,7 @@ femap::Selection StudyDialogs::answer(femap::EntityType /*type*/, const std::str
     if (onlyOne && ids.size() > 1)
         throw ScriptError(pick.line, "FEMAP's dialog " + quoted(title) +
                                          " takes one ID; it offers " +
-                                         rangesText(available, mostNamed));
+                                         femap::rangesText(available, mostNamed));
     return {ReturnCode::Ok, ids};
 }
 

@@ -1,6 +1,7 @@
 #include "study/StudyScript.h"
 
 #include "femap/NumberText.h"
+#include "system/CodePage.h"
 
 #include <algorithm>
 #include <iterator>
@@ -66,23 +67,6 @@ bool isUtf8(std::string_view text)
     return true;
 }
 
-bool isControlCharacter(char c)
-{
-    return (static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7F;
-}
-
-// "7" or "5-9".
-std::optional<Pick::Range> parseRange(std::string_view word)
-{
-    const std::size_t dash = word.find('-');
-    const auto first = femap::wholeNumber(word.substr(0, dash));
-    const auto last =
-        dash == std::string_view::npos ? first : femap::wholeNumber(word.substr(dash + 1));
-    if (!first || !last || *first < 1 || *last < *first)
-        return {};
-    return Pick::Range{*first, *last};
-}
-
 template <class Kind>
 struct Word
 {
@@ -134,7 +118,7 @@ std::optional<ScriptLine> StudyScript::next()
             continue;
         if (!isUtf8(line))
             throw ScriptError(number_, "the line is not UTF-8 text; save the script as UTF-8");
-        if (std::ranges::any_of(line, isControlCharacter))
+        if (std::ranges::any_of(line, sys::isControlCharacter))
             throw ScriptError(number_, "the line holds a control character; remove it");
         ScriptLine result;
         result.number = number_;
@@ -154,24 +138,6 @@ std::string takeWord(std::string_view& text)
     return word;
 }
 
-std::string rangesText(const std::vector<int>& ids, std::size_t mostRanges)
-{
-    std::string result;
-    std::size_t ranges = 0;
-    for (std::size_t i = 0; i < ids.size(); ++ranges) {
-        if (ranges == mostRanges)
-            return result + " …";
-        std::size_t last = i;
-        while (last + 1 < ids.size() && ids[last + 1] == ids[last] + 1)
-            ++last;
-        result += (ranges == 0 ? "" : " ") + std::to_string(ids[i]);
-        if (last > i)
-            result += '-' + std::to_string(ids[last]);
-        i = last + 1;
-    }
-    return result;
-}
-
 Pick parsePick(const ScriptLine& line)
 {
     Pick result;
@@ -187,7 +153,7 @@ Pick parsePick(const ScriptLine& line)
         throw ScriptError(line.number, "pick names nothing" + cure);
     while (!rest.empty()) {
         const std::string word = takeWord(rest);
-        const auto range = parseRange(word);
+        const auto range = femap::parseIDRange(word);
         if (!range)
             throw ScriptError(line.number, '"' + word + "\" is no ID or range of IDs" + cure);
         result.ranges.push_back(*range);

@@ -1,6 +1,8 @@
 // Study scripts: reads them line by line, and the answers to dialogs that lines hold.
 #pragma once
 
+#include "femap/IDRanges.h"
+
 #include <cstddef>
 #include <limits>
 #include <optional>
@@ -71,15 +73,10 @@ struct Pick
         Missing,
         Fail,
     };
-    struct Range
-    {
-        int first;
-        int last;
-    };
 
     int line = 0;
     Kind kind = Kind::Ids;
-    std::vector<Range> ranges;
+    std::vector<femap::IDRange> ranges;
 };
 
 /// The answer to the property list dialog.
@@ -97,10 +94,6 @@ struct Choice
     Kind kind = Kind::Items;
     std::vector<std::string> items;
 };
-
-/// Ascending IDs as a pick line has them, such as "1-20 31"; "…" stands for further ranges.
-std::string rangesText(const std::vector<int>& ids,
-                       std::size_t mostRanges = std::numeric_limits<std::size_t>::max());
 
 // Both raise ScriptError when the argument is no such answer.
 Pick parsePick(const ScriptLine& line);

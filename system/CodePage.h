@@ -22,6 +22,12 @@ public:
 
 bool isAscii(std::string_view text);
 
+/// A control character, but for TAB, which stands between what belongs together.
+constexpr bool isControlCharacter(char c)
+{
+    return (static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7F;
+}
+
 /// Western European, as on most engineers' machines. The five bytes without a character stand for
 /// the control characters of the same number, so that any bytes survive a round trip.
 const CodePage& windows1252();

@@ -47,7 +47,7 @@ void checkLine(const ScriptLine& line)
     parsed(line, study::parsePick, [](const Pick& pick) {
         require((pick.kind == Pick::Kind::Ids) != pick.ranges.empty(), "only IDs have ranges");
         require(std::ranges::all_of(pick.ranges,
-                                    [](const Pick::Range& range) {
+                                    [](const femap::IDRange& range) {
                                         return range.first >= 1 && range.first <= range.last;
                                     }),
                 "a range goes up from an ID");
