@@ -1,7 +1,13 @@
 #include "selection/FieldCatalogue.h"
 
+#include "femap/Numbers.h"
+#include "selection/MassQuantities.h"
+
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <iterator>
+#include <utility>
 
 namespace selection
 {
@@ -77,39 +83,15 @@ constexpr Field commonPropertyFields[] = {
     same("refCS"),
 };
 
-constexpr Field materialFields[] = {
-    same("Ex"),
-    same("Ey"),
-    same("Ez"),
-    same("Gx"),
-    same("Gy"),
-    same("Gz"),
-    same("Nuxy"),
-    same("Nuyz"),
-    same("Nuxz"),
-    same("Alphaxx"),
-    same("Alphayy"),
-    same("Alphazz"),
-    same("Alphaxy"),
-    same("Alphayz"),
-    same("Alphaxz"),  // sic: FEMAP has only Alphazx, so its value stays empty
-    same("Kxx"),
-    same("Kyy"),
-    same("Kzz"),
-    same("Kxy"),
-    same("Kyz"),
-    same("Kxz"),  // sic: FEMAP has only Kzx
-    same("Cp"),
-    same("Density"),
-    same("Damping"),
-    same("RefTemp"),
-    same("TensionLimit1"),
-    same("TensionLimit2"),
-    same("CompressionLimit1"),
-    same("CompressionLimit2"),
-    same("ShearLimit"),
-    same("TsaiWu"),
-};
+// Named as FEMAP's members are, but for two that FEMAP does not have: their values stay empty.
+consteval Field materialField(std::string_view name)
+{
+    return same(name == "Alphazx" ? "Alphaxz" : name == "Kzx" ? "Kxz" : name);  // sic
+}
+
+constexpr auto materialFields = []<std::size_t... number>(std::index_sequence<number...>) {
+    return std::array{materialField(femap::materialNumbers[number].name)...};
+}(std::make_index_sequence<std::size(femap::materialNumbers)>());
 
 constexpr Field bodyLoadFields[] = {
     {"BodyAccelA",    "BodyAccel",    0},
@@ -137,19 +119,10 @@ constexpr Field bodyLoadFields[] = {
 };
 
 // The index tells which quantity is meant; FEMAP has no such members.
-constexpr Field massFields[] = {
-    {"Length",            "Length",             0},
-    {"Area",              "Area",               1},
-    {"Volume",            "Volume",             2},
-    {"MassStructural",    "MassStructural",     3},
-    {"MassNonStructural", "MassNonStructural",  4},
-    {"MassTotal",         "MassTotal",          5},
-    {"StructuralCG",      "StructuralCG",       6},
-    {"NonStructuralCG",   "NonStructuralCG",    7},
-    {"TotalCG",           "TotalCG",            8},
-    {"Inertia",           "Inertia",            9},
-    {"InertiaCG",         "InertiaCG",         10},
-};
+constexpr auto massFields = []<std::size_t... index>(std::index_sequence<index...>) {
+    return std::array{Field{massQuantities[index].offered, massQuantities[index].offered,
+                            static_cast<int>(index)}...};
+}(std::make_index_sequence<std::size(massQuantities)>());
 
 constexpr Field constraintFields[] = {
     {"Degrees of freedom 0", "dof", 0},
@@ -204,8 +177,6 @@ constexpr OutputCategory categories[] = {
 // clang-format on
 
 static_assert(std::size(elementFields) == 13 && elementFields[11].name == "orientID");
-static_assert(std::size(materialFields) == 31);
-static_assert(std::size(massFields) == 11);
 static_assert(std::ranges::is_sorted(ranges, {}, &VectorRange::firstID));
 static_assert(static_cast<int>(VectorGroup::Last) == vectorGroupCount - 1);
 

@@ -250,8 +250,8 @@ void addMassProperties(form::Context& context, Outcome& outcome,
     logDebug(context.log, "Called feMeasureMeshMassProp to compute total mass values");
     for (const std::string& entry : chosenEntries) {
         const auto index = static_cast<std::size_t>(wholeNumberIn(entry));
-        if (index < massQuantities().size())
-            addMassQuantity(context, outcome, massQuantities()[index], measured);
+        if (index < std::size(massQuantities))
+            addMassQuantity(context, outcome, massQuantities[index], measured);
     }
 }
 

@@ -5,8 +5,10 @@
 #include "standin/Server.h"
 
 #include <array>
+#include <iterator>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace standin
 {
@@ -78,7 +80,7 @@ template <class Data, std::vector<double> Data::*array>
 Variant wholeArray(EntityObject<Data>& entity, Arguments&)
 {
     std::vector<double> numbers = entity.data.*array;
-    numbers.resize(200);
+    numbers.resize(femap::numbersLength);
     return numbers;
 }
 
@@ -172,54 +174,32 @@ constexpr Member<EntityObject<Property>> propertyMembers[] = {
     {{"GetTitleList",  method, {I4, I4, OutI4, OutAny, OutAny}, 29021}, getTitleList},
 };
 
-constexpr Member<EntityObject<Material>> materialMembers[] = {
-    {{"ID",                property, {},   17000}, read, put<Material, &Material::id>},
-    {{"title",             property, {},   10000}, title, put<Material, &Material::title>, Text},
-    {{"color",             property, {},   10001}, read, put<Material, &Material::color>},
-    {{"type",              property, {},   10002}, read, put<Material, &Material::type>},
-    {{"layer",             property, {},   10003}, read, put<Material, &Material::layer>},
-    {{"subtype",           property, {},   10004}, read, put<Material, &Material::subtype>},
-    {{"Ex",                property, {},   10010}, read, putNumber, R8},
-    {{"Ey",                property, {},   10011}, read, putNumber, R8},
-    {{"Ez",                property, {},   10012}, read, putNumber, R8},
-    {{"Gx",                property, {},   10013}, read, putNumber, R8},
-    {{"Gy",                property, {},   10014}, read, putNumber, R8},
-    {{"Gz",                property, {},   10015}, read, putNumber, R8},
-    {{"Nuxy",              property, {},   10016}, read, putNumber, R8},
-    {{"Nuyz",              property, {},   10017}, read, putNumber, R8},
-    {{"Nuxz",              property, {},   10018}, read, putNumber, R8},
-    {{"Alphaxx",           property, {},   10019}, read, putNumber, R8},
-    {{"Alphayy",           property, {},   10020}, read, putNumber, R8},
-    {{"Alphazz",           property, {},   10021}, read, putNumber, R8},
-    {{"Alphaxy",           property, {},   10022}, read, putNumber, R8},
-    {{"Alphayz",           property, {},   10023}, read, putNumber, R8},
-    {{"Alphazx",           property, {},   10024}, read, putNumber, R8},  // there is no Alphaxz
-    {{"Kxx",               property, {},   10025}, read, putNumber, R8},
-    {{"Kyy",               property, {},   10026}, read, putNumber, R8},
-    {{"Kzz",               property, {},   10027}, read, putNumber, R8},
-    {{"Kxy",               property, {},   10028}, read, putNumber, R8},
-    {{"Kyz",               property, {},   10029}, read, putNumber, R8},
-    {{"Kzx",               property, {},   10030}, read, putNumber, R8},  // there is no Kxz
-    {{"Cp",                property, {},   10031}, read, putNumber, R8},
-    {{"Density",           property, {},   10032}, read, putNumber, R8},
-    {{"Damping",           property, {},   10033}, read, putNumber, R8},
-    {{"RefTemp",           property, {},   10034}, read, putNumber, R8},
-    {{"TensionLimit1",     property, {},   10035}, read, putNumber, R8},
-    {{"TensionLimit2",     property, {},   10036}, read, putNumber, R8},
-    {{"CompressionLimit1", property, {},   10037}, read, putNumber, R8},
-    {{"CompressionLimit2", property, {},   10038}, read, putNumber, R8},
-    {{"ShearLimit",        property, {},   10039}, read, putNumber, R8},
-    {{"TsaiWu",            property, {},   10040}, read, putNumber, R8},
-    {{"vmval",             property, {},   10500}, wholeArray<Material, &Material::mval>},
-    {{"mval",              property, {I4}, 18001}, read},
-    {{"Get",               method,   {I4}, 20000}, get},
-    {{"Put",               method,   {I4}, 20001}, store},
-    {{"Exist",             method,   {I4}, 29006}, exist},
-    {{"CountSet",          method,   {},   29027}, countSet},
-    {{"GetValueArray",     method,   {I4, Any, Any, OutAny}, 20004, Generation::Modern},
-        getMaterialValues},
-    {{"GetTitleList",      method,   {I4, I4, OutI4, OutAny, OutAny}, 29021}, getTitleList},
-};
+template <std::size_t... number>
+constexpr auto makeMaterialMembers(std::index_sequence<number...>)
+{
+    return std::to_array<Member<EntityObject<Material>>>({
+        {{"ID",                property, {},   17000}, read, put<Material, &Material::id>},
+        {{"title",             property, {},   10000}, title, put<Material, &Material::title>,
+            Text},
+        {{"color",             property, {},   10001}, read, put<Material, &Material::color>},
+        {{"type",              property, {},   10002}, read, put<Material, &Material::type>},
+        {{"layer",             property, {},   10003}, read, put<Material, &Material::layer>},
+        {{"subtype",           property, {},   10004}, read, put<Material, &Material::subtype>},
+        {{femap::materialNumbers[number].name, property, {}, 10010 + static_cast<int>(number)},
+            read, putNumber, R8}...,
+        {{"vmval",             property, {},   10500}, wholeArray<Material, &Material::mval>},
+        {{"mval",              property, {I4}, 18001}, read},
+        {{"Get",               method,   {I4}, 20000}, get},
+        {{"Put",               method,   {I4}, 20001}, store},
+        {{"Exist",             method,   {I4}, 29006}, exist},
+        {{"CountSet",          method,   {},   29027}, countSet},
+        {{"GetValueArray",     method,   {I4, Any, Any, OutAny}, 20004, Generation::Modern},
+            getMaterialValues},
+        {{"GetTitleList",      method,   {I4, I4, OutI4, OutAny, OutAny}, 29021}, getTitleList},
+    });
+}
+constexpr auto materialMembers =
+    makeMaterialMembers(std::make_index_sequence<std::size(femap::materialNumbers)>());
 // clang-format on
 static_assert(hasOneOfEach(nodeMembers));
 static_assert(hasOneOfEach(elementMembers));

@@ -143,10 +143,10 @@ std::pair<std::vector<int>, std::vector<std::string>> titlesIn(const Rows& rows,
 }
 
 /// Whether all numbers and all names in a table of members differ.
-template <class Row, std::size_t size>
-constexpr bool hasOneOfEach(const Row (&table)[size])
+template <class Table>
+constexpr bool hasOneOfEach(const Table& table)
 {
-    for (std::size_t i = 0; i < size; ++i)
+    for (std::size_t i = 0; i < std::size(table); ++i)
         for (std::size_t j = 0; j < i; ++j)
             if (table[i].signature.number == table[j].signature.number ||
                 table[i].signature.name == table[j].signature.name)

@@ -1,5 +1,6 @@
 #include "femap/com/BulkArrays.h"
 
+#include "femap/Numbers.h"
 #include "femap/com/BulkCapabilities.h"
 #include "femap/com/Codes.h"
 
@@ -18,38 +19,6 @@ namespace
 constexpr const char* mixedMember = "GetValueArray";
 constexpr std::size_t numbersAtOnce = 16384;
 
-constexpr std::string_view namedNumbers[] = {"Ex",
-                                             "Ey",
-                                             "Ez",
-                                             "Gx",
-                                             "Gy",
-                                             "Gz",
-                                             "Nuxy",
-                                             "Nuyz",
-                                             "Nuxz",
-                                             "Alphaxx",
-                                             "Alphayy",
-                                             "Alphazz",
-                                             "Alphaxy",
-                                             "Alphayz",
-                                             "Alphazx",
-                                             "Kxx",
-                                             "Kyy",
-                                             "Kzz",
-                                             "Kxy",
-                                             "Kyz",
-                                             "Kzx",
-                                             "Cp",
-                                             "Density",
-                                             "Damping",
-                                             "RefTemp",
-                                             "TensionLimit1",
-                                             "TensionLimit2",
-                                             "CompressionLimit1",
-                                             "CompressionLimit2",
-                                             "ShearLimit",
-                                             "TsaiWu"};
-
 // The values given to the named numbers of a fresh material: this one and those 1, 2 … above it.
 constexpr double firstNumber = 4096.5;
 
@@ -60,8 +29,9 @@ const ArrayKind materialArray = {EntityType::Material, "mval", "vmval", true};
 
 bool MaterialIndices::isNamed(const std::string& member)
 {
-    return std::any_of(std::begin(namedNumbers), std::end(namedNumbers),
-                       [&](std::string_view name) { return isSameName(name, member); });
+    return std::ranges::any_of(materialNumbers, [&](const MaterialNumber& number) {
+        return isSameName(number.name, member);
+    });
 }
 
 void MaterialIndices::find(Dispatch& application, const std::vector<std::string>& members)

@@ -2,12 +2,16 @@
 #pragma once
 
 #include "femap/Constants.h"
+#include "femap/Numbers.h"
 #include "femap/embedded/Members.h"
 
 #include <array>
+#include <cstddef>
+#include <iterator>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -77,46 +81,22 @@ inline constexpr Member<Property> propertyMembers[] = {
     {"pval",   &Property::pval},
 };
 
-inline constexpr Member<Material> materialMembers[] = {
-    {"ID",                &Material::id},
-    {"title",             &Material::title},
-    {"color",             &Material::color},
-    {"layer",             &Material::layer},
-    {"type",              &Material::type},
-    {"subtype",           &Material::subtype},
-    {"mval",              &Material::mval},
-    {"Ex",                &Material::mval, 0},
-    {"Ey",                &Material::mval, 1},
-    {"Ez",                &Material::mval, 2},
-    {"Gx",                &Material::mval, 3},
-    {"Gy",                &Material::mval, 4},
-    {"Gz",                &Material::mval, 5},
-    {"Nuxy",              &Material::mval, 6},
-    {"Nuyz",              &Material::mval, 7},
-    {"Nuxz",              &Material::mval, 8},
-    {"Alphaxx",           &Material::mval, 36},
-    {"Alphaxy",           &Material::mval, 37},
-    {"Alphazx",           &Material::mval, 38},  // there is no Alphaxz
-    {"Alphayy",           &Material::mval, 39},
-    {"Alphayz",           &Material::mval, 40},
-    {"Alphazz",           &Material::mval, 41},
-    {"Kxx",               &Material::mval, 42},
-    {"Kxy",               &Material::mval, 43},
-    {"Kzx",               &Material::mval, 44},  // there is no Kxz
-    {"Kyy",               &Material::mval, 45},
-    {"Kyz",               &Material::mval, 46},
-    {"Kzz",               &Material::mval, 47},
-    {"Cp",                &Material::mval, 48},
-    {"Density",           &Material::mval, 49},
-    {"Damping",           &Material::mval, 50},
-    {"RefTemp",           &Material::mval, 51},
-    {"TensionLimit1",     &Material::mval, 52},
-    {"TensionLimit2",     &Material::mval, 53},
-    {"CompressionLimit1", &Material::mval, 54},
-    {"CompressionLimit2", &Material::mval, 55},
-    {"ShearLimit",        &Material::mval, 56},
-    {"TsaiWu",            &Material::mval, 57},
-};
+template <std::size_t... number>
+constexpr auto makeMaterialMembers(std::index_sequence<number...>)
+{
+    return std::to_array<Member<Material>>({
+        {"ID",                &Material::id},
+        {"title",             &Material::title},
+        {"color",             &Material::color},
+        {"layer",             &Material::layer},
+        {"type",              &Material::type},
+        {"subtype",           &Material::subtype},
+        {"mval",              &Material::mval},
+        {materialNumbers[number].name, &Material::mval, materialNumbers[number].place}...,
+    });
+}
+inline constexpr auto materialMembers =
+    makeMaterialMembers(std::make_index_sequence<std::size(materialNumbers)>());
 
 inline constexpr Member<MeshLoad> meshLoadMembers[] = {
     {"ID",               &MeshLoad::id},

@@ -1,6 +1,7 @@
 #include "femap/embedded/Members.h"
 
 #include "femap/NumberText.h"
+#include "femap/Numbers.h"
 #include "femap/embedded/Host.h"
 #include "femap/embedded/MemberTables.h"
 #include "system/RuntimeError.h"
@@ -20,15 +21,12 @@ using sys::RuntimeError;
 namespace
 {
 
-// The length of FEMAP's pval and mval arrays, however many of their numbers a file carries.
-constexpr int numbersLength = 200;
-
 template <class Held>
 constexpr int lengthOf = 0;  // no array
 template <class Number, std::size_t size>
 constexpr int lengthOf<std::array<Number, size>> = static_cast<int>(size);
 template <>
-constexpr int lengthOf<std::vector<double>> = numbersLength;
+constexpr int lengthOf<std::vector<double>> = static_cast<int>(numbersLength);
 
 /// The length of the array that the member's index counts in; 0 for a member without an index.
 template <class Data>

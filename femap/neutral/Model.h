@@ -3,6 +3,7 @@
 #pragma once
 
 #include "femap/Constants.h"
+#include "femap/Numbers.h"
 
 #include <algorithm>
 #include <array>
@@ -77,7 +78,7 @@ struct Material
     int type = 0;
     int subtype = 0;
     int layer = 1;
-    std::vector<double> mval = std::vector<double>(200);  // in the order of a neutral file
+    std::vector<double> mval = std::vector<double>(numbersLength);  // as in a neutral file
 };
 
 struct Function

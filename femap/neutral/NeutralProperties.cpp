@@ -13,7 +13,6 @@ namespace
 {
 
 constexpr int newMaterialMark = -601;
-constexpr std::size_t materialValues = 200;
 constexpr int linesOfOldMaterial = 32;
 constexpr std::size_t oldMaterialValues = 58;
 constexpr int mostOutlines = 2;
@@ -106,8 +105,8 @@ Material readMaterial(BlockReading& block)
     lines.countedReals();  // flags
     lines.countedReals();  // whole numbers
     material.mval = lines.countedReals();
-    if (material.mval.size() < materialValues)
-        material.mval.resize(materialValues);
+    if (material.mval.size() < numbersLength)
+        material.mval.resize(numbersLength);
     while (isCountNext(lines))
         lines.countedReals();  // IDs of functions and tables
     for (int i = 0; i < functions; ++i)

@@ -148,7 +148,7 @@ TEST_F(MassPropertyRows, RaisesWhenFemapMeasuredTooFewComponents)
 
 TEST(MassQuantities, AreFoundByTheirTag)
 {
-    for (const MassQuantity& quantity : massQuantities())
+    for (const MassQuantity& quantity : massQuantities)
         EXPECT_EQ(findMassQuantity(quantity.tag), &quantity);
     EXPECT_EQ(findMassQuantity("Volume"), nullptr);
     EXPECT_EQ(findMassQuantity(""), nullptr);
