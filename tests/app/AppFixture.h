@@ -37,7 +37,7 @@ inline void expectPane(const femap::AddInPane& pane, bool isRegistered, int loca
 class AppFixture : public fake::Environment
 {
 public:
-    AppFixture() { connector.openStatus = femap::ReturnCode::Ok; }
+    AppFixture() { connector.answers["feFileOpen"] = femap::ReturnCode::Ok; }
 
     fake::FakeConnector connector{femap};
     fake::QueuedPropertyList lists;

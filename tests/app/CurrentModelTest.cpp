@@ -94,7 +94,7 @@ TEST_F(CurrentModel, OfTheStartIsNotReadAgain)
     FormWindowProc(f.session, 2);
 
     EXPECT_THAT(inputs(), ElementsAre("\t\t\t\t\t"));
-    EXPECT_THAT(f.connector.calls, ElementsAre("ModelName", "feSet"));
+    EXPECT_THAT(f.connector.callsToFemap(), ElementsAre("ModelName", "feSet"));
 }
 
 TEST_F(CurrentModel, BringsItAlsoWhenItsVectorsCannotBeCounted)
@@ -129,7 +129,7 @@ TEST_F(CurrentModel, GivesTheFileExtensionWhenTheStartArgumentNamesNone)
 
 TEST_F(CurrentModel, EndsTheMessageOfTheOneThatCouldNotBeOpened)
 {
-    f.connector.openStatus = femap::ReturnCode::Fail;
+    f.connector.answers["feFileOpen"] = femap::ReturnCode::Fail;
     Form_Load(f.session, allArguments);
     ASSERT_THAT(f.form.StatusLine.Caption, HasSubstr("could not open the model: "));
 
@@ -138,7 +138,7 @@ TEST_F(CurrentModel, EndsTheMessageOfTheOneThatCouldNotBeOpened)
     EXPECT_EQ(f.form.StatusLine.Caption, "");
     EXPECT_EQ(f.session.openFailure, "");
     f.femap.model.reset();
-    f.connector.models = 1;
+    f.connector.answers["feAppGetAllModels"] = 1;
     FormWindowProc(f.session, 3);
     EXPECT_EQ(f.form.StatusLine.Caption, noModelOpen);
 }

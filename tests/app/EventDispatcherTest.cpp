@@ -233,7 +233,7 @@ TEST(EventDispatcher, ForgetsFemapWhenItIsGone)
     EXPECT_EQ(f.context.application, nullptr);
     EXPECT_EQ(f.session.eventFemap, nullptr);
     EXPECT_EQ(f.form.function, nullptr);
-    EXPECT_EQ(f.connector.handles, 0);
+    EXPECT_EQ(f.connector.objects, 0);
     EXPECT_EQ(f.context.lockDepth, 0);
     EXPECT_TRUE(f.pointersAreDefault());
     EXPECT_EQ(f.form.StatusLine.Caption,

@@ -148,7 +148,7 @@ TEST(EndModelEvent, KeepsTheFormEnabledForAModelThatIsStillOpen)
 TEST(EndModelEvent, DisablesTheFormWhenTheCurrentModelHasNoName)
 {
     StartedSession f;
-    f.connector.models = 1;
+    f.connector.answers["feAppGetAllModels"] = 1;
     f.femap.model.reset();
 
     FormWindowProc(f.session, 3);

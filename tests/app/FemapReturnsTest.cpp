@@ -21,7 +21,7 @@ public:
         form.InputsList.AddItem("x\t1");
         connector.dieAt("feSet");
         program.raise("RefreshOutputs_Click");
-        connector.beforeCall = [](const std::string&) { throw femap::ConnectionLost("gone"); };
+        connector.dieAtCall(1);
         program.raise("RefreshInputs_Click");
         connector.attachRaises = true;
     }
@@ -29,7 +29,7 @@ public:
     void startFemapAgain()
     {
         connector.attachRaises = false;
-        connector.beforeCall = [](const std::string&) {};
+        connector.behave();
         connector.calls.clear();
     }
 };
@@ -66,7 +66,7 @@ TEST(FemapReturns, IsNotTakenForBackWhileItStillEnds)
 
     EXPECT_FALSE(f.program.lookForFemap());
 
-    EXPECT_EQ(f.connector.handles, 0);
+    EXPECT_EQ(f.connector.objects, 0);
     EXPECT_FALSE(f.program.isConnected());
 }
 
@@ -102,20 +102,17 @@ TEST(FemapReturns, LeavesTheFormOffWhileNoModelIsOpenThere)
 
 TEST(FemapReturns, MayGoAgainAtAnyCallAndComeBackAgain)
 {
-    for (int n = 1, reached = 1; reached != 0; ++n) {
+    bool reached = true;
+    for (std::size_t n = 1; reached; ++n) {
         LostFemap f;
         f.startFemapAgain();
-        int calls = 0;
-        f.connector.beforeCall = [&](const std::string&) {
-            if (++calls >= n)
-                throw femap::ConnectionLost("gone");
-        };
+        f.connector.dieAtCall(n);
 
         f.program.lookForFemap();
 
-        reached = calls >= n ? 1 : 0;
-        EXPECT_LE(calls, n);
-        EXPECT_EQ(f.program.isConnected(), reached == 0) << "call " << n;
+        reached = f.connector.calls.size() >= n;
+        EXPECT_LE(f.connector.calls.size(), n);
+        EXPECT_EQ(f.program.isConnected(), !reached) << "call " << n;
         f.startFemapAgain();
         f.program.lookForFemap();
         EXPECT_TRUE(f.form.InputsButton.Enabled);
@@ -130,7 +127,7 @@ TEST(FemapReturns, ComesTooLateForAFormThatIsClosed)
 
     EXPECT_FALSE(f.program.lookForFemap());
 
-    EXPECT_EQ(f.connector.handles, 0);
+    EXPECT_EQ(f.connector.objects, 0);
     EXPECT_THAT(f.connector.calls, Not(Contains("feAppRegisterAddInPane")));
 }
 

@@ -90,7 +90,7 @@ TEST(FormLoad, LeavesTheReasonOnTheStatusLineWhenTheOnlyModelCouldNotBeOpened)
 {
     SessionFixture f;
     f.femap.model.reset();
-    f.connector.openStatus = femap::ReturnCode::Fail;
+    f.connector.answers["feFileOpen"] = femap::ReturnCode::Fail;
 
     Form_Load(f.session, allArguments);
 
@@ -118,6 +118,15 @@ TEST(FormLoad, RegistersTheFormAsAPaneOnTheRight)
 
     ASSERT_EQ(f.femap.registrations.size(), 1u);
     expectPane(f.femap.registrations[0], true, 2);
+}
+
+TEST(FormLoad, KeepsWhatFemapAnswersToTheRegistration)
+{
+    SessionFixture f;
+    f.connector.answers["feAppRegisterAddInPane"] = 17;
+
+    Form_Load(f.session, allArguments);
+
     EXPECT_EQ(f.form.addInPaneResult, 17);
 }
 
@@ -129,7 +138,7 @@ TEST(FormLoad, HooksTheEventsWithASecondReferenceToFemap)
 
     EXPECT_TRUE(f.host.hooked);
     EXPECT_NE(f.session.eventFemap, nullptr);
-    EXPECT_EQ(f.connector.handles, 2);
+    EXPECT_EQ(f.connector.objects, 2);
 }
 
 TEST(FormLoad, DoesTheRestAndEndsByTheErrorWhenFemapRefusesThePane)

@@ -24,7 +24,7 @@ TEST(FormUnload, ReleasesEventsFemapAndLogInThisOrder)
     EXPECT_THAT(f.logLines(), ElementsAre("DEBUG: Position at Unloading the form",
                                           "DEBUG: Setting Main femap instance to Nothing"));
     EXPECT_FALSE(f.host.hooked);
-    EXPECT_EQ(f.connector.handles, 0);
+    EXPECT_EQ(f.connector.objects, 0);
     EXPECT_EQ(f.form.function, nullptr);
     EXPECT_TRUE(f.context.log.path().empty());
 }
@@ -37,7 +37,7 @@ TEST(FormUnload, WorksTwice)
     Form_Unload(f.session);
     Form_Unload(f.session);
 
-    EXPECT_EQ(f.connector.handles, 0);
+    EXPECT_EQ(f.connector.objects, 0);
     EXPECT_FALSE(f.host.hooked);
 }
 
@@ -55,13 +55,12 @@ TEST(FormUnload, AsksNothingOfADeadFemap)
 {
     SessionFixture f;
     Form_Load(f.session, allArguments);
-    f.connector.calls.clear();
-    f.connector.dieAt("");
+    f.connector.dieAtCall(1);
 
     Form_Unload(f.session);
 
     EXPECT_THAT(f.connector.calls, IsEmpty());
-    EXPECT_EQ(f.connector.handles, 0);
+    EXPECT_EQ(f.connector.objects, 0);
 }
 
 TEST(FormUnload, TakesTheHookBackOnlyWhenItIsThere)

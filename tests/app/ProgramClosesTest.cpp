@@ -22,7 +22,7 @@ TEST(Program, ClosesWhenFemapEnds)
     EXPECT_TRUE(f.program.isClosed());
     EXPECT_EQ(f.host.unloads, 1);
     EXPECT_FALSE(f.host.hooked);
-    EXPECT_EQ(f.connector.handles, 0);
+    EXPECT_EQ(f.connector.objects, 0);
     EXPECT_FALSE(f.femap.registrations.back().regster);
     EXPECT_EQ(f.logLines().back(), "DEBUG: Setting Main femap instance to Nothing");
 }
@@ -36,7 +36,7 @@ TEST(Program, ClosesWhenFemapEndsAndCannotBeReachedAnyMore)
 
     EXPECT_TRUE(f.program.isClosed());
     EXPECT_EQ(f.host.unloads, 1);
-    EXPECT_EQ(f.connector.handles, 0);
+    EXPECT_EQ(f.connector.objects, 0);
 }
 
 TEST(Program, ClosesWhenTheLastModelIsClosed)
@@ -135,7 +135,7 @@ TEST(Program, ClosesWithALogThatCannotBeWritten)
     f.program.close();
 
     EXPECT_TRUE(f.program.isClosed());
-    EXPECT_EQ(f.connector.handles, 0);
+    EXPECT_EQ(f.connector.objects, 0);
     EXPECT_EQ(f.host.unloads, 1);
 }
 
@@ -147,7 +147,7 @@ TEST(Program, ReleasesALockThatIsLeftWhenItCloses)
             throw std::logic_error("a mistake");
     };
     EXPECT_THROW(f.program.raise("RefreshInputs_Click"), std::logic_error);
-    f.connector.beforeCall = [](const std::string&) {};
+    f.connector.behave();
     ASSERT_EQ(f.femap.lockCount, 1);
 
     f.program.close();

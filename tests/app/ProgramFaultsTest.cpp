@@ -74,7 +74,7 @@ TEST(Program, StartsWithAUsableFormWhicheverCallFails)
         EXPECT_TRUE(f.program.isConnected());
         EXPECT_EQ(f.program.raise("ClearAll_Click"), Ended::Normally);
         f.program.close();
-        EXPECT_EQ(f.connector.handles, 0) << "call " << n;
+        EXPECT_EQ(f.connector.objects, 0) << "call " << n;
     }
 }
 
@@ -97,7 +97,7 @@ TEST(Program, AsksNothingMoreOfAFemapThatDiedAtAnyCallOfStart)
         EXPECT_EQ(f.form.StatusLine.Caption, femapIsGone);
         f.program.close();
         EXPECT_EQ(f.connector.calls.size(), n);
-        EXPECT_EQ(f.connector.handles, 0);
+        EXPECT_EQ(f.connector.objects, 0);
     }
 }
 

@@ -83,7 +83,7 @@ TEST(Program, KeepsTheFormWhenFemapIsLostDuringStart)
 TEST(Program, KeepsWhyTheModelWasNotOpenedAndWhyThereIsNoLog)
 {
     ProgramFixture f;
-    f.connector.openStatus = femap::ReturnCode::Fail;
+    f.connector.answers["feFileOpen"] = femap::ReturnCode::Fail;
     f.files.missingFolders = {"/temp", "/temp/korva"};
 
     EXPECT_EQ(f.program.start(allArguments), Started::Normally);
@@ -95,7 +95,7 @@ TEST(Program, KeepsWhyTheModelWasNotOpenedAndWhyThereIsNoLog)
 TEST(Program, TellsWhyThereIsNoLogBehindWhatElseStartUpTells)
 {
     ProgramFixture f;
-    f.connector.openStatus = femap::ReturnCode::Fail;
+    f.connector.answers["feFileOpen"] = femap::ReturnCode::Fail;
 
     f.program.start("/models/beam.neu$beam.log$DEBUG ");
 
@@ -224,7 +224,7 @@ TEST(Program, TakesFemapsEventsInTheirOrderAfterTheProcedureThatRan)
 
     // The event that came twice is the same event.
     EXPECT_EQ(f.connector.count("feAppGetAllModels"), 1);
-    EXPECT_EQ(f.connector.calls.back(), "feSet");
+    EXPECT_EQ(f.connector.callsToFemap().back(), "feSet");
 }
 
 TEST(Program, IgnoresMessagesFromStrangers)

@@ -230,8 +230,7 @@ TEST(FormLoad, OpensTheModelWithoutADialog)
 
     Form_Load(f.session, "\"/my work/beam.neu\"$beam.log$ALWAYS");
 
-    EXPECT_EQ(f.connector.openedFile, "/my work/beam.neu");
-    EXPECT_FALSE(f.connector.openedWithDialog);
+    EXPECT_THAT(f.connector.calls, Contains("feFileOpen 0 /my work/beam.neu"));
     EXPECT_EQ(f.form.fileExtension, "neu");
 }
 
@@ -260,7 +259,7 @@ TEST(FormLoad, TakesEveryStatusButOkForAFailureToOpen)
     for (const auto status :
          {femap::ReturnCode::Fail, femap::ReturnCode::Cancel, femap::ReturnCode::NotExist}) {
         SessionFixture f;
-        f.connector.openStatus = status;
+        f.connector.answers["feFileOpen"] = status;
 
         Form_Load(f.session, allArguments);
 

@@ -1,5 +1,7 @@
 #include "fake/FormFixture.h"
 
+#include "fake/WatchedFemap.h"
+
 #include <algorithm>
 
 namespace fake
@@ -38,6 +40,12 @@ FormFixture::FormFixture()
     std::string name = "test.log";
     std::string level = "ALWAYS";
     context.log.InitialiseLogger(name, level);
+}
+
+CallWatch& FormFixture::watchFemap()
+{
+    context.application = std::make_unique<WatchedFemap>(std::move(context.application), watch_);
+    return watch_;
 }
 
 std::vector<std::string> FormFixture::log()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fake/CallWatch.h"
 #include "fake/GridRows.h"
 #include "fake/MemoryMachine.h"
 #include "femap/SelectionDialogs.h"
@@ -85,12 +86,16 @@ public:
 /// "ALWAYS".
 class FormFixture : public Environment
 {
+    CallWatch watch_;  // outlives what it watches
+
 public:
     FormFixture();
 
     form::MainForm form;
     form::Context context{form, host, system};
 
+    /// Puts the form's FEMAP under a watch, once.
+    CallWatch& watchFemap();
     /// The lines of the log so far, without their line ends.
     std::vector<std::string> log();
     /// Those that an action writes.

@@ -21,13 +21,13 @@ protected:
     static void forEachCall(
         const std::function<void(World& world, std::size_t n, const std::string& call)>& check)
     {
-        const std::vector<std::string>& calls = whole().calls;
+        const std::vector<fake::Call>& calls = whole().calls;
         ASSERT_FALSE(calls.empty());
         for (std::size_t n = 1; n <= calls.size(); ++n) {
-            SCOPED_TRACE("call " + std::to_string(n) + ", " + calls[n - 1]);
+            SCOPED_TRACE("call " + std::to_string(n) + ", " + calls[n - 1].text());
             World world;
             begin(world, GetParam());
-            check(world, n, calls[n - 1]);
+            check(world, n, calls[n - 1].name);
         }
     }
 
@@ -41,25 +41,12 @@ std::string nameOf(const testing::TestParamInfo<Action>& action)
 
 INSTANTIATE_TEST_SUITE_P(WhileTheForm, EveryCallOfFemap, testing::ValuesIn(actions()), nameOf);
 
-void refuseCall(World& world, std::size_t n)
-{
-    world.connector.beforeCall = [n, calls = std::size_t{0}](const std::string&) mutable {
-        if (++calls == n)
-            throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "it was refused");
-    };
-}
-
-void behaveAgain(World& world)
-{
-    world.connector.beforeCall = [](const std::string&) {};
-}
-
 }  // namespace
 
 TEST_P(EveryCallOfFemap, MayBeRefusedAndRowsAndFilesAreAsTheRulesSay)
 {
     forEachCall([](World& world, std::size_t n, const std::string& call) {
-        refuseCall(world, n);
+        world.connector.failAtCall(n);
 
         GetParam().run(world);
 
@@ -84,11 +71,11 @@ TEST_P(EveryCallOfFemap, MayBeRefusedAndTheLogSaysSo)
     forEachCall([&](World& world, std::size_t n, const std::string& call) {
         if (answers.contains(call))
             return;
-        refuseCall(world, n);
+        world.connector.failAtCall(n);
 
         GetParam().run(world);
 
-        behaveAgain(world);
+        world.connector.behave();
         EXPECT_THAT(world.endAndReadLog(), HasSubstr("it was refused"));
     });
 }
@@ -96,9 +83,9 @@ TEST_P(EveryCallOfFemap, MayBeRefusedAndTheLogSaysSo)
 TEST_P(EveryCallOfFemap, MayBeRefusedAndTheNextTimeAllGoesWell)
 {
     forEachCall([](World& world, std::size_t n, const std::string&) {
-        refuseCall(world, n);
+        world.connector.failAtCall(n);
         GetParam().run(world);
-        behaveAgain(world);
+        world.connector.behave();
         if (world.program.isClosed())
             return;
         world.dialogs.answers.clear();
@@ -117,16 +104,12 @@ TEST_P(EveryCallOfFemap, MayBeRefusedAndTheNextTimeAllGoesWell)
 TEST_P(EveryCallOfFemap, MayBeItsLastAndNothingMoreIsAskedOfIt)
 {
     forEachCall([](World& world, std::size_t n, const std::string& call) {
-        std::size_t calls = 0;
-        world.connector.beforeCall = [&](const std::string&) {
-            if (++calls >= n)
-                throw femap::ConnectionLost("The RPC server is unavailable");
-        };
+        world.connector.dieAtCall(n);
 
         const app::Ended ended = GetParam().run(world);
 
         EXPECT_EQ(ended, app::Ended::ByError);
-        EXPECT_EQ(calls, n);
+        EXPECT_EQ(world.connector.calls.size(), n);
         EXPECT_EQ(world.form.StatusLine.Caption, app::femapIsGone);
         EXPECT_EQ(world.connector.objects, 0);
         EXPECT_TRUE(world.pointersAreDefault());
@@ -142,17 +125,14 @@ TEST_P(EveryCallOfFemap, MayBeItsLastAndNothingMoreIsAskedOfIt)
         EXPECT_EQ(world.controlFile(), keptBy(world).files.at(world.controlFileName()));
         expectRowsOf(whole(), keptBy(world));
         world.program.close();
-        EXPECT_EQ(calls, n);
+        EXPECT_EQ(world.connector.calls.size(), n);
     });
 }
 
 TEST_P(EveryCallOfFemap, MayBeItsLastAndWhatNeedsItIsSwitchedOff)
 {
     forEachCall([](World& world, std::size_t n, const std::string&) {
-        world.connector.beforeCall = [n, calls = std::size_t{0}](const std::string&) mutable {
-            if (++calls >= n)
-                throw femap::ConnectionLost("The RPC server is unavailable");
-        };
+        world.connector.dieAtCall(n);
 
         GetParam().run(world);
 
@@ -169,10 +149,11 @@ TEST_P(EveryCallOfFemap, MayBringAnyMessageAndNoOtherProcedureStartsMeanwhile)
 {
     World world;
     begin(world, GetParam());
-    std::size_t calls = 0;
+    const std::vector<fake::Call>& calls = world.connector.calls;
+    world.connector.calls.clear();
     int started = 0;
     world.connector.beforeCall = [&](const std::string&) {
-        if (++calls > whole().calls.size())
+        if (calls.size() > whole().calls.size())
             return;  // what had to wait has its turn
         for (const app::Binding& binding : app::bindings())
             if (binding.event != app::femapEvent)
@@ -185,7 +166,7 @@ TEST_P(EveryCallOfFemap, MayBringAnyMessageAndNoOtherProcedureStartsMeanwhile)
     GetParam().run(world);
 
     EXPECT_EQ(started, 0);
-    EXPECT_GE(calls, whole().calls.size());
+    EXPECT_GE(calls.size(), whole().calls.size());
     EXPECT_EQ(world.inputs(), whole().after.inputs);
     EXPECT_EQ(world.outputs(), whole().after.outputs);
     EXPECT_EQ(world.generatedFiles(), whole().after.files);
@@ -194,11 +175,12 @@ TEST_P(EveryCallOfFemap, MayBringAnyMessageAndNoOtherProcedureStartsMeanwhile)
 TEST_P(EveryCallOfFemap, MayBringTheEndOfFemapWhichIsCarriedOutAfterTheProcedure)
 {
     forEachCall([](World& world, std::size_t n, const std::string&) {
-        std::size_t calls = 0;
+        const std::vector<fake::Call>& calls = world.connector.calls;
+        world.connector.calls.clear();
         world.connector.beforeCall = [&](const std::string&) {
-            if (++calls == n)
+            if (calls.size() == n)
                 world.program.raiseFemapEvent(4);
-            if (calls <= whole().calls.size()) {
+            if (calls.size() <= whole().calls.size()) {
                 EXPECT_EQ(world.host.unloads, 0);
             }
         };

@@ -84,11 +84,11 @@ WholeRun wholeRun(World& world, const Action& action)
     begin(world, action);
     WholeRun run;
     run.before = keptBy(world);
-    world.connector.beforeCall = [&](const std::string& call) { run.calls.push_back(call); };
+    world.connector.calls.clear();
     EXPECT_EQ(action.run(world), app::Ended::Normally);
     run.after = keptBy(world);
     run.messages = world.messages();
-    world.connector.beforeCall = [](const std::string&) {};
+    run.calls = world.connector.calls;
     return run;
 }
 

@@ -21,7 +21,7 @@ struct WholeRun
 {
     Kept before;
     Kept after;
-    std::vector<std::string> calls;
+    std::vector<fake::Call> calls;
     std::vector<std::string> messages;  // in FEMAP's message window
 };
 

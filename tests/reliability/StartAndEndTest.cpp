@@ -16,38 +16,23 @@ namespace
 std::size_t callsOfStart()
 {
     World world;
-    std::size_t calls = 0;
-    world.connector.beforeCall = [&](const std::string&) { ++calls; };
     EXPECT_EQ(world.start(), app::Started::Normally);
-    world.connector.beforeCall = [](const std::string&) {};
-    return calls;
+    return world.connector.calls.size();
 }
 
-// Starts a fresh world for each call of the start; from the n-th on, calls may end in an error.
-template <class Error>
-void startWithFailures(bool once, const std::function<void(World&, std::size_t& calls)>& check)
+// Starts a fresh world for each call of the start, which fails or is FEMAP's last.
+void startWithFailures(void (fake::CallWatch::*fail)(std::size_t number),
+                       const std::function<void(World&)>& check)
 {
     const std::size_t all = callsOfStart();
     for (std::size_t n = 1; n <= all; ++n) {
         SCOPED_TRACE("call " + std::to_string(n));
         World world;
-        std::size_t calls = 0;
-        world.connector.beforeCall = [&](const std::string& call) {
-            ++calls;
-            if (calls == n || (calls > n && !once))
-                throw Error(call);
-        };
+        (world.connector.*fail)(n);
         world.start();
-        check(world, calls);
+        check(world);
     }
 }
-
-struct Refused : sys::RuntimeError
-{
-    explicit Refused(const std::string& call)
-        : RuntimeError(sys::ErrorNumber::ObjectFailed, call + " was refused")
-    {}
-};
 
 void expectEverythingGivenBack(const World& world)
 {
@@ -63,7 +48,7 @@ TEST(StartingBesideFemap, GivesAFormWhicheverCallIsRefusedAndTouchesNoFile)
 {
     const auto files = World().generatedFiles();
 
-    startWithFailures<Refused>(true, [&](World& world, std::size_t&) {
+    startWithFailures(&fake::CallWatch::failAtCall, [&](World& world) {
         EXPECT_EQ(world.generatedFiles(), files);
         EXPECT_FALSE(world.program.isBusy());
         world.program.close();
@@ -76,7 +61,7 @@ TEST(StartingBesideFemap, HearsFemapsEventsAndHasTheStoredRowsWhicheverCallIsRef
     World whole;
     whole.start();
 
-    startWithFailures<Refused>(true, [&](World& world, std::size_t&) {
+    startWithFailures(&fake::CallWatch::failAtCall, [&](World& world) {
         EXPECT_TRUE(world.host.hooked);
         EXPECT_EQ(world.inputs(), whole.inputs());
         EXPECT_EQ(world.outputs(), whole.outputs());
@@ -95,8 +80,8 @@ TEST(StartingBesideFemap, HasTheStoredRowsWhenOneThatDiedMeanwhileIsBack)
     World whole;
     whole.start();
 
-    startWithFailures<femap::ConnectionLost>(false, [&](World& world, std::size_t&) {
-        world.connector.beforeCall = [](const std::string&) {};
+    startWithFailures(&fake::CallWatch::dieAtCall, [&](World& world) {
+        world.connector.behave();
         if (world.program.isClosed())
             return;  // it could not be reached at all
 
@@ -119,13 +104,13 @@ TEST(StartingBesideFemap, AsksNothingMoreOfOneThatDiesMeanwhileAndTouchesNoFile)
 {
     const auto files = World().generatedFiles();
 
-    startWithFailures<femap::ConnectionLost>(false, [&](World& world, std::size_t& calls) {
-        const std::size_t before = calls;
+    startWithFailures(&fake::CallWatch::dieAtCall, [&](World& world) {
+        const std::size_t before = world.connector.calls.size();
         EXPECT_EQ(world.generatedFiles(), files);
         world.program.raise("GenerateButton_Click");
         EXPECT_EQ(world.generatedFiles(), files);
         world.program.close();
-        EXPECT_EQ(calls, before);
+        EXPECT_EQ(world.connector.calls.size(), before);
         expectEverythingGivenBack(world);
     });
 }
@@ -133,7 +118,9 @@ TEST(StartingBesideFemap, AsksNothingMoreOfOneThatDiesMeanwhileAndTouchesNoFile)
 TEST(Unloading, WorksWhenFemapWasNeverReached)
 {
     World world;
-    world.connector.beforeCall = [](const std::string& call) { throw Refused(call); };
+    world.connector.beforeCall = [](const std::string& call) {
+        throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, call + " was refused");
+    };
     EXPECT_EQ(world.start(), app::Started::FemapNotFound);
 
     world.program.close();
@@ -154,10 +141,7 @@ TEST(Unloading, WorksBeforeTheStart)
 TEST(Unloading, WorksWithoutAPane)
 {
     World world;
-    world.connector.beforeCall = [](const std::string& call) {
-        if (call == "feAppRegisterAddInPane")
-            throw Refused(call);
-    };
+    world.connector.failAt("feAppRegisterAddInPane");
     world.start();
     EXPECT_TRUE(world.host.hooked);
 
@@ -184,8 +168,7 @@ TEST(AMessageOfAStranger, DoesNothing)
     world.start();
     world.fillGrids();
     const Kept before = keptBy(world);
-    int calls = 0;
-    world.connector.beforeCall = [&](const std::string&) { ++calls; };
+    world.connector.calls.clear();
 
     for (const std::intptr_t code :
          {std::intptr_t{-1}, std::intptr_t{0}, std::intptr_t{1}, std::intptr_t{5},
@@ -193,7 +176,7 @@ TEST(AMessageOfAStranger, DoesNothing)
           std::numeric_limits<std::intptr_t>::min(), std::numeric_limits<std::intptr_t>::max()})
         EXPECT_EQ(world.program.raiseFemapEvent(code), app::Ended::NotStarted) << code;
 
-    EXPECT_EQ(calls, 0);
+    EXPECT_THAT(world.connector.calls, testing::IsEmpty());
     EXPECT_FALSE(world.program.isClosed());
     EXPECT_EQ(keptBy(world).inputs, before.inputs);
     EXPECT_EQ(keptBy(world).files, before.files);

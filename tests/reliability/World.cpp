@@ -170,6 +170,7 @@ World::World(femap::Connector* other, const std::string& modelFile)
     femap.modelName = separator + "models" + separator + "beam.neu";
     const generate::ModelPath path =
         generate::splitModelPath(other == nullptr ? femap.modelName : modelFile);
+    connector.answers["feFileOpen"] = femap::ReturnCode::Ok;  // the model is there already
     modelFolder = path.folder;
     modelName = path.name;
     for (const std::string& name :

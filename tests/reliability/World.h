@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/Program.h"
-#include "fake/FaultyFemap.h"
 #include "fake/FormFixture.h"
 #include "fake/QueuedPropertyList.h"
+#include "fake/WatchedFemap.h"
 
 #include <map>
 #include <span>
@@ -25,7 +25,7 @@ public:
 
     std::string modelFolder;  // ends in the path separator
     std::string modelName;    // of the file, without its ending
-    fake::FaultyConnector connector;
+    fake::WatchedConnector connector;
     fake::QueuedPropertyList lists;
     app::Program program{connector, host, lists, system};
     form::MainForm& form = program.form();
