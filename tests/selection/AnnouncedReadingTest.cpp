@@ -1,5 +1,4 @@
-#include "fake/ForwardingObjects.h"
-#include "femap/ForwardingApplication.h"
+#include "fake/WatchedFemap.h"
 #include "selection/SelectionFixture.h"
 #include "selection/ValueRefresh.h"
 
@@ -13,12 +12,6 @@ namespace selection
 namespace
 {
 
-struct Tally
-{
-    int announced = 0;  // readings that were announced
-    int read = 0;       // members and values
-};
-
 template <class List, class Element>
 bool isIn(const List& list, const Element& element)
 {
@@ -26,67 +19,61 @@ bool isIn(const List& list, const Element& element)
 }
 
 // Fails when an entity is loaded or a member read that was not announced.
-class StrictEntity : public fake::ForwardingEntity
+class StrictEntity : public fake::WatchedEntity
 {
 public:
-    StrictEntity(std::unique_ptr<femap::Entity> real, Tally& tally)
-        : ForwardingEntity(std::move(real)), tally_(tally)
-    {}
+    using WatchedEntity::WatchedEntity;
 
     void prefetch(const std::vector<int>& ids,
                   const std::vector<femap::MemberName>& members) override
     {
         EXPECT_TRUE(std::is_sorted(ids.begin(), ids.end()));
-        ++tally_.announced;
         ids_ = ids;
         members_ = members;
+        WatchedEntity::prefetch(ids, members);
     }
     femap::ReturnCode Get(int id) override
     {
         EXPECT_TRUE(isIn(ids_, id)) << id;
-        return ForwardingEntity::Get(id);
+        return WatchedEntity::Get(id);
     }
     int Type() override
     {
         read({"type"});
-        return ForwardingEntity::Type();
+        return WatchedEntity::Type();
     }
     femap::Value member(const std::string& name) override
     {
         read({name});
-        return ForwardingEntity::member(name);
+        return WatchedEntity::member(name);
     }
     femap::Value member(const std::string& name, int index) override
     {
         read({name, index});
-        return ForwardingEntity::member(name, index);
+        return WatchedEntity::member(name, index);
     }
 
 private:
-    void read(const femap::MemberName& member)
+    void read(const femap::MemberName& member) const
     {
-        ++tally_.read;
         EXPECT_TRUE(isIn(members_, member)) << member.name;
     }
 
-    Tally& tally_;
     std::vector<int> ids_;
     std::vector<femap::MemberName> members_;
 };
 
 // The same for vectors and their values.
-class StrictVector : public fake::ForwardingVector
+class StrictVector : public fake::WatchedVector
 {
 public:
-    StrictVector(std::unique_ptr<femap::OutputVector> real, Tally& tally)
-        : ForwardingVector(std::move(real)), tally_(tally)
-    {}
+    using WatchedVector::WatchedVector;
 
     void prefetch(std::vector<femap::VectorReading> plan) override
     {
-        ++tally_.announced;
-        plan_ = std::move(plan);
-        EXPECT_TRUE(std::ranges::is_sorted(plan_, {}, &femap::VectorReading::vectorID));
+        EXPECT_TRUE(std::ranges::is_sorted(plan, {}, &femap::VectorReading::vectorID));
+        plan_ = plan;
+        WatchedVector::prefetch(std::move(plan));
     }
     femap::ReturnCode Get(int vectorID) override
     {
@@ -94,39 +81,48 @@ public:
         EXPECT_NE(place, plan_.end()) << vectorID;
         entities_ = place == plan_.end() ? std::vector<int>() : place->entityIDs;
         EXPECT_TRUE(std::is_sorted(entities_.begin(), entities_.end()));
-        return ForwardingVector::Get(vectorID);
+        return WatchedVector::Get(vectorID);
     }
     double Value(int entityID) override
     {
-        ++tally_.read;
         EXPECT_TRUE(isIn(entities_, entityID)) << entityID;
-        return ForwardingVector::Value(entityID);
+        return WatchedVector::Value(entityID);
     }
 
 private:
-    Tally& tally_;
     std::vector<femap::VectorReading> plan_;
     std::vector<int> entities_;
 };
 
-class StrictFemap : public femap::ForwardingApplication
+class StrictFemap : public fake::WatchedFemap
 {
 public:
-    StrictFemap(std::unique_ptr<femap::Application> real, Tally& tally)
-        : ForwardingApplication(std::move(real)), tally_(tally)
-    {}
+    using WatchedFemap::WatchedFemap;
 
     std::unique_ptr<femap::Entity> entity(const std::string& word) override
     {
-        return std::make_unique<StrictEntity>(ForwardingApplication::entity(word), tally_);
+        return watched<StrictEntity>(told("entity", word).entity(word), word);
     }
     std::unique_ptr<femap::OutputVector> feOutput() override
     {
-        return std::make_unique<StrictVector>(ForwardingApplication::feOutput(), tally_);
+        return watched<StrictVector>(told("feOutput").feOutput(), "Output");
     }
+};
+
+class StrictConnector : public femap::Connector
+{
+public:
+    StrictConnector(femap::Connector& real, fake::CallWatch& watch) : real_(real), watch_(watch) {}
+
+    std::unique_ptr<femap::Application> attach() override
+    {
+        return std::make_unique<StrictFemap>(real_.attach(), watch_);
+    }
+    std::unique_ptr<femap::Application> create() override { return attach(); }
 
 private:
-    Tally& tally_;
+    femap::Connector& real_;
+    fake::CallWatch& watch_;
 };
 
 class AnnouncedReading : public testing::Test
@@ -140,11 +136,22 @@ protected:
         f.addVector(1, "Total Translation", {2, 6}, {0.5, 0.25});
         f.addVector(7033, "Plate Top", {1, 5}, {10, 20});
         f.dialog.UpdateCollection();
-        f.context.application = std::make_unique<StrictFemap>(f.femap.attach(), tally);
+        f.context.application = strict.attach();
     }
 
+    std::ptrdiff_t announced() const { return watch.count("prefetch"); }
+    // Members of entities, and values of vectors.
+    std::ptrdiff_t read() const
+    {
+        return std::ranges::count_if(watch.calls, [](const fake::Call& call) {
+            return call == "Type" || call == "Value" ||
+                   (call == "member" && call.object != "Output");
+        });
+    }
+
+    fake::CallWatch watch;
     SelectionFixture f;
-    Tally tally;
+    StrictConnector strict{f.femap, watch};
 };
 
 TEST_F(AnnouncedReading, CoversTheFieldsOfEntities)
@@ -152,8 +159,8 @@ TEST_F(AnnouncedReading, CoversTheFieldsOfEntities)
     f.selectInput("Nodes", {2, 4, 6}, {"x", "z"});
     f.selectInput("Elements", {1, 3}, {"node1", "orientID", "topology"});
 
-    EXPECT_EQ(tally.announced, 2);
-    EXPECT_EQ(tally.read, 3 * 2 + 2 * 3);
+    EXPECT_EQ(announced(), 2);
+    EXPECT_EQ(read(), 3 * 2 + 2 * 3);
 }
 
 TEST_F(AnnouncedReading, CoversTheTypesOfProperties)
@@ -163,8 +170,8 @@ TEST_F(AnnouncedReading, CoversTheTypesOfProperties)
     f.list.choose({"I1"});
     f.selectInput("Properties");
 
-    EXPECT_EQ(tally.announced, 3);
-    EXPECT_EQ(tally.read, 3 + (3 + 2 * 2) + (3 + 1));
+    EXPECT_EQ(announced(), 3);
+    EXPECT_EQ(read(), 3 + (3 + 2 * 2) + (3 + 1));
 }
 
 TEST_F(AnnouncedReading, LeavesOutTheTypeWhereAllPropertiesHaveOne)
@@ -172,8 +179,8 @@ TEST_F(AnnouncedReading, LeavesOutTheTypeWhereAllPropertiesHaveOne)
     f.selectInput("Properties", {1, 3}, {"Thickness", "Color"});
 
     EXPECT_EQ(f.form.InputsList.Rows(), 1 + 4);
-    EXPECT_EQ(tally.announced, 2);
-    EXPECT_EQ(tally.read, 2 + 2 * 2);
+    EXPECT_EQ(announced(), 2);
+    EXPECT_EQ(read(), 2 + 2 * 2);
 }
 
 TEST_F(AnnouncedReading, CoversTheResultsAtNodes)
@@ -182,8 +189,8 @@ TEST_F(AnnouncedReading, CoversTheResultsAtNodes)
     f.list.chooseAll();
     f.selectOutput("Nodes");
 
-    EXPECT_EQ(tally.announced, 2);
-    EXPECT_EQ(tally.read, 3);
+    EXPECT_EQ(announced(), 2);
+    EXPECT_EQ(read(), 3);
 }
 
 TEST_F(AnnouncedReading, CoversTheResultsAtElementsOfEachType)
@@ -193,8 +200,8 @@ TEST_F(AnnouncedReading, CoversTheResultsAtElementsOfEachType)
     f.list.chooseAll();
     f.selectOutput("Elements");
 
-    EXPECT_GE(tally.announced, 4);
-    EXPECT_GE(tally.read, 3 + 3 + 2);
+    EXPECT_GE(announced(), 4);
+    EXPECT_GE(read(), 3 + 3 + 2);
 }
 
 TEST_F(AnnouncedReading, CoversTheMaximaAndMinima)
@@ -203,7 +210,7 @@ TEST_F(AnnouncedReading, CoversTheMaximaAndMinima)
     f.selectOutput("Nodes Min/Max");
 
     EXPECT_EQ(f.form.OutputsList.Rows(), 1 + 2);
-    EXPECT_EQ(tally.announced, 1);
+    EXPECT_EQ(announced(), 1);
 }
 
 TEST_F(AnnouncedReading, CoversARefreshOfRowsInAnyOrder)
@@ -224,21 +231,19 @@ TEST_F(AnnouncedReading, CoversARefreshOfRowsInAnyOrder)
     EXPECT_EQ(f.form.InputsList.text(3, 1), "6.5");
     EXPECT_EQ(f.form.OutputsList.text(2, 1), "0.25");
     EXPECT_EQ(f.form.OutputsList.text(3, 1), "20");
-    EXPECT_EQ(tally.announced, 3 + 1);
-    EXPECT_EQ(tally.read, 4 + 3);
+    EXPECT_EQ(announced(), 3 + 1);
+    EXPECT_EQ(read(), 4 + 3);
 }
 
 TEST_F(AnnouncedReading, CoversTheVectorsOfTheList)
 {
-    f.connector.attached = [this] {
-        return std::make_unique<StrictFemap>(f.femap.attach(), tally);
-    };
+    frmPropertyList dialog(strict, f.list);
 
-    f.dialog.UpdateCollection();
+    dialog.UpdateCollection();
 
-    f.dialog.GetPropertyList("Output", "Node");
-    EXPECT_THAT(itemsOf(f.dialog), testing::ElementsAre("1 - Total Translation"));
-    EXPECT_EQ(tally.announced, 1);
+    dialog.GetPropertyList("Output", "Node");
+    EXPECT_THAT(itemsOf(dialog), testing::ElementsAre("1 - Total Translation"));
+    EXPECT_EQ(announced(), 1);
 }
 
 }  // namespace

@@ -43,20 +43,6 @@ protected:
     FormFixture f;
 };
 
-// A function object whose dialog breaks down.
-class BrokenFunction : public femap::Function
-{
-public:
-    ReturnCode SelectID(const std::string&) override
-    {
-        throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "The dialog broke down");
-    }
-    ReturnCode Get(int) override { return ReturnCode::Fail; }
-    int ID() override { return 0; }
-    std::string title() override { return {}; }
-    femap::FunctionPoints GetFunctionList() override { return {}; }
-};
-
 }  // namespace
 
 TEST_F(FunctionInputs, APickedFunctionBecomesARow)
@@ -209,7 +195,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(FunctionInputs, AnErrorOfTheDialogGoesUpAndLeavesTheCodeOfSuccess)
 {
-    f.form.function = std::make_unique<BrokenFunction>();
+    f.watchFemap().failAt("SelectID", "The dialog broke down");
     f.form.returnCode = 2;
 
     EXPECT_THROW(FetchFunctionData(f.context), sys::RuntimeError);

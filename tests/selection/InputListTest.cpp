@@ -1,6 +1,6 @@
-#include "selection/FlakyFemap.h"
 #include "selection/InputList.h"
 #include "selection/SelectionFixture.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -163,9 +163,7 @@ TEST_F(UpdateInputListTest, LeavesFemapUnlockedAndThePointersNormal)
     f.addNodes({1});
     int locks = 0;
     int pointer = 0;
-    makeFlaky(f, [&](const std::string& call) {
-        if (call != "Get 1")
-            return;
+    f.watchFemap().before("Node.Get 1", [&] {
         locks = f.femap.lockCount;
         pointer = f.form.GenerateButton.MousePointer;
     });
@@ -332,7 +330,7 @@ TEST_P(InputListFailure, EndsTheUpdate)
     f.addProperties({{1, femap::elementBeam}});
     const auto set = f.context.femap().feSet();
     set->AddAll(femap::EntityType::Property);
-    makeFlaky(f, failsAt(GetParam()));
+    f.watchFemap().failAt(GetParam());
 
     EXPECT_THROW(UpdateInputList(f.context, "Prop", *set, {"Color"}, {{"Color", "Color"}}, {},
                                  femap::elementBeam),
@@ -342,7 +340,8 @@ TEST_P(InputListFailure, EndsTheUpdate)
 }
 
 INSTANTIATE_TEST_SUITE_P(Calls, InputListFailure,
-                         testing::Values("lock", "entity Prop", "Get 1", "Type 1", "unlock"));
+                         testing::Values("feAppLock", "entity Prop", "Prop.Get 1", "Prop.Type 1",
+                                         "feAppUnlock"));
 
 TEST_F(UpdateInputListTest, NeedsFemap)
 {
@@ -369,9 +368,10 @@ TEST_F(UpdateInputListTest, ShowsHowFarALongWalkHasCome)
         ids.push_back(id);
     f.addNodes(ids);
     Texts captions;
-    makeFlaky(f, [&](const std::string& call) {
-        f.seconds += call.starts_with("Get") ? 0.005 : 0;
-        if (call == "Get 1000")
+    fake::CallWatch& femap = f.watchFemap();
+    femap.before("Get", [&] {
+        f.seconds += 0.005;
+        if (femap.calls.back() == "Node.Get 1000")
             captions.push_back(f.form.StatusLine.Caption);
     });
 

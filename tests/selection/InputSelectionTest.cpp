@@ -1,5 +1,5 @@
-#include "selection/FlakyFemap.h"
 #include "selection/SelectionFixture.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -243,22 +243,20 @@ TEST_F(InputSelection, HandsLoadDefinitionsToTheirOwnProcedure)
 TEST_F(InputSelection, SkipsAPropertyWhoseTypeCannotBeRead)
 {
     f.addProperties({{1, femap::elementBeam}, {2, femap::elementRod}});
-    makeFlaky(f, failsAt("Type 1"));
+    f.watchFemap().failAt("Prop.Type 1");
     f.pick({1, 2});
 
     const Texts log = f.logOf([&] { f.selectInput("Properties"); });
 
     EXPECT_THAT(f.headings(), ElementsAre("Rod Properties"));
-    EXPECT_THAT(log, Contains("ERROR: Type 1 failed"));
+    EXPECT_THAT(log, Contains("ERROR: Prop.Type 1 failed"));
     EXPECT_THAT(log, Contains("DEBUG: Error occured After reading the type of a property"));
 }
 
 TEST_F(InputSelection, SkipsAPropertyThatFemapLacks)
 {
     f.addProperties({{1, femap::elementBeam}, {2, femap::elementRod}});
-    makeFlaky(f, [&](const std::string& call) {
-        if (call != "entity Prop")
-            return;
+    f.watchFemap().before("entity Prop", [&] {
         f.model().properties = {};
         f.addProperties({{2, femap::elementRod}});
     });
@@ -273,7 +271,7 @@ TEST_F(InputSelection, SkipsAPropertyThatFemapLacks)
 TEST_F(InputSelection, GoesOnWithTheNextTypeWhenOneFails)
 {
     f.addProperties({{1, femap::elementBeam}, {2, femap::elementRod}});
-    makeFlaky(f, failsAtFirst("lock"));
+    f.watchFemap().failAtFirst("feAppLock");
     f.pick({1, 2});
     f.list.chooseAll();
     f.list.choose({"Area"});
@@ -281,7 +279,7 @@ TEST_F(InputSelection, GoesOnWithTheNextTypeWhenOneFails)
     const Texts log = f.logOf([&] { f.selectInput("Properties"); });
 
     EXPECT_THAT(f.names(f.form.InputsList), ElementsAre("AreaAtProp2"));
-    EXPECT_THAT(log, Contains("ERROR: lock failed"));
+    EXPECT_THAT(log, Contains("ERROR: feAppLock failed"));
     EXPECT_THAT(log, Contains("DEBUG: Error occured After selecting property fields"));
     EXPECT_FALSE(f.context.error.isPending());
 }
@@ -289,7 +287,7 @@ TEST_F(InputSelection, GoesOnWithTheNextTypeWhenOneFails)
 TEST_F(InputSelection, EndsAtOnceWhenFemapIsGone)
 {
     f.addProperties({{1, femap::elementBeam}, {2, femap::elementRod}});
-    makeFlaky(f, goneAt("lock"));
+    f.watchFemap().dieAt("feAppLock");
     f.pick({1, 2});
 
     EXPECT_THROW(f.selectInput("Properties"), femap::ConnectionLost);
@@ -300,7 +298,7 @@ TEST_F(InputSelection, EndsAtOnceWhenFemapIsGone)
 TEST_F(InputSelection, OffersTheUndefinedPropertyWhenTheListFails)
 {
     f.addProperties({{1, femap::elementBeam}});
-    f.connector.failures = 1;
+    f.connector.failAtFirst("attach");
     f.pick({1});
 
     f.selectInput("Properties");
@@ -312,7 +310,7 @@ TEST_F(InputSelection, OffersTheUndefinedPropertyWhenTheListFails)
 TEST_F(InputSelection, ShowsNoPropertyListThatCannotBeFilled)
 {
     f.addProperties({{1, femap::elementBeam}, {2, femap::elementRod}});
-    f.connector.failures = 2;
+    f.connector.failAtFirst("attach", 2);
     f.pick({1, 2});
 
     const Texts log = f.logOf([&] { f.selectInput("Properties"); });
@@ -325,7 +323,7 @@ TEST_F(InputSelection, ShowsNoPropertyListThatCannotBeFilled)
 TEST_F(InputSelection, EndsWhenTheListOfAnyOtherKindFails)
 {
     f.addNodes({1});
-    f.connector.failures = 1;
+    f.connector.failAtFirst("attach");
     f.pick({1});
 
     EXPECT_THROW(f.selectInput("Nodes"), sys::RuntimeError);

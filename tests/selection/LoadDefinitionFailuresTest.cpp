@@ -215,20 +215,12 @@ TEST_F(LoadDefinitionInputs, AnErrorGoesUpAfterFemapWasUnlocked)
 
 TEST_F(LoadDefinitionInputs, ALostConnectionGoesUpWithoutAnotherCall)
 {
-    class DeadFemap : public femap::ForwardingApplication
-    {
-    public:
-        using ForwardingApplication::ForwardingApplication;
-        std::unique_ptr<femap::LoadDefinition> feLoadDefinition() override
-        {
-            throw femap::ConnectionLost("FEMAP is gone");
-        }
-        void feAppUnlock() override { ADD_FAILURE() << "FEMAP is gone"; }
-    };
-    f.context.application = std::make_unique<DeadFemap>(std::move(f.context.application));
+    fake::CallWatch& femap = f.watchFemap();
+    femap.dieAt("feLoadDefinition");
 
     EXPECT_THROW(UpdateLoadDefinitionInputs(f.context), femap::ConnectionLost);
 
+    EXPECT_EQ(femap.calls.back(), "feLoadDefinition");
     EXPECT_THAT(f.names(f.form.InputsList), ElementsAre(""));
 }
 

@@ -1,4 +1,3 @@
-#include "femap/ForwardingApplication.h"
 #include "selection/MassQuantities.h"
 #include "selection/OutputList.h"
 #include "selection/SelectionFixture.h"
@@ -12,26 +11,8 @@ namespace selection
 namespace
 {
 
+using testing::Contains;
 using testing::ElementsAre;
-
-// A FEMAP that measures known numbers.
-class MeasurementRecorder : public femap::ForwardingApplication
-{
-public:
-    using ForwardingApplication::ForwardingApplication;
-
-    femap::MassProperties measured;
-    std::vector<int> asked;  // coordinate system and switches of the last measurement
-
-    femap::MassProperties feMeasureMeshMassProp(int elementSet, int coordinateSystem,
-                                                bool printResults, bool printDetails) override
-    {
-        asked = {coordinateSystem, printResults, printDetails};
-        ForwardingApplication::feMeasureMeshMassProp(elementSet, coordinateSystem, printResults,
-                                                     printDetails);
-        return measured;
-    }
-};
 
 const femap::MassProperties knownMass = {1.5,
                                          2.5,
@@ -63,10 +44,8 @@ class MassRows : public MassPropertyRows, public testing::WithParamInterface<Mas
 
 TEST_P(MassRows, HoldTheMeasuredValues)
 {
-    auto femap = std::make_unique<MeasurementRecorder>(f.femap.attach());
-    femap->measured = knownMass;
-    MeasurementRecorder& measuring = *femap;
-    f.context.application = std::move(femap);
+    fake::CallWatch& femap = f.watchFemap();
+    femap.answers["feMeasureMeshMassProp"] = knownMass;
 
     const Texts log =
         f.logOf([&] { UpdateOutputList(f.context, "MeshMass", nullptr, {GetParam().entry}); });
@@ -84,7 +63,7 @@ TEST_P(MassRows, HoldTheMeasuredValues)
     expected.push_back("DEBUG: Released FEMAP lock");
     expected.push_back("DEBUG: After updating output list");
     EXPECT_EQ(log, expected);
-    EXPECT_THAT(measuring.asked, ElementsAre(0, 0, 0));
+    EXPECT_THAT(femap.calls, Contains("feMeasureMeshMassProp 1 0 0 0"));
 }
 
 const MassCase massCases[] = {
@@ -139,9 +118,9 @@ TEST_F(MassPropertyRows, IgnoresAQuantityBeyondTheList)
 
 TEST_F(MassPropertyRows, RaisesWhenFemapMeasuredTooFewComponents)
 {
-    auto measuring = std::make_unique<MeasurementRecorder>(f.femap.attach());
-    measuring->measured.inertia = {1, 2};
-    f.context.application = std::move(measuring);
+    femap::MassProperties measured;
+    measured.inertia = {1, 2};
+    f.watchFemap().answers["feMeasureMeshMassProp"] = measured;
 
     EXPECT_THROW(UpdateOutputList(f.context, "MeshMass", nullptr, {"9"}), sys::RuntimeError);
 }

@@ -1,6 +1,6 @@
-#include "selection/FlakyFemap.h"
 #include "selection/OutputList.h"
 #include "selection/SelectionFixture.h"
+#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -295,9 +295,7 @@ TEST_F(UpdateOutputListTest, LocksFemapMeanwhile)
     f.addVector(1, "V", {1}, {4});
     int locks = 0;
     int pointer = 0;
-    makeFlaky(f, [&](const std::string& call) {
-        if (call != "Get 1")
-            return;
+    f.watchFemap().before("Node.Get 1", [&] {
         locks = f.femap.lockCount;
         pointer = f.form.OutputsButton.MousePointer;
     });
@@ -314,7 +312,7 @@ TEST_F(UpdateOutputListTest, GoesOnWhenAFreshVectorHasNoTitle)
 {
     f.addNodes({1});
     f.addVector(1, "V", {1}, {4});
-    makeFlaky(f, failsAt("")).freshVectorRefuses = true;
+    f.watchFemap().failAt("Output.Title", "nothing loaded");
 
     const Texts log = f.logOf([&] { updateNodes({"1 "}); });
 
@@ -354,7 +352,7 @@ TEST_F(UpdateOutputListTest, EndsAtOnceWhenFemapIsGone)
     f.addNodes({1});
     f.addVector(1, "V", {1}, {4});
     const auto set = all(femap::EntityType::Node);
-    makeFlaky(f, goneAt("Get 1"));
+    f.watchFemap().dieAt("Node.Get 1");
 
     EXPECT_THROW(UpdateOutputList(f.context, "Node", set.get(), {"1 "}), femap::ConnectionLost);
 }
@@ -369,7 +367,7 @@ TEST_P(OutputListFailure, EndsTheUpdate)
     f.addVector(1, "V", {3}, {4});
     const auto set = f.context.femap().feSet();
     set->AddAll(femap::EntityType::Element);
-    makeFlaky(f, failsAt(GetParam()));
+    f.watchFemap().failAt(GetParam());
 
     EXPECT_THROW(UpdateOutputList(f.context, "Elem", set.get(), {"1 "}, femap::elementPlate),
                  sys::RuntimeError);
@@ -378,8 +376,8 @@ TEST_P(OutputListFailure, EndsTheUpdate)
 }
 
 INSTANTIATE_TEST_SUITE_P(Calls, OutputListFailure,
-                         testing::Values("lock", "feOutput", "entity Elem", "Get 3", "Type 3",
-                                         "unlock"));
+                         testing::Values("feAppLock", "feOutput", "entity Elem", "Elem.Get 3",
+                                         "Elem.Type 3", "feAppUnlock"));
 
 }  // namespace
 }  // namespace selection

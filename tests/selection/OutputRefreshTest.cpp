@@ -1,6 +1,5 @@
 #include "femap/NumberText.h"
 #include "selection/ValueRefreshFixture.h"
-#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,8 +7,6 @@
 namespace selection
 {
 
-using sys::ErrorNumber;
-using sys::RuntimeError;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -210,16 +207,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(ValueRefresh, AFailedMeasurementCostsItsRowOnly)
 {
-    class UnmeasurableFemap : public femap::ForwardingApplication
-    {
-    public:
-        using ForwardingApplication::ForwardingApplication;
-        femap::MassProperties feMeasureMeshMassProp(int, int, bool, bool) override
-        {
-            throw RuntimeError(ErrorNumber::ObjectFailed, "The mass came out negative");
-        }
-    };
-    f.context.application = std::make_unique<UnmeasurableFemap>(std::move(f.context.application));
+    f.watchFemap().failAt("feMeasureMeshMassProp", "The mass came out negative");
     fillOutputs({"TotalMass\tkept\tMassTotal\t\tMassProperties", "MaxAtNode1\told\t1\t1\tmaxval"});
 
     RefreshOutputs_Click(f.context);

@@ -1,4 +1,3 @@
-#include "selection/FlakyFemap.h"
 #include "selection/SelectionFixture.h"
 
 #include <gmock/gmock.h>
@@ -265,13 +264,13 @@ TEST_F(OutputSelection, AddsNoRowsWhenTheListIsCancelled)
 TEST_F(OutputSelection, SkipsAnElementWhoseTypeCannotBeRead)
 {
     f.addElements({{10, femap::elementSolid}, {11, femap::elementPlate}});
-    makeFlaky(f, failsAt("Type 10"));
+    f.watchFemap().failAt("Elem.Type 10");
     f.pick({10, 11});
 
     const Texts log = f.logOf([&] { f.selectOutput("Elements"); });
 
     EXPECT_EQ(f.headings().front(), "Plate Element Output Properties");
-    EXPECT_THAT(log, Contains("ERROR: Type 10 failed"));
+    EXPECT_THAT(log, Contains("ERROR: Elem.Type 10 failed"));
     EXPECT_THAT(log, Contains("DEBUG: Error occured After reading the type of an element"));
     EXPECT_FALSE(f.context.error.isPending());
 }
@@ -279,9 +278,7 @@ TEST_F(OutputSelection, SkipsAnElementWhoseTypeCannotBeRead)
 TEST_F(OutputSelection, SkipsAnElementThatFemapLacks)
 {
     f.addElements({{10, femap::elementSolid}, {11, femap::elementPlate}});
-    makeFlaky(f, [&](const std::string& call) {
-        if (call != "entity Elem")
-            return;
+    f.watchFemap().before("entity Elem", [&] {
         f.model().elements = {};
         f.addElements({{11, femap::elementPlate}});
     });
@@ -296,7 +293,7 @@ TEST_F(OutputSelection, SkipsAnElementThatFemapLacks)
 TEST_F(OutputSelection, GoesOnWithTheNextTypeWhenOneFails)
 {
     f.addElements({{10, femap::elementSolid}, {11, femap::elementPlate}});
-    makeFlaky(f, failsAtFirst("lock"));
+    f.watchFemap().failAtFirst("feAppLock");
     f.pick({10, 11});
     f.list.chooseAll();
     f.list.chooseAll();
@@ -304,7 +301,7 @@ TEST_F(OutputSelection, GoesOnWithTheNextTypeWhenOneFails)
     const Texts log = f.logOf([&] { f.selectOutput("Elements"); });
 
     EXPECT_THAT(f.names(f.form.OutputsList), ElementsAre("PlateStres7020AtElem11"));
-    EXPECT_THAT(log, Contains("ERROR: lock failed"));
+    EXPECT_THAT(log, Contains("ERROR: feAppLock failed"));
     EXPECT_THAT(log, Contains("DEBUG: Error occured After selecting element outputs"));
     EXPECT_FALSE(f.context.error.isPending());
 }
@@ -312,7 +309,7 @@ TEST_F(OutputSelection, GoesOnWithTheNextTypeWhenOneFails)
 TEST_F(OutputSelection, OffersAllElementsWhenTheListOfACategoryFails)
 {
     f.addElements({{10, femap::elementSolid}});
-    f.connector.failures = 1;
+    f.connector.failAtFirst("attach");
     f.pick({10});
 
     f.selectOutput("Elements");
@@ -324,7 +321,7 @@ TEST_F(OutputSelection, OffersAllElementsWhenTheListOfACategoryFails)
 TEST_F(OutputSelection, ShowsNoListThatCannotBeFilled)
 {
     f.addElements({{10, femap::elementSolid}, {11, femap::elementPlate}});
-    f.connector.failures = 2;
+    f.connector.failAtFirst("attach", 2);
     f.pick({10, 11});
 
     const Texts log = f.logOf([&] { f.selectOutput("Elements"); });

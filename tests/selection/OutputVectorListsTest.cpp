@@ -1,4 +1,3 @@
-#include "femap/ForwardingApplication.h"
 #include "selection/SelectionFixture.h"
 
 #include <gmock/gmock.h>
@@ -105,47 +104,16 @@ TEST(OutputLists, FollowTheModelWhenTheyAreReadAgain)
     EXPECT_THAT(itemsOf(f.dialog), ElementsAre("2 - New"));
 }
 
-// A FEMAP that renumbered its vectors, gives one no old number and cannot load another.
-class RenumberedVector : public femap::OutputVector
-{
-public:
-    femap::ReturnCode Get(int vectorID) override
-    {
-        if (vectorID == 3)
-            return femap::ReturnCode::Fail;
-        id_ = vectorID;
-        return femap::ReturnCode::Ok;
-    }
-    int ID() override { return id_; }
-    std::string Title() override { return "Vector"; }
-    int classicID() override { return id_ == 4 ? 0 : 8000 - id_; }
-    double Value(int) override { return 0; }
-    double maxval() override { return 0; }
-    double minval() override { return 0; }
-    femap::Value member(const std::string&) override { return {}; }
-    femap::Value member(const std::string&, int) override { return {}; }
-
-private:
-    int id_ = 0;
-};
-
-class RenumberedFemap : public femap::ForwardingApplication
-{
-public:
-    using ForwardingApplication::ForwardingApplication;
-
-    std::unique_ptr<femap::OutputVector> feOutput() override
-    {
-        return std::make_unique<RenumberedVector>();
-    }
-};
-
 TEST(OutputLists, GroupByTheOldNumberAndShowTheOneThatFemapGives)
 {
     SelectionFixture f;
     for (const int id : {1, 2, 3, 4, 7500})
         f.addVector(id, "Vector");
-    f.connector.attached = [&] { return std::make_unique<RenumberedFemap>(f.femap.attach()); };
+    // A FEMAP that renumbered its vectors, gives one no old number and cannot load another.
+    for (const int id : {1, 2, 7500})
+        f.connector.answers["Output.classicID " + std::to_string(id)] = 8000 - id;
+    f.connector.answers["Output.classicID 4"] = 0;
+    f.connector.answers["Output.Get 3"] = femap::ReturnCode::Fail;
 
     f.dialog.UpdateCollection();
 

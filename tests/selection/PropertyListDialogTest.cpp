@@ -338,7 +338,7 @@ TEST(frmPropertyList, OffersNothingWhenFemapCannotBeReached)
 {
     SelectionFixture f;
     f.dialog.GetPropertyList("Node", "");
-    f.connector.failures = 2;
+    f.connector.failAtFirst("attach", 2);
 
     EXPECT_THROW(f.dialog.GetPropertyList("Node", ""), sys::RuntimeError);
     EXPECT_THROW(f.dialog.UpdateCollection(), sys::RuntimeError);

@@ -127,22 +127,6 @@ TEST_F(RefreshRefusals, StandInPlaceOfTheOutputSetThatWasRead)
     expectTold("1 of 1 rows could not be read again; it keeps its value");
 }
 
-// A FEMAP that can be told that no output set is active, and to refuse the question.
-class QuestionedFemap : public femap::ForwardingApplication
-{
-public:
-    using ForwardingApplication::ForwardingApplication;
-
-    bool isRefused = false;
-
-    int Info_ActiveID(femap::EntityType) override
-    {
-        if (isRefused)
-            throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "no answer");
-        return 0;
-    }
-};
-
 class OutputSetThatIsRead : public RefreshRefusals
 {
 protected:
@@ -150,13 +134,6 @@ protected:
     {
         addOutputSet(3);
         fillOutputs({"M\told\t1\t1\tmaxval"});
-    }
-    QuestionedFemap& question()
-    {
-        auto femap = std::make_unique<QuestionedFemap>(std::move(f.context.application));
-        QuestionedFemap& result = *femap;
-        f.context.application = std::move(femap);
-        return result;
     }
 };
 
@@ -173,7 +150,7 @@ TEST_F(OutputSetThatIsRead, IsToldWhenThereAreSeveral)
 
 TEST_F(OutputSetThatIsRead, IsTheLowestWhenNoneIsActiveAndTheLogSaysSo)
 {
-    question();
+    f.watchFemap().answers["Info_ActiveID"] = 0;
 
     RefreshOutputs_Click(f.context);
 
@@ -194,7 +171,7 @@ TEST_F(OutputSetThatIsRead, IsNotToldForMassesAlone)
 
 TEST_F(OutputSetThatIsRead, CostsNothingWhenFemapDoesNotSay)
 {
-    question().isRefused = true;
+    f.watchFemap().failAt("Info_ActiveID", "no answer");
 
     RefreshOutputs_Click(f.context);
 

@@ -1,6 +1,5 @@
-#include "fake/ForwardingObjects.h"
-#include "femap/ForwardingApplication.h"
 #include "selection/OutcomeFixture.h"
+#include "system/RuntimeError.h"
 
 namespace selection
 {
@@ -84,21 +83,15 @@ TEST_F(SeveralKinds, LeaveNoNameBehindWhenTheListBreaksDown)
 class ListOfResults : public SelectionOutcome
 {
 protected:
-    int attached = 0;
-
     void SetUp() override
     {
         f.addNodes({1});
-        f.connector.attached = [this] {
-            ++attached;
-            return f.femap.attach();
-        };
         f.dialog.UpdateCollection();  // as at the start, without results
     }
     Texts offered()
     {
         f.list.shown.clear();
-        attached = 0;
+        f.connector.calls.clear();
         f.form.status.clear();
         f.selectOutput("Nodes Min/Max");
         return f.list.shown.empty() ? Texts() : f.list.shown.back().items;
@@ -136,53 +129,30 @@ TEST_F(ListOfResults, IsNotBuiltAgainWhenNothingChanged)
     f.addVector(1, "Total Translation", {1}, {0.5});
 
     offered();
-    EXPECT_EQ(attached, 2);  // for the lists and for the one that is shown
+    EXPECT_EQ(f.connector.count("attach"), 2);  // for the lists and for the one that is shown
     offered();
-    EXPECT_EQ(attached, 1);
+    EXPECT_EQ(f.connector.count("attach"), 1);
     EXPECT_THAT(f.log(), Not(Contains(HasSubstr("collection"))));
 }
 
 TEST_F(ListOfResults, IsBuiltAgainAfterItCouldNotBeBuilt)
 {
     f.addVector(1, "Total Translation", {1}, {0.5});
-    f.connector.failures = 1;
+    f.connector.failAtFirst("attach");
     EXPECT_THROW(f.selectOutput("Nodes Min/Max"), sys::RuntimeError);
 
     EXPECT_THAT(offered(), ElementsAre("1 - Total Translation"));
 }
 
-class SparseVector : public fake::ForwardingVector
-{
-public:
-    using ForwardingVector::ForwardingVector;
-
-    femap::ReturnCode Get(int vectorID) override
-    {
-        return vectorID == 2 ? femap::ReturnCode::Fail : ForwardingVector::Get(vectorID);
-    }
-};
-
-class SparseFemap : public femap::ForwardingApplication
-{
-public:
-    using ForwardingApplication::ForwardingApplication;
-
-    std::unique_ptr<femap::OutputVector> feOutput() override
-    {
-        return std::make_unique<SparseVector>(ForwardingApplication::feOutput());
-    }
-};
-
 TEST_F(ListOfResults, TellsOfVectorsThatFemapRefusesAndHasThemOnceItGivesThem)
 {
     f.addVector(1, "Total Translation", {1}, {0.5});
     f.addVector(2, "T1 Translation", {1}, {0.5});
-    const auto real = f.connector.attached;
-    f.connector.attached = [this] { return std::make_unique<SparseFemap>(f.femap.attach()); };
+    f.connector.answers["Output.Get 2"] = femap::ReturnCode::Fail;
     EXPECT_THAT(offered(), ElementsAre("1 - Total Translation"));
     EXPECT_THAT(status(), StartsWith("Not in the list, for FEMAP refuses them: 1 output vectors"));
 
-    f.connector.attached = real;
+    f.connector.answers.clear();
 
     EXPECT_THAT(offered(), ElementsAre("1 - Total Translation", "2 - T1 Translation"));
     EXPECT_EQ(status(), "No row was added: nothing was chosen in the list");

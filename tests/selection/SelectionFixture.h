@@ -2,12 +2,10 @@
 
 #include "fake/FormFixture.h"
 #include "fake/QueuedPropertyList.h"
+#include "fake/WatchedFemap.h"
 #include "selection/InputSelection.h"
 #include "selection/OutputSelection.h"
-#include "system/RuntimeError.h"
 
-#include <functional>
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,32 +32,12 @@ inline std::vector<std::string> itemsOf(const frmPropertyList& dialog)
     return result;
 }
 
-/// The property list dialog's way to FEMAP.
-class DialogConnector : public femap::Connector
-{
-public:
-    explicit DialogConnector(femap::Connector& real) : attached([&real] { return real.attach(); })
-    {}
-
-    std::function<std::unique_ptr<femap::Application>()> attached;
-    int failures = 0;  // of the next attempts
-
-    std::unique_ptr<femap::Application> attach() override
-    {
-        if (failures == 0)
-            return attached();
-        --failures;
-        throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "attach failed");
-    }
-    std::unique_ptr<femap::Application> create() override { return attach(); }
-};
-
 /// The form with FEMAP behind it and the property list dialog.
 class SelectionFixture : public fake::FormFixture
 {
 public:
     fake::QueuedPropertyList list;
-    DialogConnector connector{femap};
+    fake::WatchedConnector connector{femap};  // of the dialog
     frmPropertyList dialog{connector, list};
 
     /// The headings of the property lists that were shown.

@@ -1,4 +1,3 @@
-#include "selection/FlakyFemap.h"
 #include "selection/OutcomeFixture.h"
 
 namespace selection
@@ -15,11 +14,9 @@ using testing::Not;
 TEST_F(SelectionOutcome, TellsOfEntitiesThatFemapRefuses)
 {
     LevelledLog log(f, "DEBUG");
-    makeFlaky(f, [&](const std::string& call) {
-        if (call == "entity Node") {
-            f.model().nodes = {};
-            f.addNodes({1, 3});
-        }
+    f.watchFemap().before("entity Node", [&] {
+        f.model().nodes = {};
+        f.addNodes({1, 3});
     });
 
     selectInputs("Nodes", {1, 2, 3}, {"x", "y"});
@@ -33,11 +30,9 @@ TEST_F(SelectionOutcome, TellsOfEntitiesThatFemapRefuses)
 TEST_F(SelectionOutcome, CountsAPropertyOnceThatIsMetForEachKind)
 {
     f.addProperties({{1, femap::elementPlate}, {2, femap::elementRod}, {3, femap::elementRod}});
-    makeFlaky(f, [&](const std::string& call) {
-        if (call == "entity Prop") {
-            f.model().properties = {};
-            f.addProperties({{1, femap::elementPlate}, {2, femap::elementRod}});
-        }
+    f.watchFemap().before("entity Prop", [&] {
+        f.model().properties = {};
+        f.addProperties({{1, femap::elementPlate}, {2, femap::elementRod}});
     });
     f.list.choose({"Thickness"});
 
@@ -50,10 +45,7 @@ TEST_F(SelectionOutcome, CountsAPropertyOnceThatIsMetForEachKind)
 TEST_F(SelectionOutcome, TellsOfVectorsThatFemapRefuses)
 {
     LevelledLog log(f, "INFO");
-    makeFlaky(f, [&](const std::string& call) {
-        if (call == "feOutput")
-            f.model().outputSets.find(1)->vectors = {};
-    });
+    f.watchFemap().before("feOutput", [&] { f.model().outputSets.find(1)->vectors = {}; });
 
     selectOutputs("Nodes", {1, 2}, {"1 - Total Translation"});
 

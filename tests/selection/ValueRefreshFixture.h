@@ -63,36 +63,6 @@ private:
     femap::EntitySet* lastSet_ = nullptr;
 };
 
-/// Notes what the form looks like while entities are read.
-class WatchingFemap : public femap::ForwardingApplication
-{
-public:
-    WatchingFemap(std::unique_ptr<femap::Application> real, fake::FormFixture& fixture)
-        : ForwardingApplication(std::move(real)), fixture_(fixture)
-    {}
-
-    std::unique_ptr<femap::Entity> entity(const std::string& word) override
-    {
-        look();
-        return ForwardingApplication::entity(word);
-    }
-    std::unique_ptr<femap::OutputVector> feOutput() override
-    {
-        look();
-        return ForwardingApplication::feOutput();
-    }
-
-private:
-    void look() const
-    {
-        EXPECT_EQ(fixture_.femap.lockCount, 1);
-        for (const form::MainForm::NamedControl& each : fixture_.form.controls())
-            EXPECT_EQ(each.control->MousePointer, 11) << each.name;
-    }
-
-    fake::FormFixture& fixture_;
-};
-
 class ValueRefresh : public testing::Test
 {
 protected:

@@ -173,7 +173,13 @@ TEST_F(ValueRefresh, AnUnknownKindIsNotCalledAndIsRefusedEachTime)
 
 TEST_F(ValueRefresh, FemapIsLockedAndThePointerAnHourglassWhileRowsAreRead)
 {
-    f.context.application = std::make_unique<WatchingFemap>(std::move(f.context.application), f);
+    f.watchFemap().beforeCall = [&](const std::string& call) {
+        if (call != "entity" && call != "feOutput")
+            return;
+        EXPECT_EQ(f.femap.lockCount, 1);
+        for (const form::MainForm::NamedControl& each : f.form.controls())
+            EXPECT_EQ(each.control->MousePointer, 11) << each.name;
+    };
     fillInputs({"xAtNode12\told\tNode\t12\tx"});
     fillOutputs({"M\told\t1\t1\tmaxval"});
 
@@ -224,16 +230,7 @@ TEST_F(ValueRefresh, AModelClosedMeanwhileLeavesEveryRowAsItWas)
 
 TEST_F(ValueRefresh, ALostConnectionGoesUpAtOnce)
 {
-    class DeadFemap : public femap::ForwardingApplication
-    {
-    public:
-        using ForwardingApplication::ForwardingApplication;
-        std::unique_ptr<femap::Entity> entity(const std::string&) override
-        {
-            throw femap::ConnectionLost("FEMAP is gone");
-        }
-    };
-    f.context.application = std::make_unique<DeadFemap>(std::move(f.context.application));
+    f.watchFemap().dieAt("entity");
     fillInputs({"xAtNode12\tkept\tNode\t12\tx", "xAtNode13\tkept\tNode\t13\tx"});
 
     EXPECT_THROW(RefreshInputs_Click(f.context), femap::ConnectionLost);
