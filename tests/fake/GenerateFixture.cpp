@@ -2,7 +2,6 @@
 
 #include "system/Files.h"
 
-#include <memory>
 #include <utility>
 
 namespace generate
@@ -21,24 +20,6 @@ void addRow(form::ParameterGrid& grid, std::initializer_list<std::string_view> c
     if (replacesBlank)
         grid.RemoveItem(1);
 }
-
-class CheckingFemap : public femap::ForwardingApplication
-{
-public:
-    CheckingFemap(std::unique_ptr<femap::Application> real, std::function<void(int)> check)
-        : ForwardingApplication(std::move(real)), check_(std::move(check))
-    {}
-
-    std::string ModelName() override
-    {
-        check_(++calls_);
-        return ForwardingApplication::ModelName();
-    }
-
-private:
-    std::function<void(int)> check_;
-    int calls_ = 0;
-};
 
 }  // namespace
 
@@ -102,8 +83,10 @@ std::map<std::string, std::string> GenerateFixture::workFolder() const
 
 void GenerateFixture::beforeModelName(std::function<void(int call)> check)
 {
-    context.application =
-        std::make_unique<CheckingFemap>(std::move(context.application), std::move(check));
+    fake::CallWatch& watch = watchFemap();
+    watch.before("ModelName", [&watch, check = std::move(check)] {
+        check(static_cast<int>(watch.count("ModelName")));
+    });
 }
 
 }  // namespace generate

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "fake/FormFixture.h"
-#include "femap/ForwardingApplication.h"
 
 #include <functional>
 #include <initializer_list>
@@ -37,8 +36,8 @@ public:
     /// The same with what they hold.
     std::map<std::string, std::string> workFolder() const;
 
-    /// Puts a FEMAP in place that runs a check before it gives the model's name; the check gets
-    /// the number of the call, counted from 1.
+    /// Runs a check before FEMAP gives the model's name; the check gets the number of the call,
+    /// counted from 1.
     void beforeModelName(std::function<void(int call)> check);
 };
 

@@ -1,7 +1,5 @@
 #include "fake/FormFixture.h"
-#include "femap/ForwardingApplication.h"
 #include "form/Progress.h"
-#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,66 +17,30 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
-using Calls = std::vector<std::string>;
 
-// Records what FEMAP's progress bar is told; one kind of call can fail.
-class BarFemap : public femap::ForwardingApplication
+// What FEMAP's progress bar is told.
+const std::string on = "feAppStatusShow 1 100";
+const std::string off = "feAppStatusShow 0 100";
+
+std::string percent(int shown)
 {
-public:
-    BarFemap(std::unique_ptr<femap::Application> real, Calls& calls)
-        : ForwardingApplication(std::move(real)), calls_(calls)
-    {}
-
-    std::function<void(const std::string& call)> before = [](const std::string&) {};
-
-    void feAppStatusShow(bool enable, int maximum) override
-    {
-        record(enable ? "on" : "off");
-        ForwardingApplication::feAppStatusShow(enable, maximum);
-    }
-    void feAppStatusUpdate(int current) override
-    {
-        record(std::to_string(current));
-        ForwardingApplication::feAppStatusUpdate(current);
-    }
-
-private:
-    void record(const std::string& call)
-    {
-        calls_.push_back(call);
-        before(call);
-    }
-
-    Calls& calls_;
-};
+    return "feAppStatusUpdate " + std::to_string(shown);
+}
 
 class ProgressTest : public testing::Test
 {
 protected:
     fake::FormFixture f;
-    Calls calls;
-    BarFemap* femap = nullptr;
+    fake::CallWatch& femap = f.watchFemap();
+    const std::vector<fake::Call>& calls = femap.calls;
 
-    void SetUp() override
-    {
-        auto bar = std::make_unique<BarFemap>(f.femap.attach(), calls);
-        femap = bar.get();
-        f.context.application = std::move(bar);
-        f.form.status.tellHint("before");
-    }
+    void SetUp() override { f.form.status.tellHint("before"); }
     // So many steps, at the end of which the clock shows this time.
     void walk(Progress& progress, int steps, double seconds)
     {
         f.seconds = seconds;
         for (int i = 0; i < steps; ++i)
             progress.step();
-    }
-    void failAt(const std::string& failing)
-    {
-        femap->before = [failing](const std::string& call) {
-            if (call == failing)
-                throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "no bar");
-        };
     }
 };
 
@@ -115,7 +77,7 @@ TEST_F(ProgressTest, LooksAtTheClockOnlyEvery256Steps)
 
     EXPECT_THAT(calls, IsEmpty());
     walk(progress, 1, 5);
-    EXPECT_THAT(calls, ElementsAre("on", "25"));
+    EXPECT_THAT(calls, ElementsAre(on, percent(25)));
 }
 
 TEST_F(ProgressTest, ShowsFiveTimesASecondAtMost)
@@ -125,7 +87,7 @@ TEST_F(ProgressTest, ShowsFiveTimesASecondAtMost)
     for (int look = 1; look <= 10; ++look)
         walk(progress, 256, 1.05 + 0.06 * look);
 
-    EXPECT_THAT(calls, ElementsAre("on", "10", "50", "90"));
+    EXPECT_THAT(calls, ElementsAre(on, percent(10), percent(50), percent(90)));
     EXPECT_EQ(f.host.progressShown, 3);
 }
 
@@ -136,7 +98,7 @@ TEST_F(ProgressTest, EndsWithTheBarOffAndTheStatusLineAsItWas)
 
     progress.finish();
 
-    EXPECT_EQ(calls.back(), "off");
+    EXPECT_EQ(calls.back(), off);
     EXPECT_EQ(f.femap.statusMaximum, 0);
     EXPECT_EQ(f.form.StatusLine.Caption, "before");
 }
@@ -167,7 +129,7 @@ TEST_F(ProgressTest, EndsOnce)
         progress.finish();
     }
 
-    EXPECT_THAT(calls, ElementsAre("on", "100", "off"));
+    EXPECT_THAT(calls, ElementsAre(on, percent(100), off));
 }
 
 TEST_F(ProgressTest, EndsWhenAnErrorCutsTheWalkShort)
@@ -177,7 +139,7 @@ TEST_F(ProgressTest, EndsWhenAnErrorCutsTheWalkShort)
         walk(progress, 256, 2);
     }
 
-    EXPECT_THAT(calls, ElementsAre("on", "25", "off"));
+    EXPECT_THAT(calls, ElementsAre(on, percent(25), off));
     EXPECT_EQ(f.form.StatusLine.Caption, "before");
 }
 
@@ -201,21 +163,21 @@ TEST_F(ProgressTest, CountsWhereNobodyKnowsHowManyThereWillBe)
 
     EXPECT_EQ(f.form.StatusLine.Caption, "Reading … 256");
     walk(progress, 256 * 100, 3);
-    EXPECT_THAT(calls, ElementsAre("on", "1", "3"));
+    EXPECT_THAT(calls, ElementsAre(on, percent(1), percent(3)));
     progress.finish();
     EXPECT_EQ(f.form.StatusLine.Caption, "before");
 }
 
 TEST_F(ProgressTest, GoesOnWithoutABarThatFemapRefuses)
 {
-    failAt("on");
+    femap.failAt(on, "no bar");
     Progress progress(f.context, "Reading", 512);
 
     walk(progress, 256, 2);
     walk(progress, 256, 3);
     progress.finish();
 
-    EXPECT_THAT(calls, ElementsAre("on"));
+    EXPECT_THAT(calls, ElementsAre(on));
     EXPECT_EQ(f.host.progressShown, 2);
     EXPECT_THAT(f.log(), Contains("ERROR: FEMAP refused its progress bar: no bar").Times(1));
     EXPECT_FALSE(f.context.error.isPending());
@@ -223,14 +185,14 @@ TEST_F(ProgressTest, GoesOnWithoutABarThatFemapRefuses)
 
 TEST_F(ProgressTest, SwitchesABarOffThatFemapDoesNotMove)
 {
-    failAt("50");
+    femap.failAt(percent(50), "no bar");
     Progress progress(f.context, "Reading", 512);
 
     walk(progress, 256, 2);
     walk(progress, 256, 3);
     progress.finish();
 
-    EXPECT_THAT(calls, ElementsAre("on", "50", "off"));
+    EXPECT_THAT(calls, ElementsAre(on, percent(50), off));
     EXPECT_EQ(f.femap.statusMaximum, 0);
 }
 
@@ -246,7 +208,7 @@ TEST_F(ProgressTest, ShowsTheStatusLineEvenWithoutFemap)
 
 TEST_F(ProgressTest, TellsOfAFemapThatIsGone)
 {
-    femap->before = [](const std::string&) { throw femap::ConnectionLost("gone"); };
+    femap.dieAtCall(1);
     Progress progress(f.context, "Reading", 256);
 
     EXPECT_THROW(walk(progress, 256, 2), femap::ConnectionLost);
@@ -258,11 +220,11 @@ TEST_F(ProgressTest, IsDestroyedQuietlyWhenFemapIsGone)
     std::optional<Progress> progress;
     progress.emplace(f.context, "Reading", std::size_t{256});
     walk(*progress, 256, 2);
-    femap->before = [](const std::string&) { throw femap::ConnectionLost("gone"); };
+    femap.beforeCall = [](const std::string&) { throw femap::ConnectionLost("gone"); };
 
     progress.reset();
 
-    EXPECT_EQ(calls.back(), "off");
+    EXPECT_EQ(calls.back(), off);
     EXPECT_EQ(f.form.StatusLine.Caption, "before");
     EXPECT_THAT(f.log(), Not(Contains(HasSubstr("gone"))));
 }

@@ -5,9 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace generate
@@ -25,44 +23,23 @@ using testing::SizeIs;
 
 constexpr int rows = 1024;  // in each grid
 
-struct Shown
-{
-    std::vector<int> percents;          // on FEMAP's bar
-    std::vector<std::string> captions;  // of the status line, at the same time
-};
-
-class WatchedFemap : public femap::ForwardingApplication
-{
-public:
-    WatchedFemap(std::unique_ptr<femap::Application> real, const form::Label& status, Shown& shown)
-        : ForwardingApplication(std::move(real)), status_(status), shown_(shown)
-    {}
-
-    void feAppStatusUpdate(int current) override
-    {
-        shown_.percents.push_back(current);
-        shown_.captions.push_back(status_.Caption);
-        ForwardingApplication::feAppStatusUpdate(current);
-    }
-
-private:
-    const form::Label& status_;
-    Shown& shown_;
-};
-
 /// A form with many rows and a clock that goes on by so much whenever someone looks at it.
 class ApplyProgress : public testing::TestWithParam<std::string>
 {
 protected:
     GenerateFixture f;
-    Shown shown;
+    std::vector<int> percents;          // on FEMAP's bar
+    std::vector<std::string> captions;  // of the status line, at the same time
 
     void SetUp() override
     {
         f.form.Optimizer.Text = GetParam();
         f.form.status.tellHint("before");
-        f.context.application = std::make_unique<WatchedFemap>(std::move(f.context.application),
-                                                               f.form.StatusLine, shown);
+        fake::CallWatch& femap = f.watchFemap();
+        femap.before("feAppStatusUpdate", [this, &femap] {
+            percents.push_back(std::stoi(femap.calls.back().arguments));
+            captions.push_back(f.form.StatusLine.Caption);
+        });
         for (int i = 1; i <= rows; ++i) {
             const std::string id = std::to_string(i);
             f.addInput({"ThicknessAtProp" + id, "1.5", "Prop", id, "pval", "0"});
@@ -80,12 +57,12 @@ TEST_P(ApplyProgress, GoesFromTheFirstRowOfTheFirstFileToTheLastRowOfTheLast)
 {
     applyWithClock(2);
 
-    ASSERT_THAT(shown.percents, SizeIs(testing::Ge(8U)));
-    EXPECT_TRUE(std::is_sorted(shown.percents.begin(), shown.percents.end()));
-    EXPECT_LE(shown.percents.front(), 100 / 8);
-    EXPECT_EQ(shown.percents.back(), 100);
-    EXPECT_LT(shown.percents[shown.percents.size() - 2], 100);
-    EXPECT_THAT(shown.captions, Each(testing::StartsWith("Writing files … ")));
+    ASSERT_THAT(percents, SizeIs(testing::Ge(8U)));
+    EXPECT_TRUE(std::is_sorted(percents.begin(), percents.end()));
+    EXPECT_LE(percents.front(), 100 / 8);
+    EXPECT_EQ(percents.back(), 100);
+    EXPECT_LT(percents[percents.size() - 2], 100);
+    EXPECT_THAT(captions, Each(testing::StartsWith("Writing files … ")));
 }
 
 TEST_P(ApplyProgress, LeavesNoTraceInTheFormInFemapOrInTheLog)
@@ -103,7 +80,7 @@ TEST_P(ApplyProgress, IsNotShownOfLessThanASecond)
 {
     applyWithClock(0.001);
 
-    EXPECT_THAT(shown.percents, IsEmpty());
+    EXPECT_THAT(percents, IsEmpty());
 }
 
 TEST_P(ApplyProgress, EndsWithAnErrorThatEndsTheWriting)

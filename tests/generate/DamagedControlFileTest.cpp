@@ -1,6 +1,5 @@
 #include "fake/GenerateFixture.h"
 #include "generate/ControlFile.h"
-#include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -218,16 +217,7 @@ TEST(DamagedControlFileInTheLog, HasALineForEachLineConcerned)
 TEST(DamagedControlFileInTheLog, IsReadAlsoWhenFemapShowsNoMessage)
 {
     GenerateFixture f;
-    class Mute : public femap::ForwardingApplication
-    {
-    public:
-        using ForwardingApplication::ForwardingApplication;
-        void feAppMessage(femap::MessageColour, const std::string&) override
-        {
-            throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "refused");
-        }
-    };
-    f.context.application = std::make_unique<Mute>(std::move(f.context.application));
+    f.watchFemap().failAt("feAppMessage", "refused");
     f.files.contents[inWork("beamControl.txt")] = inputRow;
 
     Load_Click(f.context);

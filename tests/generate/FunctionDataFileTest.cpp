@@ -6,9 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
-#include <utility>
 
 namespace generate
 {
@@ -23,38 +21,6 @@ namespace
 
 const std::string fileName = "FunctionsInputvalues.txt";
 
-// A function object that refuses what is asked of one function.
-class RefusingFunction : public femap::Function
-{
-public:
-    RefusingFunction(std::unique_ptr<femap::Function> real, std::string refused, int refusedID)
-        : real_(std::move(real)), refused_(std::move(refused)), refusedID_(refusedID)
-    {}
-
-    femap::ReturnCode SelectID(const std::string& title) override { return real_->SelectID(title); }
-    femap::ReturnCode Get(int id) override
-    {
-        id_ = id;
-        return asked("Get").Get(id);
-    }
-    int ID() override { return real_->ID(); }
-    std::string title() override { return asked("title").title(); }
-    femap::FunctionPoints GetFunctionList() override { return asked("points").GetFunctionList(); }
-
-private:
-    femap::Function& asked(const std::string& what)
-    {
-        if (what == refused_ && id_ == refusedID_)
-            throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "FEMAP refused the " + what);
-        return *real_;
-    }
-
-    std::unique_ptr<femap::Function> real_;
-    std::string refused_;
-    int refusedID_;
-    int id_ = 0;
-};
-
 }  // namespace
 
 class RefusedFunction : public testing::TestWithParam<const char*>
@@ -67,22 +33,23 @@ TEST_P(RefusedFunction, IsTreatedAsOneThatIsGone)
     f.addFunction(6, "refused", {1}, {2});
     f.addInput({"refused", "X-Y Values", "Function", " 6"});
     f.addInput({"there", "X-Y Values", "Function", " 5"});
-    f.form.function =
-        std::make_unique<RefusingFunction>(f.context.femap().feFunction(), GetParam(), 6);
+    const std::string refusal = "FEMAP refused the " + std::string(GetParam());
+    f.watchFemap().failAt("Function." + std::string(GetParam()) + " 6", refusal);
 
     const auto log = f.logOf([&] { GenerateButton_Click(f.context); });
 
     const std::string message = "Unable to fetch the value for function id =  6";
     EXPECT_THAT(f.messages(), ElementsAre(message, "there is selected"));
     EXPECT_EQ(f.form.StatusLine.Caption, message);
-    EXPECT_THAT(log, Contains("ERROR: FEMAP refused the " + std::string(GetParam())));
+    EXPECT_THAT(log, Contains("ERROR: " + refusal));
     EXPECT_THAT(log, Contains("DEBUG: " + message));
     EXPECT_THAT(f.written(fileName), ElementsAre("Function Definition", " 5 ", "there", " 0"));
     EXPECT_TRUE(f.exists("beamControl.txt"));
     EXPECT_EQ(f.femap.lockCount, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(WhateverOfIt, RefusedFunction, testing::Values("Get", "points", "title"),
+INSTANTIATE_TEST_SUITE_P(WhateverOfIt, RefusedFunction,
+                         testing::Values("Get", "GetFunctionList", "title"),
                          [](const auto& each) { return std::string(each.param); });
 
 TEST(WriteFunctionInputs, WritesABlockForEachFunctionRowInGridOrder)
