@@ -1,15 +1,14 @@
 #include "fake/TemporaryFolder.h"
 #include "generate/TextFile.h"
+#include "reliability/HeldFile_windows.h"
 #include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <fcntl.h>
 #include <filesystem>
 #include <io.h>
-#include <share.h>
 #include <string>
 #include <sys/stat.h>
 #include <thread>
@@ -44,15 +43,6 @@ protected:
         }
         return "no error";
     }
-    // Opens it as a program does that lets nobody else read, write or delete it.
-    int hold() const
-    {
-        const std::filesystem::path wide(std::u8string(path.begin(), path.end()));
-        const int file = _wsopen(wide.c_str(), _O_RDONLY | _O_BINARY, _SH_DENYRW, 0);
-        EXPECT_GE(file, 0);
-        return file;
-    }
-
     fake::TemporaryFolder folder;
     const std::string path = folder.path("Träger.txt");
     sys::System system = sys::thisMachine();
@@ -63,11 +53,7 @@ protected:
 
 TEST_F(AFileOnWindows, IsWrittenThoughAnotherProgramHoldsItForAMoment)
 {
-    const int held = hold();
-    std::thread other([held] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(200));
-        _close(held);
-    });
+    std::thread other = holdForAMoment(path);
 
     write("new");
 
@@ -78,11 +64,7 @@ TEST_F(AFileOnWindows, IsWrittenThoughAnotherProgramHoldsItForAMoment)
 
 TEST_F(AFileOnWindows, IsReadThoughAnotherProgramHoldsItForAMoment)
 {
-    const int held = hold();
-    std::thread other([held] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(200));
-        _close(held);
-    });
+    std::thread other = holdForAMoment(path);
 
     const std::string content = system.files.read(path);
 
@@ -92,11 +74,7 @@ TEST_F(AFileOnWindows, IsReadThoughAnotherProgramHoldsItForAMoment)
 
 TEST_F(AFileOnWindows, IsTriedThoughAnotherProgramHoldsItForAMoment)
 {
-    const int held = hold();
-    std::thread other([held] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(200));
-        _close(held);
-    });
+    std::thread other = holdForAMoment(path);
 
     EXPECT_NO_THROW(system.files.demandReplaceable(path));
 
@@ -107,7 +85,7 @@ TEST_F(AFileOnWindows, IsTriedThoughAnotherProgramHoldsItForAMoment)
 TEST_F(AFileOnWindows, StaysAsItIsWhenAnotherProgramKeepsItAndAMessageSaysSo)
 {
     const auto begin = std::chrono::steady_clock::now();
-    const int held = hold();
+    const int held = hold(path);
 
     const std::string error = errorOfWriting();
 

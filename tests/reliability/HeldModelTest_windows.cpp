@@ -1,35 +1,22 @@
+#include "fake/FormFixture.h"
 #include "fake/NeutralText.h"
 #include "fake/TemporaryFolder.h"
-#include "femap/embedded/Host.h"
+#include "reliability/HeldFile_windows.h"
 #include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <fcntl.h>
-#include <filesystem>
 #include <io.h>
-#include <share.h>
 #include <string>
 #include <thread>
-#include <vector>
 
 namespace reliability
 {
 
 namespace
 {
-
-class NoDialogs : public femap::SelectionDialogs
-{
-public:
-    femap::Selection answer(femap::EntityType /*type*/, const std::string& /*title*/,
-                            bool /*onlyOne*/, const std::vector<int>& /*available*/) override
-    {
-        return {femap::ReturnCode::Cancel, {}};
-    }
-};
 
 class AModelOnWindows : public testing::Test
 {
@@ -41,18 +28,9 @@ protected:
         file->close();
     }
 
-    // Opens it as a program does that lets nobody else read, write or delete it.
-    int hold() const
-    {
-        const std::filesystem::path wide(std::u8string(path.begin(), path.end()));
-        const int file = _wsopen(wide.c_str(), _O_RDONLY | _O_BINARY, _SH_DENYRW, 0);
-        EXPECT_GE(file, 0);
-        return file;
-    }
-
     fake::TemporaryFolder folder;
     const std::string path = folder.path("Träger.neu");
-    NoDialogs dialogs;
+    fake::QueuedDialogs dialogs;
     femap::embedded::Host host{dialogs};
 };
 
@@ -60,11 +38,7 @@ protected:
 
 TEST_F(AModelOnWindows, IsReadThoughAnotherProgramHoldsItForAMoment)
 {
-    const int held = hold();
-    std::thread other([held] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(200));
-        _close(held);
-    });
+    std::thread other = holdForAMoment(path);
 
     EXPECT_NO_THROW(host.openNeutralFile(path));
 
@@ -75,7 +49,7 @@ TEST_F(AModelOnWindows, IsReadThoughAnotherProgramHoldsItForAMoment)
 TEST_F(AModelOnWindows, IsGivenUpWithTheReasonWhenAnotherProgramKeepsIt)
 {
     const auto begin = std::chrono::steady_clock::now();
-    const int held = hold();
+    const int held = hold(path);
     std::string error;
 
     try {
