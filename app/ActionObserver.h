@@ -2,9 +2,8 @@
 #pragma once
 
 #include "form/Controls.h"
+#include "form/Event.h"
 #include "selection/PropertyListDialog.h"
-
-#include <string_view>
 
 namespace app
 {
@@ -12,7 +11,7 @@ namespace app
 /// What the engineer or FEMAP does with the form.
 struct Action
 {
-    std::string_view event;               // such as "InputsButton_Click"
+    form::Event event;
     int argument = 0;                     // the key code, or the code of FEMAP's event
     const form::ComboBox* box = nullptr;  // in which something was chosen or typed; else null
 };

@@ -17,7 +17,7 @@ namespace
 
 using form::Context;
 using selection::frmPropertyList;
-using enum Binding::Messages;
+using enum form::What;
 
 // The three shapes of procedures.
 template <void (*procedure)(Context&)>
@@ -40,23 +40,23 @@ void withKey(Session& session, int keyCode)
 
 // clang-format off
 constexpr Binding table[] = {
-    // event                      procedure                                  needsFemap waits  messages
-    {"InputsButton_Click",         withDialog<selection::InputsButton_Click>,  true,  false, Go},
-    {"RefreshInputs_Click",        plain<selection::RefreshInputs_Click>,      true,  false, Go},
-    {"ClearInputSelection_Click",  plain<form::ClearInputSelection_Click>,     false, false, Go},
-    {"InputsList_KeyDown",         withKey<form::InputsList_KeyDown>,          false, false, GoOnDelete},
-    {"OutputsButton_Click",        withDialog<selection::OutputsButton_Click>, true,  false, Go},
-    {"RefreshOutputs_Click",       plain<selection::RefreshOutputs_Click>,     true,  false, Go},
-    {"ClearOutputSelection_Click", plain<form::ClearOutputSelection_Click>,    false, false, Go},
-    {"OutputsList_KeyDown",        withKey<form::OutputsList_KeyDown>,         false, false, GoOnDelete},
-    {"Solver_Click",               plain<generate::Solver_Click>,              true,  false, Go},
-    {"Optimizer_Click",            plain<generate::Optimizer_Click>,           true,  false, Go},
-    {"ClearAll_Click",             plain<form::ClearAll_Click>,                false, false, Go},
-    {"GenerateButton_Click",       plain<generate::GenerateButton_Click>,      true,  false, Go},
-    {"HScroll1_Change",            plain<form::HScroll1_Change>,               false, true,  Stay},
-    {"VScroll1_Change",            plain<form::VScroll1_Change>,               false, true,  Stay},
-    {"Form_Resize",                plain<form::Form_Resize>,                   false, true,  Stay},
-    {femapEvent,                   FormWindowProc,                             false, true,  Stay},
+    // event                          procedure                                   needsFemap
+    {{"InputsButton", Click},         withDialog<selection::InputsButton_Click>,  true},
+    {{"RefreshInputs", Click},        plain<selection::RefreshInputs_Click>,      true},
+    {{"ClearInputSelection", Click},  plain<form::ClearInputSelection_Click>,     false},
+    {{"InputsList", KeyDown},         withKey<form::InputsList_KeyDown>,          false},
+    {{"OutputsButton", Click},        withDialog<selection::OutputsButton_Click>, true},
+    {{"RefreshOutputs", Click},       plain<selection::RefreshOutputs_Click>,     true},
+    {{"ClearOutputSelection", Click}, plain<form::ClearOutputSelection_Click>,    false},
+    {{"OutputsList", KeyDown},        withKey<form::OutputsList_KeyDown>,         false},
+    {{"Solver", Click},               plain<generate::Solver_Click>,              true},
+    {{"Optimizer", Click},            plain<generate::Optimizer_Click>,           true},
+    {{"ClearAll", Click},             plain<form::ClearAll_Click>,                false},
+    {{"GenerateButton", Click},       plain<generate::GenerateButton_Click>,      true},
+    {{"HScroll1", Change},            plain<form::HScroll1_Change>,               false},
+    {{"VScroll1", Change},            plain<form::VScroll1_Change>,               false},
+    {{"Form", Resize},                plain<form::Form_Resize>,                   false},
+    {femapEvent,                      FormWindowProc,                             false},
 };
 // clang-format on
 
@@ -67,7 +67,7 @@ std::span<const Binding> bindings()
     return table;
 }
 
-const Binding* findBinding(std::string_view event)
+const Binding* findBinding(const form::Event& event)
 {
     const auto* const found = std::ranges::find(table, event, &Binding::event);
     return found == std::end(table) ? nullptr : found;
@@ -75,12 +75,12 @@ const Binding* findBinding(std::string_view event)
 
 void bindComboBoxes(Session& session)
 {
-    const auto bind = [&session](form::ComboBox& box, std::string_view event) {
-        const Binding* const binding = findBinding(event);
+    const auto bind = [&session](form::ComboBox& box, std::string_view name) {
+        const Binding* const binding = findBinding(form::click(name));
         box.Click = [&session, binding] { binding->procedure(session, 0); };
     };
-    bind(session.form.Solver, "Solver_Click");
-    bind(session.form.Optimizer, "Optimizer_Click");
+    bind(session.form.Solver, "Solver");
+    bind(session.form.Optimizer, "Optimizer");
 }
 
 }  // namespace app

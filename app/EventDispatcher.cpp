@@ -34,7 +34,7 @@ void disableWhatNeedsFemap(form::MainForm& form)
 {
     for (const form::MainForm::NamedControl& each : form.controls())
         for (const Binding& binding : bindings())
-            if (binding.needsFemap && binding.control() == each.name)
+            if (binding.needsFemap && binding.event.control == each.name)
                 each.control->Enabled = false;
 }
 

@@ -11,6 +11,27 @@
 namespace app
 {
 
+namespace
+{
+
+using form::What;
+
+// What the engineer does while another procedure runs is dropped; all else waits until it has
+// ended.
+bool isByHand(const form::Event& event)
+{
+    return event.what == What::Click || event.what == What::KeyDown;
+}
+
+// Whether the messages of former actions go from the status line. Other keys only move in a grid.
+bool endsMessages(const form::Event& event, int argument)
+{
+    return event.what == What::Click ||
+           (event.what == What::KeyDown && argument == form::deleteKey);
+}
+
+}  // namespace
+
 Program::Program(femap::Connector& connector, form::FormHost& host,
                  selection::PropertyListHost& dialogHost, sys::System& system)
     : observedDialog_(dialogHost), session_(connector, host, observedDialog_, system)
@@ -33,11 +54,11 @@ Started Program::start(const std::string& arguments)
     return ended == Ended::Normally ? Started::Normally : Started::ByError;
 }
 
-Ended Program::raise(std::string_view event, int argument)
+Ended Program::raise(const form::Event& event, int argument)
 {
     const Binding* const binding = findBinding(event);
     if (binding == nullptr)
-        throw std::logic_error("No procedure is bound to " + std::string(event));
+        throw std::logic_error("No procedure is bound to " + event.text());
     return run(*binding, argument);
 }
 
@@ -131,12 +152,11 @@ Ended Program::run(const Binding& binding, int argument)
         const auto isThis = [&](const Waiting& other) {
             return other.binding == &binding && other.argument == argument;
         };
-        if (binding.waits && std::ranges::none_of(waiting_, isThis))
+        if (!isByHand(binding.event) && std::ranges::none_of(waiting_, isThis))
             waiting_.push_back({&binding, argument});
         return Ended::NotStarted;
     }
-    using enum Binding::Messages;
-    if (binding.messages == Go || (binding.messages == GoOnDelete && argument == form::deleteKey))
+    if (endsMessages(binding.event, argument))
         form().status.clear();
     const Ended ended =
         perform({binding.event, argument}, [&] { binding.procedure(session_, argument); });
@@ -151,8 +171,8 @@ Ended Program::runChoice(const form::ComboBox& box, const std::function<void()>&
     const auto isBox = [&box](const form::MainForm::NamedControl& each) {
         return each.control == &box;
     };
-    const std::string name(std::ranges::find_if(session_.form.controls(), isBox)->name);
-    const std::string event = name + "_Click";
+    const form::Event event =
+        form::click(std::ranges::find_if(session_.form.controls(), isBox)->name);
     if (!dispatcher_.isBusy())
         form().status.clear();
     const Ended ended = perform({event, 0, &box}, choice);
@@ -173,7 +193,7 @@ Ended Program::perform(const Action& action, const std::function<void()>& proced
     ActionObserver* const observer = dispatcher_.isBusy() ? nullptr : observedDialog_.observer;
     if (observer != nullptr)
         observer->begins(action);
-    const Ended ended = dispatcher_.run(action.event, procedure);
+    const Ended ended = dispatcher_.run(action.event.text(), procedure);
     if (observer != nullptr)
         observer->ended(action);
     return ended;

@@ -11,7 +11,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace app
@@ -47,9 +46,9 @@ public:
     /// Why there is no log, or none any more; empty while all is well or none was wanted.
     const std::string& logFailure() const { return session_.context.log.failure(); }
 
-    /// An event of a control, such as "InputsButton_Click". Anything that is not bound is a mistake
-    /// of the shell and raises std::logic_error.
-    Ended raise(std::string_view event, int argument = 0);
+    /// An event of the form or of a control. Anything that is not bound is a mistake of the shell
+    /// and raises std::logic_error.
+    Ended raise(const form::Event& event, int argument = 0);
     /// A choice in the drop-down list of a combo box, or a text typed into it. The box stays as it
     /// was when the procedure cannot start.
     Ended chooseItem(form::ComboBox& box, int index);

@@ -1,6 +1,5 @@
 #include "study/Recorder.h"
 
-#include "app/Bindings.h"
 #include "form/FormProcedures.h"
 #include "study/StudyScript.h"
 #include "system/RuntimeError.h"
@@ -13,12 +12,10 @@ namespace study
 
 using form::MainForm;
 using form::ParameterGrid;
+using form::What;
 
 namespace
 {
-
-constexpr std::string_view clicked = "_Click";
-constexpr std::string_view pressedKey = "_KeyDown";
 
 // The script lines that select the rows that are selected now.
 std::string selections(const MainForm& form)
@@ -34,28 +31,30 @@ std::string selections(const MainForm& form)
     return lines;
 }
 
-bool usesSelection(std::string_view event)
+bool usesSelection(const form::Event& event)
 {
-    return event.ends_with(pressedKey) || event == "ClearInputSelection_Click" ||
-           event == "ClearOutputSelection_Click";
+    return event.what == What::KeyDown || event == form::click("ClearInputSelection") ||
+           event == form::click("ClearOutputSelection");
 }
 
 // The script line that repeats an action; empty for what scripts do not do, such as scrolling.
-std::string lineOf(const app::Action& action, const MainForm& form)
+std::string lineOf(const app::Action& action)
 {
-    const std::string_view event = action.event;
-    const std::string control(event.substr(0, event.rfind('_')));
+    const std::string control(action.event.control);
     if (action.box != nullptr)
         return "set " + control + ' ' + action.box->Text;
-    if (event == app::femapEvent)
-        return "event " + std::to_string(action.argument);
-    if (event.ends_with(pressedKey))  // other keys only move the selection
+    switch (action.event.what) {
+    case What::Click:
+        return "click " + control;
+    case What::KeyDown:  // other keys only move the selection
         return action.argument == form::deleteKey
                    ? "key " + control + ' ' + std::to_string(form::deleteKey)
                    : "";
-    const auto isBox = [&](const auto& each) { return each.name == control; };
-    const bool isControl = std::ranges::any_of(form.controls(), isBox);
-    return isControl && event.ends_with(clicked) ? "click " + control : "";
+    case What::FemapMessage:
+        return "event " + std::to_string(action.argument);
+    default:
+        return "";
+    }
 }
 
 // What a pick line says for the way in which a dialog of FEMAP ended.
@@ -98,7 +97,7 @@ void Recorder::begins(const app::Action& action)
     if (usesSelection(action.event))
         before_ = selections(*form_);
     // No other action uses the command line.
-    if (action.event == "GenerateButton_Click")
+    if (action.event == form::click("GenerateButton"))
         before_ += "set CommandLine " + form_->CommandLine.Text + '\n';
 }
 
@@ -115,7 +114,7 @@ void Recorder::answered(const selection::frmPropertyList& dialog)
 
 void Recorder::ended(const app::Action& action)
 {
-    const std::string line = lineOf(action, *form_);
+    const std::string line = lineOf(action);
     if (!line.empty())
         write(before_ + line + '\n');
 }

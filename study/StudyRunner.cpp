@@ -239,7 +239,7 @@ void StudyRunner::click(const ScriptLine& line)
 {
     rowNamed(buttons, line.argument, "is no button; the buttons are", line);
     requireEnabled(line.argument, line);
-    checkEnd(program_.raise(line.argument + "_Click"), line);
+    checkEnd(program_.raise(form::click(line.argument)), line);
 }
 
 void StudyRunner::select(const ScriptLine& line)
@@ -272,7 +272,7 @@ void StudyRunner::key(const ScriptLine& line)
     rowNamed(namedGrids, name, "is no grid; the grids are", line);
     requireEnabled(name, line);
     const int code = numberIn(std::string(rest), "a key code", line);
-    checkEnd(program_.raise(name + "_KeyDown", code), line);
+    checkEnd(program_.raise({name, form::What::KeyDown}, code), line);
 }
 
 void StudyRunner::event(const ScriptLine& line)

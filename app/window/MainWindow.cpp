@@ -247,18 +247,16 @@ LRESULT MainWindow::handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_COMMAND:
         return guarded([&] { pressKey(LOWORD(wParam)); });
     case WM_HSCROLL:
-        return guarded([&] { scroll(form.HScroll1, "HScroll1_Change", LOWORD(wParam)); });
+        return guarded([&] { scroll(form.HScroll1, LOWORD(wParam)); });
     case WM_VSCROLL:
-        return guarded([&] { scroll(form.VScroll1, "VScroll1_Change", LOWORD(wParam)); });
+        return guarded([&] { scroll(form.VScroll1, LOWORD(wParam)); });
     case WM_MOUSEWHEEL:
         return guarded([&] {
-            turnWheel(form.VScroll1, "VScroll1_Change", -GET_WHEEL_DELTA_WPARAM(wParam),
-                      SPI_GETWHEELSCROLLLINES);
+            turnWheel(form.VScroll1, -GET_WHEEL_DELTA_WPARAM(wParam), SPI_GETWHEELSCROLLLINES);
         });
     case WM_MOUSEHWHEEL:
         return guarded([&] {
-            turnWheel(form.HScroll1, "HScroll1_Change", GET_WHEEL_DELTA_WPARAM(wParam),
-                      SPI_GETWHEELSCROLLCHARS);
+            turnWheel(form.HScroll1, GET_WHEEL_DELTA_WPARAM(wParam), SPI_GETWHEELSCROLLCHARS);
         });
     case WM_SETCURSOR:
         // The content passes this on to the frame before it looks at the pointer itself.

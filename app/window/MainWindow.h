@@ -77,7 +77,7 @@ private:
     void createWindow();
     void takeIntoUse();
     void createControls();
-    std::unique_ptr<GridView> createGrid(form::ParameterGrid& grid, std::string_view keyEvent);
+    std::unique_ptr<GridView> createGrid(form::ParameterGrid& grid);
     void createScrollBars();
     void lookForFemap();
     void createTips();
@@ -93,9 +93,9 @@ private:
     void resized();
     void layOut();
     void layOutScrollBar(const form::ScrollBar& bar, int viewport);
-    void scroll(form::ScrollBar& bar, std::string_view event, int request);
-    void scrollTo(form::ScrollBar& bar, std::string_view event, int value);
-    void turnWheel(form::ScrollBar& bar, std::string_view event, int delta, UINT setting);
+    void scroll(form::ScrollBar& bar, int request);
+    void scrollTo(form::ScrollBar& bar, int value);
+    void turnWheel(form::ScrollBar& bar, int delta, UINT setting);
     void followFocus();
 
     void command(int id, int notification);
@@ -106,11 +106,11 @@ private:
     void commitTexts(HWND entered = nullptr);
     void takeText(form::ComboBox& box, const std::string& typed);
     void carryOut(const std::function<app::Ended()>& start);
-    void pressInGrid(std::string_view event, int key);
+    void pressInGrid(const form::ParameterGrid& grid, int key);
     void raiseFemapEvent(WPARAM code);
-    void raise(std::string_view event, int argument = 0);
-    void beforeEvent(std::string_view event);
-    std::string clickOf(const form::Control& control);
+    void raise(const form::Event& event, int argument = 0);
+    void beforeEvent(const form::Event& event);
+    form::Event eventOf(const form::Control& control, form::What what);
     void afterEvent();
     void mirror();
     bool isUsable(const form::Control& control) const;

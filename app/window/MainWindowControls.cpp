@@ -38,14 +38,14 @@ void MainWindow::createControls()
     createButton(form.InputsButton);
     createButton(form.RefreshInputs);
     createButton(form.ClearInputSelection);
-    inputs_ = createGrid(form.InputsList, "InputsList_KeyDown");
+    inputs_ = createGrid(form.InputsList);
 
     createFrame(form.Outputs);
     createBox(form.OutputSelection);
     createButton(form.OutputsButton);
     createButton(form.RefreshOutputs);
     createButton(form.ClearOutputSelection);
-    outputs_ = createGrid(form.OutputsList, "OutputsList_KeyDown");
+    outputs_ = createGrid(form.OutputsList);
 
     createFrame(form.Execution);
     createLabel(form.Label1);
@@ -66,12 +66,11 @@ void MainWindow::createControls()
     createTips();
 }
 
-std::unique_ptr<GridView> MainWindow::createGrid(form::ParameterGrid& grid,
-                                                 std::string_view keyEvent)
+std::unique_ptr<GridView> MainWindow::createGrid(form::ParameterGrid& grid)
 {
-    const auto onKey = [this, keyEvent, &grid](int key) {
+    const auto onKey = [this, &grid](int key) {
         if (grid.Enabled)
-            pressInGrid(keyEvent, key);
+            pressInGrid(grid, key);
     };
     auto view =
         std::make_unique<GridView>(windows_.at(&program_.form().pbInner), idOf(grid), grid, onKey);

@@ -11,6 +11,8 @@
 namespace window
 {
 
+using form::What;
+
 namespace
 {
 
@@ -79,7 +81,7 @@ void MainWindow::press(const form::MainForm::NamedControl& button)
     if (!button.control->Enabled)
         return;
     commitTexts();
-    raise(std::string(button.name) + "_Click");
+    raise(form::click(button.name));
 }
 
 void MainWindow::comboCommand(form::ComboBox& box, int notification)
@@ -91,7 +93,7 @@ void MainWindow::comboCommand(form::ComboBox& box, int notification)
         break;
     case CBN_SELCHANGE:
         typing_ = nullptr;
-        beforeEvent(clickOf(box));
+        beforeEvent(eventOf(box, What::Click));
         carryOut([&] { return program_.chooseItem(box, ComboBox_GetCurSel(window)); });
         break;
     case CBN_KILLFOCUS:
@@ -124,7 +126,7 @@ void MainWindow::commitTexts(HWND entered)
 
 void MainWindow::takeText(form::ComboBox& box, const std::string& typed)
 {
-    beforeEvent(clickOf(box));
+    beforeEvent(eventOf(box, What::Click));
     const auto enter = [&] { return program_.enterText(box, typed); };
     const bool isClicking = GetKeyState(VK_LBUTTON) < 0;
     if (!isClicking) {
@@ -152,15 +154,16 @@ void MainWindow::carryOut(const std::function<app::Ended()>& start)
     afterEvent();
 }
 
-void MainWindow::raise(std::string_view event, int argument)
+void MainWindow::raise(const form::Event& event, int argument)
 {
     beforeEvent(event);
     carryOut([&] { return program_.raise(event, argument); });
 }
 
 // Keys that only move the selection come one after the other as fast as they are typed.
-void MainWindow::pressInGrid(std::string_view event, int key)
+void MainWindow::pressInGrid(const form::ParameterGrid& grid, int key)
 {
+    const form::Event event = eventOf(grid, What::KeyDown);
     if (key == form::deleteKey) {
         raise(event, key);
         return;
@@ -183,14 +186,14 @@ void MainWindow::raiseFemapEvent(WPARAM code)
     });
 }
 
-std::string MainWindow::clickOf(const form::Control& control)
+form::Event MainWindow::eventOf(const form::Control& control, What what)
 {
-    return std::string(controlWithID(idOf(control))->name) + "_Click";
+    return {controlWithID(idOf(control))->name, what};
 }
 
 // Shows the hourglass at once: a busy FEMAP keeps a procedure waiting from its first call on,
 // before the procedure itself sets the hourglass.
-void MainWindow::beforeEvent(std::string_view event)
+void MainWindow::beforeEvent(const form::Event& event)
 {
     const app::Binding* const binding = app::findBinding(event);
     if (binding != nullptr && binding->needsFemap)

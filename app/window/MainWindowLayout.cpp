@@ -53,7 +53,7 @@ void MainWindow::resized()
     form.VScroll1.Width = form::scrollBarThickness;
     form.HScroll1.Height = form::scrollBarThickness;
     form::layOutContent(form);
-    program_.raise("Form_Resize");
+    program_.raise({"Form", form::What::Resize});
     layOut();
 }
 
@@ -101,7 +101,7 @@ void MainWindow::layOutScrollBar(const form::ScrollBar& bar, int viewport)
     SetScrollInfo(window, SB_CTL, &info, bar.Visible ? TRUE : FALSE);
 }
 
-void MainWindow::scroll(form::ScrollBar& bar, std::string_view event, int request)
+void MainWindow::scroll(form::ScrollBar& bar, int request)
 {
     SCROLLINFO info{};
     info.cbSize = sizeof info;
@@ -134,23 +134,23 @@ void MainWindow::scroll(form::ScrollBar& bar, std::string_view event, int reques
     default:
         break;
     }
-    scrollTo(bar, event, value);
+    scrollTo(bar, value);
 }
 
-void MainWindow::scrollTo(form::ScrollBar& bar, std::string_view event, int value)
+void MainWindow::scrollTo(form::ScrollBar& bar, int value)
 {
     value = std::clamp(value, 0, bar.Max);
     if (!bar.Visible || value == bar.Value)
         return;
     bar.Value = value;
-    program_.raise(event);
+    program_.raise(eventOf(bar, form::What::Change));
     layOut();
 }
 
 // Wheels are set to a number of lines or characters for each notch, or to pages, which is a number
 // that no page holds. One notch of an ordinary wheel is WHEEL_DELTA; fine wheels give less at a
 // time.
-void MainWindow::turnWheel(form::ScrollBar& bar, std::string_view event, int delta, UINT setting)
+void MainWindow::turnWheel(form::ScrollBar& bar, int delta, UINT setting)
 {
     if (!bar.Visible)
         return;
@@ -158,7 +158,7 @@ void MainWindow::turnWheel(form::ScrollBar& bar, std::string_view event, int del
     SystemParametersInfoW(setting, 0, &steps, 0);
     const int page = bar.LargeChange / bar.SmallChange;
     const int notch = static_cast<int>(std::min(steps, static_cast<UINT>(page))) * bar.SmallChange;
-    scrollTo(bar, event, bar.Value + MulDiv(delta, notch, WHEEL_DELTA));
+    scrollTo(bar, bar.Value + MulDiv(delta, notch, WHEEL_DELTA));
 }
 
 // Brings the control that has the focus into view, however it got it.
@@ -177,9 +177,9 @@ void MainWindow::followFocus()
             const int atLeast = start + length - viewport;
             return bar.Value < atLeast ? std::min(atLeast, start) : std::min(bar.Value, start);
         };
-        scrollTo(form.VScroll1, "VScroll1_Change",
+        scrollTo(form.VScroll1,
                  reveal(form.VScroll1, control->Top, control->Height, form.pbOuter.Height));
-        scrollTo(form.HScroll1, "HScroll1_Change",
+        scrollTo(form.HScroll1,
                  reveal(form.HScroll1, control->Left, control->Width, form.pbOuter.Width));
         return;
     }

@@ -119,7 +119,7 @@ public:
             if (!std::exchange(isDone, true))
                 meanwhile();
         };
-        program.raise("GenerateButton_Click");
+        program.raise(form::click("GenerateButton"));
     }
 };
 

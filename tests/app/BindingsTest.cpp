@@ -13,50 +13,51 @@ namespace
 {
 
 using testing::HasSubstr;
+using enum form::What;
 
 TEST(Bindings, NameEveryControlThatThereIs)
 {
     form::MainForm form;
     for (const Binding& binding : bindings()) {
-        if (binding.event == femapEvent || binding.control() == "Form")
+        if (binding.event == femapEvent || binding.event.control == "Form")
             continue;
         const auto isIt = [&](const form::MainForm::NamedControl& each) {
-            return each.name == binding.control();
+            return each.name == binding.event.control;
         };
-        EXPECT_TRUE(std::ranges::any_of(form.controls(), isIt)) << binding.event;
+        EXPECT_TRUE(std::ranges::any_of(form.controls(), isIt)) << binding.event.text();
     }
 }
 
 TEST(Bindings, AreFoundByTheirNameAndByNoOther)
 {
-    EXPECT_NE(findBinding("ClearAll_Click"), nullptr);
-    EXPECT_EQ(findBinding("ClearAll_KeyDown"), nullptr);
-    EXPECT_EQ(findBinding(""), nullptr);
+    EXPECT_NE(findBinding(form::click("ClearAll")), nullptr);
+    EXPECT_EQ(findBinding({"ClearAll", KeyDown}), nullptr);
+    EXPECT_EQ(findBinding(form::click("")), nullptr);
 }
 
 struct BoundProcedure
 {
-    const char* event;
+    form::Event event;
     const char* firstLine;  // that it logs
 };
 
 // clang-format off
 constexpr BoundProcedure boundProcedures[] = {
-    {"InputsButton_Click",         "DEBUG: Before click of Select for input parameter"},
-    {"RefreshInputs_Click",        "At the start of RefreshInputs_Click"},
-    {"ClearInputSelection_Click",  "DEBUG: Position at At start of ClearInputSelection_Click"},
-    {"InputsList_KeyDown",         "DEBUG: Position at At start of InputsList_KeyDown"},
-    {"OutputsButton_Click",        "DEBUG: Position at At start of OutputsButton_Click"},
-    {"RefreshOutputs_Click",       "At the start of RefreshOutputs_Click"},
-    {"ClearOutputSelection_Click", "DEBUG: Position at At start of ClearOutputSelection_Click"},
-    {"OutputsList_KeyDown",        "DEBUG: Position at At start of OutputsList_KeyDown"},
-    {"Solver_Click",               "DEBUG: Position at At start of Solver_Click"},
-    {"Optimizer_Click",            "DEBUG: Position at At start of Optimizer_Click"},
-    {"ClearAll_Click",             "DEBUG: Position at At start of ClearAll_Click"},
-    {"GenerateButton_Click",       "Before Generating supporting files"},
-    {"HScroll1_Change",            "DEBUG: Position at At start of HScroll1_Change"},
-    {"VScroll1_Change",            "DEBUG: Position at At Start of VScroll1_Change"},
-    {"Form_Resize",                "DEBUG: Position at At start of Form_Resize"},
+    {{"InputsButton", Click},         "DEBUG: Before click of Select for input parameter"},
+    {{"RefreshInputs", Click},        "At the start of RefreshInputs_Click"},
+    {{"ClearInputSelection", Click},  "DEBUG: Position at At start of ClearInputSelection_Click"},
+    {{"InputsList", KeyDown},         "DEBUG: Position at At start of InputsList_KeyDown"},
+    {{"OutputsButton", Click},        "DEBUG: Position at At start of OutputsButton_Click"},
+    {{"RefreshOutputs", Click},       "At the start of RefreshOutputs_Click"},
+    {{"ClearOutputSelection", Click}, "DEBUG: Position at At start of ClearOutputSelection_Click"},
+    {{"OutputsList", KeyDown},        "DEBUG: Position at At start of OutputsList_KeyDown"},
+    {{"Solver", Click},               "DEBUG: Position at At start of Solver_Click"},
+    {{"Optimizer", Click},            "DEBUG: Position at At start of Optimizer_Click"},
+    {{"ClearAll", Click},             "DEBUG: Position at At start of ClearAll_Click"},
+    {{"GenerateButton", Click},       "Before Generating supporting files"},
+    {{"HScroll1", Change},            "DEBUG: Position at At start of HScroll1_Change"},
+    {{"VScroll1", Change},            "DEBUG: Position at At Start of VScroll1_Change"},
+    {{"Form", Resize},                "DEBUG: Position at At start of Form_Resize"},
 };
 // clang-format on
 

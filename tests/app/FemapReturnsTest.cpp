@@ -20,9 +20,9 @@ public:
     {
         form.InputsList.AddItem("x\t1");
         connector.dieAt("feSet");
-        program.raise("RefreshOutputs_Click");
+        program.raise(form::click("RefreshOutputs"));
         connector.dieAtCall(1);
-        program.raise("RefreshInputs_Click");
+        program.raise(form::click("RefreshInputs"));
         connector.attachRaises = true;
     }
 
@@ -84,7 +84,7 @@ TEST(FemapReturns, WakesTheFormAndKeepsTheRows)
     EXPECT_EQ(f.form.InputsList.Rows(), 3);
     EXPECT_EQ(f.connector.count("feAppRegisterAddInPane"), 1);
     EXPECT_TRUE(f.host.hooked);
-    EXPECT_EQ(f.program.raise("GenerateButton_Click"), Ended::Normally);
+    EXPECT_EQ(f.program.raise(form::click("GenerateButton")), Ended::Normally);
     EXPECT_THAT(f.log(), Contains("DEBUG: FEMAP is back"));
 }
 

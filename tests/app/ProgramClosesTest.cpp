@@ -88,7 +88,7 @@ TEST(Program, ClosesAfterAProcedureThatFailed)
             throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "refused");
     };
 
-    EXPECT_EQ(f.program.raise("GenerateButton_Click"), Ended::ByError);
+    EXPECT_EQ(f.program.raise(form::click("GenerateButton")), Ended::ByError);
 
     EXPECT_EQ(f.host.unloads, 1);
 }
@@ -123,7 +123,7 @@ TEST(Program, ClosesOnce)
     f.program.close();
 
     EXPECT_EQ(f.host.unloads, 1);
-    EXPECT_EQ(f.program.raise("ClearAll_Click"), Ended::NotStarted);
+    EXPECT_EQ(f.program.raise(form::click("ClearAll")), Ended::NotStarted);
     EXPECT_EQ(f.program.raiseFemapEvent(2), Ended::NotStarted);
 }
 
@@ -146,7 +146,7 @@ TEST(Program, ReleasesALockThatIsLeftWhenItCloses)
         if (call == "feAppUnlock")
             throw std::logic_error("a mistake");
     };
-    EXPECT_THROW(f.program.raise("RefreshInputs_Click"), std::logic_error);
+    EXPECT_THROW(f.program.raise(form::click("RefreshInputs")), std::logic_error);
     f.connector.behave();
     ASSERT_EQ(f.femap.lockCount, 1);
 

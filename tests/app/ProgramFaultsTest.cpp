@@ -21,10 +21,10 @@ TEST(Program, IsUsableAfterAFailureOfEveryCallOfEveryProcedure)
             f.program.raise(binding.event, binding.event == femapEvent ? 2 : 46);
 
             reached = f.connector.calls.size() >= n;
-            EXPECT_EQ(f.femap.lockCount, 0) << binding.event << " call " << n;
+            EXPECT_EQ(f.femap.lockCount, 0) << binding.event.text() << " call " << n;
             EXPECT_FALSE(f.program.isBusy());
-            EXPECT_TRUE(fake::pointersAreDefault(f.form)) << binding.event;
-            EXPECT_EQ(f.program.raise("ClearAll_Click"), Ended::Normally);
+            EXPECT_TRUE(fake::pointersAreDefault(f.form)) << binding.event.text();
+            EXPECT_EQ(f.program.raise(form::click("ClearAll")), Ended::Normally);
         }
     }
 }
@@ -37,7 +37,7 @@ TEST(Program, AsksNothingMoreOfAFemapThatDiedAtAnyCallOfAnyProcedure)
             StartedProgram f;
             f.form.ScaleWidth = f.form.ScaleHeight = 10000;
             f.form.InputsList.AddItem("x\t1");
-            f.program.raise("GenerateButton_Click");
+            f.program.raise(form::click("GenerateButton"));
             const std::string control = f.files.contents.at("/models/beamControl.txt");
             f.connector.dieAtCall(n);
 
@@ -46,8 +46,8 @@ TEST(Program, AsksNothingMoreOfAFemapThatDiedAtAnyCallOfAnyProcedure)
             reached = f.connector.calls.size() >= n;
             if (!reached)
                 continue;
-            EXPECT_EQ(f.connector.calls.size(), n) << binding.event;
-            EXPECT_EQ(ended, Ended::ByError) << binding.event;
+            EXPECT_EQ(f.connector.calls.size(), n) << binding.event.text();
+            EXPECT_EQ(ended, Ended::ByError) << binding.event.text();
             EXPECT_EQ(f.form.StatusLine.Caption, femapIsGone);
             EXPECT_EQ(f.form.InputsList.Rows(), 3);
             EXPECT_EQ(f.files.contents.at("/models/beamControl.txt"), control);
@@ -72,7 +72,7 @@ TEST(Program, StartsWithAUsableFormWhicheverCallFails)
         reached = f.connector.calls.size() >= n;
         EXPECT_NE(started, Started::FemapNotFound);
         EXPECT_TRUE(f.program.isConnected());
-        EXPECT_EQ(f.program.raise("ClearAll_Click"), Ended::Normally);
+        EXPECT_EQ(f.program.raise(form::click("ClearAll")), Ended::Normally);
         f.program.close();
         EXPECT_EQ(f.connector.objects, 0) << "call " << n;
     }

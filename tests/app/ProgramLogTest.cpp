@@ -13,7 +13,7 @@ TEST(ProgramLog, BringsTheLogIntoItsFileAfterEachProcedure)
 {
     StartedProgram f;
 
-    f.program.raise("ClearAll_Click");
+    f.program.raise(form::click("ClearAll"));
 
     EXPECT_EQ(f.logLines().back(), "DEBUG: Position at At end of ClearAll_Click");
 }
@@ -29,7 +29,7 @@ TEST(ProgramLog, BringsTheLogIntoItsFileOnTheRealDiskToo)
 
     program.start(allArguments);
     const std::string afterStart = machine.files.read(path);
-    program.raise("ClearAll_Click");
+    program.raise(form::click("ClearAll"));
 
     EXPECT_TRUE(afterStart.ends_with("DEBUG: Position at At end of Load Form\r\n"));
     EXPECT_TRUE(
@@ -41,10 +41,10 @@ TEST(ProgramLog, TellsOnTheStatusLineThatTheLogCannotBeWritten)
     StartedProgram f;
     f.files.failingOperation = f.files.operations + 1;
 
-    EXPECT_EQ(f.program.raise("ClearAll_Click"), Ended::Normally);
+    EXPECT_EQ(f.program.raise(form::click("ClearAll")), Ended::Normally);
 
     EXPECT_THAT(f.form.StatusLine.Caption, testing::HasSubstr("No space left on device"));
-    EXPECT_EQ(f.program.raise("ClearAll_Click"), Ended::Normally);
+    EXPECT_EQ(f.program.raise(form::click("ClearAll")), Ended::Normally);
 }
 
 }  // namespace

@@ -23,9 +23,9 @@ TEST(Program, HandsTheKeyCodeOn)
     f.form.InputsList.AddItem("x\t1");
     f.form.InputsList.Row = f.form.InputsList.RowSel = 2;
 
-    f.program.raise("InputsList_KeyDown", 65);
+    f.program.raise({"InputsList", form::What::KeyDown}, 65);
     EXPECT_EQ(f.form.InputsList.Rows(), 3);
-    f.program.raise("InputsList_KeyDown", 46);
+    f.program.raise({"InputsList", form::What::KeyDown}, 46);
     EXPECT_EQ(f.form.InputsList.Rows(), 2);
 }
 
@@ -33,7 +33,7 @@ TEST(Program, TakesAnEventWithoutAProcedureForAMistake)
 {
     StartedProgram f;
 
-    EXPECT_THROW(f.program.raise("CommandLine_Click"), std::logic_error);
+    EXPECT_THROW(f.program.raise(form::click("CommandLine")), std::logic_error);
 }
 
 TEST(Program, TellsHowItStarted)
@@ -59,7 +59,7 @@ TEST(Program, DoesNothingMoreWhenFemapWasNotFound)
     f.connector.attachRaises = f.connector.createRaises = true;
     f.program.start("$beam.log$ALWAYS");
 
-    EXPECT_EQ(f.program.raise("ClearAll_Click"), Ended::NotStarted);
+    EXPECT_EQ(f.program.raise(form::click("ClearAll")), Ended::NotStarted);
     EXPECT_EQ(f.program.enterText(f.form.Solver, "NENastran"), Ended::NotStarted);
     f.program.close();
 
@@ -103,7 +103,7 @@ TEST(Program, TellsWhyThereIsNoLogBehindWhatElseStartUpTells)
                 testing::MatchesRegex("FEMAP could not open the model: .*There is no log: "
                                       "\"DEBUG \" is no level; the levels are ALWAYS, INFO, DEBUG, "
                                       "WARN, ERROR, NOTHING"));
-    f.program.raise("ClearAll_Click");
+    f.program.raise(form::click("ClearAll"));
     EXPECT_EQ(f.form.StatusLine.Caption, "");
 }
 
@@ -173,7 +173,7 @@ TEST(Program, DropsAClickWhileAProcedureRuns)
 
     f.duringApply([&] {
         EXPECT_TRUE(f.program.isBusy());
-        click = f.program.raise("ClearAll_Click");
+        click = f.program.raise(form::click("ClearAll"));
     });
 
     EXPECT_EQ(click, Ended::NotStarted);
@@ -201,8 +201,8 @@ TEST(Program, FitsTheFormAfterTheProcedureThatRan)
     f.form.ScaleHeight = 8000;
 
     f.duringApply([&] {
-        EXPECT_EQ(f.program.raise("Form_Resize"), Ended::NotStarted);
-        EXPECT_EQ(f.program.raise("Form_Resize"), Ended::NotStarted);
+        EXPECT_EQ(f.program.raise({"Form", form::What::Resize}), Ended::NotStarted);
+        EXPECT_EQ(f.program.raise({"Form", form::What::Resize}), Ended::NotStarted);
         EXPECT_EQ(f.form.pbOuter.Width, 0);
     });
 

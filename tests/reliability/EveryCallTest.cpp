@@ -119,9 +119,9 @@ TEST_P(EveryCallOfFemap, MayBeItsLastAndNothingMoreIsAskedOfIt)
         if (call != "feAppUnlock") {
             EXPECT_EQ(world.controlFile(), whole().before.files.at(world.controlFileName()));
         }
-        for (const char* const event : {"InputsButton_Click", "OutputsButton_Click",
-                                        "RefreshInputs_Click", "GenerateButton_Click"})
-            world.program.raise(event);
+        for (const char* const button :
+             {"InputsButton", "OutputsButton", "RefreshInputs", "GenerateButton"})
+            world.program.raise(form::click(button));
         EXPECT_EQ(world.controlFile(), keptBy(world).files.at(world.controlFileName()));
         expectRowsOf(whole(), keptBy(world));
         world.program.close();

@@ -69,7 +69,7 @@ TEST(StartingBesideFemap, HearsFemapsEventsAndHasTheStoredRowsWhicheverCallIsRef
         EXPECT_EQ(world.form.Optimizer.Text, whole.form.Optimizer.Text);
         EXPECT_EQ(world.form.InputsList.ColWidth, whole.form.InputsList.ColWidth);
 
-        EXPECT_EQ(world.program.raise("GenerateButton_Click"), app::Ended::Normally);
+        EXPECT_EQ(world.program.raise(form::click("GenerateButton")), app::Ended::Normally);
 
         EXPECT_EQ(world.controlFile(), whole.controlFile());
     });
@@ -95,7 +95,7 @@ TEST(StartingBesideFemap, HasTheStoredRowsWhenOneThatDiedMeanwhileIsBack)
         EXPECT_EQ(world.form.Optimizer.Text, whole.form.Optimizer.Text);
         EXPECT_EQ(world.form.CommandLine.Text, whole.form.CommandLine.Text);
         EXPECT_EQ(world.form.InputsList.ColWidth, whole.form.InputsList.ColWidth);
-        EXPECT_EQ(world.program.raise("GenerateButton_Click"), app::Ended::Normally);
+        EXPECT_EQ(world.program.raise(form::click("GenerateButton")), app::Ended::Normally);
         EXPECT_EQ(world.controlFile(), whole.controlFile());
     });
 }
@@ -107,7 +107,7 @@ TEST(StartingBesideFemap, AsksNothingMoreOfOneThatDiesMeanwhileAndTouchesNoFile)
     startWithFailures(&fake::CallWatch::dieAtCall, [&](World& world) {
         const std::size_t before = world.connector.calls.size();
         EXPECT_EQ(world.generatedFiles(), files);
-        world.program.raise("GenerateButton_Click");
+        world.program.raise(form::click("GenerateButton"));
         EXPECT_EQ(world.generatedFiles(), files);
         world.program.close();
         EXPECT_EQ(world.connector.calls.size(), before);

@@ -101,12 +101,12 @@ TEST(AnUmlaut, SurvivesTheWayFromFemapThroughGridAndControlFileBackIntoTheGrid)
     World world;
     world.femap.openModel().functions.find(1)->title = "Träger Ø12 – 100 % €";
     world.start();
-    world.program.raise("ClearAll_Click");
+    world.program.raise(form::click("ClearAll"));
     world.form.InputSelection.Text = "Functions";
     world.pick({1});
-    world.program.raise("InputsButton_Click");
+    world.program.raise(form::click("InputsButton"));
     const std::vector<std::string> rows = world.inputs();
-    world.program.raise("GenerateButton_Click");
+    world.program.raise(form::click("GenerateButton"));
 
     World next;
     next.files.contents = world.files.contents;
@@ -126,7 +126,7 @@ TEST(AControlCharacterInATitle, NeverTearsARowApart)
         model.loadSets.find(1)->definitions.front().title = title;
         model.outputSets.find(1)->vectors.find(1)->title = title;
         world.start();
-        world.program.raise("ClearAll_Click");
+        world.program.raise(form::click("ClearAll"));
         for (const char* const action : {"SelectsAFunction", "SelectsALoadDefinition",
                                          "SelectsResultsOfNodes", "SelectsExtremesOfNodes"}) {
             const auto place = std::ranges::find(actions(), std::string(action),
@@ -136,7 +136,7 @@ TEST(AControlCharacterInATitle, NeverTearsARowApart)
         }
         const std::vector<std::string> inputs = world.inputs();
         const std::vector<std::string> outputs = world.outputs();
-        world.program.raise("GenerateButton_Click");
+        world.program.raise(form::click("GenerateButton"));
 
         World next;
         next.files.contents = world.files.contents;

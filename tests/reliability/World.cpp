@@ -85,17 +85,17 @@ void chooseTheFirstTwo(World& world)
 
 app::Ended selectInput(World& world)
 {
-    return world.program.raise("InputsButton_Click");
+    return world.program.raise(form::click("InputsButton"));
 }
 
 app::Ended selectOutput(World& world)
 {
-    return world.program.raise("OutputsButton_Click");
+    return world.program.raise(form::click("OutputsButton"));
 }
 
 app::Ended apply(World& world)
 {
-    return world.program.raise("GenerateButton_Click");
+    return world.program.raise(form::click("GenerateButton"));
 }
 
 // clang-format off
@@ -122,7 +122,7 @@ constexpr Action allActions[] = {
      [](World& w) { w.form.InputSelection.Text = "LoadDefinition"; w.pick({1}); },
      selectInput},
     {"RefreshesInputs", [](World&) {},
-     [](World& w) { return w.program.raise("RefreshInputs_Click"); }},
+     [](World& w) { return w.program.raise(form::click("RefreshInputs")); }},
     {"SelectsResultsOfNodes",
      [](World& w) { w.form.OutputSelection.Text = "Nodes"; w.pick({1, 4}); w.lists.chooseAll(); },
      selectOutput},
@@ -141,7 +141,7 @@ constexpr Action allActions[] = {
                     chooseTheFirstTwo(w); },
      selectOutput},
     {"RefreshesOutputs", [](World&) {},
-     [](World& w) { return w.program.raise("RefreshOutputs_Click"); }},
+     [](World& w) { return w.program.raise(form::click("RefreshOutputs")); }},
     {"AppliesForVelmar", [](World&) {}, apply},
     {"AppliesForOmbra", [](World& w) { w.form.Optimizer.Text = "Ombra"; }, apply},
     {"ChoosesASolver", [](World&) {},

@@ -44,7 +44,7 @@ protected:
     }
 
     void pick(std::vector<int> ids) { dialogs.pick(std::move(ids)); }
-    void click(const std::string& button) { program.raise(button + "_Click"); }
+    void click(const std::string& button) { program.raise(form::click(button)); }
 
     // The script without its first line.
     std::vector<std::string> script() const
@@ -110,8 +110,8 @@ TEST_F(Recorded, RemovedRowsStandAsTheyWereSelected)
     form.InputsList.Row = 3;
     form.InputsList.RowSel = 2;
 
-    program.raise("InputsList_KeyDown", form::deleteKey);
-    program.raise("InputsList_KeyDown", 40);
+    program.raise({"InputsList", form::What::KeyDown}, form::deleteKey);
+    program.raise({"InputsList", form::What::KeyDown}, 40);
 
     EXPECT_THAT(script(), ElementsAre("pick 1-4", "choose x", "click InputsButton",
                                       "select InputsList 3 2", "key InputsList 46"));
@@ -128,7 +128,7 @@ TEST_F(Recorded, TheCommandLineIsTakenWithApply)
 
 TEST_F(Recorded, EventsOfFemapAreActionsAndScrollingIsNot)
 {
-    program.raise("VScroll1_Change");
+    program.raise({"VScroll1", form::What::Change});
     program.raiseFemapEvent(3);
 
     EXPECT_THAT(script(), ElementsAre("event 3"));
@@ -199,8 +199,8 @@ TEST(Recording, EndsWithAWordWhenTheDiskIsFull)
     recorder.follow(f.form);
     f.files.failingOperation = f.files.operations + 1;
 
-    recorder.ended({"ClearAll_Click"});
-    recorder.ended({"ClearAll_Click"});
+    recorder.ended({form::click("ClearAll")});
+    recorder.ended({form::click("ClearAll")});
 
     EXPECT_THAT(recorder.failure(), testing::HasSubstr("No space left on device"));
     EXPECT_EQ(f.files.operations, f.files.failingOperation);
