@@ -75,12 +75,12 @@ const Binding* findBinding(const form::Event& event)
 
 void bindComboBoxes(Session& session)
 {
-    const auto bind = [&session](form::ComboBox& box, std::string_view name) {
-        const Binding* const binding = findBinding(form::click(name));
-        box.Click = [&session, binding] { binding->procedure(session, 0); };
-    };
-    bind(session.form.Solver, "Solver");
-    bind(session.form.Optimizer, "Optimizer");
+    for (const form::NamedControl& each : session.form.controls()) {
+        auto* const box = each.as<form::ComboBox>();
+        const Binding* const binding = findBinding(form::click(each.name));
+        if (box != nullptr && binding != nullptr)
+            box->Click = [&session, binding] { binding->procedure(session, 0); };
+    }
 }
 
 }  // namespace app

@@ -32,7 +32,7 @@ private:
 
 void disableWhatNeedsFemap(form::MainForm& form)
 {
-    for (const form::MainForm::NamedControl& each : form.controls())
+    for (const form::NamedControl& each : form.controls())
         for (const Binding& binding : bindings())
             if (binding.needsFemap && binding.event.control == each.name)
                 each.control->Enabled = false;
@@ -118,7 +118,7 @@ void EventDispatcher::forgetFemap(const std::string& where, const std::string& r
 void EventDispatcher::resetPointers()
 {
     Context& context = session_.context;
-    const auto isChanged = [](const form::MainForm::NamedControl& each) {
+    const auto isChanged = [](const form::NamedControl& each) {
         return each.control->MousePointer != form::pointerDefault;
     };
     if (std::ranges::none_of(context.form.controls(), isChanged))

@@ -168,11 +168,7 @@ Ended Program::runChoice(const form::ComboBox& box, const std::function<void()>&
 {
     if (closed_)
         return Ended::NotStarted;
-    const auto isBox = [&box](const form::MainForm::NamedControl& each) {
-        return each.control == &box;
-    };
-    const form::Event event =
-        form::click(std::ranges::find_if(session_.form.controls(), isBox)->name);
+    const form::Event event = form::click(session_.form.named(box).name);
     if (!dispatcher_.isBusy())
         form().status.clear();
     const Ended ended = perform({event, 0, &box}, choice);

@@ -34,6 +34,12 @@ struct ScrollBar : Control
     int SmallChange = 0;
 };
 
+struct HScrollBar : ScrollBar
+{};
+
+struct VScrollBar : ScrollBar
+{};
+
 struct Frame : Control
 {
     std::string Caption;
@@ -43,6 +49,10 @@ struct Label : Control
 {
     std::string Caption;
 };
+
+/// A label that tells how things are.
+struct StatusText : Label
+{};
 
 struct Button : Control
 {

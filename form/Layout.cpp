@@ -1,6 +1,8 @@
 #include "form/Layout.h"
 
 #include <algorithm>
+#include <span>
+#include <vector>
 
 namespace form
 {
@@ -11,17 +13,51 @@ namespace
 // All lengths are in twips; 15 are one pixel of an ordinary screen.
 constexpr int margin = 150;         // around frames, and between a frame's edge and what it holds
 constexpr int gap = 105;            // between neighbours
-constexpr int captionHeight = 270;  // of a frame, above its first row
-constexpr int buttonHeight = 375;
-constexpr int fieldHeight = 330;  // combo boxes, text boxes
-constexpr int labelHeight = 225;
+constexpr int captionHeight = 270;  // of a frame, above its first line
+constexpr int lineHeight = 375;
 constexpr int statusHeight = 510;  // two lines of text
-constexpr int comboWidth = 2400;
-constexpr int selectWidth = 1275;
-constexpr int refreshWidth = 1725;
-constexpr int removeWidth = 1875;
-constexpr int labelWidth = 1350;
-constexpr int applyWidth = 1500;
+
+struct KindHeight
+{
+    Kind kind;
+    int height;
+};
+
+constexpr KindHeight heights[] = {
+    {kindOf<Button>, lineHeight},
+    {kindOf<ComboBox>, 330},
+    {kindOf<TextBox>, 330},
+    {kindOf<Label>, 225},
+};
+
+using Entries = std::span<const NamedControl>;
+
+struct FrameEntries
+{
+    Control& frame;
+    Entries content;  // line by line
+
+    bool hasGrid() const { return content.back().as<ParameterGrid>() != nullptr; }
+    // Of one without a grid.
+    int height() const
+    {
+        return captionHeight + content.back().line * (lineHeight + gap) - gap + margin;
+    }
+};
+
+std::vector<FrameEntries> framesOf(const MainForm& form)
+{
+    std::vector<FrameEntries> frames;
+    Entries rest = form.controls();
+    for (; !rest.empty(); rest = rest.subspan(1)) {
+        if (rest.front().as<Frame>() == nullptr)
+            continue;
+        const Entries after = rest.subspan(1);
+        const auto end = std::ranges::find(after, 0, &NamedControl::line);
+        frames.push_back({*rest.front().control, {after.begin(), end}});
+    }
+    return frames;
+}
 
 void setBounds(Control& control, int left, int top, int width, int height)
 {
@@ -31,66 +67,52 @@ void setBounds(Control& control, int left, int top, int width, int height)
     control.Height = height;
 }
 
-// Centres a control in a row of another height.
-void setBoundsInRow(Control& control, int left, int rowTop, int width, int height)
+// A field stands close to its label, and a label apart from the field before.
+int gapBetween(const NamedControl& one, const NamedControl& next)
 {
-    setBounds(control, left, rowTop + (buttonHeight - height) / 2, width, height);
+    if (one.as<Label>() != nullptr)
+        return 0;
+    return next.as<Label>() != nullptr ? 2 * gap : gap;
 }
 
-struct SelectionFrame
+// A grid reaches down to the bottom; all else is as high as its kind, amid the line.
+void layOutLine(Entries line, int left, int right, int top, int bottom)
 {
-    Frame& frame;
-    ComboBox& selection;
-    Button& select;
-    Button& refresh;
-    Button& remove;
-    ParameterGrid& grid;
-};
+    int spare = right - left;
+    int sharers = 0;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        spare -= line[i].width + (i > 0 ? gapBetween(line[i - 1], line[i]) : 0);
+        sharers += line[i].width == 0 ? 1 : 0;
+    }
+    const int share = sharers > 0 ? spare / sharers : 0;
+    const int remainder = spare - sharers * share;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        const NamedControl& each = line[i];
+        left += i > 0 ? gapBetween(line[i - 1], each) : 0;
+        const auto* const row = std::ranges::find(heights, each.kind(), &KindHeight::kind);
+        const bool isGrid = row == std::end(heights);
+        const int height = isGrid ? bottom - top : row->height;
+        const int width = each.width > 0 ? each.width : share;
+        setBounds(*each.control, left, isGrid ? top : top + (lineHeight - height) / 2, width,
+                  height);
+        left += width;
+        if (each.width == 0 && --sharers == 0)
+            left += remainder;
+    }
+}
 
-// One row of controls and below it the grid.
-void layOut(const SelectionFrame& part, int top, int width, int height)
+void layOutFrame(const FrameEntries& part, int top, int width, int height)
 {
     setBounds(part.frame, margin, top, width, height);
-    const int row = top + captionHeight;
-    int left = 2 * margin;
-    setBoundsInRow(part.selection, left, row, comboWidth, fieldHeight);
-    left += comboWidth + gap;
-    setBounds(part.select, left, row, selectWidth, buttonHeight);
-    left += selectWidth + gap;
-    setBounds(part.refresh, left, row, refreshWidth, buttonHeight);
-    left += refreshWidth + gap;
-    setBounds(part.remove, left, row, removeWidth, buttonHeight);
-
-    const int gridTop = row + buttonHeight + gap;
-    setBounds(part.grid, 2 * margin, gridTop, width - 2 * margin, top + height - margin - gridTop);
-}
-
-constexpr int executionHeight = captionHeight + 2 * buttonHeight + gap + margin;
-
-void layOutExecution(MainForm& form, int top, int width)
-{
-    setBounds(form.Execution, margin, top, width, executionHeight);
-    const int left = 2 * margin;
-    const int right = margin + width - margin;
-    const int firstRow = top + captionHeight;
-    const int secondRow = firstRow + buttonHeight + gap;
-
-    setBoundsInRow(form.Label1, left, firstRow, labelWidth, labelHeight);
-    const int fieldLeft = left + labelWidth;
-    setBoundsInRow(form.CommandLine, fieldLeft, firstRow, right - fieldLeft, fieldHeight);
-
-    const int applyLeft = right - applyWidth;
-    const int clearLeft = applyLeft - gap - applyWidth;
-    setBounds(form.GenerateButton, applyLeft, secondRow, applyWidth, buttonHeight);
-    setBounds(form.ClearAll, clearLeft, secondRow, applyWidth, buttonHeight);
-
-    constexpr int secondLabelWidth = 975;
-    const int boxWidth = (clearLeft - fieldLeft - secondLabelWidth - 3 * gap) / 2;
-    setBoundsInRow(form.Label2, left, secondRow, labelWidth, labelHeight);
-    setBoundsInRow(form.Solver, fieldLeft, secondRow, boxWidth, fieldHeight);
-    const int toolLeft = fieldLeft + boxWidth + 2 * gap;
-    setBoundsInRow(form.Label3, toolLeft, secondRow, secondLabelWidth, labelHeight);
-    setBoundsInRow(form.Optimizer, toolLeft + secondLabelWidth, secondRow, boxWidth, fieldHeight);
+    for (Entries rest = part.content; !rest.empty();) {
+        const int number = rest.front().line;
+        const auto end = std::ranges::find_if(
+            rest, [number](const NamedControl& each) { return each.line != number; });
+        const Entries line(rest.begin(), end);
+        layOutLine(line, 2 * margin, width, top + captionHeight + (number - 1) * (lineHeight + gap),
+                   top + height - margin);
+        rest = rest.subspan(line.size());
+    }
 }
 
 }  // namespace
@@ -102,21 +124,22 @@ void layOutContent(MainForm& form)
     form.pbInner.Width = width;
     form.pbInner.Height = height;
 
+    // The frames with grids share what the others and the status line leave.
+    const std::vector<FrameEntries> frames = framesOf(form);
     const int frameWidth = width - 2 * margin;
-    const int fixed = executionHeight + statusHeight + 4 * margin + gap;
-    const int frameHeight = (height - fixed) / 2;
-    int top = margin;
-    layOut({form.Inputs, form.InputSelection, form.InputsButton, form.RefreshInputs,
-            form.ClearInputSelection, form.InputsList},
-           top, frameWidth, frameHeight);
-    top += frameHeight + margin;
-    layOut({form.Outputs, form.OutputSelection, form.OutputsButton, form.RefreshOutputs,
-            form.ClearOutputSelection, form.OutputsList},
-           top, frameWidth, frameHeight);
-    top += frameHeight + margin;
-    layOutExecution(form, top, frameWidth);
-    top += executionHeight + gap;
-    setBounds(form.StatusLine, 2 * margin, top, frameWidth - 2 * margin, statusHeight);
+    int spare = height - gap - statusHeight - margin;
+    int sharers = 0;
+    for (const FrameEntries& each : frames) {
+        spare -= margin + (each.hasGrid() ? 0 : each.height());
+        sharers += each.hasGrid() ? 1 : 0;
+    }
+    int bottom = 0;
+    for (const FrameEntries& each : frames) {
+        const int frameHeight = each.hasGrid() ? spare / sharers : each.height();
+        layOutFrame(each, bottom + margin, frameWidth, frameHeight);
+        bottom += margin + frameHeight;
+    }
+    setBounds(form.StatusLine, 2 * margin, bottom + gap, frameWidth - 2 * margin, statusHeight);
 }
 
 }  // namespace form

@@ -1,9 +1,8 @@
-// The main form: its controls under their own names and what the form keeps for the whole run.
+// The main form: its controls, and what it keeps for the whole run.
 #pragma once
 
 #include "femap/Objects.h"
-#include "form/Controls.h"
-#include "form/ParameterGrid.h"
+#include "form/ControlTable.h"
 #include "form/Status.h"
 
 #include <cstddef>
@@ -27,10 +26,10 @@ struct StoredSelections
     std::map<std::string, std::size_t> knownFiles;
 };
 
-struct MainForm
+struct MainForm : FormControls
 {
     MainForm();
-    // Not copied: the table of controls points into the form itself.
+    // Not copied: the list of controls points into the form itself.
     MainForm(const MainForm&) = delete;
     MainForm& operator=(const MainForm&) = delete;
 
@@ -38,45 +37,12 @@ struct MainForm
     int ScaleWidth = 0;  // inner size in twips
     int ScaleHeight = 0;
 
-    PictureBox pbOuter;
-    PictureBox pbInner;
-    ScrollBar HScroll1;
-    ScrollBar VScroll1;
+    Status status{StatusLine.Caption};  // what the status line tells
 
-    Frame Inputs;
-    ComboBox InputSelection;
-    Button InputsButton;
-    Button RefreshInputs;
-    Button ClearInputSelection;
-    ParameterGrid InputsList{inputColumn::count};
-
-    Frame Outputs;
-    ComboBox OutputSelection;
-    Button OutputsButton;
-    Button RefreshOutputs;
-    Button ClearOutputSelection;
-    ParameterGrid OutputsList{outputColumn::count};
-
-    Frame Execution;
-    Label Label1;
-    TextBox CommandLine;
-    Label Label2;
-    ComboBox Solver;
-    Label Label3;
-    ComboBox Optimizer;
-    Button ClearAll;
-    Button GenerateButton;
-
-    Label StatusLine;
-    Status status{StatusLine.Caption};  // what stands there
-
-    struct NamedControl
-    {
-        std::string_view name;
-        Control* control;
-    };
-    /// Every control, in tab order.
+    /// Every control, in the order of the table.
     const std::vector<NamedControl>& controls() const { return controls_; }
+    /// A control of this form, with its row.
+    const NamedControl& named(const Control& control) const;
     void setMousePointers(int pointer);
     /// Called by setMousePointers; empty where no window shows the pointers.
     std::function<void()> pointersChanged;

@@ -340,7 +340,7 @@ femap::embedded::Host& StudyRunner::requireModel(const ScriptLine& line) const
 void StudyRunner::requireEnabled(const std::string& control, const ScriptLine& line)
 {
     const auto& controls = program_.form().controls();
-    const auto found = std::ranges::find(controls, control, &MainForm::NamedControl::name);
+    const auto found = std::ranges::find(controls, control, &form::NamedControl::name);
     if (found->control->Enabled)
         return;
     throw Unavailable(

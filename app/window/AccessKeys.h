@@ -3,28 +3,15 @@
 
 #include <windows.h>
 
-#include <functional>
-#include <span>
-#include <string_view>
-
 namespace window
 {
-
-struct AccessKey
-{
-    std::string_view control;
-    wchar_t key;
-    std::string_view tip;
-};
-
-std::span<const AccessKey> accessKeyTable();
 
 /// The table of access keys that Windows keeps.
 class AccessKeys
 {
 public:
-    /// idOf gives a control's number.
-    explicit AccessKeys(const std::function<int(std::string_view)>& idOf);
+    /// Of the form's controls.
+    AccessKeys();
     ~AccessKeys() { DestroyAcceleratorTable(table_); }
     AccessKeys(const AccessKeys&) = delete;
     AccessKeys& operator=(const AccessKeys&) = delete;

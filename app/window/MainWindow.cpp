@@ -116,8 +116,8 @@ void MainWindow::takeIntoUse()
     if (window_ == nullptr)
         return;  // FEMAP had the form unloaded meanwhile, or ended together with the pane
     // Start-up gave the columns their widths.
-    inputs_->setResolution(pixels_);
-    outputs_->setResolution(pixels_);
+    for (const auto& [grid, view] : grids_)
+        view->setResolution(pixels_);
     sizeSeen_ = {};
     resized();
     afterEvent();
@@ -152,12 +152,7 @@ void MainWindow::setStartBounds(UINT dotsPerInch)
 
 int MainWindow::run()
 {
-    const AccessKeys accessKeys([this](std::string_view name) {
-        for (const form::MainForm::NamedControl& each : program_.form().controls())
-            if (each.name == name)
-                return idOf(*each.control);
-        throw std::logic_error("No control is named " + std::string(name));
-    });
+    const AccessKeys accessKeys;
     MSG message{};
     while (mistake_ == nullptr && GetMessageW(&message, nullptr, 0, 0) > 0) {
         const bool isDone = window_ != nullptr && (accessKeys.translate(window_, message) ||
@@ -341,9 +336,9 @@ LRESULT MainWindow::handlePanel(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_NOTIFY: {
         const NMHDR& header = *reinterpret_cast<const NMHDR*>(lParam);
         LRESULT answer = 0;
-        for (GridView* const view : {inputs_.get(), outputs_.get()})
+        for (const auto& [grid, view] : grids_)
             if (ready_ && view->sends(header))
-                guarded([&] { answer = view->notify(header); });
+                guarded([&, sender = view.get()] { answer = sender->notify(header); });
         return answer;
     }
     case WM_DRAWITEM:
@@ -361,21 +356,11 @@ LRESULT MainWindow::handlePanel(HWND window, UINT message, WPARAM wParam, LPARAM
     }
 }
 
-int MainWindow::idOf(const form::Control& control)
+const form::NamedControl* MainWindow::controlWithID(int id)
 {
     const auto& controls = program_.form().controls();
-    const auto found = std::find_if(controls.begin(), controls.end(),
-                                    [&](const auto& each) { return each.control == &control; });
-    return firstControlID + static_cast<int>(found - controls.begin());
-}
-
-const form::MainForm::NamedControl* MainWindow::controlWithID(int id)
-{
-    const auto& controls = program_.form().controls();
-    const int index = id - firstControlID;
-    return index >= 0 && index < static_cast<int>(controls.size())
-               ? &controls[static_cast<std::size_t>(index)]
-               : nullptr;
+    const auto found = std::ranges::find(controls, id, &form::NamedControl::id);
+    return found == controls.end() ? nullptr : &*found;
 }
 
 }  // namespace window

@@ -13,14 +13,12 @@
 
 #include <windows.h>
 
-#include <array>
 #include <exception>
 #include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace window
 {
@@ -44,10 +42,6 @@ public:
     const form::MainForm& form() { return program_.form(); }
     /// Shows this text while a procedure waits for FEMAP.
     void showStatus(const std::string& text);
-
-    /// The fixed number of a control, the same in every version of the window: 1000 plus its
-    /// index in the form's list of controls.
-    static constexpr int firstControlID = 1000;
 
     std::intptr_t windowHandle() override { return reinterpret_cast<std::intptr_t>(window_); }
     void hookEvents() override { hook_.install(window_); }
@@ -77,15 +71,12 @@ private:
     void createWindow();
     void takeIntoUse();
     void createControls();
-    std::unique_ptr<GridView> createGrid(form::ParameterGrid& grid);
-    void createScrollBars();
-    void lookForFemap();
+    HWND create(const form::NamedControl& control, HWND parent);
+    HWND createPanel(HWND parent, int id);
+    HWND createGrid(form::ParameterGrid& grid, HWND parent, int id);
     void createTips();
-    HWND create(form::Control& control, const wchar_t* windowClass, std::string_view text,
-                DWORD style, DWORD extendedStyle = 0);
-    HWND panel(form::Control& control, HWND parent);
-    int idOf(const form::Control& control);
-    const form::MainForm::NamedControl* controlWithID(int id);
+    void lookForFemap();
+    const form::NamedControl* controlWithID(int id);
 
     void setStartBounds(UINT dotsPerInch);
     void applyResolution(UINT dotsPerInch);
@@ -101,7 +92,7 @@ private:
     void command(int id, int notification);
     void pressKey(int id);
     void pressEnter();
-    void press(const form::MainForm::NamedControl& button);
+    void press(const form::NamedControl& button);
     void comboCommand(form::ComboBox& box, int notification);
     void commitTexts(HWND entered = nullptr);
     void takeText(form::ComboBox& box, const std::string& typed);
@@ -114,7 +105,6 @@ private:
     void afterEvent();
     void mirror();
     bool isUsable(const form::Control& control) const;
-    bool staysOn(const form::Control& control);
     void showColours();
     void takeColours();
     void mirrorCombo(const form::ComboBox& box);
@@ -125,7 +115,6 @@ private:
     bool isBusy();
     void destroyed();
     void windowIsGone();
-    std::array<form::ComboBox*, 4> comboBoxes();
 
     template <class Step>
     LRESULT guarded(Step&& step);
@@ -142,8 +131,7 @@ private:
     HWND tips_ = nullptr;
     std::map<const form::Control*, HWND> windows_;
     std::map<const form::Control*, Bounds> bounds_;  // of the windows, as they are now
-    std::unique_ptr<GridView> inputs_;
-    std::unique_ptr<GridView> outputs_;
+    std::map<const form::ParameterGrid*, std::unique_ptr<GridView>> grids_;
     std::unique_ptr<StatusView> status_;
     std::unique_ptr<Font> font_;
     Pixels pixels_{USER_DEFAULT_SCREEN_DPI};

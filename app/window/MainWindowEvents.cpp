@@ -11,16 +11,18 @@
 namespace window
 {
 
+using form::kindOf;
 using form::What;
 
 namespace
 {
 
-bool isButton(HWND window)
-{
-    constexpr LRESULT buttonCodes = DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON;
-    return (SendMessageW(window, WM_GETDLGCODE, 0, 0) & buttonCodes) != 0;
-}
+// What Windows disables can be neither scrolled nor copied nor read. So these stay as they are when
+// the form is off: what holds other controls or moves them, the lists, which then are grey and run
+// no procedure, and the status line.
+constexpr form::Kind kindsThatStayOn[] = {kindOf<form::PictureBox>, kindOf<form::HScrollBar>,
+                                          kindOf<form::VScrollBar>, kindOf<form::ParameterGrid>,
+                                          kindOf<form::StatusText>};
 
 }  // namespace
 
@@ -28,21 +30,15 @@ void MainWindow::command(int id, int notification)
 {
     if (!ready_ || mirroring_)
         return;
-    const form::MainForm::NamedControl* const which = controlWithID(id);
+    const form::NamedControl* const which = controlWithID(id);
     if (which == nullptr)
         return;
-    form::MainForm& form = program_.form();
-    for (form::ComboBox* const box : comboBoxes())
-        if (which->control == box) {
-            comboCommand(*box, notification);
-            return;
-        }
-    if (which->control == &form.CommandLine) {
-        if (notification == EN_CHANGE)
-            form.CommandLine.Text = windowText(windows_.at(&form.CommandLine));
-        return;
-    }
-    if (notification == BN_CLICKED)
+    auto* const field = which->as<form::TextBox>();
+    if (auto* const box = which->as<form::ComboBox>())
+        comboCommand(*box, notification);
+    else if (field != nullptr && notification == EN_CHANGE)
+        field->Text = windowText(windows_.at(field));
+    else if (which->as<form::Button>() != nullptr && notification == BN_CLICKED)
         press(*which);
 }
 
@@ -55,28 +51,28 @@ void MainWindow::pressKey(int id)
         pressEnter();
         return;
     }
-    const form::MainForm::NamedControl* const which = controlWithID(id);
+    const form::NamedControl* const which = controlWithID(id);
     if (which == nullptr || !which->control->Enabled)
         return;
-    const HWND window = windows_.at(which->control);
-    if (isButton(window))
+    if (which->as<form::Button>() != nullptr)
         press(*which);
     else
-        SetFocus(window);
+        SetFocus(windows_.at(which->control));
 }
 
 // Presses the button that has the focus, or takes over the text of a box, changed or not.
 void MainWindow::pressEnter()
 {
     const HWND focus = GetFocus();
-    const form::MainForm::NamedControl* const which = controlWithID(GetDlgCtrlID(focus));
-    if (which != nullptr && windows_.at(which->control) == focus && isButton(focus))
+    const form::NamedControl* const which = controlWithID(GetDlgCtrlID(focus));
+    const bool isButton = which != nullptr && which->as<form::Button>() != nullptr;
+    if (isButton && windows_.at(which->control) == focus)
         press(*which);
     else
         commitTexts(focus);
 }
 
-void MainWindow::press(const form::MainForm::NamedControl& button)
+void MainWindow::press(const form::NamedControl& button)
 {
     if (!button.control->Enabled)
         return;
@@ -110,7 +106,10 @@ void MainWindow::comboCommand(form::ComboBox& box, int notification)
 // Takes over what was typed into the combo boxes, and the text of the one with this window.
 void MainWindow::commitTexts(HWND entered)
 {
-    for (form::ComboBox* const box : comboBoxes()) {
+    for (const form::NamedControl& each : program_.form().controls()) {
+        auto* const box = each.as<form::ComboBox>();
+        if (box == nullptr)
+            continue;
         if (!ready_)
             return;
         const HWND window = windows_.at(box);
@@ -188,7 +187,7 @@ void MainWindow::raiseFemapEvent(WPARAM code)
 
 form::Event MainWindow::eventOf(const form::Control& control, What what)
 {
-    return {controlWithID(idOf(control))->name, what};
+    return {program_.form().named(control).name, what};
 }
 
 // Shows the hourglass at once: a busy FEMAP keeps a procedure waiting from its first call on,
@@ -216,20 +215,25 @@ void MainWindow::mirror()
 {
     mirroring_ = true;
     const form::MainForm& form = program_.form();
-    for (const auto& [control, window] : windows_) {
-        const bool isBlocked = block_.has_value() && control == &form.pbOuter;
-        const bool isOn = staysOn(*control) || isUsable(*control);
+    for (const form::NamedControl& each : form.controls()) {
+        const HWND window = windows_.at(each.control);
+        const bool isBlocked = block_.has_value() && each.control == &form.pbOuter;
+        const bool isOn =
+            std::ranges::count(kindsThatStayOn, each.kind()) > 0 || isUsable(*each.control);
         if (!isBlocked && (IsWindowEnabled(window) != FALSE) != isOn)
             EnableWindow(window, isOn ? TRUE : FALSE);
     }
     showColours();
     status_->show(form.StatusLine.Caption);
-    setWindowText(windows_.at(&form.CommandLine), form.CommandLine.Text);
-    for (const form::ComboBox* const box : comboBoxes())
-        if (box != typing_)
+    for (const form::NamedControl& each : form.controls()) {
+        if (const auto* const field = each.as<form::TextBox>())
+            setWindowText(windows_.at(field), field->Text);
+        const auto* const box = each.as<form::ComboBox>();
+        if (box != nullptr && box != typing_)
             mirrorCombo(*box);
-    inputs_->update();
-    outputs_->update();
+    }
+    for (const auto& [grid, view] : grids_)
+        view->update();
     mirroring_ = false;
     leaveDisabledControl();
 }
@@ -240,22 +244,10 @@ bool MainWindow::isUsable(const form::Control& control) const
     return control.Enabled && !starting_;
 }
 
-// What Windows disables can be neither scrolled nor copied nor read. So these stay as they are when
-// the form is off: what holds other controls or moves them, the lists, which then are grey and run
-// no procedure, and the status line.
-bool MainWindow::staysOn(const form::Control& control)
-{
-    const form::MainForm& form = program_.form();
-    const std::array<const form::Control*, 7> on{
-        &form.pbOuter,    &form.pbInner,     &form.HScroll1,  &form.VScroll1,
-        &form.InputsList, &form.OutputsList, &form.StatusLine};
-    return std::ranges::find(on, &control) != on.end();
-}
-
 void MainWindow::showColours()
 {
-    inputs_->showColours(isUsable(program_.form().InputsList));
-    outputs_->showColours(isUsable(program_.form().OutputsList));
+    for (const auto& [grid, view] : grids_)
+        view->showColours(isUsable(*grid));
 }
 
 // The engineer chose other colours; Windows tells the outermost windows only.
@@ -317,12 +309,6 @@ void MainWindow::showPointer()
 bool MainWindow::isBusy()
 {
     return program_.isBusy() || program_.form().pbInner.MousePointer == form::pointerHourglass;
-}
-
-std::array<form::ComboBox*, 4> MainWindow::comboBoxes()
-{
-    form::MainForm& form = program_.form();
-    return {&form.InputSelection, &form.OutputSelection, &form.Solver, &form.Optimizer};
 }
 
 }  // namespace window

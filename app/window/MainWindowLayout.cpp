@@ -18,8 +18,8 @@ void MainWindow::applyResolution(UINT dotsPerInch)
     font_ = std::move(font);        // the old one goes when nothing uses it any more
     constexpr int tipWidth = 7500;  // twips
     SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, pixels_.fromTwips(tipWidth));
-    inputs_->setResolution(pixels_);
-    outputs_->setResolution(pixels_);
+    for (const auto& [grid, view] : grids_)
+        view->setResolution(pixels_);
 }
 
 // On a screen of another resolution Windows suggests bounds.
@@ -62,20 +62,20 @@ void MainWindow::layOut()
 {
     constexpr int dropDownHeight = 3000;  // twips, of the list that a combo box opens
     const form::MainForm& form = program_.form();
-    const auto boxes = comboBoxes();
     bool hasMoved = false;
-    for (const auto& [control, window] : windows_) {
-        const bool isBox = std::ranges::find(boxes, control) != boxes.end();
-        const Bounds wanted{pixels_.fromTwips(control->Left), pixels_.fromTwips(control->Top),
-                            pixels_.fromTwips(control->Width),
-                            pixels_.fromTwips(control->Height + (isBox ? dropDownHeight : 0))};
-        Bounds& present = bounds_[control];
+    for (const form::NamedControl& each : form.controls()) {
+        const form::Control& control = *each.control;
+        const int dropDown = each.as<form::ComboBox>() != nullptr ? dropDownHeight : 0;
+        const Bounds wanted{pixels_.fromTwips(control.Left), pixels_.fromTwips(control.Top),
+                            pixels_.fromTwips(control.Width),
+                            pixels_.fromTwips(control.Height + dropDown)};
+        Bounds& present = bounds_[&control];
         if (present == wanted)
             continue;
         present = wanted;
         hasMoved = true;
-        SetWindowPos(window, nullptr, wanted.left, wanted.top, wanted.width, wanted.height,
-                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+        SetWindowPos(windows_.at(&control), nullptr, wanted.left, wanted.top, wanted.width,
+                     wanted.height, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
     }
     layOutScrollBar(form.VScroll1, form.pbOuter.Height);
     layOutScrollBar(form.HScroll1, form.pbOuter.Width);

@@ -21,7 +21,7 @@ TEST(Bindings, NameEveryControlThatThereIs)
     for (const Binding& binding : bindings()) {
         if (binding.event == femapEvent || binding.event.control == "Form")
             continue;
-        const auto isIt = [&](const form::MainForm::NamedControl& each) {
+        const auto isIt = [&](const form::NamedControl& each) {
             return each.name == binding.event.control;
         };
         EXPECT_TRUE(std::ranges::any_of(form.controls(), isIt)) << binding.event.text();

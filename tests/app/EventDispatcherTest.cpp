@@ -256,7 +256,7 @@ TEST(EventDispatcher, DisablesJustTheControlsThatNeedFemapWhenItIsGone)
     f.dispatch.run("RefreshInputs_Click", [] { throw femap::ConnectionLost("gone"); });
 
     std::vector<std::string> disabled;
-    for (const form::MainForm::NamedControl& each : f.form.controls())
+    for (const form::NamedControl& each : f.form.controls())
         if (!each.control->Enabled)
             disabled.emplace_back(each.name);
     EXPECT_THAT(disabled, testing::UnorderedElementsAre("InputsButton", "RefreshInputs",

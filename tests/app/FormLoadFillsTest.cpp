@@ -76,7 +76,7 @@ TEST(FormLoad, DisablesEveryControlWhenFemapHasNoModelOpen)
     const StartUp result = Form_Load(f.session, "$beam.log$ALWAYS");
 
     EXPECT_EQ(result, StartUp::Done);
-    for (const form::MainForm::NamedControl& each : f.form.controls())
+    for (const form::NamedControl& each : f.form.controls())
         EXPECT_FALSE(each.control->Enabled) << each.name;
     EXPECT_EQ(f.form.StatusLine.Caption, "FEMAP has no model open.");
     EXPECT_EQ(f.connector.count("feSet"), 0);
@@ -105,7 +105,7 @@ TEST(FormLoad, EnablesEveryControlForAModelThatWasNeverSaved)
 
     Form_Load(f.session, "$beam.log$ALWAYS");
 
-    for (const form::MainForm::NamedControl& each : f.form.controls())
+    for (const form::NamedControl& each : f.form.controls())
         EXPECT_TRUE(each.control->Enabled) << each.name;
     EXPECT_THAT(f.messages(), ElementsAre("Model must be saved in .MOD format first"));
 }

@@ -317,7 +317,8 @@ TEST_F(FormResize, LetsTheBarsReachTheWholeContent)
 {
     resize(10255, 6240);
 
-    for (const form::ScrollBar* bar : {&f.form.VScroll1, &f.form.HScroll1}) {
+    for (const form::ScrollBar* bar :
+         std::initializer_list<const form::ScrollBar*>{&f.form.VScroll1, &f.form.HScroll1}) {
         EXPECT_TRUE(bar->Visible);
         EXPECT_EQ(bar->Max, 3000);
         EXPECT_EQ(bar->LargeChange, 2500);

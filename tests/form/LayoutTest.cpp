@@ -21,9 +21,9 @@ bool overlap(const form::Control& a, const form::Control& b)
 }
 
 // What lies on the content; frames hold others and do not count.
-std::vector<form::MainForm::NamedControl> contents(const form::MainForm& form)
+std::vector<form::NamedControl> contents(const form::MainForm& form)
 {
-    std::vector<form::MainForm::NamedControl> result;
+    std::vector<form::NamedControl> result;
     for (const auto& each : form.controls())
         if (each.name != "pbOuter" && each.name != "pbInner" && each.name != "Inputs" &&
             each.name != "Outputs" && each.name != "Execution" && each.name != "HScroll1" &&

@@ -95,7 +95,7 @@ TEST(MainFormTest, ListsEveryControlOnceUnderItsOwnName)
 
     std::vector<std::string> names;
     std::set<const Control*> controls;
-    for (const MainForm::NamedControl& each : form.controls()) {
+    for (const form::NamedControl& each : form.controls()) {
         names.emplace_back(each.name);
         controls.insert(each.control);
     }

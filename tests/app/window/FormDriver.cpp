@@ -2,8 +2,8 @@
 
 #include "RemoteHeap.h"
 #include "RemoteMemory.h"
-#include "app/window/MainWindow.h"
 #include "app/window/PropertyListWindow.h"
+#include "form/ControlTable.h"
 #include "standin/StartedStandin.h"
 #include "windows/Text.h"
 
@@ -65,13 +65,10 @@ std::string textOf(HWND window)
 
 HWND controlOf(HWND form, std::string_view name)
 {
-    static const form::MainForm names;
-    const auto& controls = names.controls();
-    const auto place = std::ranges::find(controls, name, &form::MainForm::NamedControl::name);
-    if (place == controls.end())
+    const auto* const row = std::ranges::find(form::controlTable, name, &form::ControlRow::name);
+    if (row == std::end(form::controlTable))
         throw std::logic_error("No control is named " + std::string(name));
-    const int id = window::MainWindow::firstControlID + static_cast<int>(place - controls.begin());
-    Search search{[&](HWND window) { return GetDlgCtrlID(window) == id; }};
+    Search search{[&](HWND window) { return GetDlgCtrlID(window) == row->id; }};
     EnumChildWindows(form, look, reinterpret_cast<LPARAM>(&search));
     return search.found;
 }

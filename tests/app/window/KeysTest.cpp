@@ -1,8 +1,8 @@
 #include "Hand.h"
 #include "RemoteMemory.h"
 #include "WindowFixture.h"
-#include "app/window/AccessKeys.h"
 #include "app/window/PropertyListWindow.h"
+#include "form/MainForm.h"
 #include "windows/Text.h"
 
 #include <gmock/gmock.h>
@@ -249,14 +249,16 @@ TEST_F(Keys, EnterInTheCommandLineChoosesNothing)
 TEST_F(Keys, AccessKeysOfFieldsGoThere)
 {
     form.window();
-    for (const window::AccessKey& each : window::accessKeyTable()) {
-        const std::string name(each.control);
+    for (const form::ControlRow& each : form::controlTable) {
+        if (each.accessKey == 0)
+            continue;
+        const std::string name(each.name);
         wchar_t kind[32]{};
         GetClassNameW(form.control(name), kind, 32);
         if (std::wstring_view(kind) == L"Button")
             continue;
 
-        hand.key({std::string("alt+") + static_cast<char>(each.key - L'A' + L'a')});
+        hand.key({std::string("alt+") + static_cast<char>(each.accessKey - 'A' + 'a')});
 
         EXPECT_TRUE(focusComesTo(name)) << name;
     }
@@ -313,16 +315,6 @@ TEST_F(Keys, CaptionsStayAsTheyAreDespiteTheAccessKeys)
     EXPECT_EQ(form.text("Label1"), asGiven.Label1.Caption);
     EXPECT_EQ(form.text("ClearAll"), asGiven.ClearAll.Caption);
     EXPECT_EQ(form.text("GenerateButton"), asGiven.GenerateButton.Caption);
-}
-
-TEST_F(Keys, EveryAccessKeyIsThereOnce)
-{
-    std::vector<wchar_t> keys;
-    for (const window::AccessKey& each : window::accessKeyTable())
-        keys.push_back(each.key);
-    std::ranges::sort(keys);
-
-    EXPECT_EQ(std::ranges::adjacent_find(keys), keys.end());
 }
 
 TEST_F(Keys, APointerThatRestsOnAButtonShowsWhatItDoesAndItsAccessKey)
