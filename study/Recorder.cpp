@@ -21,12 +21,14 @@ namespace
 std::string selections(const MainForm& form)
 {
     std::string lines;
-    for (const NamedGrid& each : namedGrids) {
-        const ParameterGrid& grid = form.*each.grid;
-        const auto [first, last] = std::minmax(grid.Row, grid.RowSel);
-        if (first >= 1 && last < grid.Rows() && (grid.Rows() > 2 || !grid.text(1, 0).empty()))
-            lines.append("select ").append(each.name).append(' ' + std::to_string(grid.Row) + ' ' +
-                                                             std::to_string(grid.RowSel) + '\n');
+    for (const form::NamedControl& each : form.controls()) {
+        const auto* const grid = each.as<ParameterGrid>();
+        if (grid == nullptr)
+            continue;
+        const auto [first, last] = std::minmax(grid->Row, grid->RowSel);
+        if (first >= 1 && last < grid->Rows() && (grid->Rows() > 2 || !grid->text(1, 0).empty()))
+            lines.append("select ").append(each.name).append(' ' + std::to_string(grid->Row) + ' ' +
+                                                             std::to_string(grid->RowSel) + '\n');
     }
     return lines;
 }

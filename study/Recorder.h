@@ -8,23 +8,10 @@
 
 #include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace study
 {
-
-/// A grid of the form by the name that scripts have for it.
-struct NamedGrid
-{
-    std::string_view name;
-    form::ParameterGrid form::MainForm::*grid;
-};
-
-inline constexpr NamedGrid namedGrids[] = {
-    {"InputsList", &form::MainForm::InputsList},
-    {"OutputsList", &form::MainForm::OutputsList},
-};
 
 class Recorder : public app::ActionObserver
 {

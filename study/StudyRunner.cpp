@@ -2,7 +2,6 @@
 
 #include "app/StartUp.h"
 #include "femap/NumberText.h"
-#include "study/Recorder.h"
 
 #include <algorithm>
 #include <iterator>
@@ -13,112 +12,79 @@ namespace study
 
 using app::Ended;
 using app::Started;
+using form::Kind;
+using form::kindOf;
 using form::MainForm;
+using form::NamedControl;
 using form::ParameterGrid;
 
 namespace
 {
 
-template <class Row>
-concept Named = requires(const Row& row)
-{
-    row.name;
-};
-
 // "a, b, c" of the names in a table.
-template <Named Row, std::size_t count>
-std::string namesOf(const Row (&table)[count])
+template <class Table>
+std::string namesOf(const Table& table)
 {
     std::string result;
-    for (const Row& row : table)
+    for (const auto& row : table)
         result.append(result.empty() ? "" : ", ").append(row.name);
     return result;
 }
 
 // The row of that name. Raises ScriptError, with a list of all names, when there is none.
-template <Named Row, std::size_t count>
-const Row& rowNamed(const Row (&table)[count], const std::string& name, const std::string& problem,
-                    const ScriptLine& line)
+template <class Table>
+auto rowNamed(const Table& table, const std::string& name, const std::string& problem,
+              const ScriptLine& line)
 {
-    const auto* const found = std::ranges::find(table, name, &Row::name);
+    const auto found = std::ranges::find(table, name, [](const auto& row) { return row.name; });
     if (found == std::end(table))
         throw ScriptError(line.number, '"' + name + "\" " + problem + " " + namesOf(table));
     return *found;
 }
 
-struct Button
+using Kinds = std::initializer_list<Kind>;
+
+// The controls of some kinds, as messages list them: those of the first kinds come first.
+std::vector<NamedControl> controlsOf(const MainForm& form, std::initializer_list<Kinds> all)
 {
-    std::string_view name;
-};
-
-constexpr Button buttons[] = {
-    {"InputsButton"},  {"RefreshInputs"},  {"ClearInputSelection"},
-    {"OutputsButton"}, {"RefreshOutputs"}, {"ClearOutputSelection"},
-    {"ClearAll"},      {"GenerateButton"},
-};
-
-struct Box
-{
-    std::string_view name;
-    form::ComboBox MainForm::*box;  // null: the command line
-};
-
-constexpr Box boxes[] = {
-    {"InputSelection", &MainForm::InputSelection},
-    {"OutputSelection", &MainForm::OutputSelection},
-    {"Solver", &MainForm::Solver},
-    {"Optimizer", &MainForm::Optimizer},
-    {"CommandLine", nullptr},
-};
-
-template <auto grid>
-std::string rowsOf(const MainForm& form)
-{
-    std::string result;
-    for (int row = 1; row < (form.*grid).Rows(); ++row)
-        result += (form.*grid).rowText(row) + '\n';
+    std::vector<NamedControl> result;
+    for (const Kinds& kinds : all)
+        for (const NamedControl& each : form.controls())
+            if (std::ranges::count(kinds, each.kind()) > 0)
+                result.push_back(each);
     return result;
 }
 
-template <auto control>
-std::string textOf(const MainForm& form)
+std::string rowsOf(const ParameterGrid& grid)
 {
-    if constexpr (requires { (form.*control).Text; })
-        return (form.*control).Text + '\n';
-    else
-        return (form.*control).Caption + '\n';
+    std::string result;
+    for (int row = 1; row < grid.Rows(); ++row)
+        result += grid.rowText(row) + '\n';
+    return result;
 }
 
-struct Printable
+// What a control shows.
+std::string textOf(const MainForm& form, const NamedControl& control)
 {
-    std::string_view name;
-    std::string (*text)(const MainForm& form);
-};
+    const auto text = [&form](auto member) -> std::string {
+        const auto& shown = form.*member;
+        if constexpr (requires { shown.Text; })
+            return shown.Text + '\n';
+        else if constexpr (requires { shown.Caption; })
+            return shown.Caption + '\n';
+        else if constexpr (requires { rowsOf(shown); })
+            return rowsOf(shown);
+        else
+            return {};
+    };
+    return std::visit(text, control.member);
+}
 
-constexpr Printable printables[] = {
-    {"InputsList", rowsOf<&MainForm::InputsList>},
-    {"OutputsList", rowsOf<&MainForm::OutputsList>},
-    {"InputSelection", textOf<&MainForm::InputSelection>},
-    {"OutputSelection", textOf<&MainForm::OutputSelection>},
-    {"Solver", textOf<&MainForm::Solver>},
-    {"Optimizer", textOf<&MainForm::Optimizer>},
-    {"CommandLine", textOf<&MainForm::CommandLine>},
-    {"StatusLine", textOf<&MainForm::StatusLine>},
-    {"Inputs", textOf<&MainForm::Inputs>},
-    {"InputsButton", textOf<&MainForm::InputsButton>},
-    {"RefreshInputs", textOf<&MainForm::RefreshInputs>},
-    {"ClearInputSelection", textOf<&MainForm::ClearInputSelection>},
-    {"Outputs", textOf<&MainForm::Outputs>},
-    {"OutputsButton", textOf<&MainForm::OutputsButton>},
-    {"RefreshOutputs", textOf<&MainForm::RefreshOutputs>},
-    {"ClearOutputSelection", textOf<&MainForm::ClearOutputSelection>},
-    {"Execution", textOf<&MainForm::Execution>},
-    {"Label1", textOf<&MainForm::Label1>},
-    {"Label2", textOf<&MainForm::Label2>},
-    {"Label3", textOf<&MainForm::Label3>},
-    {"ClearAll", textOf<&MainForm::ClearAll>},
-    {"GenerateButton", textOf<&MainForm::GenerateButton>},
-};
+NamedControl gridNamed(const MainForm& form, const std::string& name, const ScriptLine& line)
+{
+    return rowNamed(controlsOf(form, {{kindOf<ParameterGrid>}}), name, "is no grid; the grids are",
+                    line);
+}
 
 // A number that the action needs; what says which.
 int numberIn(const std::string& text, const std::string& what, const ScriptLine& line)
@@ -183,7 +149,7 @@ void StudyRunner::tellLogFailure()
 
 void StudyRunner::perform(const ScriptLine& line)
 {
-    const Action& action = rowNamed(actions, line.action, "is no action; the actions are", line);
+    const Action action = rowNamed(actions, line.action, "is no action; the actions are", line);
     const bool starts = action.procedure == &StudyRunner::start;
     if (!starts && !isStarted_)
         throw Unavailable(line.number,
@@ -217,12 +183,14 @@ void StudyRunner::set(const ScriptLine& line)
 {
     std::string_view text = line.argument;
     const std::string name = takeWord(text);
-    const Box& row = rowNamed(boxes, name, "cannot be set; set takes", line);
-    requireEnabled(name, line);
-    if (row.box == nullptr)
-        program_.form().CommandLine.Text = text;
+    const NamedControl control =
+        rowNamed(controlsOf(program_.form(), {{kindOf<form::ComboBox>}, {kindOf<form::TextBox>}}),
+                 name, "cannot be set; set takes", line);
+    requireEnabled(control, line);
+    if (auto* const box = control.as<form::ComboBox>())
+        checkEnd(program_.enterText(*box, std::string(text)), line);
     else
-        checkEnd(program_.enterText(program_.form().*row.box, std::string(text)), line);
+        control.as<form::TextBox>()->Text = text;
 }
 
 void StudyRunner::pick(const ScriptLine& line)
@@ -237,18 +205,19 @@ void StudyRunner::choose(const ScriptLine& line)
 
 void StudyRunner::click(const ScriptLine& line)
 {
-    rowNamed(buttons, line.argument, "is no button; the buttons are", line);
-    requireEnabled(line.argument, line);
-    checkEnd(program_.raise(form::click(line.argument)), line);
+    const NamedControl button = rowNamed(controlsOf(program_.form(), {{kindOf<form::Button>}}),
+                                         line.argument, "is no button; the buttons are", line);
+    requireEnabled(button, line);
+    checkEnd(program_.raise(form::click(button.name)), line);
 }
 
 void StudyRunner::select(const ScriptLine& line)
 {
     std::string_view rest = line.argument;
     const std::string name = takeWord(rest);
-    ParameterGrid& grid =
-        program_.form().*rowNamed(namedGrids, name, "is no grid; the grids are", line).grid;
-    requireEnabled(name, line);
+    const NamedControl control = gridNamed(program_.form(), name, line);
+    requireEnabled(control, line);
+    ParameterGrid& grid = *control.as<ParameterGrid>();
     const auto takeRow = [&] {
         const int row = numberIn(takeWord(rest), "a row", line);
         if (row < 1 || row >= grid.Rows())
@@ -268,11 +237,10 @@ void StudyRunner::select(const ScriptLine& line)
 void StudyRunner::key(const ScriptLine& line)
 {
     std::string_view rest = line.argument;
-    const std::string name = takeWord(rest);
-    rowNamed(namedGrids, name, "is no grid; the grids are", line);
-    requireEnabled(name, line);
+    const NamedControl grid = gridNamed(program_.form(), takeWord(rest), line);
+    requireEnabled(grid, line);
     const int code = numberIn(std::string(rest), "a key code", line);
-    checkEnd(program_.raise({name, form::What::KeyDown}, code), line);
+    checkEnd(program_.raise({grid.name, form::What::KeyDown}, code), line);
 }
 
 void StudyRunner::event(const ScriptLine& line)
@@ -307,9 +275,15 @@ void StudyRunner::activate(const ScriptLine& line)
 
 void StudyRunner::print(const ScriptLine& line)
 {
-    const Printable& row =
-        rowNamed(printables, line.argument, "cannot be printed; print takes", line);
-    world_.output << row.text(program_.form());
+    const MainForm& form = program_.form();
+    const auto printables =
+        controlsOf(form, {{kindOf<ParameterGrid>},
+                          {kindOf<form::ComboBox>},
+                          {kindOf<form::TextBox>},
+                          {kindOf<form::StatusText>},
+                          {kindOf<form::Frame>, kindOf<form::Label>, kindOf<form::Button>}});
+    world_.output << textOf(
+        form, rowNamed(printables, line.argument, "cannot be printed; print takes", line));
 }
 
 void StudyRunner::close(const ScriptLine& line)
@@ -337,14 +311,12 @@ femap::embedded::Host& StudyRunner::requireModel(const ScriptLine& line) const
     return host;
 }
 
-void StudyRunner::requireEnabled(const std::string& control, const ScriptLine& line)
+void StudyRunner::requireEnabled(const NamedControl& which, const ScriptLine& line)
 {
-    const auto& controls = program_.form().controls();
-    const auto found = std::ranges::find(controls, control, &form::NamedControl::name);
-    if (found->control->Enabled)
+    if (which.control->Enabled)
         return;
     throw Unavailable(
-        line.number, control + " is disabled: " +
+        line.number, std::string(which.name) + " is disabled: " +
                          std::string(program_.isConnected() ? app::noModelOpen : app::femapIsGone));
 }
 

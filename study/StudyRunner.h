@@ -89,7 +89,7 @@ private:
 
     femap::embedded::Host& requireHost(const ScriptLine& line) const;
     femap::embedded::Host& requireModel(const ScriptLine& line) const;
-    void requireEnabled(const std::string& control, const ScriptLine& line);
+    void requireEnabled(const form::NamedControl& which, const ScriptLine& line);
     void tellProblem();
     void checkEnd(app::Ended ended, const ScriptLine& line) const;
     void tellLogFailure();

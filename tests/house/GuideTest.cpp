@@ -66,27 +66,17 @@ Texts captions()
     NoFemap femap;
     NoDialog host;
     const selection::frmPropertyList dialog(femap, host);
-    return {form.Inputs.Caption,
-            form.InputsButton.Caption,
-            form.RefreshInputs.Caption,
-            form.ClearInputSelection.Caption,
-            form.InputsList.text(0, form::nameColumn),
-            form.InputsList.text(0, form::valueColumn),
-            form.Outputs.Caption,
-            form.OutputsButton.Caption,
-            form.RefreshOutputs.Caption,
-            form.ClearOutputSelection.Caption,
-            form.Execution.Caption,
-            form.Label1.Caption,
-            form.Label2.Caption,
-            form.Label3.Caption,
-            form.ClearAll.Caption,
-            form.GenerateButton.Caption,
-            dialog.Caption,
-            dialog.cmdSelect,
-            dialog.cmdDeSelect,
-            dialog.cmdAdd,
-            dialog.cmdCancel};
+    Texts texts = {form.InputsList.text(0, form::nameColumn),
+                   form.InputsList.text(0, form::valueColumn),
+                   dialog.Caption,
+                   dialog.cmdSelect,
+                   dialog.cmdDeSelect,
+                   dialog.cmdAdd,
+                   dialog.cmdCancel};
+    for (const form::ControlRow& row : form::controlTable)
+        if (!row.caption.empty())
+            texts.emplace(row.caption);
+    return texts;
 }
 
 TEST(TheGuide, NamesEveryControlByItsCaption)
@@ -98,11 +88,9 @@ TEST(TheGuide, NamesEveryControlByItsCaption)
 
 TEST(TheGuide, NamesWhatTheBoxesOffer)
 {
-    const form::MainForm form;
     Texts offered = {"Ombra"};  // not in the list, but it can be typed
-    for (const form::ComboBox* box :
-         {&form.InputSelection, &form.OutputSelection, &form.Solver, &form.Optimizer})
-        offered.insert(box->List.begin(), box->List.end());
+    for (const form::ControlRow& row : form::controlTable)
+        offered.insert(row.items.begin(), row.items.end());
 
     EXPECT_THAT(asSet(quoted(guide().section("Every control"))), ContainerEq(offered));
 }
