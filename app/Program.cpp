@@ -16,8 +16,7 @@ namespace
 
 using form::What;
 
-// What the engineer does while another procedure runs is dropped; all else waits until it has
-// ended.
+// What the engineer does while a procedure runs is dropped; all else waits until it has ended.
 bool isByHand(const form::Event& event)
 {
     return event.what == What::Click || event.what == What::KeyDown;
@@ -26,8 +25,7 @@ bool isByHand(const form::Event& event)
 // Whether the messages of former actions go from the status line. Other keys only move in a grid.
 bool endsMessages(const form::Event& event, int argument)
 {
-    return event.what == What::Click ||
-           (event.what == What::KeyDown && argument == form::deleteKey);
+    return isByHand(event) && (event.what == What::Click || argument == form::deleteKey);
 }
 
 }  // namespace
@@ -168,10 +166,9 @@ Ended Program::runChoice(const form::ComboBox& box, const std::function<void()>&
 {
     if (closed_)
         return Ended::NotStarted;
-    const form::Event event = form::click(session_.form.named(box).name);
     if (!dispatcher_.isBusy())
         form().status.clear();
-    const Ended ended = perform({event, 0, &box}, choice);
+    const Ended ended = perform({form::click(form().named(box).name), 0, &box}, choice);
     if (ended != Ended::NotStarted)
         runWaiting();
     return ended;

@@ -42,42 +42,34 @@ auto rowNamed(const Table& table, const std::string& name, const std::string& pr
     return *found;
 }
 
-using Kinds = std::initializer_list<Kind>;
-
 // The controls of some kinds, as messages list them: those of the first kinds come first.
-std::vector<NamedControl> controlsOf(const MainForm& form, std::initializer_list<Kinds> all)
+std::vector<NamedControl> controlsOf(const MainForm& form,
+                                     std::initializer_list<std::initializer_list<Kind>> all)
 {
     std::vector<NamedControl> result;
-    for (const Kinds& kinds : all)
+    for (const auto& kinds : all)
         for (const NamedControl& each : form.controls())
             if (std::ranges::count(kinds, each.kind()) > 0)
                 result.push_back(each);
     return result;
 }
 
-std::string rowsOf(const ParameterGrid& grid)
-{
-    std::string result;
-    for (int row = 1; row < grid.Rows(); ++row)
-        result += grid.rowText(row) + '\n';
-    return result;
-}
-
-// What a control shows.
+// What a control shows, line by line.
 std::string textOf(const MainForm& form, const NamedControl& control)
 {
-    const auto text = [&form](auto member) -> std::string {
+    std::string text;
+    const auto show = [&](auto member) {
         const auto& shown = form.*member;
         if constexpr (requires { shown.Text; })
-            return shown.Text + '\n';
+            text = shown.Text + '\n';
         else if constexpr (requires { shown.Caption; })
-            return shown.Caption + '\n';
-        else if constexpr (requires { rowsOf(shown); })
-            return rowsOf(shown);
-        else
-            return {};
+            text = shown.Caption + '\n';
+        else if constexpr (requires { shown.rows(); })
+            for (const std::string& row : shown.rows())
+                text += row + '\n';
     };
-    return std::visit(text, control.member);
+    std::visit(show, control.member);
+    return text;
 }
 
 NamedControl gridNamed(const MainForm& form, const std::string& name, const ScriptLine& line)
