@@ -177,7 +177,7 @@ TEST_F(ValueRefresh, FemapIsLockedAndThePointerAnHourglassWhileRowsAreRead)
         if (call != "entity" && call != "feOutput")
             return;
         EXPECT_EQ(f.femap.lockCount, 1);
-        for (const form::MainForm::NamedControl& each : f.form.controls())
+        for (const form::NamedControl& each : f.form.controls())
             EXPECT_EQ(each.control->MousePointer, 11) << each.name;
     };
     fillInputs({"xAtNode12\told\tNode\t12\tx"});
