@@ -110,7 +110,7 @@ void EventDispatcher::forgetFemap(const std::string& where, const std::string& r
     disableWhatNeedsFemap(context.form);
     context.form.status.tellFailure(femapIsGone);
 
-    context.error.attempt([&] { throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, reason); });
+    context.error.note({sys::ErrorNumber::ObjectFailed, reason});
     reportPending(where);
     resetPointers();
 }

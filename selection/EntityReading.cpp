@@ -55,7 +55,7 @@ void demand(femap::OutputVector& vector, int id)
 void reportRefusal(form::Context& context, std::string_view what, int id)
 {
     sys::PendingError error;  // of its own: that of the procedure is not touched
-    error.attempt([&] { throw refusal(what, id); });
+    error.note(refusal(what, id));
     logging::logPositionAndClearErrorIfAny(context.log, error, "Reading " + std::string(what));
 }
 

@@ -13,7 +13,6 @@ namespace selection
 
 using logging::logDebug;
 using sys::ErrorNumber;
-using sys::RuntimeError;
 
 namespace
 {
@@ -114,10 +113,8 @@ private:
         for (std::size_t i = 0; i < scan.removed.size(); ++i)
             logDebug(context_.log, "Deleted entry for ", name_, "from Input List");  // sic
         if (scan.removalRefused) {
-            context_.error.attempt([&] {
-                throw RuntimeError(ErrorNumber::CannotRemoveRow,
-                                   name_ + " is the last parameter row and cannot be removed");
-            });
+            context_.error.note({ErrorNumber::CannotRemoveRow,
+                                 name_ + " is the last parameter row and cannot be removed"});
             reportPendingError(context_, "After checking for duplicate entry in Input List");
         }
         // On purpose a toggle: a scan that runs past the shortened grid counts as failed, so

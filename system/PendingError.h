@@ -27,6 +27,7 @@ public:
         }
     }
 
+    void note(const RuntimeError& error) { error_ = error; }
     bool isPending() const { return error_.has_value(); }
 
     /// Empty when no error is pending.
