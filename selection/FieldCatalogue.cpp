@@ -16,7 +16,7 @@ namespace
 {
 
 // A field that FEMAP holds in a plain member of the same name.
-consteval Field same(std::string_view name)
+constexpr Field same(std::string_view name)
 {
     return {name, name};
 }
@@ -84,7 +84,7 @@ constexpr Field commonPropertyFields[] = {
 };
 
 // Named as FEMAP's members are, but for two that FEMAP does not have: their values stay empty.
-consteval Field materialField(std::string_view name)
+constexpr Field materialField(std::string_view name)
 {
     return same(name == "Alphazx" ? "Alphaxz" : name == "Kzx" ? "Kxz" : name);  // sic
 }
