@@ -21,7 +21,6 @@ Progress::Progress(Context& context, std::string what, std::size_t total)
     : context_(context),
       what_(std::move(what)),
       total_(total),
-      nextLook_(stepsBetweenLooks),
       nextShow_(context.system.monotonicSeconds() + quietSeconds)
 {}
 
@@ -43,9 +42,26 @@ Progress::~Progress()
 void Progress::step(std::size_t count)
 {
     done_ += count;
-    if (done_ < nextLook_)
-        return;
-    nextLook_ = done_ + stepsBetweenLooks;
+    passRows(count);
+}
+
+void Progress::passRows(std::size_t count)
+{
+    passed_ += count;
+    if (passed_ >= stepsBetweenLooks)
+        look();
+}
+
+void Progress::finished(const std::string& file)
+{
+    finishedFiles_.push_back(file);
+    ++done_;
+    look();
+}
+
+void Progress::look()
+{
+    passed_ = 0;
     const double now = context_.system.monotonicSeconds();
     if (now <= nextShow_)
         return;

@@ -27,8 +27,10 @@ public:
     /// So many more steps are done. Cheap enough for every entity of a large model.
     void step(std::size_t count = 1);
 
-    /// A file of the action is complete.
-    void finished(const std::string& file) { finishedFiles_.push_back(file); }
+    /// Where files are the steps: so many rows more of the file in hand are done …
+    void passRows(std::size_t count);
+    /// … and the file is.
+    void finished(const std::string& file);
     const std::vector<std::string>& finishedFiles() const { return finishedFiles_; }
 
     /// Ends the walk: hides FEMAP's bar and takes the progress off the status line.
@@ -36,6 +38,7 @@ public:
 
 private:
     int percent() const;
+    void look();
     void show();
     template <class Step>
     bool tryBar(Step&& step);
@@ -44,8 +47,8 @@ private:
     std::string what_;
     std::optional<std::size_t> total_;
     std::size_t done_ = 0;
-    std::size_t nextLook_;  // the step at which the clock is read again
-    double nextShow_;       // the time at which the display changes again, in seconds
+    std::size_t passed_ = 0;  // steps or rows since the clock was read
+    double nextShow_;         // the time at which the display changes again, in seconds
     std::vector<std::string> finishedFiles_;
     bool barIsOn_ = false;
     bool barIsUsable_ = true;

@@ -35,16 +35,13 @@ struct Tool
 {
     std::string_view name;  // as the Optimizer box shows it
     void (*generate)(Context& context);
-    // How often it goes through the rows of each grid, for the progress.
-    std::size_t walksOfInputs;
-    std::size_t walksOfOutputs;
     std::span<const Target> files;
 };
 
 // clang-format off
 constexpr Tool tools[] = {
-    {"Velmar", WriteDescFile,     6, 3, filesOfVelmar},
-    {"Ombra",  WriteOmbraProject, 2, 2, filesOfOmbra},  // not in the box's list, but it can be typed
+    {"Velmar", WriteDescFile,     filesOfVelmar},
+    {"Ombra",  WriteOmbraProject, filesOfOmbra},  // not in the box's list, but it can be typed
 };
 // clang-format on
 
@@ -69,15 +66,6 @@ const Tool* findTool(std::string_view name)
     const auto* const found = std::find_if(std::begin(tools), std::end(tools),
                                            [&](const Tool& tool) { return tool.name == name; });
     return found == std::end(tools) ? nullptr : found;
-}
-
-// How many rows the generators and the control file go through altogether.
-std::size_t rowsToVisit(const form::MainForm& form, const Tool* tool)
-{
-    const std::size_t walksOfInputs = 1 + (tool == nullptr ? 0 : tool->walksOfInputs);
-    const std::size_t walksOfOutputs = 1 + (tool == nullptr ? 0 : tool->walksOfOutputs);
-    return walksOfInputs * form.InputsList.rows().size() +
-           walksOfOutputs * form.OutputsList.rows().size();
 }
 
 void writeFiles(Context& context, form::Progress& progress, const Tool* tool)
@@ -162,7 +150,8 @@ void GenerateButton_Click(Context& context)
 
     form::FemapLock lock(context, "Acquired Femap lock");
     const Tool* const tool = findTool(context.form.Optimizer.Text);
-    form::Progress progress(context, "Writing files", rowsToVisit(context.form, tool));
+    const std::size_t files = 1 + (tool == nullptr ? 0 : tool->files.size());
+    form::Progress progress(context, "Writing files", files);
     writeFiles(context, progress, tool);
     logDebug(context.log, "called save cofig");  // sic
     lock.release("Released Femap lock");

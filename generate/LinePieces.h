@@ -49,7 +49,7 @@ void forEachRow(const form::Context& context, const form::ParameterGrid& grid, V
             visit(ParameterRow(row));
         left = left.subspan(rows.size());
         if (context.progress != nullptr)
-            context.progress->step(rows.size());
+            context.progress->passRows(rows.size());
     }
 }
 
