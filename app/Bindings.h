@@ -13,9 +13,9 @@ struct Binding
 {
     form::Event event;
     /// The argument is the key code or the code of FEMAP's event; else 0.
-    void (*procedure)(Session& session, int argument);
+    void (*procedure)(Session& session, int argument) = nullptr;
     /// The procedure can do nothing without FEMAP.
-    bool needsFemap;
+    bool needsFemap = false;
 };
 
 std::span<const Binding> bindings();

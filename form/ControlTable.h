@@ -64,7 +64,7 @@ struct ControlRow
 {
     std::string_view name;
     Member member;
-    int id;  // of the control's window, the same in every version
+    int id = 0;  // of the control's window, the same in every version
     std::string_view caption = {};
     int line = 0;        // in the frame that stands before it in the table; 0: in none
     int width = 0;       // in twips; 0: what the line has to spare
@@ -132,7 +132,7 @@ inline constexpr ControlRow controlTable[] = {
 /// A control of one form, and its row.
 struct NamedControl : ControlRow
 {
-    Control* control;
+    Control* control = nullptr;
 
     /// Null when it is of another kind.
     template <class Type>
