@@ -89,9 +89,13 @@ constexpr Field materialField(std::string_view name)
     return same(name == "Alphazx" ? "Alphaxz" : name == "Kzx" ? "Kxz" : name);  // sic
 }
 
-constexpr auto materialFields = []<std::size_t... number>(std::index_sequence<number...>) {
+template <std::size_t... number>
+constexpr auto makeMaterialFields(std::index_sequence<number...>)
+{
     return std::array{materialField(femap::materialNumbers[number].name)...};
-}(std::make_index_sequence<std::size(femap::materialNumbers)>());
+}
+constexpr auto materialFields =
+    makeMaterialFields(std::make_index_sequence<std::size(femap::materialNumbers)>());
 
 constexpr Field bodyLoadFields[] = {
     {"BodyAccelA",    "BodyAccel",    0},
@@ -119,10 +123,14 @@ constexpr Field bodyLoadFields[] = {
 };
 
 // The index tells which quantity is meant; FEMAP has no such members.
-constexpr auto massFields = []<std::size_t... index>(std::index_sequence<index...>) {
+template <std::size_t... index>
+constexpr auto makeMassFields(std::index_sequence<index...>)
+{
     return std::array{Field{massQuantities[index].offered, massQuantities[index].offered,
                             static_cast<int>(index)}...};
-}(std::make_index_sequence<std::size(massQuantities)>());
+}
+constexpr auto massFields =
+    makeMassFields(std::make_index_sequence<std::size(massQuantities)>());
 
 constexpr Field constraintFields[] = {
     {"Degrees of freedom 0", "dof", 0},
