@@ -101,12 +101,12 @@ void Program::loseFemapAndPane()
 
 void Program::tellMistake(std::string_view what)
 {
-    const std::string text = "The program has a mistake and ends: " + std::string(what);
     try {
+        const std::string text = "The program has a mistake and ends: " + std::string(what);
         session_.context.error.attempt([&] { form::tellEngineer(session_.context, text); });
     }
-    catch (const femap::ConnectionLost&) {
-        // The log has it.
+    catch (const std::exception&) {
+        // FEMAP cannot show it, for it is gone or that fails as well; the log has it.
     }
     session_.context.log.flush();
 }

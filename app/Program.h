@@ -64,7 +64,7 @@ public:
     void loseFemapAndPane();
 
     /// A mistake of the program ends it: says so in the log and, as far as FEMAP can show it,
-    /// there.
+    /// there. Raises nothing.
     void tellMistake(std::string_view what);
 
     /// Unloads both forms; while a procedure runs, as soon as it has ended.

@@ -96,9 +96,10 @@ void showAndUpdate(form::Context& context, frmPropertyList& dialog, Outcome& out
 
 // Asks once for every type of element in the set, in the order in which the types are met.
 void offerElementTypes(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
-                       std::string_view word, femap::EntitySet& picked)
+                       femap::EntitySet& picked)
 {
-    const std::unique_ptr<femap::Entity> element = context.femap().entity(std::string(word));
+    const std::string word(typedElements.word);
+    const std::unique_ptr<femap::Entity> element = context.femap().entity(word);
     const std::unique_ptr<femap::EntitySet> workingCopy = context.femap().feSet();
     workingCopy->Copy(picked.ID());  // rows are added from a set of their own
     forEachType(context, typedElements, *element, picked.ids(), outcome, [&](int type) {
@@ -121,7 +122,7 @@ void selectVectors(form::Context& context, frmPropertyList& dialog, Outcome& out
             return;
         }
         if (!isNode) {
-            offerElementTypes(context, dialog, outcome, kind.word, *picked);
+            offerElementTypes(context, dialog, outcome, *picked);
             return;
         }
     }
