@@ -7,9 +7,7 @@ namespace femap
 
 bool isSameName(std::string_view one, std::string_view other)
 {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                      [&](char a, char b) { return lower(a) == lower(b); });
+    return std::ranges::equal(one, other, isSameLetter);
 }
 
 std::string noValueText(int vectorID, int entityID)

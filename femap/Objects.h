@@ -23,7 +23,13 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Whether two names are the same for FEMAP, which ignores the case of ASCII letters.
+/// Whether two letters of a name are the same for FEMAP, which ignores the case of ASCII letters.
+constexpr bool isSameLetter(char one, char other)
+{
+    const auto capital = [](char c) { return c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c; };
+    return capital(one) == capital(other);
+}
+/// The same of whole names.
 bool isSameName(std::string_view one, std::string_view other);
 
 /// What is said where an output vector has no value.

@@ -1,5 +1,6 @@
 #include "selection/LoadDefinitionInputs.h"
 
+#include "femap/LoadTypes.h"
 #include "femap/NumberText.h"
 #include "form/FemapLock.h"
 #include "form/Progress.h"
@@ -11,7 +12,6 @@
 
 #include <algorithm>
 #include <array>
-#include <initializer_list>
 #include <iterator>
 #include <span>
 #include <string>
@@ -31,62 +31,6 @@ using sys::RuntimeError;
 
 namespace
 {
-
-class LoadTypes
-{
-public:
-    constexpr LoadTypes(std::initializer_list<int> types) : count_(types.size())
-    {
-        std::copy(types.begin(), types.end(), types_.begin());
-    }
-    constexpr bool contains(int type) const
-    {
-        const auto end = types_.begin() + static_cast<std::ptrdiff_t>(count_);
-        return std::find(types_.begin(), end, type) != end;
-    }
-
-private:
-    std::array<int, 12> types_{};
-    std::size_t count_;
-};
-
-struct ComponentNames
-{
-    LoadTypes loadTypes;
-    std::array<std::string_view, 4> prefixes;
-    std::string_view logText;
-};
-
-// clang-format off
-constexpr ComponentNames componentNames[] = {
-    {{1, 81, 121, 122, 123, 161, 162, 163},
-        {"Fx", "Fy", "Fz"}, "Found force"},
-    {{2, 82, 124, 125, 126, 164, 165, 166},
-        {"Mx", "My", "Mz"}, "Found moment"},
-    {{10, 44, 90, 134, 135, 136, 140, 174, 175, 176, 180},
-        {"Flux"}, "Found flux"},
-    {{11, 47, 91, 137, 143, 177, 183},
-        {"Generation"}, "Found generation"},
-    {{45, 141, 181},
-        {"Coefficient", "Temperature"}, "Found convection"},
-    {{46, 142, 182},
-        {"Emissivity", "Absorptivity", "Temperature", "View Factor"}, "Found radiation"},
-    {{13, 14, 42, 92, 93, 144, 145, 138, 184, 185, 178, 101},  // 101: periodic condition at a point
-        {"Pressure"}, "Found pressure"},
-    {{3, 83, 127, 167},
-        {"Tx", "Ty", "Tz"}, "Found displacement"},
-    {{4, 84, 128, 168},
-        {"Rx", "Ry", "Rz"}, "Found rotational displacement"},
-    {{5, 85, 129, 169},
-        {"Vx", "Vy", "Vz"}, "Found velocity"},
-    {{6, 86, 130, 170},
-        {"VRx", "VRy", "VRz"}, "Found rotational velocity"},
-    {{7, 87, 131, 171},
-        {"Ax", "Ay", "Az"}, "Found acceleration"},
-    {{8, 88, 132, 172},
-        {"ARx", "ARy", "ARz"}, "Found roataional acceleration"},  // sic
-};
-// clang-format on
 
 constexpr int plainMember = -1;
 
@@ -333,19 +277,16 @@ void initialisePrefix(Context& context, std::int32_t loadType)
 {
     logDebug(context.log, "At start of initialisePrefix");
     form::MainForm& form = context.form;
-    const auto row = std::find_if(
-        std::begin(componentNames), std::end(componentNames),
-        [&](const ComponentNames& names) { return names.loadTypes.contains(loadType); });
-    const bool found = row != std::end(componentNames);
+    const femap::LoadType* const type = femap::findLoadType(loadType);
     std::array<std::string_view, 4> prefixes;
-    if (found)
-        prefixes = row->prefixes;
+    if (type != nullptr)
+        prefixes = type->values;
     form.firstPrefix = prefixes[0];
     form.secondPrefix = prefixes[1];
     form.thirdPrefix = prefixes[2];
     form.fourthPrefix = prefixes[3];
-    if (found)
-        logDebug(context.log, row->logText);
+    if (type != nullptr)
+        logDebug(context.log, "Found ", type->word);
     logDebug(context.log, "Selected Load Type=", loadType, " firstPrefix=", form.firstPrefix,
              " secondPrefix=", form.secondPrefix, " thirdPrefix=", form.thirdPrefix,
              " fourthPrefix=", form.fourthPrefix);

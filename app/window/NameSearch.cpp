@@ -1,5 +1,6 @@
 #include "app/window/NameSearch.h"
 
+#include "femap/Objects.h"
 #include "windows/Text.h"
 
 #include <algorithm>
@@ -33,7 +34,7 @@ public:
                 return false;
             if (!isAscii(text_[i]) || !isAscii(name[i]))
                 return matchesWide(windows::toWide(name));
-            if (capital(text_[i]) != capital(name[i]))
+            if (!femap::isSameLetter(text_[i], name[i]))
                 return false;
         }
         return !whole_ || name.size() == text_.size();
@@ -41,10 +42,6 @@ public:
 
 private:
     static bool isAscii(char letter) { return static_cast<unsigned char>(letter) < 0x80; }
-    static int capital(char letter)
-    {
-        return letter >= 'a' && letter <= 'z' ? letter - 'a' + 'A' : letter;
-    }
     bool matchesWide(const std::wstring& name) const
     {
         if (name.size() < wide_.size() || (whole_ && name.size() != wide_.size()))

@@ -1,4 +1,5 @@
 // Load definitions of the model host and the walk over their loads.
+#include "femap/LoadTypes.h"
 #include "femap/embedded/HostMembers.h"
 #include "femap/embedded/HostObjects.h"
 
@@ -9,20 +10,6 @@ namespace femap::embedded
 
 namespace
 {
-
-// FEMAP numbers load types by what the load acts on; 1 to 48 are loads on nodes and elements.
-constexpr int firstOnPoint = 81;
-constexpr int firstOnCurve = 121;
-constexpr int firstOnSurface = 161;
-
-int geometryTypeOf(int loadType)
-{
-    if (loadType >= firstOnSurface)
-        return 5;
-    if (loadType >= firstOnCurve)
-        return 4;
-    return loadType >= firstOnPoint ? 3 : 0;
-}
 
 template <class Data>
 using HostLoad = DataObject<MemberObject, Data>;
