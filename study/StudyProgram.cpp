@@ -107,15 +107,16 @@ void tell(const ScriptError& problem, const std::string& name, const Environment
 int replay(StudyRunner& runner, const std::string& name, StudyScript& script,
            const Environment& environment)
 {
+    int code = exitOk;
     try {
         runner.run(script);
-        return exitOk;
     }
     catch (const ScriptError& error) {
         tell(error, name, environment);
-        runner.unload();
-        return exitStopped;
+        code = exitStopped;
     }
+    runner.unload();
+    return code;
 }
 
 // Returns the exit code.

@@ -122,7 +122,6 @@ void StudyRunner::run(StudyScript& script)
     while (const auto line = script.next())
         perform(*line);
     world_.dialogs.checkNothingIsLeft();
-    unload();
 }
 
 void StudyRunner::unload()

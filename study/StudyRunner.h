@@ -52,8 +52,7 @@ class StudyRunner
 public:
     explicit StudyRunner(const StudyWorld& world);
 
-    /// Runs the whole script and unloads the form. Raises ScriptError at the line that cannot be
-    /// done; then the form is still loaded.
+    /// Runs the whole script. Raises ScriptError at the line that cannot be done.
     void run(StudyScript& script);
 
     /// Does one line. Raises ScriptError when it cannot be done.
