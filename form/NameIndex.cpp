@@ -43,19 +43,27 @@ void NameIndex::add(std::string_view name)
         next_[std::exchange(chain.last, position)] = position;
 }
 
-NameIndex::Chain* NameIndex::find(std::string_view name)
+NameIndex::Positions NameIndex::rowsNamed(std::string_view name)
 {
-    if (slots_.empty())
-        return nullptr;
-    Chain& chain = slotFor(hashOf(name));
-    return chain.first == none ? nullptr : &chain;
+    return {*this, slots_.empty() ? nullptr : &slotFor(hashOf(name))};
 }
 
-void NameIndex::unlink(Chain& chain, std::uint32_t before, std::uint32_t position)
+NameIndex::Positions::Positions(NameIndex& index, Chain* chain)
+    : index_(index), chain_(chain), position_(chain == nullptr ? none : chain->first)
+{}
+
+void NameIndex::Positions::goOn()
 {
-    (before == none ? chain.first : next_[before]) = next_[position];
-    if (chain.last == position && before != none)
-        chain.last = before;
+    before_ = std::exchange(position_, index_.next_[position_]);
+}
+
+void NameIndex::Positions::remove()
+{
+    const std::uint32_t after = index_.next_[position_];
+    (before_ == none ? chain_->first : index_.next_[before_]) = after;
+    if (after == none && before_ != none)
+        chain_->last = before_;
+    position_ = after;
 }
 
 // The chain of the hash, or the free slot in which it belongs.

@@ -1,6 +1,5 @@
 // Finds the rows of a grid that have one name. Each name that is added has a position, counted from
-// 0. The positions of all names with the same hash form a chain, in the order in which they were
-// added; different names may share a chain, so whoever follows it compares the names themselves.
+// 0.
 #pragma once
 
 #include <cstddef>
@@ -14,14 +13,28 @@ namespace form
 
 class NameIndex
 {
-public:
-    static constexpr std::uint32_t none = std::numeric_limits<std::uint32_t>::max();
+    struct Chain;
 
-    struct Chain
+public:
+    /// The positions of one name, in the order in which they were added. Names with the same hash
+    /// are among them, so whoever follows it compares the names. Valid until the next add.
+    class Positions
     {
-        std::uint32_t hash = 0;
-        std::uint32_t first = none;
-        std::uint32_t last = none;  // none only in a slot that was never used
+    public:
+        bool atEnd() const { return position_ == none; }
+        std::size_t position() const { return position_; }
+        void goOn();
+        /// Takes the position out of the index and goes on.
+        void remove();
+
+    private:
+        friend class NameIndex;
+        Positions(NameIndex& index, Chain* chain);
+
+        NameIndex& index_;
+        Chain* chain_;
+        std::uint32_t before_ = none;
+        std::uint32_t position_;
     };
 
     /// Also frees the memory.
@@ -30,17 +43,22 @@ public:
 
     /// Adds the name of the next position.
     void add(std::string_view name);
-    /// Removes the last position, which must have been unlinked.
+    /// Gives the last position away again, which must have been removed.
     void dropLast() { next_.pop_back(); }
 
-    /// The chain of the name's hash; null when there is none. Valid until the next add.
-    Chain* find(std::string_view name);
-    /// The position that follows this one in its chain; none at the end.
-    std::uint32_t after(std::uint32_t position) const { return next_[position]; }
-    /// Takes a position out of its chain. before: the position that it follows, or none.
-    void unlink(Chain& chain, std::uint32_t before, std::uint32_t position);
+    Positions rowsNamed(std::string_view name);
 
 private:
+    static constexpr std::uint32_t none = std::numeric_limits<std::uint32_t>::max();
+
+    // The positions of all names with one hash.
+    struct Chain
+    {
+        std::uint32_t hash = 0;
+        std::uint32_t first = none;
+        std::uint32_t last = none;  // none only in a slot that was never used
+    };
+
     Chain& slotFor(std::uint32_t hash);
     void rehash(std::size_t slots);
 
@@ -48,7 +66,7 @@ private:
     // them are used. A chain that became empty keeps its slot until the table grows.
     std::vector<Chain> slots_;
     std::size_t used_ = 0;
-    std::vector<std::uint32_t> next_;  // by position
+    std::vector<std::uint32_t> next_;  // by position: the one that follows it in its chain
 };
 
 }  // namespace form

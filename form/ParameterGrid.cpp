@@ -15,7 +15,6 @@ using sys::RuntimeError;
 namespace
 {
 
-constexpr std::uint32_t none = NameIndex::none;
 constexpr std::string_view headerTitles[] = {"Variable Name", "Value"};
 
 std::string_view nameOf(std::string_view rowText)
@@ -144,7 +143,6 @@ void ParameterGrid::removeRows(RowRange rows)
         throw RuntimeError(ErrorNumber::CannotRemoveRow,
                            "The last parameter row cannot be removed");
     forgetNames();
-    rowsTouched_ += slots_.size() - first;
     const auto begin = slots_.begin() + static_cast<std::ptrdiff_t>(first);
     slots_.erase(begin, begin + rows.count);
     keepSelectionInside();
@@ -165,7 +163,6 @@ void ParameterGrid::sortByName()
     forgetNames();
     std::vector<SortKey> keys;
     keys.reserve(slots_.size());
-    rowsTouched_ += slots_.size();
     for (std::string& row : slots_)
         keys.emplace_back(row);
     std::stable_sort(keys.begin(), keys.end());
@@ -179,39 +176,30 @@ void ParameterGrid::sortByName()
 
 ParameterGrid::NameScan ParameterGrid::removeRowsNamed(std::string_view name)
 {
-    rememberNames();
+    const auto isRemoved = [](const std::string& text) { return text.empty(); };
+    const auto at = [&](std::size_t slot) {
+        return slots_.begin() + static_cast<std::ptrdiff_t>(slot);
+    };
     NameScan scan;
-    NameIndex::Chain* const chain = names_.find(name);
-    if (chain == nullptr)
-        return scan;
-
-    std::uint32_t before = none;  // the slot before this one in the chain
-    std::uint32_t lastRemoved = none;
-    for (std::uint32_t slot = chain->first; slot != none;) {
-        ++rowsTouched_;
-        const std::uint32_t after = names_.after(slot);
-        const auto isRemoved = [](const std::string& text) { return text.empty(); };
-        const auto at = [&](std::uint32_t s) { return slots_.begin() + s; };
-        // The row that moved up to the number of a removed one is not looked at.
-        const bool skipped =
-            lastRemoved != none && std::all_of(at(lastRemoved), at(slot), isRemoved);
-        if (skipped || nameOf(slots_[slot]) != name) {
-            before = slot;
-            slot = after;
+    std::size_t removed = 0;  // the last one
+    for (NameIndex::Positions rows = rowsNamed(name); !rows.atEnd();) {
+        const std::size_t slot = rows.position();
+        const bool movedUp = !scan.removed.empty() && std::all_of(at(removed), at(slot), isRemoved);
+        if (movedUp || nameOf(slots_[slot]) != name) {
+            rows.goOn();
             continue;
         }
         if (Rows() == 2) {
             scan.removalRefused = true;
-            return scan;
+            break;
         }
         // After a removal the grid is shorter than at the start, so the scan comes to row numbers
         // without a row, unless it ends with this very row.
         scan.ranPastTheEnd = !scan.removed.empty() || slot + 1 < slots_.size();
-        ++removed_;
         scan.removed.push_back(std::exchange(slots_[slot], {}));
-        names_.unlink(*chain, before, slot);
-        lastRemoved = slot;
-        slot = after;
+        ++removed_;
+        removed = slot;
+        rows.remove();
     }
     popRemovedTail();
     keepSelectionInside();
@@ -234,7 +222,6 @@ void ParameterGrid::closeGaps() const
 {
     if (removed_ == 0)
         return;
-    rowsTouched_ += slots_.size();
     std::erase(slots_, std::string());
     removed_ = 0;
     forgetNames();
@@ -256,16 +243,16 @@ void ParameterGrid::forgetNames() const
     names_.clear();
 }
 
-void ParameterGrid::rememberNames()
+NameIndex::Positions ParameterGrid::rowsNamed(std::string_view name)
 {
-    if (namesKnown_)
-        return;
-    closeGaps();
-    rowsTouched_ += slots_.size();
-    names_.reserve(slots_.size());
-    for (const std::string& row : slots_)
-        names_.add(nameOf(row));
-    namesKnown_ = true;
+    if (!namesKnown_) {
+        closeGaps();
+        names_.reserve(slots_.size());
+        for (const std::string& row : slots_)
+            names_.add(nameOf(row));
+        namesKnown_ = true;
+    }
+    return names_.rowsNamed(name);
 }
 
 void ParameterGrid::checkColumn(int column) const

@@ -77,10 +77,6 @@ public:
     int Col = 0;
     std::vector<int> ColWidth;  // twips, per column
 
-    /// How many rows were looked at or moved so far. Shows that the work grows with the number of
-    /// rows and not with its square.
-    std::size_t rowsTouched() const { return rowsTouched_; }
-
     /// The selected rows, whichever way the selection was made.
     RowRange selectedRows() const;
 
@@ -89,7 +85,7 @@ private:
     void closeGaps() const;
     void popRemovedTail();
     void forgetNames() const;
-    void rememberNames();
+    NameIndex::Positions rowsNamed(std::string_view name);
     void checkColumn(int column) const;
     std::size_t slotOf(int row) const;
 
@@ -102,8 +98,6 @@ private:
     // Finds slots by name. Built by the first scan, extended by AddItem, dropped when rows move.
     mutable bool namesKnown_ = false;
     mutable NameIndex names_;
-
-    mutable std::size_t rowsTouched_ = 0;
 };
 
 }  // namespace form

@@ -14,20 +14,17 @@ namespace
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::vector<std::uint32_t> placesOf(NameIndex& index, const std::string& name)
+std::vector<std::size_t> placesOf(NameIndex& index, const std::string& name)
 {
-    std::vector<std::uint32_t> places;
-    const NameIndex::Chain* const chain = index.find(name);
-    for (std::uint32_t place = chain == nullptr ? NameIndex::none : chain->first;
-         place != NameIndex::none; place = index.after(place))
-        places.push_back(place);
+    std::vector<std::size_t> places;
+    for (NameIndex::Positions rows = index.rowsNamed(name); !rows.atEnd(); rows.goOn())
+        places.push_back(rows.position());
     return places;
 }
 
-void unlinkFirst(NameIndex& index, const std::string& name)
+void removeFirst(NameIndex& index, const std::string& name)
 {
-    NameIndex::Chain* const chain = index.find(name);
-    index.unlink(*chain, NameIndex::none, chain->first);
+    index.rowsNamed(name).remove();
 }
 
 TEST(NameIndex, FindsNothingBeforeANameWasAdded)
@@ -51,14 +48,18 @@ TEST(NameIndex, GivesThePlacesOfANameInTheirOrder)
     EXPECT_THAT(placesOf(index, ""), ElementsAre(3));
 }
 
-TEST(NameIndex, LosesAPlaceThatIsTakenOutOfItsChain)
+TEST(NameIndex, LosesAPlaceThatIsRemoved)
 {
     NameIndex index;
     for (int i = 0; i < 4; ++i)
         index.add("a");
 
-    index.unlink(*index.find("a"), 0, 1);
-    index.unlink(*index.find("a"), 2, 3);
+    NameIndex::Positions rows = index.rowsNamed("a");
+    rows.goOn();
+    rows.remove();
+    rows.goOn();
+    rows.remove();
+    EXPECT_TRUE(rows.atEnd());
     index.add("a");
 
     EXPECT_THAT(placesOf(index, "a"), ElementsAre(0, 2, 4));
@@ -68,8 +69,8 @@ TEST(NameIndex, TakesANameAgainThatItLost)
 {
     NameIndex index;
     index.add("a");
-    unlinkFirst(index, "a");
-    const std::vector<std::uint32_t> lost = placesOf(index, "a");
+    removeFirst(index, "a");
+    const std::vector<std::size_t> lost = placesOf(index, "a");
 
     index.add("a");
 
@@ -86,7 +87,7 @@ TEST(NameIndex, KnowsEveryNameHoweverManyCameAndWent)
     for (int i = 0; i < names; ++i) {
         index.add("name" + std::to_string(i));
         if (i % 3 == 0)
-            unlinkFirst(index, "name" + std::to_string(i));
+            removeFirst(index, "name" + std::to_string(i));
     }
 
     for (int i = 0; i < names; ++i) {
