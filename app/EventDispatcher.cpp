@@ -2,6 +2,7 @@
 
 #include "app/Bindings.h"
 #include "form/FemapLock.h"
+#include "form/Progress.h"
 #include "logging/Module1.h"
 #include "system/Memory.h"
 
@@ -59,6 +60,7 @@ Ended EventDispatcher::carryOut(const std::string& where, const std::function<vo
             lastFailure_ = session_.context.error.description();
         reportPending(where);
         // The procedure may have left these steps out because of an error that it ignored.
+        form::endProgress(session_.context);
         releaseLocks(session_.context);
         resetPointers();
         if (endedNormally)
@@ -104,6 +106,8 @@ void EventDispatcher::forgetFemap(const std::string& where, const std::string& r
     Context& context = session_.context;
     lastFailure_ = femapIsGone;
     context.lockDepth = 0;
+    context.femapShowsProgress = false;
+    form::endProgress(context);
     context.form.function.reset();
     context.application.reset();
     session_.eventFemap.reset();

@@ -92,7 +92,7 @@ bool reachFemap(Session& session)
 }
 
 // Raises RuntimeError that names the file.
-void openModelFile(Context& context, const std::string& path)
+void openInFemap(Context& context, const std::string& path)
 {
     femap::ReturnCode status = femap::ReturnCode::Fail;
     sys::PendingError reason;
@@ -109,7 +109,7 @@ void openModel(Session& session, const std::string& path)
 {
     Context& context = session.context;
     if (!path.empty()) {
-        if (context.error.attempt([&] { openModelFile(context, path); })) {
+        if (context.error.attempt([&] { openInFemap(context, path); })) {
             logDebug(context.log, "Opened file: ", path);
         }
         else {
@@ -121,16 +121,18 @@ void openModel(Session& session, const std::string& path)
 }
 
 // A FEMAP that told the model's name a moment ago is asked once more.
-bool isModelOpen(Session& session)
+std::optional<std::string> openModelFile(Session& session)
 {
-    return enableWhileModelIsOpen(session) ||
-           (!session.form.ownCommandLine.empty() && enableWhileModelIsOpen(session));
+    const std::optional<std::string> modelFile = enableWhileModelIsOpen(session);
+    const bool wasTold = !session.form.ownCommandLine.empty();
+    return modelFile || !wasTold ? modelFile : enableWhileModelIsOpen(session);
 }
 
 void restoreSelection(Session& session, Steps& steps)
 {
     Context& context = session.context;
-    if (!isModelOpen(session))
+    const std::optional<std::string> modelFile = openModelFile(session);
+    if (!modelFile)
         return;
     steps.run([&] { session.propertyList.Form_Load(); });
     steps.run([&] {
@@ -138,9 +140,7 @@ void restoreSelection(Session& session, Steps& steps)
         logDebug(context.log, "Form property collection updated");
         context.form.modelEntityCount = countOutputVectors(session);
     });
-    const auto load = [&] { generate::Load_Click(context); };
-    if (!steps.run(load))
-        steps.run(load);  // nothing else reads it soon
+    steps.run([&] { generate::Load_Click(context, *modelFile); });
 }
 
 // FEMAP has no way to tell which panes it has, so the answer is always no.

@@ -124,7 +124,7 @@ void loadControlFile(benchmark::State& state)
             size = static_cast<double>(readControlFile(*world).size());
             return world;
         },
-        [](BenchForm& world) { generate::Load_Click(world.context); });
+        [](BenchForm& world) { generate::Load_Click(world.context, world.femap.modelName); });
     state.counters["bytes"] = size;
 }
 

@@ -14,8 +14,6 @@
 namespace form
 {
 
-class Progress;
-
 /// What only the form's window can do.
 class FormHost
 {
@@ -49,7 +47,7 @@ struct Context
 
     std::unique_ptr<femap::Application> application;  // none before FEMAP was reached
     int lockDepth = 0;                                // FEMAP locks that are held
-    Progress* progress = nullptr;  // while several procedures share one; else null
+    bool femapShowsProgress = false;                  // its progress bar is on
 
     /// Raises RuntimeError (ObjectNotSet) when FEMAP was not reached.
     femap::Application& femap() const;

@@ -1,7 +1,7 @@
 #include "form/Progress.h"
 
 #include <algorithm>
-#include <exception>
+#include <functional>
 #include <utility>
 
 namespace form
@@ -15,7 +15,27 @@ constexpr double quietSeconds = 1;              // a shorter walk shows nothing
 constexpr double secondsBetweenShows = 0.2;
 constexpr int percentDone = 100;
 
+// When FEMAP refuses its bar it is not asked again: the walk matters more. The error is only logged
+// and does not become the pending one of the procedure.
+bool tryBar(Context& context, const std::function<void(femap::Application&)>& step)
+{
+    sys::PendingError error;
+    const bool isDone = error.attempt([&] { step(context.femap()); });
+    if (!isDone)
+        context.log.writeLogWithLevel(context.log.LogLevel_error,
+                                      "FEMAP refused its progress bar: " + error.description());
+    return isDone;
+}
+
 }  // namespace
+
+void endProgress(Context& context)
+{
+    context.form.status.showProgress({});
+    if (std::exchange(context.femapShowsProgress, false))
+        tryBar(context,
+               [](femap::Application& femap) { femap.feAppStatusShow(false, percentDone); });
+}
 
 Progress::Progress(Context& context, std::string what, std::size_t total)
     : context_(context),
@@ -27,16 +47,6 @@ Progress::Progress(Context& context, std::string what, std::size_t total)
 Progress::Progress(Context& context, std::string what) : Progress(context, std::move(what), 0)
 {
     total_.reset();
-}
-
-Progress::~Progress()
-{
-    try {
-        finish();
-    }
-    catch (const std::exception&) {
-        // FEMAP is gone, and its bar with it; the next call to FEMAP reports that.
-    }
 }
 
 void Progress::step(std::size_t count)
@@ -69,13 +79,6 @@ void Progress::look()
     show();
 }
 
-void Progress::finish()
-{
-    context_.form.status.showProgress({});
-    if (std::exchange(barIsOn_, false))
-        tryBar([&] { context_.femap().feAppStatusShow(false, percentDone); });
-}
-
 // What the bar shows. Without a total it starts again after 99, so that it is seen to move.
 int Progress::percent() const
 {
@@ -91,23 +94,14 @@ void Progress::show()
         what_ + " … " + (total_ ? std::to_string(percent()) + " %" : std::to_string(done_)));
     context_.host.showProgress();
 
-    if (!barIsOn_ && barIsUsable_)
-        barIsOn_ = tryBar([&] { context_.femap().feAppStatusShow(true, percentDone); });
-    if (barIsOn_ && barIsUsable_)
-        tryBar([&] { context_.femap().feAppStatusUpdate(percent()); });
-}
-
-// When FEMAP refuses its bar it is not asked again: the walk matters more. The error is only logged
-// and does not become the pending one of the procedure.
-template <class Step>
-bool Progress::tryBar(Step&& step)
-{
-    sys::PendingError error;
-    barIsUsable_ = error.attempt(std::forward<Step>(step));
     if (!barIsUsable_)
-        context_.log.writeLogWithLevel(context_.log.LogLevel_error,
-                                       "FEMAP refused its progress bar: " + error.description());
-    return barIsUsable_;
+        return;
+    barIsUsable_ = tryBar(context_, [this](femap::Application& femap) {
+        if (!context_.femapShowsProgress)
+            femap.feAppStatusShow(true, percentDone);
+        context_.femapShowsProgress = true;
+        femap.feAppStatusUpdate(percent());
+    });
 }
 
 }  // namespace form

@@ -12,6 +12,9 @@
 namespace form
 {
 
+/// Takes away what a walk left on the status line and in FEMAP, also one that an error cut short.
+void endProgress(Context& context);
+
 class Progress
 {
 public:
@@ -19,8 +22,6 @@ public:
     Progress(Context& context, std::string what, std::size_t total);
     /// For a number of steps that is not known before: shows how many are done.
     Progress(Context& context, std::string what);
-    /// Finishes a walk that an error cut short.
-    ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
@@ -34,14 +35,12 @@ public:
     const std::vector<std::string>& finishedFiles() const { return finishedFiles_; }
 
     /// Ends the walk: hides FEMAP's bar and takes the progress off the status line.
-    void finish();
+    void finish() { endProgress(context_); }
 
 private:
     int percent() const;
     void look();
     void show();
-    template <class Step>
-    bool tryBar(Step&& step);
 
     Context& context_;
     std::string what_;
@@ -50,7 +49,6 @@ private:
     std::size_t passed_ = 0;  // steps or rows since the clock was read
     double nextShow_;         // the time at which the display changes again, in seconds
     std::vector<std::string> finishedFiles_;
-    bool barIsOn_ = false;
     bool barIsUsable_ = true;
 };
 

@@ -1,7 +1,7 @@
 // FDFemap.bat, by which the optimisation tool starts the solver.
 #pragma once
 
-#include "form/Context.h"
+#include "form/Progress.h"
 
 #include <string>
 
@@ -9,6 +9,7 @@ namespace generate
 {
 
 /// Writes FDFemap.bat, which holds the command line. The name of the model plays no part.
-void WriteBatchFile(form::Context& context, const std::string& folder, const std::string& name);
+void WriteBatchFile(form::Context& context, form::Progress& progress, const std::string& folder,
+                    const std::string& name);
 
 }  // namespace generate

@@ -28,10 +28,9 @@ using logging::logPositionAndClearErrorIfAny;
 namespace
 {
 
-// The open model; none, with a message, when it has no file yet.
-std::optional<ModelPath> savedModel(Context& context)
+// The model; none, with a message, when it has no file yet.
+std::optional<ModelPath> savedModel(Context& context, const std::string& modelFile)
 {
-    const std::string modelFile = context.femap().ModelName();
     if (!modelFile.empty())
         return splitModelPath(modelFile);
     form::tellEngineer(context, std::string(modelMustBeSaved));
@@ -104,6 +103,7 @@ void readRows(Context& context, std::string_view text, Damages& damages)
     LineReader lines(text);
     readInputs(context, lines, progress, damages);
     readOutputs(context, lines, progress, damages);
+    progress.finish();
 }
 
 // As far as FEMAP can show it, and in any case on the status line and in the log.
@@ -170,10 +170,10 @@ void fillGrids(Context& context, const std::string& path, std::string_view bytes
 
 }  // namespace
 
-void Save_Config(Context& context)
+void Save_Config(Context& context, form::Progress& progress)
 {
     logPosition(context.log, "At start of Save_Config");
-    const std::optional<ModelPath> model = savedModel(context);
+    const std::optional<ModelPath> model = savedModel(context, context.femap().ModelName());
     if (!model)
         return;
 
@@ -182,18 +182,18 @@ void Save_Config(Context& context)
     TextFile file = openTarget(context, *model, controlFile);
     logDebug(context.log, "Opened file ", path, " to write");
     const auto writeRow = [&](const ParameterRow& row) { file.line(row.text()); };
-    forEachNamedRow(context, context.form.InputsList, writeRow);
+    forEachNamedRow(progress, context.form.InputsList, writeRow);
     file.line("");
-    forEachNamedRow(context, context.form.OutputsList, writeRow);
-    finish(context, file);
+    forEachNamedRow(progress, context.form.OutputsList, writeRow);
+    finish(progress, file);
     rememberWrittenControlFile(context, path);
     logDebug(context.log, "Closed file ", path);
 }
 
-void Load_Click(Context& context)
+void Load_Click(Context& context, const std::string& modelFile)
 {
     logPosition(context.log, "At start of Load_Click");
-    const std::optional<ModelPath> model = savedModel(context);
+    const std::optional<ModelPath> model = savedModel(context, modelFile);
     if (!model)
         return;
 
@@ -216,7 +216,7 @@ void takeOverSelection(Context& context, const std::string& modelFile)
     if (modelFile.empty() || !isEmpty(form.InputsList) || !isEmpty(form.OutputsList))
         return;
     if (!form.stored.readFiles.contains(targetPath(splitModelPath(modelFile), controlFile)))
-        Load_Click(context);
+        Load_Click(context, modelFile);
 }
 
 }  // namespace generate

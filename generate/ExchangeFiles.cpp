@@ -35,8 +35,8 @@ std::string_view trimmed(std::string_view text)
     return text.substr(first, text.find_last_not_of(' ') + 1 - first);
 }
 
-void writeExchange(Context& context, const std::string& folder, const std::string& name,
-                   const ExchangeFormat& format, const ParameterGrid& grid)
+void writeExchange(Context& context, form::Progress& progress, const std::string& folder,
+                   const std::string& name, const ExchangeFormat& format, const ParameterGrid& grid)
 {
     const auto open = [&](Target target) { return openTarget(context, {folder, name}, target); };
     TextFile description = open(format.description);
@@ -44,14 +44,14 @@ void writeExchange(Context& context, const std::string& folder, const std::strin
     TextFile valuesTemplate = open(format.valuesTemplate);
 
     description.write(exchangeHead(context, format, name));
-    forEachNamedRow(context, grid, [&](const ParameterRow& row) {
+    forEachNamedRow(progress, grid, [&](const ParameterRow& row) {
         description.line(format.parameterLine(row));
         values.line(nameValueLine(row));
         valuesTemplate.line(templateLine(row));
     });
-    finish(context, valuesTemplate);
-    finish(context, values);
-    finish(context, description);
+    finish(progress, valuesTemplate);
+    finish(progress, values);
+    finish(progress, description);
 }
 
 }  // namespace
@@ -111,10 +111,11 @@ std::string exchangeHead(const Context& context, const ExchangeFormat& format,
                                 {"results", ofSolver(&SolverFormat::results)}});
 }
 
-void WriteExchangeFiles(Context& context, const std::string& folder, const std::string& name)
+void WriteExchangeFiles(Context& context, form::Progress& progress, const std::string& folder,
+                        const std::string& name)
 {
-    writeExchange(context, folder, name, inputExchange, context.form.InputsList);
-    writeExchange(context, folder, name, outputExchange, context.form.OutputsList);
+    writeExchange(context, progress, folder, name, inputExchange, context.form.InputsList);
+    writeExchange(context, progress, folder, name, outputExchange, context.form.OutputsList);
 }
 
 }  // namespace generate

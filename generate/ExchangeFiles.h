@@ -2,7 +2,7 @@
 // for each grid a description, the values, and a template of the values.
 #pragma once
 
-#include "form/Context.h"
+#include "form/Progress.h"
 #include "generate/LinePieces.h"
 
 #include <string>
@@ -35,6 +35,7 @@ extern const ExchangeFormat outputExchange;
 std::string exchangeHead(const form::Context& context, const ExchangeFormat& format,
                          const std::string& modelName);
 
-void WriteExchangeFiles(form::Context& context, const std::string& folder, const std::string& name);
+void WriteExchangeFiles(form::Context& context, form::Progress& progress, const std::string& folder,
+                        const std::string& name);
 
 }  // namespace generate

@@ -83,7 +83,7 @@ void writeFunctionOf(Context& context, const ParameterRow& row, TextFile& file)
 
 }  // namespace
 
-void WriteFunctionInputs(Context& context)
+void WriteFunctionInputs(Context& context, form::Progress& progress)
 {
     logDebug(context.log, "Before writing function data");
     const ModelPath model = {modelFolder(context.femap().ModelName()), ""};
@@ -95,14 +95,14 @@ void WriteFunctionInputs(Context& context)
     form::FemapLock lock(context, "Acquired Femap lock before functions data",
                          form::FemapLock::AnyPointer);
     logDebug(context.log, "Start iteration over InputsList");
-    forEachRow(context, context.form.InputsList, [&](const ParameterRow& row) {
+    forEachRow(progress, context.form.InputsList, [&](const ParameterRow& row) {
         if (row.cell(form::inputColumn::kind) == form::functionKind)
             writeFunctionOf(context, row, file);
     });
     logDebug(context.log, "End iteration over InputsList");
     lock.release("Released Femap lock before functions data");  // sic
     logDebug(context.log, "After writing function data");
-    finish(context, file);
+    finish(progress, file);
 }
 
 }  // namespace generate

@@ -2,11 +2,11 @@
 // open model. A function that FEMAP does not have is left out, and the engineer is told.
 #pragma once
 
-#include "form/Context.h"
+#include "form/Progress.h"
 
 namespace generate
 {
 
-void WriteFunctionInputs(form::Context& context);
+void WriteFunctionInputs(form::Context& context, form::Progress& progress);
 
 }  // namespace generate

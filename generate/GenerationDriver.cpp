@@ -34,7 +34,7 @@ namespace
 struct Tool
 {
     std::string_view name;  // as the Optimizer box shows it
-    void (*generate)(Context& context);
+    void (*generate)(Context& context, form::Progress& progress);
     std::span<const Target> files;
 };
 
@@ -45,36 +45,11 @@ constexpr Tool tools[] = {
 };
 // clang-format on
 
-// Lets every procedure that is called meanwhile step on with one progress.
-class SharedProgress
-{
-public:
-    SharedProgress(Context& context, form::Progress& progress) : context_(context)
-    {
-        context_.progress = &progress;
-    }
-    ~SharedProgress() { context_.progress = nullptr; }
-    SharedProgress(const SharedProgress&) = delete;
-    SharedProgress& operator=(const SharedProgress&) = delete;
-
-private:
-    Context& context_;
-};
-
 const Tool* findTool(std::string_view name)
 {
     const auto* const found = std::find_if(std::begin(tools), std::end(tools),
                                            [&](const Tool& tool) { return tool.name == name; });
     return found == std::end(tools) ? nullptr : found;
-}
-
-void writeFiles(Context& context, form::Progress& progress, const Tool* tool)
-{
-    const SharedProgress shared(context, progress);
-    if (tool != nullptr)
-        tool->generate(context);
-    Save_Config(context);
-    progress.finish();
 }
 
 // How many files were written, and into which folder.
@@ -152,7 +127,10 @@ void GenerateButton_Click(Context& context)
     const Tool* const tool = findTool(context.form.Optimizer.Text);
     const std::size_t files = 1 + (tool == nullptr ? 0 : tool->files.size());
     form::Progress progress(context, "Writing files", files);
-    writeFiles(context, progress, tool);
+    if (tool != nullptr)
+        tool->generate(context, progress);
+    Save_Config(context, progress);
+    progress.finish();
     logDebug(context.log, "called save cofig");  // sic
     lock.release("Released Femap lock");
     logPositionAndClearErrorIfAny(context.log, context.error, "After Generating supporting files");

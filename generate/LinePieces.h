@@ -1,7 +1,7 @@
 // What the writers of generated files share: walks over the rows, and lines made of pieces.
 #pragma once
 
-#include "form/Context.h"
+#include "form/ParameterGrid.h"
 #include "form/Progress.h"
 
 #include <algorithm>
@@ -38,9 +38,9 @@ private:
     std::size_t count_ = 0;
 };
 
-/// Visits all parameter rows in grid order and counts them in context.progress, if it is set.
+/// Visits all parameter rows in grid order.
 template <class Visit>
-void forEachRow(const form::Context& context, const form::ParameterGrid& grid, Visit&& visit)
+void forEachRow(form::Progress& progress, const form::ParameterGrid& grid, Visit&& visit)
 {
     constexpr std::size_t rowsAtOnce = 256;
     for (std::span<const std::string> left = grid.rows(); !left.empty();) {
@@ -48,16 +48,15 @@ void forEachRow(const form::Context& context, const form::ParameterGrid& grid, V
         for (const std::string& row : rows)
             visit(ParameterRow(row));
         left = left.subspan(rows.size());
-        if (context.progress != nullptr)
-            context.progress->passRows(rows.size());
+        progress.passRows(rows.size());
     }
 }
 
 /// Visits the rows that count as parameters in the generated files: those with a name.
 template <class Visit>
-void forEachNamedRow(const form::Context& context, const form::ParameterGrid& grid, Visit&& visit)
+void forEachNamedRow(form::Progress& progress, const form::ParameterGrid& grid, Visit&& visit)
 {
-    forEachRow(context, grid, [&](const ParameterRow& row) {
+    forEachRow(progress, grid, [&](const ParameterRow& row) {
         if (!row.name().empty())
             visit(row);
     });

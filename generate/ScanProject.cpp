@@ -167,11 +167,11 @@ constexpr std::string_view parameters = R"text(
 )text";
 
 // Name and value of each row as a parameter record holds them.
-Lines namesAndValues(const Context& context, const ParameterGrid& grid)
+Lines namesAndValues(form::Progress& progress, const ParameterGrid& grid)
 {
-    return Lines([&context, &grid](const LineSink& add) {
+    return Lines([&progress, &grid](const LineSink& add) {
         std::string line;
-        forEachNamedRow(context, grid, [&](const ParameterRow& row) {
+        forEachNamedRow(progress, grid, [&](const ParameterRow& row) {
             line.assign("'").append(row.name()).append("'    ").append(row.value());
             add(line);
         });
@@ -180,38 +180,41 @@ Lines namesAndValues(const Context& context, const ParameterGrid& grid)
 
 }  // namespace
 
-void WriteOmbraProject(Context& context)
+void WriteOmbraProject(Context& context, form::Progress& progress)
 {
     const auto [folder, name] = openModelPath(context);
-    WriteProjectFile(context, folder, name);
-    WriteProcessFile(context, folder, name);
-    WriteParameterFile(context, folder, name);
-    WriteExchangeFiles(context, folder, name);
+    WriteProjectFile(context, progress, folder, name);
+    WriteProcessFile(context, progress, folder, name);
+    WriteParameterFile(context, progress, folder, name);
+    WriteExchangeFiles(context, progress, folder, name);
 }
 
-void WriteProjectFile(Context& context, const std::string& folder, const std::string& name)
+void WriteProjectFile(Context& context, form::Progress& progress, const std::string& folder,
+                      const std::string& name)
 {
     TextFile file = openTarget(context, {folder, name}, projectFile);
     file.write(
         fillIn(project, {{"model", {name}}, {"1 to 4", {"1", "2", "3", "4"}}, {"blank", {" "}}}));
-    finish(context, file);
+    finish(progress, file);
 }
 
-void WriteProcessFile(Context& context, const std::string& folder, const std::string& name)
+void WriteProcessFile(Context& context, form::Progress& progress, const std::string& folder,
+                      const std::string& name)
 {
     TextFile file = openTarget(context, {folder, name}, processFile);
     file.write(fillIn(process, {{"command line", {context.form.CommandLine.Text}}}));
-    finish(context, file);
+    finish(progress, file);
 }
 
-void WriteParameterFile(Context& context, const std::string& folder, const std::string& name)
+void WriteParameterFile(Context& context, form::Progress& progress, const std::string& folder,
+                        const std::string& name)
 {
     TextFile file = openTarget(context, {folder, name}, parameterFile);
     fillIn(parameters,
-           {{"input", namesAndValues(context, context.form.InputsList)},
-            {"output", namesAndValues(context, context.form.OutputsList)}},
+           {{"input", namesAndValues(progress, context.form.InputsList)},
+            {"output", namesAndValues(progress, context.form.OutputsList)}},
            [&](std::string_view line) { file.line(line); });
-    finish(context, file);
+    finish(progress, file);
 }
 
 }  // namespace generate

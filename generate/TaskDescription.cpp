@@ -215,10 +215,11 @@ bool isElementResponse(const ParameterRow& row)
 }
 
 // The names of those rows of a grid that belong in a list.
-Lines names(const Context& context, const ParameterGrid& grid, bool (*belongs)(const ParameterRow&))
+Lines names(form::Progress& progress, const ParameterGrid& grid,
+            bool (*belongs)(const ParameterRow&))
 {
-    return Lines([&context, &grid, belongs](const LineSink& add) {
-        forEachNamedRow(context, grid, [&](const ParameterRow& row) {
+    return Lines([&progress, &grid, belongs](const LineSink& add) {
+        forEachNamedRow(progress, grid, [&](const ParameterRow& row) {
             if (belongs(row))
                 add(row.name());
         });
@@ -234,7 +235,7 @@ std::string pathsOf(const ExchangeFormat& format, const std::string& folder)
 
 }  // namespace
 
-void WriteDescFile(Context& context)
+void WriteDescFile(Context& context, form::Progress& progress)
 {
     logDebug(context.log, "At start of WriteDescFile");
     const ModelPath model = openModelPath(context);
@@ -248,18 +249,18 @@ void WriteDescFile(Context& context)
     logDebug(context.log, "Opened files ", inputPaths, targetPath(model, taskFile), " For writing");
     caeInput.write(exchangeHead(context, inputExchange, name));
     WriteDescFileHead(context, task);
-    WriteBatchFile(context, folder, name);
-    forEachNamedRow(context, context.form.InputsList, [&](const ParameterRow& row) {
+    WriteBatchFile(context, progress, folder, name);
+    forEachNamedRow(progress, context.form.InputsList, [&](const ParameterRow& row) {
         if (isFunction(row))
             return;
         caeInput.line(inputParameterLine(row));
         inputNamesAndValues.line(nameValueLine(row));
         task.line(inputLine(row));
     });
-    WriteFunctionInputs(context);
+    WriteFunctionInputs(context, progress);
     task.write(fillIn(betweenInputsAndOutputs, {}));
-    finish(context, inputNamesAndValues);
-    finish(context, caeInput);
+    finish(progress, inputNamesAndValues);
+    finish(progress, caeInput);
     logDebug(context.log, "Closed files ", inputPaths);
 
     TextFile caeOutput = open(outputDescription);
@@ -267,14 +268,14 @@ void WriteDescFile(Context& context)
     const std::string outputPaths = pathsOf(outputExchange, folder);
     logDebug(context.log, "Opened files ", outputPaths, " For writing");
     caeOutput.write(exchangeHead(context, outputExchange, name));
-    forEachNamedRow(context, context.form.OutputsList, [&](const ParameterRow& row) {
+    forEachNamedRow(progress, context.form.OutputsList, [&](const ParameterRow& row) {
         caeOutput.line(outputResponseLine(row));
         outputNamesAndValues.line(nameValueLine(row));
         task.line(outputLine(row));
     });
-    WriteDescFileTail(context, task, name);
-    finish(context, outputNamesAndValues);
-    finish(context, caeOutput);
+    WriteDescFileTail(context, progress, task, name);
+    finish(progress, outputNamesAndValues);
+    finish(progress, caeOutput);
     logDebug(context.log, "Closed files ", outputPaths, " ");
     logDebug(context.log, "At end of  write desc file");  // sic
 }
@@ -286,7 +287,8 @@ void WriteDescFileHead(Context& context, TextFile& file)
     logDebug(context.log, "After writing head of Desc file");
 }
 
-void WriteDescFileTail(Context& context, TextFile& file, const std::string& name)
+void WriteDescFileTail(Context& context, form::Progress& progress, TextFile& file,
+                       const std::string& name)
 {
     logDebug(context.log, "Before writing tail of Desc file");
     const SolverFormat* const solver = findSolverFormat(context.form.Solver.Text);
@@ -296,20 +298,20 @@ void WriteDescFileTail(Context& context, TextFile& file, const std::string& name
                        {"results", solver == nullptr ? Lines{} : Lines{solver->results}},
                        {"engine folder", copiesSettings ? Lines{solver->engineFolder} : Lines{}},
                        {"command line", {context.form.CommandLine.Text}}}));
-    WriteDescFileOptimize(context, file);
+    WriteDescFileOptimize(context, progress, file);
     file.write(fillIn(planAndStorage, {}));
-    finish(context, file);
+    finish(progress, file);
     logDebug(context.log, "After writing head of Desc file");  // sic
 }
 
-void WriteDescFileOptimize(Context& context, TextFile& file)
+void WriteDescFileOptimize(Context& context, form::Progress& progress, TextFile& file)
 {
     logDebug(context.log, "Before writing optimize of Desc file");
     fillIn(optimisation,
-           {{"input", names(context, context.form.InputsList, isAny)},
-            {"property input", names(context, context.form.InputsList, isProperty)},
-            {"output", names(context, context.form.OutputsList, isAny)},
-            {"element output", names(context, context.form.OutputsList, isElementResponse)}},
+           {{"input", names(progress, context.form.InputsList, isAny)},
+            {"property input", names(progress, context.form.InputsList, isProperty)},
+            {"output", names(progress, context.form.OutputsList, isAny)},
+            {"element output", names(progress, context.form.OutputsList, isElementResponse)}},
            [&](std::string_view line) { file.line(line); });
     logDebug(context.log, "After writing optimize of Desc file");
 }

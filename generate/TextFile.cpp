@@ -103,11 +103,10 @@ void TextFile::close()
                  " is the first with a character that the code page lacks; it is written as ?");
 }
 
-void finish(form::Context& context, TextFile& file)
+void finish(form::Progress& progress, TextFile& file)
 {
     file.close();
-    if (context.progress != nullptr)
-        context.progress->finished(file.path());
+    progress.finished(file.path());
 }
 
 }  // namespace generate

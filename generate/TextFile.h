@@ -12,7 +12,7 @@
 
 namespace form
 {
-struct Context;
+class Progress;
 }
 
 namespace generate
@@ -51,6 +51,6 @@ private:
 };
 
 /// Gives the file its final name and counts it for the result that the action tells.
-void finish(form::Context& context, TextFile& file);
+void finish(form::Progress& progress, TextFile& file);
 
 }  // namespace generate

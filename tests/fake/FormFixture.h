@@ -6,6 +6,7 @@
 #include "femap/SelectionDialogs.h"
 #include "femap/embedded/Host.h"
 #include "form/Context.h"
+#include "form/Progress.h"
 
 #include <cstddef>
 #include <deque>
@@ -93,6 +94,7 @@ public:
 
     form::MainForm form;
     form::Context context{form, host, system};
+    form::Progress progress{context, "Writing files"};  // for writers that are called alone
 
     /// Puts the form's FEMAP under a watch, once.
     CallWatch& watchFemap();

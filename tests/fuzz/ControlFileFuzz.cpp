@@ -49,14 +49,14 @@ void checkSaved(fake::FormFixture& f)
     const std::vector<std::string> inputs = namedRows(f.form.InputsList);
     if (inputs.empty())
         return;  // then the outputs are taken for inputs
-    generate::Save_Config(f.context);
+    generate::Save_Config(f.context, f.progress);
     if (f.files.contents.at(controlFile).starts_with("\xEF\xBB\xBF"))
         return;  // a name that begins so is taken for the mark of UTF-8
 
     fake::FormFixture again;
     openModel(again);
     again.files.contents[controlFile] = f.files.contents.at(controlFile);
-    generate::Load_Click(again.context);
+    generate::Load_Click(again.context, again.femap.modelName);
 
     require(namedRows(again.form.InputsList) == inputs, "the inputs survive");
     require(namedRows(again.form.OutputsList) == namedRows(f.form.OutputsList),
@@ -72,7 +72,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     openModel(f);
     f.files.contents[controlFile] = content;
 
-    generate::Load_Click(f.context);
+    generate::Load_Click(f.context, f.femap.modelName);
 
     require(f.files.contents.at(controlFile) == content, "the file is left as it is");
     require(!f.context.error.isPending(), "no error stays");

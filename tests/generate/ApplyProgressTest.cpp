@@ -72,7 +72,6 @@ TEST_P(ApplyProgress, LeavesNoTraceInTheFormInFemapOrInTheLog)
     // Behind the result; it was told before this action.
     EXPECT_THAT(f.form.StatusLine.Caption, EndsWith(" written into " + inWork("") + ". before"));
     EXPECT_EQ(f.femap.statusMaximum, 0);
-    EXPECT_EQ(f.context.progress, nullptr);
     EXPECT_THAT(f.log(), Not(Contains(HasSubstr("Writing files"))));
 }
 
@@ -81,16 +80,6 @@ TEST_P(ApplyProgress, IsNotShownOfLessThanASecond)
     applyWithClock(0.001);
 
     EXPECT_THAT(percents, IsEmpty());
-}
-
-TEST_P(ApplyProgress, EndsWithAnErrorThatEndsTheWriting)
-{
-    f.files.failingOperation = 3;
-
-    EXPECT_THROW(applyWithClock(2), sys::RuntimeError);
-
-    EXPECT_EQ(f.context.progress, nullptr);
-    EXPECT_EQ(f.femap.statusMaximum, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Tools, ApplyProgress, testing::Values("Velmar", "Ombra", "none"),

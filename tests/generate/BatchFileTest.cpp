@@ -18,7 +18,8 @@ TEST(BatchFile, HoldsTheCommandLineAsItStands)
         GenerateFixture f;
         f.form.CommandLine.Text = command;
 
-        const auto log = f.logOf([&] { WriteBatchFile(f.context, inWork(""), "wing"); });
+        const auto log =
+            f.logOf([&] { WriteBatchFile(f.context, f.progress, inWork(""), "wing"); });
 
         std::string bytes;
         f.system.codePage.encode(command, bytes);
@@ -35,7 +36,7 @@ TEST(BatchFile, ReplacesTheOldOne)
     GenerateFixture f;
     f.files.contents[inWork("FDFemap.bat")] = "old\r\nlines\r\n";
 
-    WriteBatchFile(f.context, inWork(""), "beam");
+    WriteBatchFile(f.context, f.progress, inWork(""), "beam");
 
     EXPECT_THAT(f.written("FDFemap.bat"), ElementsAre("nastran beam.dat notify=no"));
 }

@@ -41,7 +41,7 @@ protected:
     void load(const std::string& content)
     {
         f.files.contents[path] = content;
-        Load_Click(f.context);
+        Load_Click(f.context, f.femap.modelName);
     }
 };
 
@@ -66,8 +66,9 @@ TEST(ControlFileWithoutMemory, IsNamedAndCountsAsUnread)
     context.application = std::move(f.context.application);
     f.files.contents[path] = "Tr\xE4ger\t1\r\n";
 
-    EXPECT_THAT([&] { Load_Click(context); }, testing::ThrowsMessage<sys::RuntimeError>(
-                                                  std::string(sys::noMemory) + ": " + path));
+    EXPECT_THAT(
+        [&] { Load_Click(context, f.femap.modelName); },
+        testing::ThrowsMessage<sys::RuntimeError>(std::string(sys::noMemory) + ": " + path));
     EXPECT_THAT(f.form.stored.readFiles, IsEmpty());
 }
 
@@ -77,7 +78,7 @@ TEST_F(ControlFile, HoldsTheInputsAnEmptyLineAndTheOutputs)
     f.addInput({"XAtNode5", "1.5", "Node", "5", "x"});
     f.addOutput({"TotalMass", "7.85", "MassTotal", "", "MassProperties"});
 
-    Save_Config(f.context);
+    Save_Config(f.context, f.progress);
 
     EXPECT_EQ(f.files.contents.at(path),
               "ThicknessAtProp12\t0.25\tProp\t12\tpval\t0\r\n"
@@ -88,7 +89,7 @@ TEST_F(ControlFile, HoldsTheInputsAnEmptyLineAndTheOutputs)
 
 TEST_F(ControlFile, IsOneEmptyLineWhenBothGridsAreEmpty)
 {
-    Save_Config(f.context);
+    Save_Config(f.context, f.progress);
 
     EXPECT_EQ(f.files.contents.at(path), "\r\n");
 }
@@ -100,7 +101,7 @@ TEST_F(ControlFile, LeavesOutRowsWithoutAName)
     f.addInput({"last", "3", "Prop", "1", "pval", "2"});
     f.form.OutputsList.setText(1, form::outputColumn::kind, "MassProperties");
 
-    Save_Config(f.context);
+    Save_Config(f.context, f.progress);
 
     EXPECT_THAT(f.written("beamControl.txt"),
                 ElementsAre("first\t1\tProp\t1\tpval\t0", "last\t3\tProp\t1\tpval\t2", ""));
@@ -110,7 +111,7 @@ TEST_F(ControlFile, IsNamedAfterAModelWithoutAnExtension)
 {
     f.femap.modelName = inWork("plate");
 
-    Save_Config(f.context);
+    Save_Config(f.context, f.progress);
 
     EXPECT_TRUE(f.exists("plateControl.txt"));
 }
@@ -119,9 +120,9 @@ TEST_F(ControlFile, IsWrittenInTheCodePageAndReadBack)
 {
     f.addInput({"Träger Ø12", "1", "Prop", "12", "pval", "0"});
 
-    Save_Config(f.context);
+    Save_Config(f.context, f.progress);
     f.form.InputsList.setText(1, 0, "");
-    Load_Click(f.context);
+    Load_Click(f.context, f.femap.modelName);
 
     EXPECT_THAT(f.files.contents.at(path), HasSubstr("Tr\xE4ger \xD8"
                                                      "12\t"));
@@ -130,7 +131,7 @@ TEST_F(ControlFile, IsWrittenInTheCodePageAndReadBack)
 
 TEST_F(ControlFile, SavingLogsEachStep)
 {
-    const auto log = f.logOf([&] { Save_Config(f.context); });
+    const auto log = f.logOf([&] { Save_Config(f.context, f.progress); });
 
     EXPECT_THAT(
         log, ElementsAre("DEBUG: Position at At start of Save_Config",
@@ -141,7 +142,7 @@ TEST_F(ControlFile, IsNotWrittenForAModelWithoutAFile)
 {
     f.femap.modelName.clear();
 
-    const auto log = f.logOf([&] { Save_Config(f.context); });
+    const auto log = f.logOf([&] { Save_Config(f.context, f.progress); });
 
     EXPECT_THAT(f.messages(), ElementsAre("Model must be saved in .MOD format first"));
     EXPECT_EQ(f.femap.messages.front().colour, femap::MessageColour::Error);
@@ -154,7 +155,7 @@ TEST_F(ControlFile, SavingRaisesWhenTheModelNameCannotBeRead)
 {
     f.femap.model.reset();
 
-    EXPECT_THROW(Save_Config(f.context), sys::RuntimeError);
+    EXPECT_THROW(Save_Config(f.context, f.progress), sys::RuntimeError);
     EXPECT_THAT(f.fileNames(), IsEmpty());
 }
 
@@ -162,8 +163,8 @@ TEST_F(ControlFile, SavingAndLoadingRaiseWhenTheOnlyPointLiesInAFolderName)
 {
     f.femap.modelName = inWork("run.1") + sys::pathSeparator + "plate";
 
-    EXPECT_THROW(Save_Config(f.context), sys::RuntimeError);
-    EXPECT_THROW(Load_Click(f.context), sys::RuntimeError);
+    EXPECT_THROW(Save_Config(f.context, f.progress), sys::RuntimeError);
+    EXPECT_THROW(Load_Click(f.context, f.femap.modelName), sys::RuntimeError);
 }
 
 TEST_F(ControlFile, LoadingReproducesEveryCellOfEveryRow)
@@ -175,11 +176,11 @@ TEST_F(ControlFile, LoadingReproducesEveryCellOfEveryRow)
     f.addOutput({"TotalMass", "7.85", "MassTotal", "", "MassProperties"});
     const auto inputs = f.rows(f.form.InputsList);
     const auto outputs = f.rows(f.form.OutputsList);
-    Save_Config(f.context);
+    Save_Config(f.context, f.progress);
     f.addInput({"another", "1"});
     f.addOutput({"another", "1"});
 
-    Load_Click(f.context);
+    Load_Click(f.context, f.femap.modelName);
 
     EXPECT_EQ(f.rows(f.form.InputsList), inputs);
     EXPECT_EQ(f.rows(f.form.OutputsList), outputs);
@@ -210,7 +211,7 @@ TEST_F(ControlFile, LoadingReportsAnErrorThatWasPendingBefore)
     f.context.error.attempt(
         [] { throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "left over"); });
 
-    const auto log = f.logOf([&] { Load_Click(f.context); });
+    const auto log = f.logOf([&] { Load_Click(f.context, f.femap.modelName); });
 
     EXPECT_THAT(log, Contains("DEBUG: Error occured In the Load_Click"));
     EXPECT_THAT(log, Contains("ERROR: left over"));
@@ -221,7 +222,7 @@ TEST_F(ControlFile, LoadingWithoutAControlFileLeavesTheGridsAndOneQuietLineInThe
     f.addInput({"kept", "1"});
     f.addOutput({"kept too", "1"});
 
-    const auto log = f.logOf([&] { Load_Click(f.context); });
+    const auto log = f.logOf([&] { Load_Click(f.context, f.femap.modelName); });
 
     EXPECT_THAT(f.names(f.form.InputsList), ElementsAre("kept"));
     EXPECT_THAT(f.names(f.form.OutputsList), ElementsAre("kept too"));
@@ -257,7 +258,7 @@ TEST_F(ControlFile, LoadingForAModelWithoutAFileOnlySaysSo)
     f.femap.modelName.clear();
     f.addInput({"kept", "1"});
 
-    const auto log = f.logOf([&] { Load_Click(f.context); });
+    const auto log = f.logOf([&] { Load_Click(f.context, f.femap.modelName); });
 
     EXPECT_THAT(f.messages(), ElementsAre("Model must be saved in .MOD format first"));
     EXPECT_THAT(log, ElementsAre("DEBUG: Position at At start of Load_Click",

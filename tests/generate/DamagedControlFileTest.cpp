@@ -70,7 +70,7 @@ protected:
     void load()
     {
         f.files.contents[path] = GetParam().bytes;
-        Load_Click(f.context);
+        Load_Click(f.context, f.femap.modelName);
     }
 };
 
@@ -85,7 +85,7 @@ class DamagedControlFile : public ReadContent
 TEST_P(WholeControlFile, IsReadWithoutAWordAndReplacedWithoutACopy)
 {
     load();
-    Save_Config(f.context);
+    Save_Config(f.context, f.progress);
 
     EXPECT_THAT(f.messages(), IsEmpty());
     EXPECT_EQ(f.form.StatusLine.Caption, "");
@@ -115,7 +115,7 @@ TEST(ControlFileBehindAMarkOfUtf8, HasItsFirstName)
     GenerateFixture f;
     f.files.contents[inWork("beamControl.txt")] = "\xEF\xBB\xBF" + wholeFile;
 
-    Load_Click(f.context);
+    Load_Click(f.context, f.femap.modelName);
 
     EXPECT_THAT(f.names(f.form.InputsList), ElementsAre("XAtNode1", "YAtNode1"));
 }
@@ -134,7 +134,7 @@ TEST_P(DamagedControlFile, IsToldWithItsLineAndKeptAsACopy)
     EXPECT_FALSE(f.context.error.isPending());
 
     f.form.status.clear();
-    Save_Config(f.context);
+    Save_Config(f.context, f.progress);
 
     EXPECT_EQ(f.files.contents.at(inWork("beamControl.previous.txt")), GetParam().bytes);
     EXPECT_EQ(f.form.StatusLine.Caption,
@@ -187,8 +187,8 @@ TEST(EmptyControlFile, IsToldAndNotWorthACopy)
     GenerateFixture f;
     f.files.contents[inWork("beamControl.txt")] = "";
 
-    Load_Click(f.context);
-    Save_Config(f.context);
+    Load_Click(f.context, f.femap.modelName);
+    Save_Config(f.context, f.progress);
 
     EXPECT_THAT(f.messages(), ElementsAre(HasSubstr("line 1: the file is empty")));
     EXPECT_THAT(f.fileNames(), ElementsAre("beamControl.txt"));
@@ -200,7 +200,7 @@ TEST(DamagedControlFileInTheLog, HasALineForEachLineConcerned)
     f.files.contents[inWork("beamControl.txt")] =
         inputRow + "a\r\n\r\n" + otherInput + outputRow + "\r\nb\r\n\r\nc\r\n";
 
-    const auto log = f.logOf([&] { Load_Click(f.context); });
+    const auto log = f.logOf([&] { Load_Click(f.context, f.femap.modelName); });
 
     EXPECT_THAT(
         log,
@@ -220,7 +220,7 @@ TEST(DamagedControlFileInTheLog, IsReadAlsoWhenFemapShowsNoMessage)
     f.watchFemap().failAt("feAppMessage", "refused");
     f.files.contents[inWork("beamControl.txt")] = inputRow;
 
-    Load_Click(f.context);
+    Load_Click(f.context, f.femap.modelName);
 
     EXPECT_THAT(f.names(f.form.InputsList), ElementsAre("XAtNode1"));
     EXPECT_THAT(f.form.StatusLine.Caption, HasSubstr("line 2: the end of the inputs is missing"));

@@ -16,7 +16,7 @@ namespace
 
 void write(GenerateFixture& f)
 {
-    WriteExchangeFiles(f.context, inWork(""), "beam");
+    WriteExchangeFiles(f.context, f.progress, inWork(""), "beam");
 }
 
 }  // namespace

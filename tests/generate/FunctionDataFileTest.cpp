@@ -61,7 +61,7 @@ TEST(WriteFunctionInputs, WritesABlockForEachFunctionRowInGridOrder)
     f.addInput({"ThicknessAtProp5", "0.25", "Prop", "5", "pval", "0"});
     f.addInput({"Load history", "X-Y Values", "Function", " 5"});
 
-    WriteFunctionInputs(f.context);
+    WriteFunctionInputs(f.context, f.progress);
 
     EXPECT_EQ(f.files.contents.at(inWork(fileName)),
               "Function Definition\r\n"
@@ -84,7 +84,7 @@ TEST(WriteFunctionInputs, WritesFourLinesForAFunctionWithoutPoints)
     f.addFunction(6, "none", {}, {});
     f.addInput({"none", "X-Y Values", "Function", " 6"});
 
-    WriteFunctionInputs(f.context);
+    WriteFunctionInputs(f.context, f.progress);
 
     EXPECT_THAT(f.written(fileName), ElementsAre("Function Definition", " 6 ", "none", " 0"));
 }
@@ -95,7 +95,7 @@ TEST(WriteFunctionInputs, WritesTheTitleThatFemapHasNow)
     f.addFunction(6, "renamed", {}, {});
     f.addInput({"as it was", "X-Y Values", "Function", " 6"});
 
-    WriteFunctionInputs(f.context);
+    WriteFunctionInputs(f.context, f.progress);
 
     EXPECT_THAT(f.written(fileName), Contains("renamed"));
 }
@@ -106,7 +106,7 @@ TEST(WriteFunctionInputs, WritesTheBlockOfAFunctionWithAnEmptyTitle)
     f.addFunction(7, "", {1}, {2});
     f.addInput({"", "X-Y Values", "Function", " 7"});
 
-    WriteFunctionInputs(f.context);
+    WriteFunctionInputs(f.context, f.progress);
 
     EXPECT_THAT(f.written(fileName), ElementsAre("Function Definition", " 7 ", "", " 1", " 1_ 2"));
 }
@@ -117,7 +117,7 @@ TEST(WriteFunctionInputs, TakesTheLowestIdThatFemapGives)
     f.addFunction(1, "first", {}, {});
     f.addInput({"first", "X-Y Values", "Function", " 1"});
 
-    WriteFunctionInputs(f.context);
+    WriteFunctionInputs(f.context, f.progress);
 
     EXPECT_THAT(f.written(fileName), ElementsAre("Function Definition", " 1 ", "first", " 0"));
 }
@@ -129,7 +129,7 @@ TEST(WriteFunctionInputs, WritesTheSameFunctionTwiceForTwoRows)
     f.addInput({"twice", "X-Y Values", "Function", " 6"});
     f.addInput({"twice", "X-Y Values", "Function", " 6"});
 
-    WriteFunctionInputs(f.context);
+    WriteFunctionInputs(f.context, f.progress);
 
     EXPECT_EQ(f.written(fileName).size(), 8U);
 }
@@ -138,7 +138,7 @@ TEST(WriteFunctionInputs, CreatesAnEmptyFileWithoutFunctionRows)
 {
     GenerateFixture f;
 
-    WriteFunctionInputs(f.context);
+    WriteFunctionInputs(f.context, f.progress);
 
     EXPECT_EQ(f.files.contents.at(inWork(fileName)), "");
     EXPECT_EQ(f.form.function, nullptr);
@@ -151,7 +151,7 @@ TEST(WriteFunctionInputs, SaysWhichFunctionFemapLacksAndWritesTheOthers)
     f.addInput({"gone", "X-Y Values", "Function", " 99"});
     f.addInput({"there", "X-Y Values", "Function", " 5"});
 
-    const auto log = f.logOf([&] { WriteFunctionInputs(f.context); });
+    const auto log = f.logOf([&] { WriteFunctionInputs(f.context, f.progress); });
 
     EXPECT_THAT(f.messages(), ElementsAre("Unable to fetch the value for function id =  99",
                                           "there is selected"));
@@ -166,11 +166,11 @@ TEST(WriteFunctionInputs, KeepsFemapsAnswerToTheLastFunction)
     GenerateFixture f;
     f.addFunction(5, "there", {}, {});
     f.addInput({"there", "X-Y Values", "Function", " 5"});
-    WriteFunctionInputs(f.context);
+    WriteFunctionInputs(f.context, f.progress);
     const int afterSuccess = f.form.returnCode;
     f.addInput({"gone", "X-Y Values", "Function", " 99"});
 
-    WriteFunctionInputs(f.context);
+    WriteFunctionInputs(f.context, f.progress);
 
     EXPECT_EQ(afterSuccess, static_cast<int>(femap::ReturnCode::Ok));
     EXPECT_NE(f.form.returnCode, static_cast<int>(femap::ReturnCode::Ok));
@@ -182,7 +182,7 @@ TEST(WriteFunctionInputs, TakesAnIdThatIsNoNumberForAMissingFunction)
     f.addInput({"odd", "X-Y Values", "Function", "five"});
     f.addInput({"odd too", "X-Y Values", "Function", ""});
 
-    WriteFunctionInputs(f.context);
+    WriteFunctionInputs(f.context, f.progress);
 
     EXPECT_THAT(f.messages(), ElementsAre("Unable to fetch the value for function id = five",
                                           "Unable to fetch the value for function id = "));
@@ -196,7 +196,7 @@ TEST(WriteFunctionInputs, TakesTheIdZeroForAMissingFunction)
     f.addInput({"there", "X-Y Values", "Function", " 5"});
     f.addInput({"none", "X-Y Values", "Function", " 0"});
 
-    WriteFunctionInputs(f.context);
+    WriteFunctionInputs(f.context, f.progress);
 
     EXPECT_THAT(f.written(fileName), ElementsAre("Function Definition", " 5 ", "there", " 0"));
     EXPECT_THAT(f.messages(), Contains("Unable to fetch the value for function id =  0"));
@@ -208,7 +208,7 @@ TEST(WriteFunctionInputs, TakesOnlyRowsWhoseKindIsExactlyFunction)
     f.addFunction(5, "there", {}, {});
     f.addInput({"Function", "Function", "function", " 5", "Function"});
 
-    WriteFunctionInputs(f.context);
+    WriteFunctionInputs(f.context, f.progress);
 
     EXPECT_THAT(f.messages(), IsEmpty());
     EXPECT_EQ(f.files.contents.at(inWork(fileName)), "");
@@ -222,7 +222,7 @@ TEST(WriteFunctionInputs, LogsEachStepAndHoldsTheLockMeanwhile)
     int locksDuringTheWalk = 0;
     f.femap.messageShown = [&](const auto&) { locksDuringTheWalk = f.femap.lockCount; };
 
-    const auto log = f.logOf([&] { WriteFunctionInputs(f.context); });
+    const auto log = f.logOf([&] { WriteFunctionInputs(f.context, f.progress); });
 
     EXPECT_THAT(
         log, ElementsAre("DEBUG: Before writing function data",
@@ -248,7 +248,7 @@ TEST(WriteFunctionInputs, TellsTheEngineerWhichFunctionItWritesWithoutALogLine)
     f.addFunction(5, "curve", {}, {});
     f.addInput({"curve", "X-Y Values", "Function", " 5"});
 
-    const auto log = f.logOf([&] { WriteFunctionInputs(f.context); });
+    const auto log = f.logOf([&] { WriteFunctionInputs(f.context, f.progress); });
 
     EXPECT_THAT(f.messages(), ElementsAre("curve is selected"));
     EXPECT_EQ(f.femap.messages.front().colour, femap::MessageColour::Normal);
@@ -264,7 +264,7 @@ TEST(WriteFunctionInputs, UsesTheFunctionObjectThatTheFormHasAlready)
     f.form.function = f.context.femap().feFunction();
     const femap::Function* const before = f.form.function.get();
 
-    WriteFunctionInputs(f.context);
+    WriteFunctionInputs(f.context, f.progress);
 
     EXPECT_EQ(f.form.function.get(), before);
 }
@@ -275,7 +275,7 @@ TEST(WriteFunctionInputs, LeavesTheOldFileWhenNoModelIsOpen)
     f.files.contents[inWork(fileName)] = "old";
     f.femap.model.reset();
 
-    EXPECT_THROW(WriteFunctionInputs(f.context), sys::RuntimeError);
+    EXPECT_THROW(WriteFunctionInputs(f.context, f.progress), sys::RuntimeError);
     EXPECT_EQ(f.files.contents.at(inWork(fileName)), "old");
 }
 

@@ -19,7 +19,7 @@ protected:
     void load(const std::string& content)
     {
         f.files.contents[inWork("beamControl.txt")] = content;
-        Load_Click(f.context);
+        Load_Click(f.context, f.femap.modelName);
     }
 };
 

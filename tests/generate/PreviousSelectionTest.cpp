@@ -53,11 +53,11 @@ TEST_F(PreviousSelection, IsKeptBeforeItIsReplaced)
 
 TEST_F(PreviousSelection, IsNotKeptWhenThisRunWroteIt)
 {
-    Save_Config(f.context);
+    Save_Config(f.context, f.progress);
     f.files.contents.erase(copy);
     f.form.status.clear();
 
-    Save_Config(f.context);
+    Save_Config(f.context, f.progress);
 
     EXPECT_THAT(f.fileNames(), ElementsAre("beamControl.txt"));
     EXPECT_EQ(f.form.StatusLine.Caption, "");
@@ -65,19 +65,19 @@ TEST_F(PreviousSelection, IsNotKeptWhenThisRunWroteIt)
 
 TEST_F(PreviousSelection, IsNotKeptWhenThisRunReadItWhole)
 {
-    Load_Click(f.context);
+    Load_Click(f.context, f.femap.modelName);
 
-    Save_Config(f.context);
+    Save_Config(f.context, f.progress);
 
     EXPECT_THAT(f.fileNames(), ElementsAre("beamControl.txt"));
 }
 
 TEST_F(PreviousSelection, IsKeptWhenAnotherRunWroteItMeanwhile)
 {
-    Load_Click(f.context);
+    Load_Click(f.context, f.femap.modelName);
     f.files.contents[control] = changed;
 
-    Save_Config(f.context);
+    Save_Config(f.context, f.progress);
 
     EXPECT_EQ(f.files.contents.at(copy), changed);
 }
@@ -87,7 +87,7 @@ TEST_F(PreviousSelection, GetsANumberBesideADifferentOne)
     f.files.contents[copy] = "a";
     f.files.contents[inWork("beamControl.previous2.txt")] = "b";
 
-    Save_Config(f.context);
+    Save_Config(f.context, f.progress);
 
     EXPECT_EQ(f.files.contents.at(copy), "a");
     EXPECT_EQ(f.files.contents.at(inWork("beamControl.previous2.txt")), "b");
@@ -99,7 +99,7 @@ TEST_F(PreviousSelection, IsNotKeptTwice)
 {
     f.files.contents[copy] = stored;
 
-    Save_Config(f.context);
+    Save_Config(f.context, f.progress);
 
     EXPECT_THAT(f.fileNames(), ElementsAre("beamControl.previous.txt", "beamControl.txt"));
     EXPECT_EQ(f.form.StatusLine.Caption, told + "beamControl.previous.txt");
@@ -112,7 +112,7 @@ TEST_F(PreviousSelection, StaysWhenItCannotBeCopied)
         f.files.failingOperation = f.files.operations + operation;
 
         try {
-            Save_Config(f.context);
+            Save_Config(f.context, f.progress);
             FAIL() << "no error was raised";
         }
         catch (const sys::RuntimeError& error) {
@@ -130,10 +130,10 @@ TEST_F(PreviousSelection, StaysWhenItCannotBeCopied)
 TEST_F(PreviousSelection, StaysWhenItCannotBeRead)
 {
     f.files.deniedReads = 1;
-    Load_Click(f.context);
+    Load_Click(f.context, f.femap.modelName);
     f.files.deniedReads = 1;
 
-    EXPECT_THROW(Save_Config(f.context), sys::RuntimeError);
+    EXPECT_THROW(Save_Config(f.context, f.progress), sys::RuntimeError);
 
     EXPECT_EQ(f.files.contents.at(control), stored);
     EXPECT_THAT(f.fileNames(), ElementsAre("beamControl.txt"));
@@ -141,7 +141,7 @@ TEST_F(PreviousSelection, StaysWhenItCannotBeRead)
 
 TEST_F(PreviousSelection, LeavesNoWordInTheLog)
 {
-    const auto log = f.logOf([&] { Save_Config(f.context); });
+    const auto log = f.logOf([&] { Save_Config(f.context, f.progress); });
 
     EXPECT_THAT(log, Not(Contains(HasSubstr("previous"))));
 }

@@ -22,7 +22,7 @@ TEST(OmbraProject, WritesThreeProjectFilesAndSixExchangeFiles)
     GenerateFixture f;
     f.femap.modelName = inWork("plate");
 
-    WriteOmbraProject(f.context);
+    WriteOmbraProject(f.context, f.progress);
 
     EXPECT_THAT(f.fileNames(),
                 ElementsAre("CAEInput.txt", "CAEOutput.txt", "InputValues.txt",
@@ -35,7 +35,7 @@ TEST(OmbraProject, LogsNothing)
     GenerateFixture f;
     f.addInput({"T1", "0.25", "Prop", "1", "pval", "0"});
 
-    EXPECT_THAT(f.logOf([&] { WriteOmbraProject(f.context); }), IsEmpty());
+    EXPECT_THAT(f.logOf([&] { WriteOmbraProject(f.context, f.progress); }), IsEmpty());
 }
 
 TEST(OmbraProject, RaisesWithoutAModelAndWritesNothing)
@@ -43,7 +43,7 @@ TEST(OmbraProject, RaisesWithoutAModelAndWritesNothing)
     GenerateFixture f;
     f.femap.model.reset();
 
-    EXPECT_THROW(WriteOmbraProject(f.context), sys::RuntimeError);
+    EXPECT_THROW(WriteOmbraProject(f.context, f.progress), sys::RuntimeError);
     EXPECT_THAT(f.fileNames(), IsEmpty());
 }
 
@@ -51,7 +51,7 @@ TEST(ProjectFile, NamesTheOtherFilesAfterTheModel)
 {
     GenerateFixture f;
 
-    WriteProjectFile(f.context, inWork(""), "plate");
+    WriteProjectFile(f.context, f.progress, inWork(""), "plate");
 
     EXPECT_THAT(f.written("plate.kvp"),
                 IsSupersetOf({"set linkfile \"plate.pcs\"", "set linkfiledisplay \"plate.pcs\"",
@@ -62,7 +62,7 @@ TEST(ProjectFile, BeginsWithABoxOfThirtySevenCharacters)
 {
     GenerateFixture f;
 
-    WriteProjectFile(f.context, inWork(""), "plate");
+    WriteProjectFile(f.context, f.progress, inWork(""), "plate");
 
     const std::vector<std::string> lines = f.written("plate.kvp");
     const std::vector<std::string> box(lines.begin(), lines.begin() + 5);
@@ -74,7 +74,7 @@ TEST(ProjectFile, TellsBlankLinesFromEmptyOnes)
 {
     GenerateFixture f;
 
-    WriteProjectFile(f.context, inWork(""), "plate");
+    WriteProjectFile(f.context, f.progress, inWork(""), "plate");
 
     const std::vector<std::string> lines = f.written("plate.kvp");
     EXPECT_EQ(std::count(lines.begin(), lines.end(), " "), 5);
@@ -86,7 +86,7 @@ TEST(ProcessFile, RunsTheCommandLineInItsSecondStep)
     GenerateFixture f;
     f.form.CommandLine.Text = "call 'a' \"b\"";
 
-    WriteProcessFile(f.context, inWork(""), "plate");
+    WriteProcessFile(f.context, f.progress, inWork(""), "plate");
 
     EXPECT_THAT(f.written("plate.pcs"), Contains("'Y'  'call 'a' \"b\"' '*' '<local>' 0"));
 }
@@ -96,7 +96,7 @@ TEST(ProcessFile, KeepsTheRecordOfAnEmptyCommandLine)
     GenerateFixture f;
     f.form.CommandLine.Text = "";
 
-    WriteProcessFile(f.context, inWork(""), "plate");
+    WriteProcessFile(f.context, f.progress, inWork(""), "plate");
 
     EXPECT_THAT(f.written("plate.pcs"), Contains("'Y'  '' '*' '<local>' 0"));
 }
@@ -105,7 +105,7 @@ TEST(ProcessFile, HasTwoBlanksBeforeTheFlagOfTheInputFilesOnly)
 {
     GenerateFixture f;
 
-    WriteProcessFile(f.context, inWork(""), "plate");
+    WriteProcessFile(f.context, f.progress, inWork(""), "plate");
 
     EXPECT_THAT(f.written("plate.pcs"),
                 IsSupersetOf({"'I'  'InputValues.txt.template' 'InputValues.txt' '<local>'  0",
@@ -116,7 +116,7 @@ TEST(ParameterFile, HoldsSixLinesForEmptyGrids)
 {
     GenerateFixture f;
 
-    WriteParameterFile(f.context, inWork(""), "plate");
+    WriteParameterFile(f.context, f.progress, inWork(""), "plate");
 
     EXPECT_THAT(f.written("plate.par"),
                 ElementsAre("'H' 'y2k2'", "'H' 'Inputs'", "'H' '============'", "'H' 'Outputs'",
@@ -131,7 +131,7 @@ TEST(ParameterFile, HoldsEveryNamedRowWithItsRole)
     f.addInput({"it's @input@", "X-Y 'Values'", "Function", " 5"});
     f.addOutput({"TotalMass", "", "MassTotal", "", "MassProperties"});
 
-    WriteParameterFile(f.context, inWork(""), "plate");
+    WriteParameterFile(f.context, f.progress, inWork(""), "plate");
 
     EXPECT_THAT(
         f.written("plate.par"),

@@ -28,7 +28,7 @@ protected:
 
     std::vector<std::string> write()
     {
-        WriteDescFile(f.context);
+        WriteDescFile(f.context, f.progress);
         return f.written(fileName);
     }
 
@@ -229,7 +229,7 @@ TEST_F(TaskDescription, LogsEachStepInItsOrder)
 {
     const std::string folder = inWork("");
 
-    const auto log = f.logOf([&] { WriteDescFile(f.context); });
+    const auto log = f.logOf([&] { WriteDescFile(f.context, f.progress); });
 
     EXPECT_THAT(
         log, ElementsAreArray<std::string>(
@@ -273,7 +273,7 @@ TEST_F(TaskDescription, LeavesTheOldFilesWhenTheFunctionDataFails)
             throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "busy");
     });
 
-    EXPECT_THROW(WriteDescFile(f.context), sys::RuntimeError);
+    EXPECT_THROW(WriteDescFile(f.context, f.progress), sys::RuntimeError);
     EXPECT_THAT(f.workFolder(),
                 ElementsAre(testing::Pair("CAEInput.txt", "old"),
                             testing::Pair("FDFemap.bat", "nastran beam.dat notify=no\r\n"),
@@ -285,7 +285,7 @@ TEST_F(TaskDescription, IsNamedAfterAModelWithoutAnExtension)
 {
     f.femap.modelName = inWork("plate");
 
-    WriteDescFile(f.context);
+    WriteDescFile(f.context, f.progress);
 
     EXPECT_TRUE(f.exists("vELMARplate.desc"));
 }
@@ -294,7 +294,7 @@ TEST_F(TaskDescription, IsRefusedWhenTheOnlyPointLiesInAFolderName)
 {
     f.femap.modelName = inWork("run.1") + sys::pathSeparator + "plate";
 
-    EXPECT_THROW(WriteDescFile(f.context), sys::RuntimeError);
+    EXPECT_THROW(WriteDescFile(f.context, f.progress), sys::RuntimeError);
     EXPECT_THAT(f.fileNames(), IsEmpty());
 }
 

@@ -38,11 +38,11 @@ void expectRoundTrip(const Grids& grids)
     fake::FormFixture before;
     putInto(before.form.InputsList, grids.inputs);
     putInto(before.form.OutputsList, grids.outputs);
-    generate::Save_Config(before.context);
+    generate::Save_Config(before.context, before.progress);
 
     fake::FormFixture after;
     after.files.contents = before.files.contents;
-    generate::Load_Click(after.context);
+    generate::Load_Click(after.context, after.femap.modelName);
 
     EXPECT_EQ(rowsOf(after.form.InputsList),
               afterReading(grids.inputs, after.form.InputsList.Cols()));
@@ -50,7 +50,7 @@ void expectRoundTrip(const Grids& grids)
               afterReading(grids.outputs, after.form.OutputsList.Cols()));
 
     const std::map<std::string, std::string> written = before.files.contents;
-    generate::Save_Config(after.context);
+    generate::Save_Config(after.context, after.progress);
     EXPECT_EQ(after.files.contents, written);
 }
 
@@ -76,9 +76,9 @@ TEST(ControlFileOfRandomGrids, WithoutNamedInputsTakesTheOutputsForInputs)
         const std::vector<Row> outputs = randomOutputs(random, 6);
         fake::FormFixture f;
         putInto(f.form.OutputsList, outputs);
-        generate::Save_Config(f.context);
+        generate::Save_Config(f.context, f.progress);
 
-        generate::Load_Click(f.context);
+        generate::Load_Click(f.context, f.femap.modelName);
 
         std::vector<std::string> expected = {joined({""}, f.form.InputsList.Cols())};
         for (const Row& row : named(outputs))

@@ -24,7 +24,7 @@ void expectThatApplyWorks(RealFolder& place, const std::string& name)
         EXPECT_THAT(place.read(file), testing::Not(testing::IsEmpty())) << file;
     EXPECT_EQ(place.read(name + "Control.txt"), row + "\r\n\r\n");
     place.form.InputsList.setText(1, 1, "7");
-    generate::Load_Click(place.context);
+    generate::Load_Click(place.context, place.femap.modelName);
     EXPECT_EQ(place.form.InputsList.rowText(1), row);
 }
 

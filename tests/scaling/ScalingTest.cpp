@@ -81,10 +81,8 @@ std::vector<Work> workSoFar(const World& world)
     std::size_t bytes = 0;
     for (const auto& file : world.files.contents)
         bytes += file.second.size();
-    const form::MainForm& form = world.form;
     return {{"pieces of memory", taken.pieces},
             {"bytes of memory", taken.bytes},
-            {"rows touched", form.InputsList.rowsTouched() + form.OutputsList.rowsTouched()},
             {"operations on files", static_cast<std::size_t>(world.files.operations)},
             {"bytes of files", bytes}};
 }
@@ -191,9 +189,9 @@ TEST(WorkGrowsWithTheRows, WhenTheControlFileIsLoaded)
     expectLinear(
         [](World& world) {
             withAll(world);
-            generate::Save_Config(world.context);
+            generate::Save_Config(world.context, world.progress);
         },
-        [](World& world) { generate::Load_Click(world.context); });
+        [](World& world) { generate::Load_Click(world.context, world.femap.modelName); });
 }
 
 // A vector that grows takes a few pieces now and then, so not all counts are exact.
@@ -238,9 +236,9 @@ TEST(Memory, IsTakenOncePerRowThatIsLoaded)
         nodes,
         [](World& world) {
             withAll(world);
-            generate::Save_Config(world.context);
+            generate::Save_Config(world.context, world.progress);
         },
-        [](World& world) { generate::Load_Click(world.context); });
+        [](World& world) { generate::Load_Click(world.context, world.femap.modelName); });
 
     EXPECT_LE(work[0].amount, nodes * (fields + vectors) * 1.02);
 }
