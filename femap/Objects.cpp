@@ -1,14 +1,7 @@
 #include "femap/Objects.h"
 
-#include <algorithm>
-
 namespace femap
 {
-
-bool isSameName(std::string_view one, std::string_view other)
-{
-    return std::ranges::equal(one, other, isSameLetter);
-}
 
 std::string noValueText(int vectorID, int entityID)
 {

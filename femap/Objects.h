@@ -4,13 +4,13 @@
 #pragma once
 
 #include "femap/Constants.h"
+#include "femap/Names.h"
 #include "femap/Value.h"
 
 #include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace femap
@@ -22,15 +22,6 @@ class ConnectionLost : public std::runtime_error
 public:
     using std::runtime_error::runtime_error;
 };
-
-/// Whether two letters of a name are the same for FEMAP, which ignores the case of ASCII letters.
-constexpr bool isSameLetter(char one, char other)
-{
-    const auto capital = [](char c) { return c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c; };
-    return capital(one) == capital(other);
-}
-/// The same of whole names.
-bool isSameName(std::string_view one, std::string_view other);
 
 /// What is said where an output vector has no value.
 std::string noValueText(int vectorID, int entityID);

@@ -1,6 +1,6 @@
 #include "app/window/NameSearch.h"
 
-#include "femap/Objects.h"
+#include "femap/Names.h"
 #include "windows/Text.h"
 
 #include <algorithm>
