@@ -9,6 +9,8 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
+#include <iterator>
 
 namespace standin
 {
@@ -25,7 +27,6 @@ namespace
 
 constexpr int cancelled = static_cast<int>(ReturnCode::Cancel);
 
-using enum Type;
 using App = ApplicationObject;
 
 // Makes a new object at each read of the property.
@@ -35,62 +36,82 @@ Variant make(App& application, Arguments&)
     return Variant::owning(new Made(application.server()));
 }
 
-constexpr Types paneArguments = {Bool, I4, I4, Bool, Bool, I4, I4};
-constexpr Types measureArguments = {I4,    I4,    Bool,   Bool,   OutR8,  OutR8,  OutR8, OutR8,
-                                    OutR8, OutR8, OutAny, OutAny, OutAny, OutAny, OutAny};
-
 // clang-format off
 constexpr Member<ApplicationObject> applicationMembers[] = {
-    {{"feSet",            property, {}, 10000}, make<SetObject>},
-    {{"feMatl",           property, {}, 10002}, make<EntityObject<neutral::Material>>},
-    {{"feProp",           property, {}, 10003}, make<EntityObject<neutral::Property>>},
-    {{"feNode",           property, {}, 10004}, make<EntityObject<neutral::Node>>},
-    {{"feElem",           property, {}, 10005}, make<EntityObject<neutral::Element>>},
-    {{"feFunction",       property, {}, 10022}, make<FunctionObject>},
-    {{"feOutputSet",      property, {}, 10024}, make<OutputSetObject>},
-    {{"feOutput",         property, {}, 10025, Generation::Classic}, make<OutputObject>},
-    {{"feLoadDefinition", property, {}, 10350}, make<LoadDefinitionObject>},
-    {{"feResults",        property, {}, 10520}, make<ResultsObject>},
+    {"feSet",            make<SetObject>},
+    {"feMatl",           make<EntityObject<neutral::Material>>},
+    {"feProp",           make<EntityObject<neutral::Property>>},
+    {"feNode",           make<EntityObject<neutral::Node>>},
+    {"feElem",           make<EntityObject<neutral::Element>>},
+    {"feFunction",       make<FunctionObject>},
+    {"feOutputSet",      make<OutputSetObject>},
+    {"feOutput",         make<OutputObject>},
+    {"feLoadDefinition", make<LoadDefinitionObject>},
+    {"feResults",        make<ResultsObject>},
 
-    {{"Info_Version",     property, {},           10223}, serve<&App::version>},
-    {{"ModelName",        property, {},           10258}, serve<&App::modelName>},
-    {{"Info_Count",       property, {I4},         18008}, serve<&App::countOf>},
-    {{"Info_NextID",      property, {I4},         18031}, serve<&App::nextIDOf>},
-    {{"Info_ActiveID",    property, {I4},         18032}, serve<&App::activeID>},
-    {{"feAppStatusShow",  method,   {Bool, I4},   20004}, serve<&App::statusShow>},
-    {{"feAppStatusUpdate", method,  {I4},         20005}, serve<&App::statusUpdate>},
-    {{"feAppMessage",     method,   {I4, Text},   20007}, serve<&App::message>},
-    {{"feAppLock",        method,   {},           20008}, serve<&App::lock>},
-    {{"feAppUnlock",      method,   {},           20009}, serve<&App::unlock>},
-    {{"feFileOpen",       method,   {Bool, Text}, 20011}, serve<&App::fileOpen>},
-    {{"feMeasureMeshMassProp", method, measureArguments, 20091}, serve<&App::measure>},
-    {{"feAppVisible",     method,   {Bool},       20336}, serve<&App::visible>},
-    {{"feAppGetAllModels", method,  {OutI4, OutAny}, 20350}, serve<&App::allModels>},
-    {{"feAppRegisterAddInPane", method, paneArguments, 20351}, serve<&App::registerAddInPane>},
-    {{"feOutputConvertV2019VectorIDToV2020V2", method, {I4}, 20667, Generation::Modern},
-        serve<&App::convertVectorID>},
-    {{"feOutputConvertV2020VectorIDToV2019V2", method, {I4}, 20669, Generation::Modern},
-        serve<&App::convertVectorID>},
+    {"Info_Version",                          serve<&App::version>},
+    {"ModelName",                             serve<&App::modelName>},
+    {"Info_Count",                            serve<&App::countOf>},
+    {"Info_NextID",                           serve<&App::nextIDOf>},
+    {"Info_ActiveID",                         serve<&App::activeID>},
+    {"feAppStatusShow",                       serve<&App::statusShow>},
+    {"feAppStatusUpdate",                     serve<&App::statusUpdate>},
+    {"feAppMessage",                          serve<&App::message>},
+    {"feAppLock",                             serve<&App::lock>},
+    {"feAppUnlock",                           serve<&App::unlock>},
+    {"feFileOpen",                            serve<&App::fileOpen>},
+    {"feMeasureMeshMassProp",                 serve<&App::measure>},
+    {"feAppVisible",                          serve<&App::visible>},
+    {"feAppGetAllModels",                     serve<&App::allModels>},
+    {"feAppRegisterAddInPane",                serve<&App::registerAddInPane>},
+    {"feOutputConvertV2019VectorIDToV2020V2", serve<&App::convertVectorID>},
+    {"feOutputConvertV2020VectorIDToV2019V2", serve<&App::convertVectorID>},
 
-    {{"standinSendEvent",     method,   {I4},   90000}, serve<&App::sendEvent>},
-    {{"standinBusy",          method,   {I4},   90001}, serve<&App::busy>},
-    {{"standinFailAt",        method,   {I4},   90002}, serve<&App::failAt>},
-    {{"standinDieAt",         method,   {I4},   90003}, serve<&App::dieAt>},
-    {{"standinPick",          method,   {Text}, 90004}, serve<&App::queueSelection>},
-    {{"standinModel",         method,   {Text}, 90005}, serve<&App::modelState>},
-    {{"standinQuit",          method,   {},     90006}, serve<&App::quit>},
-    {{"standinRecord",        method,   {Text}, 90007}, serve<&App::recordTo>},
-    {{"standinFault",         method,   {Text, Text}, 90008}, serve<&App::fault>},
-    {{"standinReject",        method,   {I4},   90009}, serve<&App::reject>},
-    {{"standinDock",          method,   {I4},   90015}, serve<&App::dock>},
-    {{"standinCallCount",     property, {},     90010}, serve<&App::callCount>},
-    {{"standinLockCount",     property, {},     90011}, serve<&App::lockCount>},
-    {{"standinObjectCount",   property, {},     90012}, serve<&App::objectCount>},
-    {{"standinMessages",      property, {},     90013}, serve<&App::messages>},
-    {{"standinRegistrations", property, {},     90014}, serve<&App::registrations>},
+    {"standinSendEvent",     serve<&App::sendEvent>},
+    {"standinBusy",          serve<&App::busy>},
+    {"standinFailAt",        serve<&App::failAt>},
+    {"standinDieAt",         serve<&App::dieAt>},
+    {"standinPick",          serve<&App::queueSelection>},
+    {"standinModel",         serve<&App::modelState>},
+    {"standinQuit",          serve<&App::quit>},
+    {"standinRecord",        serve<&App::recordTo>},
+    {"standinFault",         serve<&App::fault>},
+    {"standinReject",        serve<&App::reject>},
+    {"standinDock",          serve<&App::dock>},
+    {"standinCallCount",     serve<&App::callCount>},
+    {"standinLockCount",     serve<&App::lockCount>},
+    {"standinObjectCount",   serve<&App::objectCount>},
+    {"standinMessages",      serve<&App::messages>},
+    {"standinRegistrations", serve<&App::registrations>},
 };
 // clang-format on
-static_assert(hasOneOfEach(applicationMembers));
+
+// Those of the stand-in's own are declared here.
+constexpr library::Member controls[] = {
+    {"standinSendEvent", library::Kind::Method, 90000, "i", 'i', library::all},
+    {"standinBusy", library::Kind::Method, 90001, "i", 'i', library::all},
+    {"standinFailAt", library::Kind::Method, 90002, "i", 'i', library::all},
+    {"standinDieAt", library::Kind::Method, 90003, "i", 'i', library::all},
+    {"standinPick", library::Kind::Method, 90004, "s", 'i', library::all},
+    {"standinModel", library::Kind::Method, 90005, "s", 'i', library::all},
+    {"standinQuit", library::Kind::Method, 90006, "", 'i', library::all},
+    {"standinRecord", library::Kind::Method, 90007, "s", 'i', library::all},
+    {"standinFault", library::Kind::Method, 90008, "ss", 'i', library::all},
+    {"standinReject", library::Kind::Method, 90009, "i", 'i', library::all},
+    {"standinCallCount", library::Kind::Property, 90010, "", 'i', library::all},
+    {"standinLockCount", library::Kind::Property, 90011, "", 'i', library::all},
+    {"standinObjectCount", library::Kind::Property, 90012, "", 'i', library::all},
+    {"standinMessages", library::Kind::Property, 90013, "", 's', library::all},
+    {"standinRegistrations", library::Kind::Property, 90014, "", 's', library::all},
+    {"standinDock", library::Kind::Method, 90015, "i", 'i', library::all},
+};
+
+constexpr auto allDeclared = [] {
+    std::array<library::Member, std::size(library::Imodel) + std::size(controls)> all{};
+    std::ranges::copy(controls, std::ranges::copy(library::Imodel, all.begin()).out);
+    return all;
+}();
+static_assert(areDeclared(applicationMembers, allDeclared));
 
 // A message as FEMAP shows it, which takes per cent signs for format marks: two of them show one, a
 // single one is lost with the character after it.
@@ -107,6 +128,8 @@ std::string formatted(const std::string& text)
 }
 
 }  // namespace
+
+const std::span<const library::Member> ApplicationObject::declarations = allDeclared;
 
 std::span<const Member<ApplicationObject>> ApplicationObject::members()
 {

@@ -16,6 +16,7 @@ class ApplicationObject : public ObjectOf<ApplicationObject>
 public:
     explicit ApplicationObject(Server& server) : ObjectOf(server, "application") {}
 
+    static const std::span<const library::Member> declarations;
     static std::span<const Member<ApplicationObject>> members();
 
     /// End the server when its last client has gone.

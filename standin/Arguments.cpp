@@ -1,8 +1,10 @@
 #include "standin/Arguments.h"
 
+#include "femap/TypeLibrary.h"
 #include "femap/com/Bstr.h"
 #include "windows/Text.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <type_traits>
@@ -18,20 +20,32 @@ using femap::com::toBstr;
 namespace
 {
 
-// COM's types of the enumerators of Type, in their order.
-constexpr int variantTypes[] = {
-    VT_I4,
-    VT_R8,
-    VT_BOOL,
-    VT_BSTR,
-    VT_VARIANT,
-    VT_BYREF | VT_I4,
-    VT_BYREF | VT_R8,
-    VT_BYREF | VT_BOOL,
-    VT_BYREF | VT_BSTR,
-    VT_BYREF | VT_VARIANT,
-    VT_BYREF | VT_DISPATCH,
+struct LetterOfType
+{
+    char letter;
+    VARTYPE type;
 };
+
+// clang-format off
+constexpr LetterOfType lettersOfTypes[] = {
+    {'i', VT_I4},
+    {'l', VT_I8},
+    {'d', VT_R8},
+    {'b', VT_BOOL},
+    {'s', VT_BSTR},
+    {'v', VT_VARIANT},
+    {'o', VT_DISPATCH},
+};
+// clang-format on
+
+// COM's type for a letter of the type libraries.
+VARTYPE typeOf(char letter)
+{
+    const bool isFilled = femap::library::isFilled(letter);
+    const char plain = isFilled ? static_cast<char>(letter - 'A' + 'a') : letter;
+    const auto found = std::ranges::find(lettersOfTypes, plain, &LetterOfType::letter);
+    return static_cast<VARTYPE>(found->type | (isFilled ? VT_BYREF : 0));
+}
 
 bool isWhole(const VARIANT& value)
 {
@@ -40,9 +54,9 @@ bool isWhole(const VARIANT& value)
 
 }  // namespace
 
-bool Arguments::take(VARIANT& passed, Type type)
+bool Arguments::take(VARIANT& passed, char type)
 {
-    const int wanted = variantTypes[static_cast<std::size_t>(type)];
+    const VARTYPE wanted = typeOf(type);
     Variant value;
     if ((wanted & VT_BYREF) != 0) {
         // A view: VariantClear leaves what a reference refers to alone.
@@ -54,11 +68,10 @@ bool Arguments::take(VARIANT& passed, Type type)
         Variant plain;
         if (FAILED(VariantCopyInd(plain.raw(), &passed)))
             return false;
-        if (type == Type::Any)
+        if (wanted == VT_VARIANT)
             value = std::move(plain);
-        else if ((type == Type::I4 && !isWhole(*plain.raw())) ||
-                 FAILED(VariantChangeTypeEx(value.raw(), plain.raw(), LOCALE_INVARIANT, 0,
-                                            static_cast<VARTYPE>(wanted))))
+        else if ((wanted == VT_I4 && !isWhole(*plain.raw())) ||
+                 FAILED(VariantChangeTypeEx(value.raw(), plain.raw(), LOCALE_INVARIANT, 0, wanted)))
             return false;
     }
     values_.push_back(std::move(value));

@@ -3,11 +3,11 @@
 
 #include "femap/Value.h"
 #include "femap/com/Variant.h"
-#include "standin/Signature.h"
 
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace standin
@@ -20,8 +20,9 @@ class Arguments
 public:
     explicit Arguments(std::string_view member) : member_(member) {}
 
-    /// Adds an argument as the caller passed it; false when it is not of the type.
-    bool take(VARIANT& passed, Type type);
+    /// Adds an argument as the caller passed it; false when it is not of the type, which is a
+    /// letter of FEMAP's type libraries.
+    bool take(VARIANT& passed, char type);
 
     /// The member's own spelling.
     std::string_view member() const { return member_; }

@@ -18,12 +18,12 @@ using femap::embedded::readMember;
 namespace
 {
 
-using enum Type;
-
 using neutral::Element;
 using neutral::Material;
 using neutral::Node;
 using neutral::Property;
+
+constexpr int beyondEveryArray = -1;
 
 // Reads a member of the copy; an array member takes an index.
 template <class Data>
@@ -84,6 +84,17 @@ Variant wholeArray(EntityObject<Data>& entity, Arguments&)
     return numbers;
 }
 
+// The offset of an end in a direction, both counted from 0.
+Variant offset(EntityObject<Element>& entity, Arguments& arguments)
+{
+    constexpr int directions = 3;
+    const int direction = arguments.number(1);
+    const bool isBeyond = direction < 0 || direction >= directions;
+    const int place = isBeyond ? beyondEveryArray : directions * arguments.number(0) + direction;
+    return toVariant(
+        readMember(entity.data, "offset", place, entity.server().host.indexBeyondArrayRaises));
+}
+
 // Writes a member of the copy; nothing reaches the model.
 template <class Data, auto member>
 void put(EntityObject<Data>& entity, Arguments& arguments)
@@ -113,98 +124,91 @@ void putNumber(EntityObject<Material>& entity, Arguments& arguments)
 
 // clang-format off
 constexpr Member<EntityObject<Node>> nodeMembers[] = {
-    {{"ID",       property, {},   17000}, read, put<Node, &Node::id>},
-    {{"x",        property, {},   10000}, read, put<Node, &Node::x>, R8},
-    {{"y",        property, {},   10001}, read, put<Node, &Node::y>, R8},
-    {{"z",        property, {},   10002}, read, put<Node, &Node::z>, R8},
-    {{"layer",    property, {},   10003}, read, put<Node, &Node::layer>},
-    {{"color",    property, {},   10004}, read, put<Node, &Node::color>},
-    {{"type",     property, {},   10005}, read},
-    {{"defCSys",  property, {},   10007}, read, put<Node, &Node::defCSys>},
-    {{"outCSys",  property, {},   10008}, read, put<Node, &Node::outCSys>},
-    {{"permBC",   property, {I4}, 18000}, read},
-    {{"Get",      method,   {I4}, 29004}, get},
-    {{"Put",      method,   {I4}, 29005}, store},
-    {{"Exist",    method,   {I4}, 29006}, exist},
-    {{"CountSet", method,   {},   29027}, countSet},
-    {{"GetCoordArray", method, {I4, OutI4, OutAny, OutAny}, 20000}, getCoordArray},
-    {{"GetAllArray",   method, {I4, OutI4, OutAny, OutAny, OutAny, OutAny, OutAny, OutAny, OutAny,
-                                OutAny}, 20001}, getAllNodes},
+    {"ID",            read, put<Node, &Node::id>},
+    {"x",             read, put<Node, &Node::x>},
+    {"y",             read, put<Node, &Node::y>},
+    {"z",             read, put<Node, &Node::z>},
+    {"layer",         read, put<Node, &Node::layer>},
+    {"color",         read, put<Node, &Node::color>},
+    {"type",          read},
+    {"defCSys",       read, put<Node, &Node::defCSys>},
+    {"outCSys",       read, put<Node, &Node::outCSys>},
+    {"permBC",        read},
+    {"Get",           get},
+    {"Put",           store},
+    {"Exist",         exist},
+    {"CountSet",      countSet},
+    {"GetCoordArray", getCoordArray},
+    {"GetAllArray",   getAllNodes},
 };
 
 constexpr Member<EntityObject<Element>> elementMembers[] = {
-    {{"ID",            property, {},   17000}, read, put<Element, &Element::id>},
-    {{"color",         property, {},   10000}, read, put<Element, &Element::color>},
-    {{"propID",        property, {},   10001}, read, put<Element, &Element::propID>},
-    {{"type",          property, {},   10002}, read, put<Element, &Element::type>},
-    {{"topology",      property, {},   10003}, read, put<Element, &Element::topology>},
-    {{"layer",         property, {},   10004}, read, put<Element, &Element::layer>},
-    {{"orientID",      property, {},   10005}, read, put<Element, &Element::orientID>},
-    {{"geomID",        property, {},   10007}, read, put<Element, &Element::geomID>},
-    {{"PlateOffset",   property, {},   10015}, read},
-    {{"MaterialAngle", property, {},   10016}, read},
-    {{"offset",        property, {I4}, 18000}, read},  // one index for end and direction
-    {{"node",          property, {I4}, 18002}, read},
-    {{"orient",        property, {I4}, 18003}, read},
-    {{"Get",           method,   {I4}, 20000}, get},
-    {{"Put",           method,   {I4}, 20001}, store},
-    {{"Exist",         method,   {I4}, 29006}, exist},
-    {{"CountSet",      method,   {},   29027}, countSet},
-    {{"GetAllArray",   method,   {I4, OutI4, OutAny, OutAny, OutAny, OutAny, OutAny, OutAny, OutAny,
-                                  OutAny, OutAny, OutAny, OutAny, OutAny, OutAny, OutAny, OutAny},
-                                       20004}, getAllElements},
+    {"ID",            read, put<Element, &Element::id>},
+    {"color",         read, put<Element, &Element::color>},
+    {"propID",        read, put<Element, &Element::propID>},
+    {"type",          read, put<Element, &Element::type>},
+    {"topology",      read, put<Element, &Element::topology>},
+    {"layer",         read, put<Element, &Element::layer>},
+    {"orientID",      read, put<Element, &Element::orientID>},
+    {"geomID",        read, put<Element, &Element::geomID>},
+    {"PlateOffset",   read},
+    {"MaterialAngle", read},
+    {"offset",        offset},
+    {"node",          read},
+    {"orient",        read},
+    {"Get",           get},
+    {"Put",           store},
+    {"Exist",         exist},
+    {"CountSet",      countSet},
+    {"GetAllArray",   getAllElements},
 };
 
 constexpr Member<EntityObject<Property>> propertyMembers[] = {
-    {{"ID",       property, {},   17000}, read, put<Property, &Property::id>},
-    {{"layer",    property, {},   10000}, read, put<Property, &Property::layer>},
-    {{"color",    property, {},   10001}, read, put<Property, &Property::color>},
-    {{"matlID",   property, {},   10002}, read, put<Property, &Property::matlID>},
-    {{"type",     property, {},   10003}, read, put<Property, &Property::type>},
-    {{"refCS",    property, {},   10004}, read, put<Property, &Property::refCS>},
-    {{"title",    property, {},   10009}, title, put<Property, &Property::title>, Text},
-    {{"vpval",    property, {},   10500}, wholeArray<Property, &Property::pval>},
-    {{"pval",     property, {I4}, 18002}, read},
-    {{"Get",      method,   {I4}, 20000}, get},
-    {{"Put",      method,   {I4}, 20001}, store},
-    {{"Exist",    method,   {I4}, 29006}, exist},
-    {{"CountSet", method,   {},   29027}, countSet},
-    {{"GetValueArray", method, {I4, Any, Any, OutAny}, 20011, Generation::Modern},
-        getPropertyValues},
-    {{"GetTitleList",  method, {I4, I4, OutI4, OutAny, OutAny}, 29021}, getTitleList},
+    {"ID",            read, put<Property, &Property::id>},
+    {"layer",         read, put<Property, &Property::layer>},
+    {"color",         read, put<Property, &Property::color>},
+    {"matlID",        read, put<Property, &Property::matlID>},
+    {"type",          read, put<Property, &Property::type>},
+    {"refCS",         read, put<Property, &Property::refCS>},
+    {"title",         title, put<Property, &Property::title>},
+    {"vpval",         wholeArray<Property, &Property::pval>},
+    {"pval",          read},
+    {"Get",           get},
+    {"Put",           store},
+    {"Exist",         exist},
+    {"CountSet",      countSet},
+    {"GetValueArray", getPropertyValues},
+    {"GetTitleList",  getTitleList},
 };
 
 template <std::size_t... number>
 constexpr auto makeMaterialMembers(std::index_sequence<number...>)
 {
     return std::to_array<Member<EntityObject<Material>>>({
-        {{"ID",                property, {},   17000}, read, put<Material, &Material::id>},
-        {{"title",             property, {},   10000}, title, put<Material, &Material::title>,
-            Text},
-        {{"color",             property, {},   10001}, read, put<Material, &Material::color>},
-        {{"type",              property, {},   10002}, read, put<Material, &Material::type>},
-        {{"layer",             property, {},   10003}, read, put<Material, &Material::layer>},
-        {{"subtype",           property, {},   10004}, read, put<Material, &Material::subtype>},
-        {{femap::materialNumbers[number].name, property, {}, 10010 + static_cast<int>(number)},
-            read, putNumber, R8}...,
-        {{"vmval",             property, {},   10500}, wholeArray<Material, &Material::mval>},
-        {{"mval",              property, {I4}, 18001}, read},
-        {{"Get",               method,   {I4}, 20000}, get},
-        {{"Put",               method,   {I4}, 20001}, store},
-        {{"Exist",             method,   {I4}, 29006}, exist},
-        {{"CountSet",          method,   {},   29027}, countSet},
-        {{"GetValueArray",     method,   {I4, Any, Any, OutAny}, 20004, Generation::Modern},
-            getMaterialValues},
-        {{"GetTitleList",      method,   {I4, I4, OutI4, OutAny, OutAny}, 29021}, getTitleList},
+        {"ID",      read, put<Material, &Material::id>},
+        {"title",   title, put<Material, &Material::title>},
+        {"color",   read, put<Material, &Material::color>},
+        {"type",    read, put<Material, &Material::type>},
+        {"layer",   read, put<Material, &Material::layer>},
+        {"subtype", read, put<Material, &Material::subtype>},
+        {femap::materialNumbers[number].name, read, putNumber}...,
+        {"vmval",         wholeArray<Material, &Material::mval>},
+        {"mval",          read},
+        {"Get",           get},
+        {"Put",           store},
+        {"Exist",         exist},
+        {"CountSet",      countSet},
+        {"GetValueArray", getMaterialValues},
+        {"GetTitleList",  getTitleList},
     });
 }
 constexpr auto materialMembers =
     makeMaterialMembers(std::make_index_sequence<std::size(femap::materialNumbers)>());
 // clang-format on
-static_assert(hasOneOfEach(nodeMembers));
-static_assert(hasOneOfEach(elementMembers));
-static_assert(hasOneOfEach(propertyMembers));
-static_assert(hasOneOfEach(materialMembers));
+static_assert(areDeclared(nodeMembers, EntityObject<Node>::declarations));
+static_assert(areDeclared(elementMembers, EntityObject<Element>::declarations));
+static_assert(areDeclared(propertyMembers, EntityObject<Property>::declarations));
+static_assert(areDeclared(materialMembers, EntityObject<Material>::declarations));
 
 }  // namespace
 

@@ -19,6 +19,8 @@ public:
         : ObjectOf<EntityObject<Data>>(shared, embedded::Kind<Data>::object)
     {}
 
+    static constexpr std::span<const library::Member> declarations =
+        library::interfaceOf(embedded::Kind<Data>::object)->members;
     static std::span<const Member<EntityObject>> members();
 
     int get(int id);

@@ -8,7 +8,6 @@ namespace standin
 namespace
 {
 
-using enum Type;
 using F = FunctionObject;
 
 template <auto member>
@@ -21,15 +20,15 @@ using neutral::Function;
 
 // clang-format off
 constexpr Member<FunctionObject> functionMembers[] = {
-    {{"title",           property, {},                      10000}, ofFunction<&Function::title>},
-    {{"type",            property, {},                      10001}, ofFunction<&Function::type>},
-    {{"ID",              property, {},                      17000}, ofFunction<&Function::id>},
-    {{"Get",             method,   {I4},                    20000}, serve<&F::get>},
-    {{"GetFunctionList", method,   {OutI4, OutAny, OutAny}, 20002}, serve<&F::getFunctionList>},
-    {{"SelectID",        method,   {Text},                  29024}, serve<&F::selectID>},
+    {"title",           ofFunction<&Function::title>},
+    {"type",            ofFunction<&Function::type>},
+    {"ID",              ofFunction<&Function::id>},
+    {"Get",             serve<&F::get>},
+    {"GetFunctionList", serve<&F::getFunctionList>},
+    {"SelectID",        serve<&F::selectID>},
 };
 // clang-format on
-static_assert(hasOneOfEach(functionMembers));
+static_assert(areDeclared(functionMembers, FunctionObject::declarations));
 
 }  // namespace
 

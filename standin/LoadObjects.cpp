@@ -14,7 +14,20 @@ using femap::LoadDataType;
 namespace
 {
 
-using enum Type;
+constexpr std::span<const library::Member> declaredOf(LoadDataType type)
+{
+    switch (type) {
+    case LoadDataType::Mesh:
+        return library::ILoadMesh;
+    case LoadDataType::Geometry:
+        return library::ILoadGeom;
+    case LoadDataType::NodalTemperature:
+        return library::ILoadNTemp;
+    case LoadDataType::ElementalTemperature:
+        return library::ILoadETemp;
+    }
+    return {};
+}
 
 // A load of a definition. The four classes differ only in their tables of members.
 template <LoadDataType type>
@@ -25,6 +38,7 @@ public:
         : ObjectOf<LoadObject<type>>(shared, "load"), load_(std::move(load))
     {}
 
+    static constexpr std::span<const library::Member> declarations = declaredOf(type);
     static std::span<const Member<LoadObject>> members();
 
     Variant read(Arguments& arguments)
@@ -45,46 +59,48 @@ using ElementalTemperature = LoadObject<LoadDataType::ElementalTemperature>;
 
 // clang-format off
 constexpr Member<MeshLoad> meshLoadMembers[] = {
-    {{"meshID",           property, {},   10000}, serve<&MeshLoad::read>},
-    {{"color",            property, {},   10001}, serve<&MeshLoad::read>},
-    {{"layer",            property, {},   10002}, serve<&MeshLoad::read>},
-    {{"type",             property, {},   10005}, serve<&MeshLoad::read>},
-    {{"subtype",          property, {},   10006}, serve<&MeshLoad::read>},
-    {{"expanded",         property, {},   10008}, serve<&MeshLoad::read>},
-    {{"LoadDefinitionID", property, {},   10009}, serve<&MeshLoad::read>},
-    {{"FaceNumber",       property, {},   10012}, serve<&MeshLoad::read>},
-    {{"ID",               property, {},   17000}, serve<&MeshLoad::read>},
-    {{"setID",            property, {},   17001}, serve<&MeshLoad::read>},
-    {{"load",             property, {I4}, 18003}, serve<&MeshLoad::read>},
+    {"meshID",           serve<&MeshLoad::read>},
+    {"color",            serve<&MeshLoad::read>},
+    {"layer",            serve<&MeshLoad::read>},
+    {"type",             serve<&MeshLoad::read>},
+    {"subtype",          serve<&MeshLoad::read>},
+    {"expanded",         serve<&MeshLoad::read>},
+    {"LoadDefinitionID", serve<&MeshLoad::read>},
+    {"FaceNumber",       serve<&MeshLoad::read>},
+    {"ID",               serve<&MeshLoad::read>},
+    {"setID",            serve<&MeshLoad::read>},
+    {"load",             serve<&MeshLoad::read>},
 };
 
 constexpr Member<GeometryLoad> geometryLoadMembers[] = {
-    {{"color",            property, {},   10001}, serve<&GeometryLoad::read>},
-    {{"layer",            property, {},   10002}, serve<&GeometryLoad::read>},
-    {{"expanded",         property, {},   10008}, serve<&GeometryLoad::read>},
-    {{"geomID",           property, {},   10011}, serve<&GeometryLoad::read>},
-    {{"type",             property, {},   10016}, serve<&GeometryLoad::read>},
-    {{"subtype",          property, {},   10017}, serve<&GeometryLoad::read>},
-    {{"LoadDefinitionID", property, {},   10020}, serve<&GeometryLoad::read>},
-    {{"FaceNumber",       property, {},   10023}, serve<&GeometryLoad::read>},
-    {{"geomTYPE",         property, {},   10072}, serve<&GeometryLoad::read>},
-    {{"ID",               property, {},   17000}, serve<&GeometryLoad::read>},
-    {{"setID",            property, {},   17001}, serve<&GeometryLoad::read>},
-    {{"load",             property, {I4}, 18006}, serve<&GeometryLoad::read>},
+    {"color",            serve<&GeometryLoad::read>},
+    {"layer",            serve<&GeometryLoad::read>},
+    {"expanded",         serve<&GeometryLoad::read>},
+    {"geomID",           serve<&GeometryLoad::read>},
+    {"type",             serve<&GeometryLoad::read>},
+    {"subtype",          serve<&GeometryLoad::read>},
+    {"LoadDefinitionID", serve<&GeometryLoad::read>},
+    {"FaceNumber",       serve<&GeometryLoad::read>},
+    {"geomTYPE",         serve<&GeometryLoad::read>},
+    {"ID",               serve<&GeometryLoad::read>},
+    {"setID",            serve<&GeometryLoad::read>},
+    {"load",             serve<&GeometryLoad::read>},
 };
 
 template <class Load>
 constexpr Member<Load> temperatureMembers[] = {
-    {{"temp",             property, {}, 10000}, serve<&Load::read>},
-    {{"phase",            property, {}, 10001}, serve<&Load::read>},
-    {{"LoadDefinitionID", property, {}, 10006}, serve<&Load::read>},
-    {{"ID",               property, {}, 17000}, serve<&Load::read>},
-    {{"setID",            property, {}, 17001}, serve<&Load::read>},
+    {"temp",             serve<&Load::read>},
+    {"phase",            serve<&Load::read>},
+    {"LoadDefinitionID", serve<&Load::read>},
+    {"ID",               serve<&Load::read>},
+    {"setID",            serve<&Load::read>},
 };
 // clang-format on
-static_assert(hasOneOfEach(meshLoadMembers));
-static_assert(hasOneOfEach(geometryLoadMembers));
-static_assert(hasOneOfEach(temperatureMembers<NodalTemperature>));
+static_assert(areDeclared(meshLoadMembers, MeshLoad::declarations));
+static_assert(areDeclared(geometryLoadMembers, GeometryLoad::declarations));
+static_assert(areDeclared(temperatureMembers<NodalTemperature>, NodalTemperature::declarations) &&
+              areDeclared(temperatureMembers<ElementalTemperature>,
+                          ElementalTemperature::declarations));
 
 template <>
 std::span<const Member<MeshLoad>> MeshLoad::members()
@@ -124,18 +140,18 @@ using Data = neutral::LoadDefinition;
 
 // clang-format off
 constexpr Member<LoadDefinitionObject> definitionMembers[] = {
-    {{"title",         property, {},          10000}, ofDefinition<&Data::title>},
-    {{"loadType",      property, {},          10001}, ofDefinition<&Data::loadType>},
-    {{"dataType",      property, {},          10002}, ofDefinition<&Data::dataType>},
-    {{"ID",            property, {},          17000}, ofDefinition<&Data::id>},
-    {{"setID",         property, {},          17001}, serve<&Definition::setID>, putSetID},
-    {{"Get",           method,   {I4},        20001}, serve<&Definition::get>},
-    {{"ResetNextLoad", method,   {},          20003}, serve<&Definition::resetNextLoad>},
-    {{"NextLoad",      method,   {OutObject}, 20004}, serve<&Definition::nextLoad>},
-    {{"CountLoads",    method,   {},          20005}, serve<&Definition::countLoads>},
+    {"title",         ofDefinition<&Data::title>},
+    {"loadType",      ofDefinition<&Data::loadType>},
+    {"dataType",      ofDefinition<&Data::dataType>},
+    {"ID",            ofDefinition<&Data::id>},
+    {"setID",         serve<&Definition::setID>, putSetID},
+    {"Get",           serve<&Definition::get>},
+    {"ResetNextLoad", serve<&Definition::resetNextLoad>},
+    {"NextLoad",      serve<&Definition::nextLoad>},
+    {"CountLoads",    serve<&Definition::countLoads>},
 };
 // clang-format on
-static_assert(hasOneOfEach(definitionMembers));
+static_assert(areDeclared(definitionMembers, LoadDefinitionObject::declarations));
 
 }  // namespace
 

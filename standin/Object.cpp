@@ -1,7 +1,6 @@
 #include "standin/Object.h"
 
 #include "femap/com/Bstr.h"
-#include "femap/embedded/Members.h"
 #include "standin/Server.h"
 #include "system/RuntimeError.h"
 #include "windows/Text.h"
@@ -29,7 +28,7 @@ HRESULT fail(EXCEPINFO* exception, const std::string& description)
     return DISP_E_EXCEPTION;
 }
 
-bool isControl(const Signature& member)
+bool isControl(const library::Member& member)
 {
     return member.name.starts_with("standin");
 }
@@ -74,11 +73,25 @@ HRESULT Object::GetTypeInfoCount(UINT* count)
     return S_OK;
 }
 
-bool Object::isThere(const Signature& member) const
+template <class Matches>
+std::optional<Object::Found> Object::findMember(const Matches& matches) const
 {
-    const Generation own = server_.isClassic ? Generation::Classic : Generation::Modern;
-    return (member.generation == Generation::All || member.generation == own) &&
-           faultOf(member.name) != Fault::Missing;
+    for (const library::Member& member : declared()) {
+        if ((member.versions & server_.versions()) == 0 || !matches(member))
+            continue;
+        const std::optional<std::size_t> row = rowOf(member.name);
+        if (row && faultOf(nameOf(*row)) != Fault::Missing)
+            return Found{&member, *row};
+    }
+    return std::nullopt;
+}
+
+std::optional<std::size_t> Object::rowOf(std::string_view name) const
+{
+    for (std::size_t row = 0; row < memberCount(); ++row)
+        if (femap::isSameName(nameOf(row), name))
+            return row;
+    return std::nullopt;
 }
 
 std::optional<Fault> Object::faultOf(std::string_view member) const
@@ -110,9 +123,10 @@ HRESULT Object::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID*
     const std::string name = fromWide(names[0]);
     for (UINT i = 0; i < count; ++i)
         numbers[i] = DISPID_UNKNOWN;
-    for (std::size_t row = 0; row < memberCount(); ++row)
-        if (isThere(signature(row)) && femap::isSameName(signature(row).name, name))
-            numbers[0] = signature(row).number;
+    const std::optional<Found> found = findMember(
+        [&](const library::Member& member) { return femap::isSameName(member.name, name); });
+    if (found)
+        numbers[0] = found->declaration->number;
     // FEMAP's members take no named arguments, whose names would follow.
     return numbers[0] == DISPID_UNKNOWN || count > 1 ? DISP_E_UNKNOWNNAME : S_OK;
 }
@@ -122,51 +136,50 @@ HRESULT Object::Invoke(DISPID number, REFIID, LCID, WORD flags, DISPPARAMS* para
 {
     if (parameters == nullptr)
         return E_INVALIDARG;
-    for (std::size_t row = 0; row < memberCount(); ++row) {
-        if (signature(row).number != number || !isThere(signature(row)))
-            continue;
-        if (!isControl(signature(row))) {
-            const Admission admission = server_.admit();
-            if (admission == Admission::Busy)
-                return RPC_E_SERVERCALL_RETRYLATER;
-            if (admission == Admission::Fails)
-                return fail(exception, "FEMAP was told to fail here");
-        }
-        AddRef();  // the call may give back the last reference
-        const HRESULT code = call(row, flags, *parameters, result, exception, wrongArgument);
-        Release();
-        return code;
+    const std::optional<Found> member =
+        findMember([&](const library::Member& one) { return one.number == number; });
+    if (!member)
+        return DISP_E_MEMBERNOTFOUND;
+    if (!isControl(*member->declaration)) {
+        const Admission admission = server_.admit();
+        if (admission == Admission::Busy)
+            return RPC_E_SERVERCALL_RETRYLATER;
+        if (admission == Admission::Fails)
+            return fail(exception, "FEMAP was told to fail here");
     }
-    return DISP_E_MEMBERNOTFOUND;
+    AddRef();  // the call may give back the last reference
+    const HRESULT code = call(*member, flags, *parameters, result, exception, wrongArgument);
+    Release();
+    return code;
 }
 
-HRESULT Object::call(std::size_t row, WORD flags, DISPPARAMS& parameters, VARIANT* result,
+HRESULT Object::call(const Found& member, WORD flags, DISPPARAMS& parameters, VARIANT* result,
                      EXCEPINFO* exception, UINT* wrongArgument)
 {
-    const Signature& member = signature(row);
+    const bool isMethod = member.declaration->kind == library::Kind::Method;
     const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-    const Type* const valueType = isPut ? putType(row) : nullptr;
-    const WORD needed = member.kind == Kind::Method ? DISPATCH_METHOD : DISPATCH_PROPERTYGET;
-    if (isPut ? valueType == nullptr : (flags & needed) == 0)
+    const WORD needed = isMethod ? DISPATCH_METHOD : DISPATCH_PROPERTYGET;
+    if (isPut ? !canBePut(member.row) : (flags & needed) == 0)
         return DISP_E_MEMBERNOTFOUND;
     if (parameters.cNamedArgs != (isPut ? 1U : 0U) ||
         (isPut && parameters.rgdispidNamedArgs[0] != DISPID_PROPERTYPUT))
         return DISP_E_NONAMEDARGS;
-    const std::size_t declared = member.arguments.size();
-    if (parameters.cArgs != declared + (isPut ? 1 : 0))
+    std::string types(member.declaration->arguments);
+    if (isPut)
+        types += member.declaration->returned;
+    if (parameters.cArgs != types.size())
         return DISP_E_BADPARAMCOUNT;
 
-    Arguments arguments(member.name);
+    Arguments arguments(nameOf(member.row));
     for (std::size_t i = 0; i < parameters.cArgs; ++i) {
         const UINT index = parameters.cArgs - 1 - static_cast<UINT>(i);  // the last comes first
-        if (arguments.take(parameters.rgvarg[index],
-                           i < declared ? member.arguments[i] : *valueType))
+        if (arguments.take(parameters.rgvarg[index], types[i]))
             continue;
         if (wrongArgument != nullptr)
             *wrongArgument = index;
         return DISP_E_TYPEMISMATCH;
     }
-    return carryOut(row, isPut, arguments, result, exception);
+    return carryOut(member.row, isPut, arguments, result, exception);
 }
 
 HRESULT Object::carryOut(std::size_t row, bool isPut, Arguments& arguments, VARIANT* result,

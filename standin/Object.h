@@ -1,15 +1,17 @@
 // The base of all objects of the stand-in, reached through IDispatch alone, as FEMAP's are. Each
-// class lists its members in a table; their names, argument counts and types are checked here.
+// class says in a table how it serves its members. How they are called, and which FEMAP has them,
+// FEMAP's type libraries tell; whether a call keeps to that is checked here.
 #pragma once
 
 #include "femap/Constants.h"
+#include "femap/TypeLibrary.h"
 #include "standin/Arguments.h"
 #include "standin/Fault.h"
-#include "standin/Signature.h"
 
 #include <windows.h>
 
 #include <oleauto.h>
+#include <optional>
 #include <span>
 #include <string>
 #include <type_traits>
@@ -18,6 +20,7 @@
 namespace standin
 {
 
+namespace library = femap::library;
 using femap::EntityType;
 using femap::ReturnCode;
 
@@ -49,12 +52,13 @@ public:
     Server& server() const { return server_; }
 
 protected:
+    /// What FEMAP's type libraries tell of its members.
+    virtual std::span<const library::Member> declared() const = 0;
     // The rows of the table, counted from 0.
     virtual std::size_t memberCount() const = 0;
-    virtual const Signature& signature(std::size_t row) const = 0;
+    virtual std::string_view nameOf(std::size_t row) const = 0;
+    virtual bool canBePut(std::size_t row) const = 0;
     virtual Variant serve(std::size_t row, Arguments& arguments) = 0;
-    /// The kind of value that can be put; null when the member cannot be written.
-    virtual const Type* putType(std::size_t row) const = 0;
     /// The value is the last argument.
     virtual void put(std::size_t row, Arguments& arguments) = 0;
     /// The last reference was given back.
@@ -63,10 +67,18 @@ protected:
     ULONG references() const { return references_; }
 
 private:
-    bool isThere(const Signature& member) const;
+    /// A member that this FEMAP has: how it is declared, and the row that serves it.
+    struct Found
+    {
+        const library::Member* declaration;
+        std::size_t row;
+    };
+    template <class Matches>
+    std::optional<Found> findMember(const Matches& matches) const;
+    std::optional<std::size_t> rowOf(std::string_view name) const;
     std::optional<Fault> faultOf(std::string_view member) const;
     Variant serveWithFaults(std::size_t row, Arguments& arguments);
-    HRESULT call(std::size_t row, WORD flags, DISPPARAMS& parameters, VARIANT* result,
+    HRESULT call(const Found& member, WORD flags, DISPPARAMS& parameters, VARIANT* result,
                  EXCEPINFO* exception, UINT* wrongArgument);
     HRESULT carryOut(std::size_t row, bool isPut, Arguments& arguments, VARIANT* result,
                      EXCEPINFO* exception);
@@ -76,14 +88,13 @@ private:
     ULONG references_ = 1;
 };
 
-/// One member of an object class.
+/// How a class of objects serves one member.
 template <class Self>
 struct Member
 {
-    Signature signature;
+    std::string_view name;
     Variant (*serve)(Self& self, Arguments& arguments);
-    void (*put)(Self& self, Arguments& arguments) = nullptr;
-    Type putType = Type::I4;
+    void (*put)(Self& self, Arguments& arguments) = nullptr;  // none: it cannot be written
 };
 
 // Argument i in the type that a function takes.
@@ -142,19 +153,22 @@ std::pair<std::vector<int>, std::vector<std::string>> titlesIn(const Rows& rows,
     return found;
 }
 
-/// Whether all numbers and all names in a table of members differ.
+/// Whether a table of members names each of them once, and only what FEMAP's type libraries
+/// declare.
 template <class Table>
-constexpr bool hasOneOfEach(const Table& table)
+constexpr bool areDeclared(const Table& table, std::span<const library::Member> declared)
 {
-    for (std::size_t i = 0; i < std::size(table); ++i)
+    for (std::size_t i = 0; i < std::size(table); ++i) {
+        if (library::find(declared, table[i].name) == nullptr)
+            return false;
         for (std::size_t j = 0; j < i; ++j)
-            if (table[i].signature.number == table[j].signature.number ||
-                table[i].signature.name == table[j].signature.name)
+            if (femap::isSameName(table[i].name, table[j].name))
                 return false;
+    }
     return true;
 }
 
-/// An object of the class Self, whose table is Self::members().
+/// An object of the class Self, whose table is Self::members(), of an interface of FEMAP's.
 template <class Self>
 class ObjectOf : public Object
 {
@@ -162,19 +176,13 @@ public:
     using Object::Object;
 
 protected:
+    std::span<const library::Member> declared() const override { return Self::declarations; }
     std::size_t memberCount() const override { return Self::members().size(); }
-    const Signature& signature(std::size_t row) const override
-    {
-        return Self::members()[row].signature;
-    }
+    std::string_view nameOf(std::size_t row) const override { return Self::members()[row].name; }
+    bool canBePut(std::size_t row) const override { return Self::members()[row].put != nullptr; }
     Variant serve(std::size_t row, Arguments& arguments) override
     {
         return Self::members()[row].serve(static_cast<Self&>(*this), arguments);
-    }
-    const Type* putType(std::size_t row) const override
-    {
-        const Member<Self>& member = Self::members()[row];
-        return member.put == nullptr ? nullptr : &member.putType;
     }
     void put(std::size_t row, Arguments& arguments) override
     {

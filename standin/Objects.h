@@ -27,6 +27,7 @@ class OutputObject : public ObjectOf<OutputObject>
 public:
     explicit OutputObject(Server& server) : ObjectOf(server, "feOutput") {}
 
+    static constexpr std::span<const library::Member> declarations = library::IOutput;
     static std::span<const Member<OutputObject>> members();
 
     int get(int id);
@@ -45,6 +46,7 @@ class OutputSetObject : public ObjectOf<OutputSetObject>
 public:
     explicit OutputSetObject(Server& server) : ObjectOf(server, "feOutputSet") {}
 
+    static constexpr std::span<const library::Member> declarations = library::IOutputSet;
     static std::span<const Member<OutputSetObject>> members();
 
     int get(int id);
@@ -60,6 +62,7 @@ class ResultsObject : public ObjectOf<ResultsObject>
 public:
     explicit ResultsObject(Server& server) : ObjectOf(server, "feResults") {}
 
+    static constexpr std::span<const library::Member> declarations = library::IResults;
     static std::span<const Member<ResultsObject>> members();
 
     int clear();
@@ -95,6 +98,7 @@ class FunctionObject : public ObjectOf<FunctionObject>
 public:
     explicit FunctionObject(Server& server) : ObjectOf(server, "feFunction") {}
 
+    static constexpr std::span<const library::Member> declarations = library::IFunction;
     static std::span<const Member<FunctionObject>> members();
 
     int get(int id);
@@ -109,6 +113,7 @@ class LoadDefinitionObject : public ObjectOf<LoadDefinitionObject>
 public:
     explicit LoadDefinitionObject(Server& server);
 
+    static constexpr std::span<const library::Member> declarations = library::ILoadDefinition;
     static std::span<const Member<LoadDefinitionObject>> members();
 
     int get(int id);

@@ -14,8 +14,6 @@ namespace
 
 constexpr double noValue = 0;
 
-using enum Type;
-
 using Output = OutputObject;
 
 // A plain value of the loaded vector.
@@ -37,27 +35,24 @@ void putSetID(Output& output, Arguments& arguments)
 
 using neutral::OutputVector;
 
-constexpr Types titlesArguments = {I4, I4, OutI4, OutAny, OutAny};
-
 // clang-format off
 constexpr Member<OutputObject> outputMembers[] = {
-    {{"location",           property, {},                10002}, location},
-    {{"maxval",             property, {},                10006}, ofVector<&OutputVector::maxval>},
-    {{"minval",             property, {},                10007}, ofVector<&OutputVector::minval>},
-    {{"title",              property, {},                10011}, ofVector<&OutputVector::title>},
-    {{"ID",                 property, {},                10014}, ofVector<&OutputVector::id>},
-    {{"setID",              property, {},                10015}, serve<&Output::setID>, putSetID},
-    {{"Value",              property, {I4},              18001}, serve<&Output::value>},
-    {{"Get",                method,   {I4},              20000}, serve<&Output::get>},
-    {{"GetOutputListAtSet", method,   {I4, Any, OutAny}, 20021},
-        serve<&Output::getOutputListAtSet>},
-    {{"GetScalarAtNodeSet", method,   {I4, OutAny},      20022}, serve<&Output::getScalarAtSet>},
-    {{"GetScalarAtElemSet", method,   {I4, OutAny},      20024}, serve<&Output::getScalarAtSet>},
-    {{"GetFromSet",         method,   {I4, I4},          20026}, serve<&Output::getFromSet>},
-    {{"GetTitleList",       method,   titlesArguments,   29021}, serve<&Output::getTitleList>},
+    {"location",           location},
+    {"maxval",             ofVector<&OutputVector::maxval>},
+    {"minval",             ofVector<&OutputVector::minval>},
+    {"title",              ofVector<&OutputVector::title>},
+    {"ID",                 ofVector<&OutputVector::id>},
+    {"setID",              serve<&Output::setID>, putSetID},
+    {"Value",              serve<&Output::value>},
+    {"Get",                serve<&Output::get>},
+    {"GetOutputListAtSet", serve<&Output::getOutputListAtSet>},
+    {"GetScalarAtNodeSet", serve<&Output::getScalarAtSet>},
+    {"GetScalarAtElemSet", serve<&Output::getScalarAtSet>},
+    {"GetFromSet",         serve<&Output::getFromSet>},
+    {"GetTitleList",       serve<&Output::getTitleList>},
 };
 // clang-format on
-static_assert(hasOneOfEach(outputMembers));
+static_assert(areDeclared(outputMembers, OutputObject::declarations));
 
 using OutputSet = OutputSetObject;
 
@@ -80,18 +75,16 @@ Variant activeSet(OutputSet& set, Arguments&)
 
 // clang-format off
 constexpr Member<OutputSetObject> outputSetMembers[] = {
-    {{"Value",           property, {},   10000}, setValue},
-    {{"title",           property, {},   10003}, setTitle},
-    {{"ID",              property, {},   17000}, setNumber},
-    {{"Active",          property, {},   17002}, activeSet},
-    {{"Get",             method,   {I4}, 29004}, serve<&OutputSet::get>},
-    {{"OutputVectors",   method,   {I4}, 20010, Generation::Classic},
-        serve<&OutputSet::outputVectors>},
-    {{"OutputVectorsV2", method,   {I4}, 20110, Generation::Modern},
-        serve<&OutputSet::outputVectors>},
+    {"Value",           setValue},
+    {"title",           setTitle},
+    {"ID",              setNumber},
+    {"Active",          activeSet},
+    {"Get",             serve<&OutputSet::get>},
+    {"OutputVectors",   serve<&OutputSet::outputVectors>},
+    {"OutputVectorsV2", serve<&OutputSet::outputVectors>},
 };
 // clang-format on
-static_assert(hasOneOfEach(outputSetMembers));
+static_assert(areDeclared(outputSetMembers, OutputSetObject::declarations));
 
 }  // namespace
 

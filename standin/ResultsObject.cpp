@@ -14,53 +14,39 @@ constexpr int invalid = 3;
 constexpr int badType = 8;
 constexpr int notExist = static_cast<int>(ReturnCode::NotExist);
 
-using enum Type;
 using Results = ResultsObject;
 
 // clang-format off
-constexpr Types columnArguments = {I4, I4, Bool, OutI4, OutAny};
-constexpr Types extremeArguments = {I4, I4, OutI4, OutI4, OutR8, OutR8};
-constexpr Types vectorTitlesArguments = {I4, Bool, I4, I4, OutI4, OutAny, OutAny};
-constexpr Types infoArguments = {I4, I4, OutI4, OutI4, OutBool, OutBool, OutI4};
-
 void putValueForNonExisting(Results& results, Arguments& arguments)
 {
     results.valueForNonExisting = arguments.real(0);
 }
 
 constexpr Member<ResultsObject> resultsMembers[] = {
-    {{"ValueForNonExisting", Kind::Property, {},      10000},
-        serve<&Results::valueForNonExisting>, putValueForNonExisting, R8},
-    {{"clear",           method, {},                  20000}, serve<&Results::clear>},
-    {{"NumberOfRows",    method, {},                  20003}, serve<&Results::numberOfRows>},
-    {{"NumberOfColumns", method, {},                  20004}, serve<&Results::numberOfColumns>},
-    {{"Populate",        method, {},                  20008}, serve<&Results::populate>},
-    {{"AddColumn",       method, columnArguments,     20009, classic}, serve<&Results::addColumn>},
-    {{"GetColumnMinMax", method, extremeArguments,    20014}, serve<&Results::getColumnMinMax>},
-    {{"GetValue",        method, {I4, I4, OutR8},     20026}, serve<&Results::getValue>},
-    {{"DataNeeded",      method, {I4, I4},            20032}, serve<&Results::dataNeeded>},
-    {{"GetColumn",       method, {I4, OutAny, OutAny}, 20040}, serve<&Results::getColumn>},
-    {{"VectorExists",    method, {I4, I4},            20302, classic},
-        serve<&Results::vectorExists>},
-    {{"VectorTitle",     method, {I4, I4, OutText},   20304, classic},
-        serve<&Results::vectorTitle>},
-    {{"Vectors",         method, {I4, I4, Bool},      20308, classic}, serve<&Results::vectors>},
-    {{"AddColumnV2",     method, columnArguments,     20310, modern}, serve<&Results::addColumn>},
-    {{"VectorExistsV2",  method, {I4, I4},            20315, modern},
-        serve<&Results::vectorExists>},
-    {{"VectorInfoV2",    method, infoArguments,       20316, modern}, serve<&Results::vectorInfo>},
-    {{"VectorTitleV2",   method, {I4, I4, OutText},   20317, modern},
-        serve<&Results::vectorTitle>},
-    {{"VectorsV2",       method, {I4, I4, Bool},      20321, modern}, serve<&Results::vectors>},
-    {{"VectorTitlesV2",  method, vectorTitlesArguments,     20352, modern},
-        serve<&Results::vectorTitles>},
-    {{"EntityValue",     method, {I4, I4, I4, OutR8}, 20400, classic},
-        serve<&Results::entityValue>},
-    {{"EntityValueV2",   method, {I4, I4, I4, OutR8}, 20401, modern},
-        serve<&Results::entityValue>},
+    {"ValueForNonExisting", serve<&Results::valueForNonExisting>, putValueForNonExisting},
+    {"clear",               serve<&Results::clear>},
+    {"NumberOfRows",        serve<&Results::numberOfRows>},
+    {"NumberOfColumns",     serve<&Results::numberOfColumns>},
+    {"Populate",            serve<&Results::populate>},
+    {"AddColumn",           serve<&Results::addColumn>},
+    {"GetColumnMinMax",     serve<&Results::getColumnMinMax>},
+    {"GetValue",            serve<&Results::getValue>},
+    {"DataNeeded",          serve<&Results::dataNeeded>},
+    {"GetColumn",           serve<&Results::getColumn>},
+    {"VectorExists",        serve<&Results::vectorExists>},
+    {"VectorTitle",         serve<&Results::vectorTitle>},
+    {"Vectors",             serve<&Results::vectors>},
+    {"AddColumnV2",         serve<&Results::addColumn>},
+    {"VectorExistsV2",      serve<&Results::vectorExists>},
+    {"VectorInfoV2",        serve<&Results::vectorInfo>},
+    {"VectorTitleV2",       serve<&Results::vectorTitle>},
+    {"VectorsV2",           serve<&Results::vectors>},
+    {"VectorTitlesV2",      serve<&Results::vectorTitles>},
+    {"EntityValue",         serve<&Results::entityValue>},
+    {"EntityValueV2",       serve<&Results::entityValue>},
 };
 // clang-format on
-static_assert(hasOneOfEach(resultsMembers));
+static_assert(areDeclared(resultsMembers, ResultsObject::declarations));
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 // What all objects of the stand-in share: the model, the sets, and how calls are to go.
 #pragma once
 
+#include "femap/TypeLibrary.h"
 #include "femap/embedded/Host.h"
 #include "standin/Fault.h"
 #include "standin/QueuedSelections.h"
@@ -18,6 +19,7 @@ namespace standin
 {
 
 namespace embedded = femap::embedded;
+namespace library = femap::library;
 
 /// What becomes of a call.
 enum class Admission
@@ -33,6 +35,8 @@ public:
     explicit Server(bool asClassic) : isClassic(asClassic), host(selections) {}
 
     const bool isClassic;  // FEMAP before 2020.1
+    /// Of FEMAP's type libraries.
+    unsigned versions() const { return isClassic ? library::v11_2 : library::v2306; }
     QueuedSelections selections;
     embedded::Host host;
     /// The IDs in FEMAP's sets by the sets' IDs.

@@ -13,38 +13,37 @@ int code(bool condition)
     return condition ? ok : failed;
 }
 
-using enum Type;
 using Set = SetObject;
 
 // clang-format off
 constexpr Member<SetObject> setMembers[] = {
-    {{"ID",              property, {},               10000}, serve<&Set::id>},
-    {{"CurrentID",       property, {},               10002}, serve<&Set::current>},
-    {{"Add",             method,   {I4},             20000}, serve<&Set::add>},
-    {{"AddRange",        method,   {I4, I4, I4},     20001}, serve<&Set::addRange>},
-    {{"Remove",          method,   {I4},             20003}, serve<&Set::remove>},
-    {{"IsAdded",         method,   {I4},             20004}, serve<&Set::isAdded>},
-    {{"Reset",           method,   {},               20005}, serve<&Set::reset>},
-    {{"Next",            method,   {},               20006}, serve<&Set::next>},
-    {{"AddSet",          method,   {I4},             20007}, serve<&Set::addSet>},
-    {{"RemoveSet",       method,   {I4},             20008}, serve<&Set::removeSet>},
-    {{"Copy",            method,   {I4},             20010}, serve<&Set::copy>},
-    {{"Count",           method,   {},               20011}, serve<&Set::count>},
-    {{"AddAll",          method,   {I4},             20012}, serve<&Set::addAll>},
-    {{"Select",          method,   {I4, Bool, Text}, 20013}, serve<&Set::select>},
-    {{"clear",           method,   {},               20018}, serve<&Set::clear>},
-    {{"First",           method,   {},               20020}, serve<&Set::first>},
-    {{"Last",            method,   {},               20021}, serve<&Set::last>},
-    {{"GetArray",        method,   {OutI4, OutAny},  20025}, serve<&Set::getArray>},
-    {{"AddArray",        method,   {I4, Any},        20026}, serve<&Set::addArray>},
-    {{"NextID",          method,   {},               20029}, serve<&Set::nextID>},
-    {{"SelectMultiID",   method,   {I4, I4, Text},   20030, classic}, serve<&Set::selectMultiID>},
-    {{"IsEmpty",         method,   {},               20031}, serve<&Set::isEmpty>},
-    {{"NextAfter",       method,   {I4},             20064}, serve<&Set::nextAfter>},
-    {{"SelectMultiIDV2", method,   {I4, I4, Text},   20103, modern}, serve<&Set::selectMultiID>},
+    {"ID",              serve<&Set::id>},
+    {"CurrentID",       serve<&Set::current>},
+    {"Add",             serve<&Set::add>},
+    {"AddRange",        serve<&Set::addRange>},
+    {"Remove",          serve<&Set::remove>},
+    {"IsAdded",         serve<&Set::isAdded>},
+    {"Reset",           serve<&Set::reset>},
+    {"Next",            serve<&Set::next>},
+    {"AddSet",          serve<&Set::addSet>},
+    {"RemoveSet",       serve<&Set::removeSet>},
+    {"Copy",            serve<&Set::copy>},
+    {"Count",           serve<&Set::count>},
+    {"AddAll",          serve<&Set::addAll>},
+    {"Select",          serve<&Set::select>},
+    {"clear",           serve<&Set::clear>},
+    {"First",           serve<&Set::first>},
+    {"Last",            serve<&Set::last>},
+    {"GetArray",        serve<&Set::getArray>},
+    {"AddArray",        serve<&Set::addArray>},
+    {"NextID",          serve<&Set::nextID>},
+    {"SelectMultiID",   serve<&Set::selectMultiID>},
+    {"IsEmpty",         serve<&Set::isEmpty>},
+    {"NextAfter",       serve<&Set::nextAfter>},
+    {"SelectMultiIDV2", serve<&Set::selectMultiID>},
 };
 // clang-format on
-static_assert(hasOneOfEach(setMembers));
+static_assert(areDeclared(setMembers, SetObject::declarations));
 
 }  // namespace
 

@@ -17,6 +17,7 @@ public:
     explicit SetObject(Server& server);
     ~SetObject() override;
 
+    static constexpr std::span<const library::Member> declarations = library::ISet;
     static std::span<const Member<SetObject>> members();
 
     // FEMAP's members; each returns what FEMAP does.

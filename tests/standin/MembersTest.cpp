@@ -1,146 +1,34 @@
+#include "femap/TypeLibrary.h"
 #include "femap/com/Apartment.h"
 #include "standin/Generations.h"
+#include "standin/Letters.h"
 #include "standin/StartedStandin.h"
-#include "standin/Transcript.h"
 #include "system/RuntimeError.h"
 #include "windows/Text.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cctype>
-#include <set>
+#include <map>
+#include <utility>
 
 namespace comtest
 {
 
+namespace library = femap::library;
 using femap::com::Dispatch;
 using femap::com::Variant;
 
 namespace
 {
 
-enum Generation
-{
-    both,
-    classicOnly,
-    modernOnly,
-};
-
-/// How a member is declared: i I4, d R8, b BOOL, s BSTR, v VARIANT; capital letters are filled.
-struct Declared
-{
-    const char* object;  // what the application calls it; empty: the application itself
-    const char* member;
-    const char* arguments;
-    bool isMethod;
-    Generation generation = both;
-};
-
-// clang-format off
-constexpr Declared declared[] = {
-    {"", "feSet",                  "",        false},
-    {"", "feNode",                 "",        false},
-    {"", "feElem",                 "",        false},
-    {"", "feProp",                 "",        false},
-    {"", "feMatl",                 "",        false},
-    {"", "feFunction",             "",        false},
-    {"", "feLoadDefinition",       "",        false},
-    {"", "feOutputSet",            "",        false},
-    {"", "feOutput",               "",        false, classicOnly},
-    {"", "feResults",              "",        false},
-    {"", "ModelName",              "",        false},
-    {"", "Info_ActiveID",          "i",       false},
-    {"", "feAppVisible",           "b",       true},
-    {"", "feFileOpen",             "bs",      true},
-    {"", "feAppGetAllModels",      "IV",      true},
-    {"", "feAppLock",              "",        true},
-    {"", "feAppUnlock",            "",        true},
-    {"", "feAppMessage",           "is",      true},
-    {"", "feAppStatusShow",        "bi",      true},
-    {"", "feAppStatusUpdate",      "i",       true},
-    {"", "feAppRegisterAddInPane", "biibbii", true},
-    {"", "feMeasureMeshMassProp",  "iibbDDDDDDVVVVV", true},
-    {"", "feOutputConvertV2020VectorIDToV2019V2", "i", true, modernOnly},
-
-    {"feSet", "ID",              "",    false},
-    {"feSet", "Count",           "",    true},
-    {"feSet", "Reset",           "",    true},
-    {"feSet", "First",           "",    true},
-    {"feSet", "Next",            "",    true},
-    {"feSet", "clear",           "",    true},
-    {"feSet", "AddAll",          "i",   true},
-    {"feSet", "AddArray",        "iv",  true},
-    {"feSet", "GetArray",        "IV",  true},
-    {"feSet", "Copy",            "i",   true},
-    {"feSet", "Select",          "ibs", true},
-    {"feSet", "SelectMultiID",   "iis", true, classicOnly},
-    {"feSet", "SelectMultiIDV2", "iis", true, modernOnly},
-
-    {"feNode", "Get",           "i",         true},
-    {"feNode", "x",             "",          false},
-    {"feNode", "type",          "",          false},
-    {"feNode", "GetCoordArray", "iIVV",      true},
-    {"feNode", "GetAllArray",   "iIVVVVVVVV", true},
-    {"feElem", "Get",           "i",         true},
-    {"feElem", "orient",        "i",         false},
-    {"feElem", "GetAllArray",   "iIVVVVVVVVVVVVVVV", true},
-    {"feProp", "Get",           "i",         true},
-    {"feProp", "pval",          "i",         false},
-    {"feProp", "vpval",         "",          false},
-    {"feProp", "GetTitleList",  "iiIVV",     true},
-    {"feProp", "GetValueArray", "ivvV",      true, modernOnly},
-    {"feMatl", "Get",           "i",         true},
-    {"feMatl", "Ex",            "",          false},
-    {"feMatl", "vmval",         "",          false},
-    {"feMatl", "GetValueArray", "ivvV",      true, modernOnly},
-
-    {"feOutput", "setID",              "",    false, classicOnly},
-    {"feOutput", "Get",                "i",   true, classicOnly},
-    {"feOutput", "ID",                 "",    false, classicOnly},
-    {"feOutput", "title",              "",    false, classicOnly},
-    {"feOutput", "Value",              "i",   false, classicOnly},
-    {"feOutput", "maxval",             "",    false, classicOnly},
-    {"feOutput", "minval",             "",    false, classicOnly},
-    {"feOutput", "GetOutputListAtSet", "ivV", true, classicOnly},
-    {"feOutput", "GetScalarAtNodeSet", "iV",  true, classicOnly},
-    {"feOutputSet", "Get",             "i",   true},
-    {"feOutputSet", "OutputVectors",   "i",   true, classicOnly},
-
-    {"feResults", "clear",           "",       true},
-    {"feResults", "AddColumnV2",     "iibIV",  true, modernOnly},
-    {"feResults", "Populate",        "",       true},
-    {"feResults", "GetColumnMinMax", "iiIIDD", true},
-    {"feResults", "GetColumn",       "iVV",    true},
-    {"feResults", "EntityValueV2",   "iiiD",   true, modernOnly},
-    {"feResults", "VectorExistsV2",  "ii",     true, modernOnly},
-    {"feResults", "VectorTitleV2",   "iiS",    true, modernOnly},
-    {"feResults", "VectorTitlesV2",  "ibiiIVV", true, modernOnly},
-    {"feResults", "VectorsV2",       "iib",    true, modernOnly},
-
-    {"feFunction", "Get",             "i",   true},
-    {"feFunction", "ID",              "",    false},
-    {"feFunction", "title",           "",    false},
-    {"feFunction", "SelectID",        "s",   true},
-    {"feFunction", "GetFunctionList", "IVV", true},
-
-    {"feLoadDefinition", "Get",           "i", true},
-    {"feLoadDefinition", "setID",         "",  false},
-    {"feLoadDefinition", "ID",            "",  false},
-    {"feLoadDefinition", "title",         "",  false},
-    {"feLoadDefinition", "loadType",      "",  false},
-    {"feLoadDefinition", "dataType",      "",  false},
-    {"feLoadDefinition", "ResetNextLoad", "",  true},
-    {"feLoadDefinition", "NextLoad",      "O", true},
-};
-// clang-format on
-
 // Storage for what the members fill.
 struct Out
 {
     LONG number = 0;
     double real = 0;
+    VARIANT_BOOL flag = VARIANT_FALSE;
     BSTR text = nullptr;
     IDispatch* object = nullptr;
     Variant any;
@@ -171,6 +59,8 @@ Variant fitting(char type, Out& out)
         return &out.number;
     case 'D':
         return &out.real;
+    case 'B':
+        return &out.flag;
     case 'S':
         return &out.text;
     case 'O':
@@ -195,27 +85,45 @@ Variant wrong(char type, Out& out)
 struct MembersOf : testing::TestWithParam<const char*>
 {
     femap::com::Apartment apartment;
-    bool isClassic = GetParam() == std::string("--classic");
+    unsigned version = GetParam() == std::string("--classic") ? library::v11_2 : library::v2306;
     StartedStandin standin{std::string(GetParam()) + " --model \"" + panelModel() + '"'};
 
-    bool isThere(const Declared& one) const
+    // An object of the kind as the server sees it; null for one that the version or the stand-in
+    // does not hand out.
+    IDispatch* objectOf(const library::Interface& kind)
     {
-        return one.generation == both || (one.generation == classicOnly) == isClassic;
+        if (kind.object.empty())
+            return application();
+        const std::string object(kind.object);
+        return standin.control().has(object) ? standin.control().call(object).takeObject()
+                                             : loadOf(kind);
     }
-    // As the server sees it.
-    IDispatch* objectOf(const Declared& one)
+
+private:
+    static IDispatch* application()
     {
-        if (one.object[0] == '\0') {
-            CLSID id{};
-            IUnknown* running = nullptr;
-            IDispatch* application = nullptr;
-            CLSIDFromProgID(L"femap.model", &id);
-            GetActiveObject(id, nullptr, &running);
-            running->QueryInterface(IID_PPV_ARGS(&application));
-            running->Release();
-            return application;
-        }
-        return standin.control().call(one.object).takeObject();
+        CLSID id{};
+        IUnknown* running = nullptr;
+        IDispatch* application = nullptr;
+        CLSIDFromProgID(L"femap.model", &id);
+        GetActiveObject(id, nullptr, &running);
+        running->QueryInterface(IID_PPV_ARGS(&application));
+        running->Release();
+        return application;
+    }
+    // The first load of the first definition that has loads of the kind.
+    IDispatch* loadOf(const library::Interface& kind)
+    {
+        static const std::map<std::string_view, int> types = {
+            {"ILoadMesh", 13}, {"ILoadGeom", 14}, {"ILoadNTemp", 15}, {"ILoadETemp", 16}};
+        const auto type = types.find(kind.name);
+        Dispatch definition = standin.control().object("feLoadDefinition");
+        IDispatch* load = nullptr;
+        for (int id = 1; id < 20 && type != types.end() && load == nullptr; ++id)
+            if (definition.call("Get", id).number() == -1 &&
+                definition.call("dataType").number() == type->second)
+                definition.call("NextLoad", &load);
+        return load;
     }
 };
 
@@ -228,7 +136,7 @@ HRESULT numberOf(IDispatch* object, const std::string& name, DISPID& number)
 
 // The arguments are in calling order.
 HRESULT invoke(IDispatch* object, DISPID number, WORD flags, std::vector<Variant>& arguments,
-               UINT& wrongArgument)
+               UINT& wrongArgument, VARTYPE* returned = nullptr)
 {
     std::vector<VARIANT> views;
     for (auto one = arguments.rbegin(); one != arguments.rend(); ++one)
@@ -240,6 +148,8 @@ HRESULT invoke(IDispatch* object, DISPID number, WORD flags, std::vector<Variant
                                         result.raw(), &exception, &wrongArgument);
     SysFreeString(exception.bstrSource);
     SysFreeString(exception.bstrDescription);
+    if (returned != nullptr)
+        *returned = result.raw()->vt;
     return code;
 }
 
@@ -248,10 +158,9 @@ constexpr WORD reading = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 INSTANTIATE_TEST_SUITE_P(BothGenerations, MembersOf, bothGenerations, nameOfGeneration);
 
 // How one member is called, right and wrong.
-void tryMember(IDispatch* object, const Declared& one, DISPID number)
+void tryMember(IDispatch* object, const library::Member& one)
 {
-    SCOPED_TRACE(std::string(one.object) + '.' + one.member);
-    const std::string types = one.arguments;
+    const std::string types(one.arguments);
     Out out;
     UINT place = 99;
     const auto arguments = [&] {
@@ -261,16 +170,19 @@ void tryMember(IDispatch* object, const Declared& one, DISPID number)
         return list;
     };
     std::vector<Variant> list = arguments();
-    const HRESULT called = invoke(object, number, reading, list, place);
+    VARTYPE returned = VT_EMPTY;
+    const HRESULT called = invoke(object, one.number, reading, list, place, &returned);
     EXPECT_TRUE(called == S_OK || called == DISP_E_EXCEPTION) << std::hex << called;
+    EXPECT_TRUE(called != S_OK || isOf(returned, one.returned)) << returned;
 
     list = arguments();
-    const HRESULT asProperty = invoke(object, number, DISPATCH_PROPERTYGET, list, place);
-    EXPECT_EQ(asProperty == DISP_E_MEMBERNOTFOUND, one.isMethod) << std::hex << asProperty;
+    const HRESULT asProperty = invoke(object, one.number, DISPATCH_PROPERTYGET, list, place);
+    EXPECT_EQ(asProperty == DISP_E_MEMBERNOTFOUND, one.kind == library::Kind::Method)
+        << std::hex << asProperty;
 
     list = arguments();
     list.emplace_back(1);
-    EXPECT_EQ(invoke(object, number, reading, list, place), DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(invoke(object, one.number, reading, list, place), DISP_E_BADPARAMCOUNT);
 
     for (std::size_t i = 0; i < types.size(); ++i) {
         if (types[i] == 'v')  // takes anything
@@ -278,30 +190,63 @@ void tryMember(IDispatch* object, const Declared& one, DISPID number)
         list = arguments();
         list[i] = wrong(types[i], out);
         place = 99;
-        EXPECT_EQ(invoke(object, number, reading, list, place), DISP_E_TYPEMISMATCH) << i;
+        EXPECT_EQ(invoke(object, one.number, reading, list, place), DISP_E_TYPEMISMATCH) << i;
         EXPECT_EQ(place, types.size() - 1 - i);
     }
 }
 
+// Tries each of the kind's members that the object has. Returns how many it has.
+int tryMembers(IDispatch* object, const library::Interface& kind, unsigned version)
+{
+    int offered = 0;
+    for (const library::Member& member : kind.members) {
+        SCOPED_TRACE(std::string(kind.name) + '.' + std::string(member.name));
+        DISPID number = 0;
+        const bool isThere = numberOf(object, std::string(member.name), number) == S_OK;
+        const library::Member* const declared = library::find(kind.members, member.name, version);
+        if (!isThere || (member.versions & version) == 0) {
+            // Of another version alone.
+            EXPECT_TRUE(!isThere || declared != nullptr);
+            continue;
+        }
+        ++offered;
+        EXPECT_EQ(number, member.number);
+        if (!member.name.starts_with("Select"))  // those open a window
+            tryMember(object, member);
+    }
+    return offered;
+}
+
 }  // namespace
 
-TEST_P(MembersOf, AGenerationAreCalledAsDeclaredAndRefusedOtherwise)
+TEST_P(MembersOf, AGenerationAreCalledAsItsTypeLibraryDeclaresAndRefusedOtherwise)
 {
-    standin.control().call("standinPick", "cancel");
-    for (const Declared& one : declared) {
-        if (!isThere(one) && one.object == std::string("feOutput"))
+    for (const library::Interface& kind : library::interfaces) {
+        IDispatch* const object = objectOf(kind);
+        const bool isSuperseded = kind.name == "IOutput" && version != library::v11_2;
+        EXPECT_EQ(object == nullptr, isSuperseded) << kind.name;
+        if (object == nullptr)
             continue;
-        IDispatch* const object = objectOf(one);
-        DISPID number = 0;
-        const HRESULT found = numberOf(object, one.member, number);
-        EXPECT_EQ(found, isThere(one) ? S_OK : DISP_E_UNKNOWNNAME) << one.member;
-        for (int dialogs = 0; dialogs < 4; ++dialogs)
-            if (std::string(one.member).starts_with("Select"))
-                standin.control().call("standinPick", "cancel");
-        if (found == S_OK)
-            tryMember(object, one, number);
+        EXPECT_GT(tryMembers(object, kind, version), 4) << kind.name;
         object->Release();
     }
+}
+
+TEST_P(MembersOf, FemapThatOpenADialogAreCalledInTheSameWay)
+{
+    Dispatch set = standin.control().object("feSet");
+    const char* const many = version == library::v11_2 ? "SelectMultiID" : "SelectMultiIDV2";
+    const std::vector<std::pair<const char*, int>> answers = {{"cancel", 2}, {"missing", 4}};
+
+    for (const auto& [answer, code] : answers) {
+        for (int dialog = 0; dialog < 3; ++dialog)
+            standin.control().call("standinPick", answer);
+        EXPECT_EQ(set.call("Select", 8, true, "Elements").number(), code);
+        EXPECT_EQ(set.call(many, 46, 1, "Load definitions").number(), code);
+        EXPECT_EQ(standin.control().object("feFunction").call("SelectID", "").number(), code);
+    }
+    EXPECT_THROW(set.call("Select", 8, true), sys::RuntimeError);
+    EXPECT_THROW(set.call(many, "x", 1, ""), sys::RuntimeError);
 }
 
 TEST_P(MembersOf, FemapAreFoundWhateverTheCaseOfTheirNames)
@@ -326,33 +271,16 @@ TEST_P(MembersOf, FemapTakeAWholeRealForAnIndex)
     EXPECT_THROW(properties.call("pval", 0.5), sys::RuntimeError);
 }
 
-TEST_P(MembersOf, TheAdapterAreAllInTheList)
+TEST_P(MembersOf, ElementsTakeTwoIndicesForAnOffset)
 {
-    const std::string calls = temporaryFile("standin-members.txt");
-    runningFemap()->call("standinRecord", calls);
-    const auto pick = [this](const char* answer) { standin.control().call("standinPick", answer); };
-    const std::unique_ptr<femap::Application> femap = femap::com::ComConnector(nullptr).attach();
-    ofApplication(*femap);
-    ofSets(*femap);
-    ofSelections(*femap, pick);
-    ofOutputVectors(*femap);
-    ofFunctions(*femap, pick);
-    ofLoadDefinitions(*femap);
-    ofMassProperties(*femap);
+    Dispatch element = standin.control().object("feElem");
+    element.call("Get", 1);
 
-    std::set<std::string> unknown;
-    for (const std::string& line : linesOf(calls)) {
-        const std::string call = line.substr(0, line.find('('));
-        const std::string member = call.substr(call.find('.') + 1);
-        const bool isOfLoad = call.starts_with("load.");
-        const bool isListed =
-            std::any_of(std::begin(declared), std::end(declared),
-                        [&](const Declared& one) { return member == one.member; });
-        if (!isOfLoad && !isListed && !member.starts_with("standin"))
-            unknown.insert(call);
-    }
-
-    EXPECT_THAT(unknown, testing::IsEmpty());
+    EXPECT_EQ(element.call("offset", 0, 0).real(), element.call("PlateOffset").real());
+    EXPECT_EQ(element.call("offset", 1, 2).real(), 0);
+    EXPECT_THROW(element.call("offset", 0), sys::RuntimeError);
+    EXPECT_THROW(element.call("offset", 0, 3), sys::RuntimeError);
+    EXPECT_THROW(element.call("offset", 2, 0), sys::RuntimeError);
 }
 
 }  // namespace comtest

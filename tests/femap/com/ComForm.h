@@ -23,14 +23,21 @@ class ComForm : public fake::FormFixture
 {
 public:
     explicit ComForm(Reading reading)
-        : connector(&dialogs, std::make_shared<femap::com::RetryPolicy>(), reading)
+        : running_(std::make_unique<femap::com::ComConnector>(
+              &dialogs, std::make_shared<femap::com::RetryPolicy>(), reading)),
+          dialog{*running_, list}
     {
-        context.application = connector.attach();
+        context.application = running_->attach();
     }
+    /// Over another FEMAP, which the caller attaches.
+    explicit ComForm(femap::Connector& connector) : dialog{connector, list} {}
 
-    femap::com::ComConnector connector;
+private:
+    std::unique_ptr<femap::Connector> running_;
+
+public:
     fake::QueuedPropertyList list;
-    selection::frmPropertyList dialog{connector, list};
+    selection::frmPropertyList dialog;
 
     /// "Select..." under Input. The engineer picks these entities and chooses these fields in each
     /// list; no fields: all that there are.
