@@ -1,10 +1,9 @@
 #include "Diagram.h"
 
-#include "Documents.h"
+#include "Project.h"
 
 #include <algorithm>
 #include <regex>
-#include <sstream>
 #include <stdexcept>
 
 namespace house
@@ -21,8 +20,7 @@ Diagram::Diagram(const std::string& text)
 
     std::map<std::string, std::string> rooms;
     int floorsSoFar = 0;
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line);) {
+    for (const std::string& line : linesOf(text)) {
         std::smatch found;
         if (std::regex_match(line, looks))
             continue;
@@ -73,7 +71,7 @@ Diagram Diagram::ofTopFolders() const
 
 Diagram Diagram::ofPage(const std::string& file)
 {
-    const auto drawn = allMatches(contentOf(file), "```mermaid\n([^`]*)```");
+    const auto drawn = allMatches(textOf(file), "```mermaid\n([^`]*)```");
     if (drawn.size() != 1)
         throw std::runtime_error(file + " has no diagram or several");
     return Diagram(drawn.front());

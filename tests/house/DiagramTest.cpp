@@ -1,5 +1,5 @@
 #include "Diagram.h"
-#include "HouseRules.h"
+#include "Project.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +10,8 @@
 #include <utility>
 
 using house::Diagram;
-using house::SourceFile;
+using house::folderOf;
+using house::matchingLines;
 using testing::Pair;
 
 namespace
@@ -18,13 +19,24 @@ namespace
 
 const std::string architecturePage = "docs/architecture.md";
 
+// From folder to folder.
+std::set<std::pair<std::string, std::string>> includes()
+{
+    std::set<std::pair<std::string, std::string>> taken;
+    for (const house::File& file : house::filesThat(house::isProduct))
+        for (const std::string& folder : matchingLines(file.text, R"re(\s*#\s*include "(.*)/.*)re"))
+            if (folder != folderOf(file.path))
+                taken.emplace(folderOf(file.path), folder);
+    return taken;
+}
+
 TEST(TheDiagram, DrawsEveryFolderOfTheProduct)
 {
     const Diagram diagram = Diagram::ofPage(architecturePage);
     std::set<std::string> folders;
-    for (const SourceFile& file : house::sources())
-        if (file.isCode() && !house::isFree(file.folder()))
-            folders.insert(file.folder());
+    for (const std::string& path : house::paths())
+        if (house::isProduct(path))
+            folders.insert(folderOf(path));
     std::set<std::string> drawn;
     for (const auto& [folder, targets] : diagram.arrows())
         drawn.insert(folder);
@@ -32,14 +44,13 @@ TEST(TheDiagram, DrawsEveryFolderOfTheProduct)
     EXPECT_THAT(drawn, testing::ContainerEq(folders));
 }
 
-TEST(TheDiagram, HasOnlyArrowsThatAnIncludeTakes)
+TEST(TheDiagram, HasTheArrowsThatIncludesTakeAndNoOthers)
 {
     const Diagram diagram = Diagram::ofPage(architecturePage);
-    std::set<std::pair<std::string, std::string>> taken;
-    for (const SourceFile& file : house::sources())
-        for (const std::string& target : house::includedFolders(file))
-            taken.emplace(file.folder(), target);
+    const auto taken = includes();
 
+    for (const auto& [from, to] : taken)
+        EXPECT_TRUE(diagram.leads(from, to)) << from << " must not include " << to;
     for (const auto& [from, targets] : diagram.arrows())
         for (const std::string& to : targets)
             EXPECT_THAT(taken, testing::Contains(Pair(from, to)));

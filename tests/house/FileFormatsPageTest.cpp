@@ -1,11 +1,10 @@
-#include "Documents.h"
+#include "Project.h"
 #include "system/CodePage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -14,15 +13,13 @@
 #include <string_view>
 #include <vector>
 
-using house::contentOf;
 using house::linesOf;
+using house::textOf;
 
 // tools/make-file-formats.py writes the page; here the same is made by other means.
 
 namespace
 {
-
-namespace fs = std::filesystem;
 
 using Lines = std::vector<std::string>;
 
@@ -68,7 +65,7 @@ Lines chosen(const Lines& lines, const std::string& ranges)
 
 Lines linesOfSlot(const std::smatch& slot)
 {
-    Lines lines = linesOf(sys::windows1252().decode(contentOf(golden + slot[1].str())), "\r\n");
+    Lines lines = linesOf(sys::windows1252().decode(textOf(golden + slot[1].str())), "\r\n");
     for (std::string& line : lines)
         line = visible(line, slot[3].matched);
     return slot[2].matched ? chosen(lines, slot[2]) : lines;
@@ -76,7 +73,7 @@ Lines linesOfSlot(const std::smatch& slot)
 
 Lines templateLines()
 {
-    return linesOf(contentOf("docs/file-formats.template.md"));
+    return linesOf(textOf("docs/file-formats.template.md"));
 }
 
 TEST(FileFormatsPage, ShowsWhatTheGoldenFilesHold)
@@ -94,39 +91,34 @@ TEST(FileFormatsPage, ShowsWhatTheGoldenFilesHold)
         expected += "```\n";
     }
 
-    const std::string actual = contentOf(formatsPage);
+    const std::string actual = textOf(formatsPage);
 
     EXPECT_EQ(actual, expected) << "Run tools/make-file-formats.py.";
 }
 
 TEST(FileFormatsPage, HasAnExampleOfEveryKindOfFile)
 {
-    std::set<std::string> shown;
+    std::string shown;
     for (const std::string& line : templateLines()) {
         std::smatch slot;
         if (std::regex_match(line, slot, slotForm))
-            shown.insert(fs::path(slot[1].str()).filename().string());
+            shown += slot[1].str() + "\n";
     }
-    std::string shownModels;  // files named after the model: only their endings count
-    for (const std::string& name : shown)
-        shownModels += name + "\n";
 
-    for (const auto& entry :
-         fs::recursive_directory_iterator(fs::path(SOURCE_FOLDER) / golden / "example")) {
-        if (!entry.is_regular_file())
+    for (const std::string& path : house::paths()) {
+        if (!path.starts_with(golden + "example/"))
             continue;
-        std::string name = entry.path().filename().string();
-        const std::size_t model = name.find("panel");
-        if (model == std::string::npos)
-            EXPECT_THAT(shown, testing::Contains(name));
-        else
-            EXPECT_THAT(shownModels, testing::HasSubstr(name.substr(model + 5) + "\n"));
+        // Of files that are named after the model only the endings count.
+        const std::size_t model = path.rfind("panel");
+        const std::size_t name = path.rfind('/');
+        const std::size_t telling = model == std::string::npos || model < name ? name : model + 5;
+        EXPECT_THAT(shown, testing::HasSubstr(path.substr(telling) + "\n"));
     }
 }
 
 TEST(FileFormatsPage, LeavesNoSlotAsItIs)
 {
-    EXPECT_THAT(contentOf(formatsPage), testing::Not(testing::HasSubstr("{{")));
+    EXPECT_THAT(textOf(formatsPage), testing::Not(testing::HasSubstr("{{")));
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
-#include "Documents.h"
-#include "SourceTree.h"
+#include "Project.h"
 #include "form/MainForm.h"
 #include "selection/FieldCatalogue.h"
 #include "selection/PropertyListDialog.h"
@@ -7,7 +6,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <regex>
 #include <set>
 #include <string>
@@ -130,11 +128,12 @@ Texts filesFor(const std::string& tool)
 // The golden files are what the program writes; a test of the generators sees to that.
 Texts goldenFiles(const std::string& scenario)
 {
+    const std::string folder = "tests/golden/example/" + scenario + "/";
     Texts names;
-    for (const auto& entry : std::filesystem::directory_iterator(
-             std::filesystem::path(SOURCE_FOLDER) / "tests" / "golden" / "example" / scenario))
-        names.insert(
-            std::regex_replace(entry.path().filename().string(), std::regex("panel"), "<name>"));
+    for (const std::string& path : house::paths())
+        if (path.starts_with(folder))
+            names.insert(
+                std::regex_replace(path.substr(folder.size()), std::regex("panel"), "<name>"));
     return names;
 }
 
@@ -147,10 +146,8 @@ TEST(TheGuide, NamesEveryFileThatIsWritten)
 TEST(TheGuide, QuotesOnlyMessagesAndWordsOfTheProgram)
 {
     std::string sources;
-    for (const house::SourceFile& file : house::sources())
-        if (file.isCode() && !file.path.starts_with("tests/"))
-            for (const std::string& line : file.lines)
-                sources += line + "\n";
+    for (const house::File& file : house::filesThat(house::isProduct))
+        sources += file.text;
 
     for (const std::string& text : quoted(guide().section("When something is wrong")))
         for (const std::string& part : allMatches(text + "...", R"(\s*(.*?)\s*\.\.\.)"))

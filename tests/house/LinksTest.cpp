@@ -1,5 +1,4 @@
-#include "Documents.h"
-#include "SourceTree.h"
+#include "Project.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,11 +14,23 @@ using testing::IsEmpty;
 namespace
 {
 
-namespace fs = std::filesystem;
-
 bool isOnTheWeb(const std::string& target)
 {
     return target.find("://") != std::string::npos;
+}
+
+// From the project's folder.
+std::string placeOf(const std::string& page, const std::string& target)
+{
+    return (std::filesystem::path(page).parent_path() / target).lexically_normal().generic_string();
+}
+
+// A file, or a folder with one.
+bool isThere(const std::string& path)
+{
+    return std::ranges::any_of(house::paths(), [&](const std::string& file) {
+        return file == path || file.starts_with(path + (path.ends_with('/') ? "" : "/"));
+    });
 }
 
 // What is wrong with a link of a page; empty: nothing.
@@ -27,14 +38,12 @@ std::string problemOf(const std::string& page, const std::string& target)
 {
     const std::size_t hash = target.find('#');
     const std::string file = target.substr(0, hash);
-    const fs::path path =
-        file.empty() ? fs::path(page) : (fs::path(page).parent_path() / file).lexically_normal();
-    if (!fs::exists(fs::path(SOURCE_FOLDER) / path))
+    const std::string path = file.empty() ? page : placeOf(page, file);
+    if (!isThere(path))
         return page + " leads to " + target + ", which is not there";
     if (hash == std::string::npos)
         return {};
-    const std::vector<std::string> marks = Document(path.generic_string()).marks();
-    return testing::Value(marks, testing::Contains(target.substr(hash + 1)))
+    return house::holds(Document(path).marks(), target.substr(hash + 1))
                ? std::string()
                : page + " leads to " + target + ", where no such heading is";
 }
@@ -43,14 +52,14 @@ TEST(EveryPage, LeadsOnlyToWhatIsThere)
 {
     std::vector<std::string> problems;
     int links = 0;
-    for (const house::SourceFile& page : house::sources()) {
-        if (!page.path.ends_with(".md"))
+    for (const std::string& page : house::paths()) {
+        if (!house::isPage(page))
             continue;
-        for (const std::string& target : Document(page.path).targets()) {
+        for (const std::string& target : Document(page).targets()) {
             if (isOnTheWeb(target))
                 continue;
             ++links;
-            const std::string problem = problemOf(page.path, target);
+            const std::string problem = problemOf(page, target);
             if (!problem.empty())
                 problems.push_back(problem);
         }
@@ -64,23 +73,21 @@ TEST(EveryPageOfTheDocumentation, IsReachedFromTheReadme)
 {
     std::vector<std::string> reached = {"README.md"};
     for (std::size_t i = 0; i < reached.size(); ++i) {
-        if (!reached[i].ends_with(".md"))
+        if (!house::isPage(reached[i]))
             continue;
         for (const std::string& target : Document(reached[i]).targets()) {
             const std::string file = target.substr(0, target.find('#'));
             if (file.empty() || isOnTheWeb(target))
                 continue;
-            const std::string path =
-                (fs::path(reached[i]).parent_path() / file).lexically_normal().generic_string();
-            if (std::find(reached.begin(), reached.end(), path) == reached.end())
+            const std::string path = placeOf(reached[i], file);
+            if (!house::holds(reached, path))
                 reached.push_back(path);
         }
     }
 
-    for (const house::SourceFile& page : house::sources())
-        if (page.path.starts_with("docs/") && page.path.ends_with(".md") &&
-            !page.path.ends_with(".template.md")) {
-            EXPECT_THAT(reached, testing::Contains(page.path));
+    for (const std::string& page : house::paths())
+        if (page.starts_with("docs/") && house::isPage(page) && !page.ends_with(".template.md")) {
+            EXPECT_THAT(reached, testing::Contains(page));
         }
 }
 

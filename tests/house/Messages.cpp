@@ -44,11 +44,7 @@ bool isWordCharacter(char c)
 class Scanner
 {
 public:
-    explicit Scanner(const SourceFile& file)
-    {
-        for (const std::string& line : file.lines)
-            source_ += line + '\n';
-    }
+    explicit Scanner(const std::string& text) : source_(text) {}
 
     std::vector<Token> tokens()
     {
@@ -123,11 +119,17 @@ private:
         skip(1);
     }
 
-    std::string source_;
+    const std::string& source_;
     std::size_t at_ = 0;
     std::size_t line_ = 1;
     std::vector<Token> tokens_;
 };
+
+std::string_view trimmed(std::string_view text)
+{
+    const std::size_t first = std::min(text.find_first_not_of(" \t\r\n"), text.size());
+    return text.substr(first, text.find_last_not_of(" \t\r\n") + 1 - first);
+}
 
 bool hasSeveralWords(std::string_view text)
 {
@@ -158,9 +160,9 @@ std::size_t endOf(const std::vector<Token>& tokens, std::size_t begin, bool isCa
 
 }  // namespace
 
-std::vector<MessagePart> messagePartsIn(const SourceFile& file)
+std::vector<MessagePart> messagePartsIn(const File& file)
 {
-    const std::vector<Token> tokens = Scanner(file).tokens();
+    const std::vector<Token> tokens = Scanner(file.text).tokens();
     std::vector<bool> isTaken(tokens.size(), false);
     std::vector<MessagePart> parts;
     for (std::size_t i = 0; i + 1 < tokens.size(); ++i) {
@@ -181,10 +183,10 @@ std::vector<MessagePart> messagePartsIn(const SourceFile& file)
     return parts;
 }
 
-std::vector<std::string> literalsIn(const SourceFile& file)
+std::vector<std::string> literalsIn(const std::string& text)
 {
     std::vector<std::string> literals;
-    for (const Token& token : Scanner(file).tokens())
+    for (const Token& token : Scanner(text).tokens())
         if (token.kind == Token::Kind::Text)
             literals.push_back(token.text);
     return literals;
@@ -207,16 +209,9 @@ std::vector<std::string> partsOf(std::string_view message)
     return parts;
 }
 
-std::vector<std::string> messagesOf(const std::vector<std::string>& page)
+std::vector<std::string> messagesOf(const std::string& page)
 {
-    std::vector<std::string> messages;
-    for (const std::string& line : page) {
-        const std::size_t begin = line.find("| `");
-        const std::size_t end = line.find("` |");
-        if (begin == 0 && end != std::string::npos)
-            messages.push_back(line.substr(3, end - 3));
-    }
-    return messages;
+    return matchingLines(page, R"(\| `(.*?)` \|.*)");
 }
 
 }  // namespace house

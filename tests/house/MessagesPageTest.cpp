@@ -7,31 +7,30 @@
 #include <string>
 #include <vector>
 
+using house::File;
 using house::literalsIn;
 using house::MessagePart;
 using house::messagePartsIn;
 using house::messagesOf;
 using house::partsOf;
-using house::SourceFile;
-using house::sources;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace
 {
 
-bool isProduct(const SourceFile& file)
+std::vector<File> filesWithMessages()
 {
     // What fetches many values at once shows nothing: the plain way takes over and has its own say.
-    constexpr std::string_view others[] = {"tests/", "bench/", "standin/", "femap/com/Bulk"};
-    return file.isCode() && std::ranges::none_of(others, [&](std::string_view folder) {
-               return file.path.starts_with(folder);
-           });
+    return house::filesThat([](const std::string& path) {
+        return house::isProduct(path) && !path.starts_with("standin/") &&
+               !path.starts_with("femap/com/Bulk");
+    });
 }
 
-const std::vector<std::string>& page()
+std::string page()
 {
-    return std::ranges::find(sources(), std::string("docs/messages.md"), &SourceFile::path)->lines;
+    return house::textOf("docs/messages.md");
 }
 
 bool contains(const std::vector<std::string>& texts, const std::string& part)
@@ -54,11 +53,10 @@ TEST(PageOfMessages, HasEveryMessageThatTheProgramsCanShow)
     const std::vector<std::string> messages = messagesOf(page());
 
     std::vector<std::string> missing;
-    for (const SourceFile& file : sources())
-        if (isProduct(file))
-            for (const MessagePart& part : messagePartsIn(file))
-                if (!contains(messages, part.text))
-                    missing.push_back(part.place + ": " + part.text);
+    for (const File& file : filesWithMessages())
+        for (const MessagePart& part : messagePartsIn(file))
+            if (!contains(messages, part.text))
+                missing.push_back(part.place + ": " + part.text);
 
     EXPECT_TRUE(missing.empty()) << "These belong into a table of docs/messages.md:"
                                  << joined(missing);
@@ -67,9 +65,8 @@ TEST(PageOfMessages, HasEveryMessageThatTheProgramsCanShow)
 TEST(PageOfMessages, HasNoMessageThatIsGone)
 {
     std::vector<std::string> literals;
-    for (const SourceFile& file : sources())
-        if (isProduct(file))
-            std::ranges::copy(literalsIn(file), std::back_inserter(literals));
+    for (const File& file : filesWithMessages())
+        std::ranges::copy(literalsIn(file.text), std::back_inserter(literals));
 
     std::vector<std::string> gone;
     for (const std::string& message : messagesOf(page()))
@@ -84,7 +81,7 @@ TEST(PageOfMessages, HasNoMessageThatIsGone)
 TEST(PageOfMessages, SaysWhatToDoForEach)
 {
     std::vector<std::string> broken;
-    for (const std::string& line : page())
+    for (const std::string& line : house::linesOf(page()))
         if (line.starts_with("| `") &&
             std::ranges::count(line.substr(std::min(line.find("` |"), line.size())), '|') != 3)
             broken.push_back(line);
@@ -95,13 +92,16 @@ TEST(PageOfMessages, SaysWhatToDoForEach)
 
 TEST(MessageParts, AreTheTextsInCallsThatMakeMessages)
 {
-    const SourceFile file = {
-        "a/A.cpp",
-        {"// RuntimeError(\"not this one\")", "constexpr int million = 1'000'000;",
-         "throw RuntimeError(number, path + \" could not \"",
-         "    \"be \\\"read\\\": \" + why(\"x y\"));", "logDebug(log, \"nor this one\");",
-         "fail(\"one\");", "const char c = '\"';", "status.tellHint(",
-         "    \"on the status line\");"}};
+    const File file = {"a/A.cpp",
+                       "// RuntimeError(\"not this one\")\n"
+                       "constexpr int million = 1'000'000;\n"
+                       "throw RuntimeError(number, path + \" could not \"\n"
+                       "    \"be \\\"read\\\": \" + why(\"x y\"));\n"
+                       "logDebug(log, \"nor this one\");\n"
+                       "fail(\"one\");\n"
+                       "const char c = '\"';\n"
+                       "status.tellHint(\n"
+                       "    \"on the status line\");\n"};
 
     std::vector<std::string> texts;
     for (const MessagePart& part : messagePartsIn(file))
@@ -113,8 +113,8 @@ TEST(MessageParts, AreTheTextsInCallsThatMakeMessages)
 
 TEST(MessagesOfAPage, AreTheFirstCellsAndBreakAtWhatVaries)
 {
-    EXPECT_THAT(messagesOf({"# Head", "| Message | a | b |", "|---|---|---|",
-                            "| `… was lost: …` | why | what |", "text"}),
+    EXPECT_THAT(messagesOf("# Head\n| Message | a | b |\n|---|---|---|\n"
+                           "| `… was lost: …` | why | what |\ntext\n"),
                 ElementsAre("… was lost: …"));
     EXPECT_THAT(partsOf("… was lost: …. Look there … one …"),
                 ElementsAre("was lost", "Look there"));

@@ -1,9 +1,9 @@
-#include "Documents.h"
+#include "Project.h"
 
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <regex>
 #include <sstream>
 #include <stdexcept>
@@ -14,13 +14,27 @@ namespace house
 namespace
 {
 
+namespace fs = std::filesystem;
+
+std::vector<std::string> pathsBelow(const fs::path& top)
+{
+    std::vector<std::string> paths;
+    for (fs::recursive_directory_iterator entry(top), end; entry != end; ++entry) {
+        const std::string name = entry->path().filename().string();
+        if (entry->is_directory() && (name == ".git" || name.starts_with("build")))
+            entry.disable_recursion_pending();
+        else if (entry->is_regular_file())
+            paths.push_back(entry->path().lexically_relative(top).generic_string());
+    }
+    return paths;
+}
+
 // Blocks between fences, indented blocks and what stands in back-ticks.
 std::string withoutCode(const std::string& text)
 {
     std::string kept;
     bool fenced = false;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) {
+    for (const std::string& line : linesOf(text)) {
         if (line.starts_with("```"))
             fenced = !fenced;
         else if (!fenced && !line.starts_with("    "))
@@ -45,12 +59,41 @@ std::string markOf(const std::string& heading)
 
 }  // namespace
 
-std::string contentOf(const std::string& file)
+const std::vector<std::string>& paths()
 {
-    std::ifstream in(std::string(SOURCE_FOLDER) + "/" + file, std::ios::binary);
-    if (!in)
-        throw std::runtime_error(file + " cannot be read");
-    return {std::istreambuf_iterator<char>(in), {}};
+    static const std::vector<std::string> all = pathsBelow(SOURCE_FOLDER);
+    return all;
+}
+
+std::string textOf(const std::string& path)
+{
+    std::ifstream file(SOURCE_FOLDER "/" + path, std::ios::binary);
+    if (!file)
+        throw std::runtime_error(path + " cannot be read");
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+std::string folderOf(const std::string& path)
+{
+    const std::size_t end = path.rfind('/');
+    return end == std::string::npos ? "" : path.substr(0, end);
+}
+
+bool isCode(const std::string& path)
+{
+    return path.ends_with(".h") || path.ends_with(".cpp");
+}
+
+bool isProduct(const std::string& path)
+{
+    return isCode(path) && !path.starts_with("tests/") && !path.starts_with("bench/");
+}
+
+bool isPage(const std::string& path)
+{
+    return path.ends_with(".md");
 }
 
 std::vector<std::string> linesOf(const std::string& text, std::string_view lineEnd)
@@ -64,7 +107,7 @@ std::vector<std::string> linesOf(const std::string& text, std::string_view lineE
     return lines;
 }
 
-Document::Document(const std::string& file) : text_(contentOf(file)) {}
+Document::Document(const std::string& path) : text_(textOf(path)) {}
 
 std::string Document::section(const std::string& heading) const
 {
@@ -79,7 +122,7 @@ std::string Document::section(const std::string& heading) const
 std::vector<std::string> Document::marks() const
 {
     std::vector<std::string> marks;
-    for (const std::string& heading : allMatches("\n" + text_, "\n#+ ([^\n]*)"))
+    for (const std::string& heading : matchingLines(text_, "#+ (.*)"))
         marks.push_back(markOf(heading));
     return marks;
 }
@@ -96,6 +139,17 @@ std::vector<std::string> allMatches(const std::string& text, const std::string& 
     std::vector<std::string> found;
     for (std::sregex_iterator match(text.begin(), text.end(), pattern), end; match != end; ++match)
         found.push_back((*match)[1]);
+    return found;
+}
+
+std::vector<std::string> matchingLines(const std::string& text, const std::string& expression)
+{
+    const std::regex pattern(expression);
+    std::vector<std::string> found;
+    std::smatch match;
+    for (const std::string& line : linesOf(text))
+        if (std::regex_match(line, match, pattern))
+            found.push_back(match[1]);
     return found;
 }
 
