@@ -9,11 +9,14 @@ is replaced by a block with these lines of tests/golden/example/panel/CAEInput.t
 by the whole file. Tabs and blanks at the end of a line are made visible, with "blanks" each blank.
 The test FileFormatsPage fails when the page is not what this makes of the two.
 
-Usage: tools/make-file-formats.py
+Usage: tools/make-file-formats.py [PAGE]
+
+PAGE is written in place of docs/file-formats.md.
 """
 
 import pathlib
 import re
+import sys
 
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
 PAGE = PROJECT / "docs" / "file-formats.md"
@@ -58,7 +61,8 @@ def main():
         if slot is None and "{{" in line:
             raise SystemExit(f"This is no slot: {line}")
         made.append(block(slot) if slot else line)
-    PAGE.write_text("\n".join(made) + "\n", encoding="utf-8", newline="\n")
+    page = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else PAGE
+    page.write_text("\n".join(made) + "\n", encoding="utf-8", newline="\n")
 
 
 if __name__ == "__main__":
