@@ -70,15 +70,21 @@ std::string withoutCarriageReturns(std::string text)
     return text;
 }
 
-TEST(PanelStudy, WritesTheGoldenFiles)
+class ExampleStudies : public testing::TestWithParam<std::string>
+{};
+
+TEST_P(ExampleStudies, WriteTheGoldenFiles)
 {
     Replay replay;
 
-    const int exitCode = replay.run("panel.study");
+    const int exitCode = replay.run(GetParam() + ".study");
 
     EXPECT_EQ(0, exitCode) << replay.errors.str();
-    EXPECT_THAT(replay.differencesFromGolden("example/panel"), IsEmpty());
+    EXPECT_THAT(replay.differencesFromGolden("example/" + GetParam()), IsEmpty());
 }
+
+INSTANTIATE_TEST_SUITE_P(All, ExampleStudies, testing::Values("panel", "ombra"),
+                         [](const auto& each) { return each.param; });
 
 TEST(PanelStudy, WritesTheSameFilesWhenItIsReplayedOverItsOwn)
 {
@@ -127,16 +133,6 @@ TEST(PanelStudy, GoesThroughEveryKindOfInputAndOutput)
         EXPECT_THAT(script, HasSubstr("\nset OutputSelection " + kind + "\n"));
     for (const std::string& solver : form.Solver.List)
         EXPECT_THAT(script, HasSubstr("\nset Solver " + solver + "\n"));
-}
-
-TEST(OmbraStudy, WritesTheGoldenFiles)
-{
-    Replay replay;
-
-    const int exitCode = replay.run("ombra.study");
-
-    EXPECT_EQ(0, exitCode) << replay.errors.str();
-    EXPECT_THAT(replay.differencesFromGolden("example/ombra"), IsEmpty());
 }
 
 // The user guide shows its ten steps as a script, too.

@@ -1,5 +1,6 @@
 #include "fake/FormFixture.h"
 
+#include "fake/LoggerFixture.h"
 #include "fake/WatchedFemap.h"
 
 #include <algorithm>
@@ -37,9 +38,7 @@ FormFixture::FormFixture()
 {
     context.application = femap.attach();
     form.fileExtension = "neu";
-    std::string name = "test.log";
-    std::string level = "ALWAYS";
-    context.log.InitialiseLogger(name, level);
+    start(context.log, "ALWAYS", "test.log");
 }
 
 CallWatch& FormFixture::watchFemap()

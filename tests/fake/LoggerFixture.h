@@ -6,18 +6,26 @@
 #include <string>
 #include <utility>
 
-/// The real logger on a machine in memory, not initialised yet.
 namespace fake
 {
 
+/// Initialises a logger whose test does not look at what becomes of level and name.
+inline void start(logging::FemapLogger& log, std::string level, std::string name = "run.log")
+{
+    log.InitialiseLogger(name, level);
+}
+
+/// The real logger on a machine in memory, not initialised yet.
 class LoggerFixture : public MemoryMachine
 {
 public:
     logging::FemapLogger log{system};
     sys::PendingError error;
 
-    void start(std::string level) { start(std::move(level), "run.log"); }
-    void start(std::string level, std::string name) { log.InitialiseLogger(name, level); }
+    void start(std::string level, std::string name = "run.log")
+    {
+        fake::start(log, std::move(level), std::move(name));
+    }
 
     static std::string inFolder(const std::string& folder, const std::string& file)
     {

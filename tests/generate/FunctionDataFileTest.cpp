@@ -7,12 +7,14 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace generate
 {
 
 using testing::Contains;
 using testing::ElementsAre;
+using testing::ElementsAreArray;
 using testing::IsEmpty;
 using testing::Not;
 
@@ -78,16 +80,41 @@ TEST(WriteFunctionInputs, WritesABlockForEachFunctionRowInGridOrder)
               " .5_-.25\r\n");
 }
 
-TEST(WriteFunctionInputs, WritesFourLinesForAFunctionWithoutPoints)
+struct FunctionCase
 {
+    const char* name;
+    int id;
+    const char* title;
+    std::vector<double> x;
+    std::vector<double> y;
+    std::vector<std::string> block;
+};
+
+class FunctionBlock : public testing::TestWithParam<FunctionCase>
+{};
+
+TEST_P(FunctionBlock, HasIdTitleCountAndPoints)
+{
+    const FunctionCase& function = GetParam();
     GenerateFixture f;
-    f.addFunction(6, "none", {}, {});
-    f.addInput({"none", "X-Y Values", "Function", " 6"});
+    f.addFunction(function.id, function.title, function.x, function.y);
+    f.addInput({function.title, "X-Y Values", "Function", " " + std::to_string(function.id)});
 
     WriteFunctionInputs(f.context, f.progress);
 
-    EXPECT_THAT(f.written(fileName), ElementsAre("Function Definition", " 6 ", "none", " 0"));
+    EXPECT_THAT(f.written(fileName), ElementsAreArray(function.block));
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, FunctionBlock,
+    testing::Values(
+        FunctionCase{
+            "WithoutPoints", 6, "none", {}, {}, {"Function Definition", " 6 ", "none", " 0"}},
+        FunctionCase{
+            "WithAnEmptyTitle", 7, "", {1}, {2}, {"Function Definition", " 7 ", "", " 1", " 1_ 2"}},
+        FunctionCase{
+            "OfTheLowestId", 1, "first", {}, {}, {"Function Definition", " 1 ", "first", " 0"}}),
+    [](const auto& each) { return each.param.name; });
 
 TEST(WriteFunctionInputs, WritesTheTitleThatFemapHasNow)
 {
@@ -98,28 +125,6 @@ TEST(WriteFunctionInputs, WritesTheTitleThatFemapHasNow)
     WriteFunctionInputs(f.context, f.progress);
 
     EXPECT_THAT(f.written(fileName), Contains("renamed"));
-}
-
-TEST(WriteFunctionInputs, WritesTheBlockOfAFunctionWithAnEmptyTitle)
-{
-    GenerateFixture f;
-    f.addFunction(7, "", {1}, {2});
-    f.addInput({"", "X-Y Values", "Function", " 7"});
-
-    WriteFunctionInputs(f.context, f.progress);
-
-    EXPECT_THAT(f.written(fileName), ElementsAre("Function Definition", " 7 ", "", " 1", " 1_ 2"));
-}
-
-TEST(WriteFunctionInputs, TakesTheLowestIdThatFemapGives)
-{
-    GenerateFixture f;
-    f.addFunction(1, "first", {}, {});
-    f.addInput({"first", "X-Y Values", "Function", " 1"});
-
-    WriteFunctionInputs(f.context, f.progress);
-
-    EXPECT_THAT(f.written(fileName), ElementsAre("Function Definition", " 1 ", "first", " 0"));
 }
 
 TEST(WriteFunctionInputs, WritesTheSameFunctionTwiceForTwoRows)

@@ -1,4 +1,5 @@
 #include "fake/GenerateFixture.h"
+#include "fake/LoggerFixture.h"
 #include "generate/ControlFile.h"
 
 #include <gtest/gtest.h>
@@ -36,9 +37,7 @@ TEST_F(LongControlFile, WithManyLinesOrALineOfTenMillionCharactersIsReadWithinAS
     for (int i = 0; i < 100'000; ++i)
         manyLines += "a\t1\r\n";
     const std::string oneLine(10'000'000, 'x');
-    std::string name = "test.log";
-    std::string level = "INFO";
-    f.context.log.InitialiseLogger(name, level);
+    fake::start(f.context.log, "INFO", "test.log");
     const std::clock_t begin = std::clock();
 
     load(manyLines);

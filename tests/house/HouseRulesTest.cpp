@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -100,16 +99,12 @@ TEST(EveryTest, LiesWhereWhatItTestsLies)
     }
 }
 
-bool isWordCharacter(char c)
-{
-    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
-}
-
 std::size_t timesIn(const std::string& text, const std::string& word)
 {
     std::size_t times = 0;
     for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + 1))
-        if (!isWordCharacter(text[at - 1]) && !isWordCharacter(text[at + word.size()]))
+        if (!house::isWordCharacter(text[at - 1]) &&
+            !house::isWordCharacter(text[at + word.size()]))
             ++times;
     return times;
 }

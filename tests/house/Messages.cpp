@@ -35,11 +35,6 @@ struct Token
     std::size_t line;
 };
 
-bool isWordCharacter(char c)
-{
-    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
-}
-
 /// Takes C++ apart as far as texts and calls need it.
 class Scanner
 {

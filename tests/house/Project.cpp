@@ -96,6 +96,11 @@ bool isPage(const std::string& path)
     return path.ends_with(".md");
 }
 
+bool isWordCharacter(char c)
+{
+    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
+}
+
 std::vector<std::string> linesOf(const std::string& text, std::string_view lineEnd)
 {
     std::vector<std::string> lines;

@@ -56,6 +56,7 @@ private:
     std::string text_;
 };
 
+bool isWordCharacter(char c);
 /// A text's lines, without their ends.
 std::vector<std::string> linesOf(const std::string& text, std::string_view lineEnd = "\n");
 /// Every match of the expression's first group.

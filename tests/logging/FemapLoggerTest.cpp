@@ -313,9 +313,7 @@ TEST(FemapLogger, CompletesTheFileWhenItGoes)
     LoggerFixture f;
     {
         logging::FemapLogger log(f.system);
-        std::string name = "run.log";
-        std::string level = "INFO";
-        log.InitialiseLogger(name, level);
+        fake::start(log, "INFO");
         log.writeLog("kept");
     }
 
@@ -327,9 +325,7 @@ TEST(FemapLogger, GoesQuietlyWhenTheFileCannotBeCompleted)
     LoggerFixture f;
     {
         logging::FemapLogger log(f.system);
-        std::string name = "run.log";
-        std::string level = "INFO";
-        log.InitialiseLogger(name, level);
+        fake::start(log, "INFO");
         log.writeLog("lost");
         f.files.failingOperation = f.files.operations + 1;
     }

@@ -142,9 +142,7 @@ TEST(FemapLogger, EndsWhenNoMemoryIsLeftForIt)
     sys::System system{f.files, codePage, f.system.localTime, f.system.monotonicSeconds,
                        f.system.environment};
     logging::FemapLogger log(system);
-    std::string name = "run.log";
-    std::string level = "ALWAYS";
-    log.InitialiseLogger(name, level);
+    fake::start(log, "ALWAYS");
     log.writeLog("Träger");
 
     log.flush();

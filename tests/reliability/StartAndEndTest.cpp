@@ -42,6 +42,21 @@ void expectEverythingGivenBack(const World& world)
     EXPECT_EQ(world.femap.lockCount, 0);
 }
 
+// The rows and what else the control file keeps, as in a world in which nothing failed.
+void expectStoredSelection(World& world, World& whole)
+{
+    EXPECT_TRUE(world.host.hooked);
+    EXPECT_EQ(world.inputs(), whole.inputs());
+    EXPECT_EQ(world.outputs(), whole.outputs());
+    EXPECT_EQ(world.form.InputSelection.Text, whole.form.InputSelection.Text);
+    EXPECT_EQ(world.form.Optimizer.Text, whole.form.Optimizer.Text);
+    EXPECT_EQ(world.form.InputsList.ColWidth, whole.form.InputsList.ColWidth);
+
+    EXPECT_EQ(world.program.raise(form::click("GenerateButton")), app::Ended::Normally);
+
+    EXPECT_EQ(world.controlFile(), whole.controlFile());
+}
+
 }  // namespace
 
 TEST(StartingBesideFemap, GivesAFormWhicheverCallIsRefusedAndTouchesNoFile)
@@ -61,18 +76,8 @@ TEST(StartingBesideFemap, HearsFemapsEventsAndHasTheStoredRowsWhicheverCallIsRef
     World whole;
     whole.start();
 
-    startWithFailures(&fake::CallWatch::failAtCall, [&](World& world) {
-        EXPECT_TRUE(world.host.hooked);
-        EXPECT_EQ(world.inputs(), whole.inputs());
-        EXPECT_EQ(world.outputs(), whole.outputs());
-        EXPECT_EQ(world.form.InputSelection.Text, whole.form.InputSelection.Text);
-        EXPECT_EQ(world.form.Optimizer.Text, whole.form.Optimizer.Text);
-        EXPECT_EQ(world.form.InputsList.ColWidth, whole.form.InputsList.ColWidth);
-
-        EXPECT_EQ(world.program.raise(form::click("GenerateButton")), app::Ended::Normally);
-
-        EXPECT_EQ(world.controlFile(), whole.controlFile());
-    });
+    startWithFailures(&fake::CallWatch::failAtCall,
+                      [&](World& world) { expectStoredSelection(world, whole); });
 }
 
 TEST(StartingBesideFemap, HasTheStoredRowsWhenOneThatDiedMeanwhileIsBack)
@@ -88,15 +93,8 @@ TEST(StartingBesideFemap, HasTheStoredRowsWhenOneThatDiedMeanwhileIsBack)
         world.program.lookForFemap();
 
         EXPECT_TRUE(world.program.isConnected());
-        EXPECT_TRUE(world.host.hooked);
-        EXPECT_EQ(world.inputs(), whole.inputs());
-        EXPECT_EQ(world.outputs(), whole.outputs());
-        EXPECT_EQ(world.form.InputSelection.Text, whole.form.InputSelection.Text);
-        EXPECT_EQ(world.form.Optimizer.Text, whole.form.Optimizer.Text);
         EXPECT_EQ(world.form.CommandLine.Text, whole.form.CommandLine.Text);
-        EXPECT_EQ(world.form.InputsList.ColWidth, whole.form.InputsList.ColWidth);
-        EXPECT_EQ(world.program.raise(form::click("GenerateButton")), app::Ended::Normally);
-        EXPECT_EQ(world.controlFile(), whole.controlFile());
+        expectStoredSelection(world, whole);
     });
 }
 

@@ -109,25 +109,12 @@ const ListCase listCases[] = {
 };
 
 // IDIndex of the fields of a property in its array of values.
+const std::map<std::string, int> beamPlaces = {
+    {"End A Area", 0}, {"I1", 1},          {"I2", 2},          {"I12", 3},
+    {"J", 4},          {"ShearAr, K1", 5}, {"ShearAr, K2", 6}, {"NS Mass/Len", 7}};
 const std::map<std::string, std::map<std::string, int>> pvalPlaces = {
-    {"Bar Properties",
-     {{"End A Area", 0},
-      {"I1", 1},
-      {"I2", 2},
-      {"I12", 3},
-      {"J", 4},
-      {"ShearAr, K1", 5},
-      {"ShearAr, K2", 6},
-      {"NS Mass/Len", 7}}},
-    {"Beam Properties",
-     {{"End A Area", 0},
-      {"I1", 1},
-      {"I2", 2},
-      {"I12", 3},
-      {"J", 4},
-      {"ShearAr, K1", 5},
-      {"ShearAr, K2", 6},
-      {"NS Mass/Len", 7}}},
+    {"Bar Properties", beamPlaces},
+    {"Beam Properties", beamPlaces},
     {"Plate Properties",
      {{"Thickness", 0},
       {"Thick Corn2", 1},

@@ -1,4 +1,5 @@
 #include "StudyFixture.h"
+#include "fake/LoggerFixture.h"
 #include "fake/NeutralText.h"
 #include "logging/FemapLogger.h"
 
@@ -138,9 +139,7 @@ TEST(RealLog, IsRefusedToASecondProgramAndNotTouchedByIt)
     sys::System system = sys::thisMachine();
     system.environment = [&](const std::string&) { return f.folder.path("temp"); };
     logging::FemapLogger first(system);
-    std::string name = "run.log";
-    std::string level = "ALWAYS";
-    first.InitialiseLogger(name, level);
+    fake::start(first, "ALWAYS");
     first.writeLog("first");
     first.flush();
 

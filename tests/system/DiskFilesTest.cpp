@@ -1,15 +1,11 @@
-#include "fake/TemporaryFolder.h"
-#include "system/Files.h"
-#include "system/RuntimeError.h"
+#include "system/DiskFilesFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <functional>
 #include <string>
 
-using sys::DiskFiles;
 using sys::ErrorNumber;
 using sys::RuntimeError;
 using testing::AllOf;
@@ -21,31 +17,8 @@ using testing::StartsWith;
 namespace
 {
 
-class DiskFilesTest : public testing::Test
-{
-protected:
-    void write(const std::string& path, const std::string& content)
-    {
-        const auto file = files.create(path);
-        file->write(content);
-        file->close();
-    }
-
-    static RuntimeError errorOf(const std::function<void()>& step)
-    {
-        try {
-            step();
-        }
-        catch (const RuntimeError& error) {
-            return error;
-        }
-        ADD_FAILURE() << "no error was raised";
-        return {ErrorNumber::InvalidCall, ""};
-    }
-
-    fake::TemporaryFolder folder;
-    DiskFiles files;
-};
+class DiskFilesTest : public DiskFilesFixture
+{};
 
 TEST_F(DiskFilesTest, KeepsEveryByte)
 {

@@ -1,14 +1,11 @@
 // What DiskFiles does on POSIX systems alone.
-#include "fake/TemporaryFolder.h"
-#include "system/Files.h"
-#include "system/RuntimeError.h"
+#include "system/DiskFilesFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
 #include <filesystem>
-#include <functional>
 #include <string>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -31,48 +28,20 @@ extern "C" int fsync(int file)
 namespace
 {
 
-using sys::DiskFiles;
-
-class DiskFilesOnPosix : public testing::Test
+class DiskFilesOnPosix : public DiskFilesFixture
 {
 protected:
-    void write(const std::string& name, const std::string& content)
-    {
-        const auto file = files.create(folder.path(name));
-        file->write(content);
-        file->close();
-    }
-    void replace(const std::string& name)
-    {
-        const sys::TemporaryFile fresh = files.createBeside(folder.path(name));
-        fresh.file->write("new");
-        fresh.file->close();
-        files.replace(folder.path(name), fresh.path);
-    }
     mode_t modeOf(const std::string& name) const
     {
         struct stat status = {};
         EXPECT_EQ(stat(folder.path(name).c_str(), &status), 0);
         return status.st_mode & 07777U;
     }
-    static std::string errorOf(const std::function<void()>& step)
-    {
-        try {
-            step();
-        }
-        catch (const sys::RuntimeError& error) {
-            return error.description();
-        }
-        return "no error";
-    }
-
-    fake::TemporaryFolder folder;
-    DiskFiles files;
 };
 
 TEST_F(DiskFilesOnPosix, FollowsNoLinkInThePlaceOfATemporaryFile)
 {
-    write("precious", "precious");
+    write(folder.path("precious"), "precious");
     const std::string one = files.createBeside(folder.path("out")).path;
     const std::size_t number = one.rfind('-') + 1;
     const int next = std::stoi(one.substr(number)) + 1;
@@ -91,13 +60,13 @@ TEST_F(DiskFilesOnPosix, FollowsNoLinkInThePlaceOfATemporaryFile)
 
 TEST_F(DiskFilesOnPosix, KeepsTheRightsOfAReplacedFile)
 {
-    write("secret", "old");
-    write("shared", "old");
+    write(folder.path("secret"), "old");
+    write(folder.path("shared"), "old");
     chmod(folder.path("secret").c_str(), 0600);
     chmod(folder.path("shared").c_str(), 0666);
 
-    replace("secret");
-    replace("shared");
+    replace(folder.path("secret"));
+    replace(folder.path("shared"));
 
     EXPECT_EQ(modeOf("secret"), 0600U);
     EXPECT_EQ(modeOf("shared"), 0666U);
@@ -106,7 +75,7 @@ TEST_F(DiskFilesOnPosix, KeepsTheRightsOfAReplacedFile)
 
 TEST_F(DiskFilesOnPosix, LetsNobodyReadATemporaryFileWhoMayNotReadTheFile)
 {
-    write("secret", "old");
+    write(folder.path("secret"), "old");
     chmod(folder.path("secret").c_str(), 0600);
 
     const sys::TemporaryFile fresh = files.createBeside(folder.path("secret"));
@@ -118,10 +87,10 @@ TEST_F(DiskFilesOnPosix, KeepsTheOwnerOfAReplacedFileWhereTheUserMay)
 {
     if (geteuid() != 0)
         GTEST_SKIP() << "files can be given away by root alone";
-    write("other", "old");
+    write(folder.path("other"), "old");
     ASSERT_EQ(chown(folder.path("other").c_str(), 1234, 2345), 0);
 
-    replace("other");
+    replace(folder.path("other"));
 
     struct stat status = {};
     stat(folder.path("other").c_str(), &status);
@@ -131,10 +100,10 @@ TEST_F(DiskFilesOnPosix, KeepsTheOwnerOfAReplacedFileWhereTheUserMay)
 
 TEST_F(DiskFilesOnPosix, BringsTheFolderToTheDiskWhenAFileIsReplaced)
 {
-    write("out", "old");
+    write(folder.path("out"), "old");
     foldersBroughtToDisk = 0;
 
-    replace("out");
+    replace(folder.path("out"));
 
     EXPECT_EQ(foldersBroughtToDisk, 1);
 }
@@ -145,18 +114,20 @@ TEST_F(DiskFilesOnPosix, RefusesAPipeInAFilesPlaceAndWaitsForNoOtherEnd)
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     const std::string reason = ": it is a device or a pipe, not a file: ";
 
-    EXPECT_EQ(errorOf([&] { files.read(pipe); }), "File not opened" + reason + pipe);
-    EXPECT_EQ(errorOf([&] { files.create(pipe); }), "File not created" + reason + pipe);
-    EXPECT_EQ(errorOf([&] { files.demandReplaceable(pipe); }), "File not replaced" + reason + pipe);
-    EXPECT_EQ(errorOf([&] { replace("pipe"); }), "File not replaced" + reason + pipe);
+    EXPECT_EQ(refusalOf([&] { files.read(pipe); }), "File not opened" + reason + pipe);
+    EXPECT_EQ(refusalOf([&] { files.create(pipe); }), "File not created" + reason + pipe);
+    EXPECT_EQ(refusalOf([&] { files.demandReplaceable(pipe); }),
+              "File not replaced" + reason + pipe);
+    EXPECT_EQ(refusalOf([&] { replace(folder.path("pipe")); }),
+              "File not replaced" + reason + pipe);
     const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
-    EXPECT_EQ(errorOf([&] { files.create(pipe); }), "File not created" + reason + pipe);
+    EXPECT_EQ(refusalOf([&] { files.create(pipe); }), "File not created" + reason + pipe);
     close(reader);
 }
 
 TEST_F(DiskFilesOnPosix, ReadsNoDeviceThatNeverEnds)
 {
-    EXPECT_EQ(errorOf([&] { files.read("/dev/zero"); }),
+    EXPECT_EQ(refusalOf([&] { files.read("/dev/zero"); }),
               "File not opened: it is a device or a pipe, not a file: /dev/zero");
 }
 
@@ -164,9 +135,9 @@ TEST_F(DiskFilesOnPosix, RefusesAFolderInAFilesPlace)
 {
     std::filesystem::create_directory(folder.path("taken"));
 
-    EXPECT_EQ(errorOf([&] { files.read(folder.path("taken")); }),
+    EXPECT_EQ(refusalOf([&] { files.read(folder.path("taken")); }),
               "File not opened: it is a folder, not a file: " + folder.path("taken"));
-    EXPECT_EQ(errorOf([&] { files.create(folder.path("taken")); }),
+    EXPECT_EQ(refusalOf([&] { files.create(folder.path("taken")); }),
               "File not created: it is a folder, not a file: " + folder.path("taken"));
 }
 

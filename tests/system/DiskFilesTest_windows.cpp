@@ -1,8 +1,6 @@
 // What DiskFiles does on Windows alone.
-#include "fake/TemporaryFolder.h"
-#include "system/Files.h"
+#include "system/DiskFilesFixture.h"
 #include "system/Platform.h"
-#include "system/RuntimeError.h"
 #include "windows/Text.h"
 
 #include <gmock/gmock.h>
@@ -10,43 +8,17 @@
 
 #include <windows.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
 namespace
 {
 
-using sys::DiskFiles;
-
 using testing::ElementsAre;
 
-class DiskFilesOnWindows : public testing::Test
+class DiskFilesOnWindows : public DiskFilesFixture
 {
 protected:
-    void write(const std::string& path, const std::string& content)
-    {
-        const auto file = files.create(path);
-        file->write(content);
-        file->close();
-    }
-    void replace(const std::string& path)
-    {
-        const sys::TemporaryFile fresh = files.createBeside(path);
-        fresh.file->write("new");
-        fresh.file->close();
-        files.replace(path, fresh.path);
-    }
-    static std::string errorOf(const std::function<void()>& step)
-    {
-        try {
-            step();
-        }
-        catch (const sys::RuntimeError& error) {
-            return error.description();
-        }
-        return "no error";
-    }
     static std::vector<char> accessOf(const std::wstring& path)
     {
         DWORD size = 0;
@@ -56,9 +28,6 @@ protected:
             GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, bytes.data(), size, &size));
         return bytes;
     }
-
-    fake::TemporaryFolder folder;
-    DiskFiles files;
 };
 
 TEST_F(DiskFilesOnWindows, KeepsTheAttributesOfAReplacedFile)
@@ -113,11 +82,11 @@ TEST_F(DiskFilesOnWindows, SaysBeforeThatAFileCannotBeReplacedBecauseItIsHeld)
                     nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(held, INVALID_HANDLE_VALUE);
 
-    const std::string error = errorOf([&] { files.demandReplaceable(path); });
+    const std::string error = refusalOf([&] { files.demandReplaceable(path); });
 
     CloseHandle(held);
     EXPECT_EQ(error, "File not replaced: Permission denied: " + path);
-    EXPECT_EQ(errorOf([&] { files.demandReplaceable(path); }), "no error");
+    EXPECT_EQ(refusalOf([&] { files.demandReplaceable(path); }), "no error");
     EXPECT_THAT(folder.listing(), ElementsAre("out"));
 }
 
@@ -127,13 +96,13 @@ TEST_F(DiskFilesOnWindows, RefusesNamesOfDevices)
                                    "prn ", "com\u00B2", "CONOUT$", "aux:x"}) {
         const std::string path = folder.path(name);
         const std::string reason = ": it is a device or a pipe, not a file: ";
-        EXPECT_EQ(errorOf([&] { files.read(path); }), "File not opened" + reason + path);
-        EXPECT_EQ(errorOf([&] { files.create(path); }), "File not created" + reason + path);
-        EXPECT_EQ(errorOf([&] { files.demandReplaceable(path); }),
+        EXPECT_EQ(refusalOf([&] { files.read(path); }), "File not opened" + reason + path);
+        EXPECT_EQ(refusalOf([&] { files.create(path); }), "File not created" + reason + path);
+        EXPECT_EQ(refusalOf([&] { files.demandReplaceable(path); }),
                   "File not replaced" + reason + path);
-        EXPECT_EQ(errorOf([&] { replace(path); }), "File not replaced" + reason + path);
+        EXPECT_EQ(refusalOf([&] { replace(path); }), "File not replaced" + reason + path);
     }
-    EXPECT_EQ(errorOf([&] { files.read("\\\\.\\pipe\\velmar"); }),
+    EXPECT_EQ(refusalOf([&] { files.read("\\\\.\\pipe\\velmar"); }),
               "File not opened: it is a device or a pipe, not a file: \\\\.\\pipe\\velmar");
 }
 
