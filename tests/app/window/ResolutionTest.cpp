@@ -3,6 +3,7 @@
 #include "WindowFixture.h"
 #include "app/window/Controls.h"
 #include "app/window/PropertyListWindow.h"
+#include "form/ControlTable.h"
 #include "windows/Text.h"
 
 #include <gtest/gtest.h>
@@ -18,30 +19,11 @@ namespace
 constexpr UINT ordinary = 96;
 constexpr UINT fine = 144;
 
-constexpr const char* contents[] = {"InputSelection",
-                                    "InputsButton",
-                                    "RefreshInputs",
-                                    "ClearInputSelection",
-                                    "InputsList",
-                                    "OutputSelection",
-                                    "OutputsButton",
-                                    "RefreshOutputs",
-                                    "ClearOutputSelection",
-                                    "OutputsList",
-                                    "Label1",
-                                    "CommandLine",
-                                    "Label2",
-                                    "Solver",
-                                    "Label3",
-                                    "Optimizer",
-                                    "ClearAll",
-                                    "GenerateButton",
-                                    "StatusLine"};
-
-constexpr const char* captioned[] = {"InputsButton",  "RefreshInputs",  "ClearInputSelection",
-                                     "OutputsButton", "RefreshOutputs", "ClearOutputSelection",
-                                     "Label1",        "Label2",         "Label3",
-                                     "ClearAll",      "GenerateButton"};
+// What lies in a frame, and the status line.
+bool isContent(const form::ControlRow& row)
+{
+    return row.line > 0 || row.name == "StatusLine";
+}
 
 SIZE sizeOf(const RECT& place)
 {
@@ -81,8 +63,9 @@ struct Resolution : Window
     std::map<std::string, RECT> places()
     {
         std::map<std::string, RECT> result;
-        for (const char* const name : contents)
-            result[name] = form.placeOf(name);
+        for (const form::ControlRow& row : form::controlTable)
+            if (isContent(row))
+                result.emplace(row.name, form.placeOf(row.name));
         return result;
     }
 };
@@ -136,7 +119,10 @@ TEST_F(Resolution, NothingIsCutOrCoveredAfterwards)
             EXPECT_FALSE(name != other && overlaps) << name << " and " << other;
         }
     }
-    for (const char* const name : captioned) {
+    for (const form::ControlRow& row : form::controlTable) {
+        if (!isContent(row) || row.caption.empty())
+            continue;
+        const std::string name(row.name);
         const SIZE room = sizeOf(now.at(name));
         const SIZE text = extent(form.text(name), fine);
         EXPECT_GE(room.cx, text.cx) << name;
