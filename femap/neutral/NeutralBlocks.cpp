@@ -20,7 +20,7 @@ bool isBlank(std::string_view text)
 
 bool isBlockMark(std::string_view line)
 {
-    return line.substr(0, blockMark.size()) == blockMark && isBlank(line.substr(blockMark.size()));
+    return line.starts_with(blockMark) && isBlank(line.substr(blockMark.size()));
 }
 
 }  // namespace
@@ -31,16 +31,16 @@ std::optional<Block> Blocks::next()
         return std::nullopt;
     Block block;
     block.number = takeNumber();
-    const char* const content = at_;
-    while (at_ != end_) {
-        const char* const lineBegin = at_;
-        if (isBlockMark(takeLine())) {
-            block.content = {content, static_cast<std::size_t>(lineBegin - content)};
+    block.content = lines_.rest();
+    while (!lines_.atEnd()) {
+        const std::string_view line = lines_.text();
+        if (isBlockMark(line)) {
+            const auto size = static_cast<std::size_t>(line.data() - block.content.data());
+            block.content = block.content.substr(0, size);
             return block;
         }
         ++block.lineCount;
     }
-    block.content = {content, static_cast<std::size_t>(end_ - content)};
     block.hasEnd = false;
     return block;
 }
@@ -53,13 +53,13 @@ void Blocks::refuseWithoutEnd(const Block& block) const
 // Skips the line that begins the next block; false at the end of the file.
 bool Blocks::skipToStart()
 {
-    while (at_ != end_) {
-        const std::string_view line = takeLine();
+    while (!lines_.atEnd()) {
+        const std::string_view line = lines_.text();
         if (isBlockMark(line)) {
             first_ = false;
             return true;
         }
-        const bool comment = line.substr(0, libraryComment.size()) == libraryComment;
+        const bool comment = line.starts_with(libraryComment);
         if (!first_ && !comment && !isBlank(line))
             throw FormatError(line.data(), "this line stands between two blocks");
     }
@@ -68,9 +68,9 @@ bool Blocks::skipToStart()
 
 int Blocks::takeNumber()
 {
-    if (at_ == end_)
+    if (lines_.atEnd())
         failAtEnd("the file is cut: a block has no number");
-    Fields fields(takeLine());
+    Fields fields(lines_.text());
     const int number = fields.integer();
     if (number <= 0)
         fields.fail("a block has no number");
@@ -78,20 +78,10 @@ int Blocks::takeNumber()
     return number;
 }
 
-std::string_view Blocks::takeLine()
-{
-    Lines rest(std::string_view(at_, static_cast<std::size_t>(end_ - at_)));
-    const std::string_view line = rest.text();
-    at_ = line.data() + line.size();
-    if (at_ != end_)
-        ++at_;
-    return line;
-}
-
 // Called after something was read, so the file is not empty.
 void Blocks::failAtEnd(const std::string& problem) const
 {
-    throw FormatError(end_ - 1, problem);
+    throw FormatError(lines_.rest().data() - 1, problem);
 }
 
 std::string BlockReading::title()

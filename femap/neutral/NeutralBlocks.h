@@ -27,7 +27,7 @@ struct Block
 class Blocks
 {
 public:
-    explicit Blocks(std::string_view file) : at_(file.data()), end_(file.data() + file.size()) {}
+    explicit Blocks(std::string_view file) : lines_(file) {}
 
     /// The next block; nothing at the end of the file.
     std::optional<Block> next();
@@ -35,13 +35,11 @@ public:
     [[noreturn]] void refuseWithoutEnd(const Block& block) const;
 
 private:
-    std::string_view takeLine();
     bool skipToStart();
     int takeNumber();
     [[noreturn]] void failAtEnd(const std::string& problem) const;
 
-    const char* at_;
-    const char* end_;
+    Lines lines_;
     bool first_ = true;
 };
 

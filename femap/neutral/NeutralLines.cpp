@@ -1,10 +1,12 @@
 #include "femap/neutral/NeutralLines.h"
 
 #include <algorithm>
-#include <array>
-#include <cfloat>
 #include <charconv>
-#include <optional>
+#include <climits>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <limits>
 
 namespace femap::neutral
 {
@@ -12,159 +14,132 @@ namespace femap::neutral
 namespace
 {
 
-// A product or quotient of two numbers that a double holds exactly is rounded once, so it is the
-// double nearest to the decimal number; but only where intermediate results have no extra digits.
-constexpr bool roundsOnce = FLT_EVAL_METHOD == 0;
-constexpr std::uint64_t largestExact = std::uint64_t{1} << 53;
-constexpr std::array<double, 23> powersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                                1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr long long largestPower = 22;
-
-constexpr std::ptrdiff_t mostDigits = 18;  // more may not fit in 64 bits
-
-/// The number mantissa x 10^exponent.
-struct Decimal
+bool isBlankCharacter(char c)
 {
-    bool negative = false;
-    bool complete = true;  // all digits are in the mantissa
-    std::uint64_t mantissa = 0;
-    std::ptrdiff_t exponent = 0;
-    const char* end = nullptr;
-};
+    return c == ' ' || c == '\t' || c == '\r';
+}
 
 unsigned digitValue(char c)
 {
     return static_cast<unsigned>(c) - '0';
 }
 
-bool isSign(char c)
-{
-    return c == '-' || c == '+';
-}
-
-bool isExponentLetter(char c)
-{
-    return c == 'E' || c == 'e' || c == 'D' || c == 'd';
-}
-
-// Adds digits to the mantissa, which may overflow, and returns where they end.
-const char* readDigits(const char* at, const char* end, std::uint64_t& mantissa)
-{
-    for (; at != end && digitValue(*at) < 10; ++at)
-        mantissa = mantissa * 10 + digitValue(*at);
-    return at;
-}
-
-// The power of ten after E or, as Fortran writes it, D. False when the letter has no digits.
-bool readExponent(const char* at, const char* end, Decimal& decimal)
-{
-    ++at;
-    const bool negative = at != end && *at == '-';
-    if (at != end && isSign(*at))
-        ++at;
-    constexpr std::ptrdiff_t farOutside = 100'000'000;
-    std::ptrdiff_t value = 0;
-    const char* const digits = at;
-    for (; at != end && digitValue(*at) < 10; ++at)
-        value = std::min<std::ptrdiff_t>(value * 10 + digitValue(*at), farOutside);
-    decimal.exponent += negative ? -value : value;
-    decimal.end = at;
-    return at != digits;
-}
-
-// False when the text does not begin with a number.
-bool readDecimal(const char* at, const char* end, Decimal& decimal)
-{
-    decimal.negative = at != end && *at == '-';
-    if (at != end && isSign(*at))
-        ++at;
-    const char* const whole = at;
-    at = readDigits(at, end, decimal.mantissa);
-    std::ptrdiff_t digits = at - whole;
-    if (at != end && *at == '.') {
-        const char* const fraction = ++at;
-        at = readDigits(at, end, decimal.mantissa);
-        decimal.exponent = fraction - at;
-        digits += at - fraction;
-    }
-    decimal.complete = digits <= mostDigits;
-    decimal.end = at;
-    if (digits == 0)
-        return false;
-    const bool hasExponent = at != end && isExponentLetter(*at);
-    return !hasExponent || readExponent(at, end, decimal);
-}
-
-// Whether one product or quotient gives the nearest double.
-bool isQuick(const Decimal& decimal)
-{
-    return roundsOnce && decimal.complete && decimal.mantissa <= largestExact &&
-           decimal.exponent >= -largestPower && decimal.exponent <= largestPower;
-}
-
-double quickReal(const Decimal& decimal)
-{
-    const auto digits = static_cast<double>(decimal.mantissa);
-    const double value = decimal.exponent < 0
-                             ? digits / powersOfTen[static_cast<std::size_t>(-decimal.exponent)]
-                             : digits * powersOfTen[static_cast<std::size_t>(decimal.exponent)];
-    return decimal.negative ? -value : value;
-}
-
 // Whether a number outside the range of double is too large; otherwise it is too close to 0.
-bool isLarge(const char* number, const Decimal& decimal)
+bool isLarge(std::string_view number)
 {
-    const char* const digits = std::find_if(
-        number, decimal.end, [](char c) { return digitValue(c) > 0 && digitValue(c) < 10; });
-    const char* const digitsEnd = std::find_if(digits, decimal.end, isExponentLetter);
-    return digitsEnd - digits + decimal.exponent > 0;
-}
-
-// The number as std::from_chars reads it, which knows neither a plus sign nor the letter D.
-// Nothing when it is too large for a double.
-std::optional<double> exactReal(const char* number, const Decimal& decimal)
-{
-    if (isSign(*number))
-        ++number;
-    const auto length = static_cast<std::size_t>(decimal.end - number);
-    std::array<char, 64> small{};
-    std::string large;
-    char* copy = small.data();
-    if (length > small.size()) {
-        large.resize(length);
-        copy = large.data();
-    }
-    std::transform(number, decimal.end, copy, [](char c) { return isExponentLetter(c) ? 'E' : c; });
-    double value = 0;
-    const auto result = std::from_chars(copy, copy + length, value);
-    if (result.ec == std::errc::result_out_of_range) {
-        if (isLarge(number, decimal))
-            return std::nullopt;
-        value = 0;
-    }
-    return decimal.negative ? -value : value;
+    const std::string_view digits = number.substr(0, number.find('E'));
+    const std::string_view power = number.substr(std::min(digits.size() + 1, number.size()));
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    // Stays as it is when the exponent itself is outside.
+    double exponent = power.empty() ? 0 : power.front() == '-' ? -infinity : infinity;
+    std::from_chars(power.data() + (power.starts_with('+') ? 1 : 0), power.data() + power.size(),
+                    exponent);
+    const auto point = static_cast<double>(std::min(digits.find('.'), digits.size()));
+    const auto first = static_cast<double>(digits.find_first_of("123456789"));
+    return point - first + exponent > 0;
 }
 
 }  // namespace
 
+Fields::Fields(std::string_view line)
+    : begin_(line.data()), at_(line.data()), end_(line.data() + line.size())
+{
+    if (line.ends_with('\r'))
+        --end_;
+    at_ = afterBlanks(at_);
+}
+
+const char* Fields::afterBlanks(const char* at) const
+{
+    while (at != end_ && isBlankCharacter(*at))
+        ++at;
+    return at;
+}
+
+bool Fields::isFieldEnd(const char* at) const
+{
+    return at == end_ || *at == ',' || isBlankCharacter(*at);
+}
+
+const char* Fields::fieldEnd() const
+{
+    const char* at = at_;
+    while (!isFieldEnd(at))
+        ++at;
+    return at;
+}
+
+// Goes from the end of a field to the next one; false, and nowhere, when that is no end.
+bool Fields::skipSeparator(const char* fieldEnd)
+{
+    if (!isFieldEnd(fieldEnd))
+        return false;
+    at_ = afterBlanks(fieldEnd);
+    if (at_ != end_ && *at_ == ',')
+        at_ = afterBlanks(at_ + 1);
+    return true;
+}
+
+// The same, quickly where no blanks stand around the comma.
+inline bool Fields::goOn(const char* fieldEnd)
+{
+    const bool noBlanks =
+        fieldEnd != end_ && *fieldEnd == ',' && (fieldEnd + 1 == end_ || fieldEnd[1] > ' ');
+    if (!noBlanks)
+        return skipSeparator(fieldEnd);
+    at_ = fieldEnd + 1;
+    return true;
+}
+
+int Fields::integer()
+{
+    const char* at = at_;
+    const bool negative = at != end_ && *at == '-';
+    if (negative || (at != end_ && *at == '+'))
+        ++at;
+    const char* const digits = at;
+    std::int64_t value = 0;
+    for (; at != end_ && digitValue(*at) < 10 && value <= INT_MAX; ++at)
+        value = value * 10 + digitValue(*at);
+    if (at == digits || value > INT_MAX || !goOn(at))
+        failField("is not a whole number");
+    return static_cast<int>(negative ? -value : value);
+}
+
 double Fields::real()
 {
-    Decimal decimal;
-    if (!readDecimal(at_, end_, decimal))
+    constexpr std::string_view usualZero = "0.,";  // most numbers of a model
+    const std::string_view rest(at_, static_cast<std::size_t>(end_ - at_));
+    if (rest.starts_with(usualZero) && goOn(at_ + 2))
+        return 0;
+    double value = 0;
+    const auto [end, problem] = std::from_chars(at_, end_, value);
+    const bool isUsual = problem == std::errc() && std::isfinite(value) && goOn(end);
+    return isUsual ? value : unusualReal();
+}
+
+// What std::from_chars does not know: a plus sign, the letter D of Fortran for the exponent, and
+// what a number outside the range of double stands for.
+double Fields::unusualReal()
+{
+    const char* const fieldEnd = this->fieldEnd();
+    std::string text(at_, fieldEnd);
+    for (char& c : text)
+        if (c == 'e' || c == 'D' || c == 'd')
+            c = 'E';
+    if (text.starts_with('+') && !text.starts_with("+-"))
+        text.erase(0, 1);
+    const char* const textEnd = text.data() + text.size();
+    double value = 0;
+    const auto [end, problem] = std::from_chars(text.data(), textEnd, value);
+    const bool outside = problem == std::errc::result_out_of_range;
+    const bool finite = problem == std::errc() && std::isfinite(value);
+    if (end != textEnd || (!outside && !finite))
         failField("is not a number");
-    const char* const field = at_;
-    at_ = decimal.end;
-    if (!skipSeparator()) {
-        at_ = field;
-        failField("is not a number");
-    }
-    if (isQuick(decimal))
-        return quickReal(decimal);
-    const std::optional<double> value = exactReal(field, decimal);
-    if (!value)
+    if (outside && isLarge(text))
         fail("a number is too large");
-    return *value;
+    skipSeparator(fieldEnd);
+    return finite ? value : text.starts_with('-') ? -0.0 : 0.0;
 }
 
 int Fields::id()
@@ -178,13 +153,8 @@ int Fields::id()
 int Fields::count() const
 {
     int fields = 0;
-    for (const char* at = at_; at != end_; ++fields) {
-        while (at != end_ && *at != ',' && !isBlank(*at))
-            ++at;
-        Fields rest(std::string_view(at, static_cast<std::size_t>(end_ - at)));
-        rest.skipSeparator();
-        at = rest.at_;
-    }
+    for (Fields rest = *this; !rest.atEnd(); ++fields)
+        rest.skipSeparator(rest.fieldEnd());
     return fields;
 }
 
@@ -221,6 +191,21 @@ bool Lines::takeListEnd()
         return false;
     text();
     return true;
+}
+
+std::string_view Lines::text()
+{
+    if (atEnd())
+        throw FormatError(at_, "the block ends in the middle of a record");
+    const char* const line = at_;
+    const auto* const lineEnd = static_cast<const char*>(std::memchr(at_, '\n', rest().size()));
+    at_ = lineEnd ? lineEnd + 1 : end_;
+    return {line, static_cast<std::size_t>((lineEnd ? lineEnd : end_) - line)};
+}
+
+Fields Lines::record()
+{
+    return Fields(text());
 }
 
 void Lines::skipText(int count)

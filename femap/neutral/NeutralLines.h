@@ -1,9 +1,7 @@
 // The lines of a neutral file and the numbers in them.
 #pragma once
 
-#include <climits>
-#include <cstdint>
-#include <cstring>
+#include <cstddef>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -31,11 +29,7 @@ private:
 class Fields
 {
 public:
-    explicit Fields(std::string_view line)
-        : begin_(line.data()), at_(line.data()), end_(line.data() + line.size())
-    {
-        skipBlanks();
-    }
+    explicit Fields(std::string_view line);
 
     bool atEnd() const { return at_ == end_; }
     /// How many fields are left.
@@ -57,16 +51,12 @@ public:
     [[noreturn]] void fail(const std::string& problem) const { throw FormatError(begin_, problem); }
 
 private:
-    static bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
-    static unsigned digitAt(const char* at) { return static_cast<unsigned>(*at) - '0'; }
-
-    void skipBlanks()
-    {
-        while (at_ != end_ && isBlank(*at_))
-            ++at_;
-    }
-    // Goes from the end of a number to the next field; false when no separator follows.
-    bool skipSeparator();
+    const char* afterBlanks(const char* at) const;
+    bool isFieldEnd(const char* at) const;
+    const char* fieldEnd() const;
+    bool goOn(const char* fieldEnd);
+    bool skipSeparator(const char* fieldEnd);
+    double unusualReal();
     [[noreturn]] void failField(const char* problem) const;
 
     const char* begin_;
@@ -81,15 +71,15 @@ public:
     explicit Lines(std::string_view block) : at_(block.data()), end_(block.data() + block.size()) {}
 
     bool atEnd() const { return at_ == end_; }
-    std::size_t bytesLeft() const { return static_cast<std::size_t>(end_ - at_); }
+    std::string_view rest() const { return {at_, static_cast<std::size_t>(end_ - at_)}; }
     /// Whether the next line is a record that begins with -1, which ends a list.
     bool atListEnd() const;
     /// Skips that record and tells whether there was one.
     bool takeListEnd();
 
-    Fields peek() const { return Fields(lineAt(at_)); }
+    Fields peek() const { return Lines(*this).record(); }
     /// The next line's numbers. This one and those below raise FormatError at the end of the block.
-    Fields record() { return Fields(text()); }
+    Fields record();
     /// The next line as it is, without its end.
     std::string_view text();
     void skipText(int count);
@@ -101,59 +91,8 @@ public:
     std::vector<double> countedReals();
 
 private:
-    std::string_view lineAt(const char* at) const
-    {
-        const auto length = static_cast<std::size_t>(end_ - at);
-        const void* const lineEnd = std::memchr(at, '\n', length);
-        return lineEnd ? std::string_view(
-                             at, static_cast<std::size_t>(static_cast<const char*>(lineEnd) - at))
-                       : std::string_view(at, length);
-    }
-
     const char* at_;
     const char* end_;
 };
-
-inline bool Fields::skipSeparator()
-{
-    const char* const numberEnd = at_;
-    skipBlanks();
-    if (at_ == end_)
-        return true;
-    if (*at_ == ',') {
-        ++at_;
-        skipBlanks();
-        return true;
-    }
-    return at_ != numberEnd;
-}
-
-inline int Fields::integer()
-{
-    const char* const field = at_;
-    const bool negative = at_ != end_ && *at_ == '-';
-    if (negative || (at_ != end_ && *at_ == '+'))
-        ++at_;
-    std::int64_t value = 0;
-    const char* const digits = at_;
-    for (; at_ != end_ && digitAt(at_) < 10 && value <= INT_MAX; ++at_)
-        value = value * 10 + digitAt(at_);
-    if (at_ == digits || value > INT_MAX || !skipSeparator()) {
-        at_ = field;
-        failField("is not a whole number");
-    }
-    return static_cast<int>(negative ? -value : value);
-}
-
-inline std::string_view Lines::text()
-{
-    if (atEnd())
-        throw FormatError(at_, "the block ends in the middle of a record");
-    const std::string_view line = lineAt(at_);
-    at_ = line.data() + line.size();
-    if (at_ != end_)
-        ++at_;
-    return line;
-}
 
 }  // namespace femap::neutral

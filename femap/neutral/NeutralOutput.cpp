@@ -2,6 +2,8 @@
 #include "femap/neutral/NeutralBlocks.h"
 
 #include <array>
+#include <cstdint>
+#include <numeric>
 #include <utility>
 
 namespace femap::neutral
@@ -69,14 +71,18 @@ private:
         makeRoom(ids_, more);
         makeRoom(values_, more);
     }
+    // To be told of each ID, or the first of a run, before it is added.
+    void compareWithLast(int id) { ascending_ &= ids_.empty() || ids_.back() < id; }
     void add(int id, double value)
     {
+        compareWithLast(id);
         ids_.push_back(id);
         values_.push_back(value);
     }
     void sort();
 
     std::size_t usual_ = 0;  // how many values the previous vector had
+    bool ascending_ = true;  // so far
     std::vector<int> ids_;
     std::vector<double> values_;
 };
@@ -85,6 +91,7 @@ void Values::read(Lines& lines)
 {
     ids_.clear();
     values_.clear();
+    ascending_ = true;
     makeRoomFor(usual_);
     while (!lines.takeListEnd()) {
         Fields fields = lines.record();
@@ -104,14 +111,17 @@ void Values::readRun(Lines& lines, Fields fields, int first)
     if (last < first)
         fields.fail("the last ID is less than the first");
     // Every value takes two bytes at least, whatever the IDs say.
-    makeRoomFor(std::min(static_cast<std::size_t>(last - first) + 1, lines.bytesLeft() / 2 + 1));
+    makeRoomFor(std::min(static_cast<std::size_t>(last - first) + 1, lines.rest().size() / 2 + 1));
     for (int id = first;; ++id) {
         while (fields.atEnd())
             fields = lines.record();
-        add(id, fields.real());
+        values_.push_back(fields.real());
         if (id == last)
             break;
     }
+    compareWithLast(first);
+    const auto ids = ids_.insert(ids_.end(), values_.size() - ids_.size(), 0);
+    std::iota(ids, ids_.end(), std::int64_t{first});  // wide, for it counts one further than last
     fields.expectEnd();
 }
 
@@ -130,8 +140,7 @@ void Values::sort()
 
 void Values::store(OutputVector& vector)
 {
-    const auto notAscending = [](int a, int b) { return a >= b; };
-    if (std::adjacent_find(ids_.begin(), ids_.end(), notAscending) != ids_.end())
+    if (!ascending_)
         sort();
     usual_ = ids_.size();
     vector.ids = takeExactly(ids_);

@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <random>
 
 using femap::neutral::Fields;
@@ -66,8 +67,10 @@ INSTANTIATE_TEST_SUITE_P(
                     std::pair("1.0000000000000001D-01", 0.1), std::pair("2.5d+02", 250.0),
                     std::pair("-1.D300", -1e300), std::pair("0.0000000111642", 1.11642e-8),
                     std::pair("9007199254740993.", 9007199254740992.0), std::pair("1E23", 1e23),
-                    std::pair("1E-400", 0.0), std::pair("0E99999999999", 0.0),
-                    std::pair("5E-324", 5e-324),
+                    std::pair("+1.5", 1.5), std::pair("1D3", 1000.0), std::pair("1d-3", 0.001),
+                    std::pair("1.", 1.0), std::pair(" \t 1.5 ", 1.5), std::pair("0., ", 0.0),
+                    std::pair("0.25,", 0.25), std::pair("1E-400", 0.0),
+                    std::pair("0E99999999999", 0.0), std::pair("5E-324", 5e-324),
                     std::pair("1.7976931348623157E308", 1.7976931348623157e308),
                     std::pair("1E-99999999999999999999", 0.0),
                     std::pair("123456789012345678901234567890", 123456789012345678901234567890.0)));
@@ -76,6 +79,8 @@ TEST(NeutralNumbers, ZeroKeepsItsSign)
 {
     EXPECT_TRUE(std::signbit(realOf("-0.")));
     EXPECT_TRUE(std::signbit(realOf("-1E-400")));
+    EXPECT_TRUE(std::signbit(realOf("-1D-400")));
+    EXPECT_FALSE(std::signbit(realOf("+1E-400")));
     EXPECT_FALSE(std::signbit(realOf("0.")));
 }
 
@@ -87,10 +92,29 @@ TEST(NeutralNumbers, RealsMayBeLongerThanAnyUsualNumber)
     EXPECT_EQ(realProblem("1" + std::string(400, '0')), "a number is too large");
 }
 
+TEST(NeutralNumbers, DigitsAndExponentTogetherTellWhetherARealIsTooLarge)
+{
+    const std::string zeros(400, '0');
+
+    EXPECT_EQ(realOf("0." + zeros + "1E400"), 0.1);
+    EXPECT_EQ(realOf("1" + zeros + "E-400"), 1);
+    for (const std::string text : {"1E400", "-1E400", "+1D+400", "1E309", "0.1D310"})
+        EXPECT_EQ(realProblem(text), "a number is too large") << text;
+    for (const std::string& text : {"0." + zeros + "1E800", "1" + zeros + "E-9", "1" + zeros + "."})
+        EXPECT_EQ(realProblem(text), "a number is too large") << text;
+    for (const std::string& text :
+         {"1" + zeros + "E-800", "0." + zeros + "1E9", "." + zeros + "1", "1E-" + zeros + "999"})
+        EXPECT_EQ(realOf(text), 0) << text;
+    EXPECT_EQ(realOf("0.1E-" + std::string(400, '9')), 0);
+    EXPECT_EQ(realProblem("0.1E" + std::string(400, '9')), "a number is too large");
+}
+
 TEST(NeutralNumbers, ARealThatIsNoneIsRefused)
 {
-    for (const std::string text : {"x", ".", "-", "+", "1E", "1E+", "1D-,", "--1", "1.2.3", "1x",
-                                   "inf", "nan", "1.#QNAN", "1_000", "0x10", "\xE4", "1.5e3e3"})
+    for (const std::string text :
+         {"x",     ".",       "-",     "+",    "+-1",  "-+1",    "++1", "-inf",
+          "1D3E5", "1E",      "1E+",   "1D-,", "--1",  "1.2.3",  "1x",  "inf",
+          "nan",   "1.#QNAN", "1_000", "0x10", "\xE4", "1.5e3e3"})
         EXPECT_EQ(realProblem(text), "field 1 is not a number") << text;
     EXPECT_EQ(realProblem(""), "field 1 is missing");
     EXPECT_EQ(realProblem(","), "field 1 is not a number");

@@ -133,6 +133,22 @@ TEST(NeutralFileOutput, ValuesInAnyOrderComeOutAscendingAndTheLastOfAnIDStays)
     EXPECT_THAT(vector.values, ElementsAre(1, 7, 3, 1));
 }
 
+TEST(NeutralFileOutput, RunsInAnyOrderComeOutAscending)
+{
+    const OutputVector vector = vectorOf("5,6,1.,2.,\n3,4,3.,4.,\n-1,\n");
+
+    EXPECT_THAT(vector.ids, ElementsAre(3, 4, 5, 6));
+    EXPECT_THAT(vector.values, ElementsAre(3, 4, 1, 2));
+}
+
+TEST(NeutralFileOutput, ARunMayEndAtTheLargestID)
+{
+    const OutputVector vector = vectorOf("2147483646,2147483647,1.,2.,\n-1,\n");
+
+    EXPECT_THAT(vector.ids, ElementsAre(2147483646, 2147483647));
+    EXPECT_THAT(vector.values, ElementsAre(1, 2));
+}
+
 TEST(NeutralFileOutput, AVectorWithoutValuesIsKept)
 {
     const OutputVector vector = vectorOf("-1,0.,\n", "9.9900002E+30,-9.9900002E+30,0.,");
