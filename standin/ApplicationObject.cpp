@@ -9,13 +9,10 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <array>
-#include <iterator>
 
 namespace standin
 {
 
-using femap::AddInPane;
 using femap::cutToMessage;
 using femap::MassProperties;
 using femap::MessageColour;
@@ -64,54 +61,25 @@ constexpr Member<ApplicationObject> applicationMembers[] = {
     {"feAppVisible",                          serve<&App::visible>},
     {"feAppGetAllModels",                     serve<&App::allModels>},
     {"feAppRegisterAddInPane",                serve<&App::registerAddInPane>},
-    {"feOutputConvertV2019VectorIDToV2020V2", serve<&App::convertVectorID>},
-    {"feOutputConvertV2020VectorIDToV2019V2", serve<&App::convertVectorID>},
-
-    {"standinSendEvent",     serve<&App::sendEvent>},
-    {"standinBusy",          serve<&App::busy>},
-    {"standinFailAt",        serve<&App::failAt>},
-    {"standinDieAt",         serve<&App::dieAt>},
-    {"standinPick",          serve<&App::queueSelection>},
-    {"standinModel",         serve<&App::modelState>},
-    {"standinQuit",          serve<&App::quit>},
-    {"standinRecord",        serve<&App::recordTo>},
-    {"standinFault",         serve<&App::fault>},
-    {"standinReject",        serve<&App::reject>},
-    {"standinDock",          serve<&App::dock>},
-    {"standinCallCount",     serve<&App::callCount>},
-    {"standinLockCount",     serve<&App::lockCount>},
-    {"standinObjectCount",   serve<&App::objectCount>},
-    {"standinMessages",      serve<&App::messages>},
-    {"standinRegistrations", serve<&App::registrations>},
+    {"feOutputConvertV2019VectorIDToV2020V2", serve<&App::convertToNew>},
+    {"feOutputConvertV2020VectorIDToV2019V2", serve<&App::convertToOld>},
 };
 // clang-format on
+static_assert(areDeclared(applicationMembers, ApplicationObject::declarations));
 
-// Those of the stand-in's own are declared here.
-constexpr library::Member controls[] = {
-    {"standinSendEvent", library::Kind::Method, 90000, "i", 'i', library::all},
-    {"standinBusy", library::Kind::Method, 90001, "i", 'i', library::all},
-    {"standinFailAt", library::Kind::Method, 90002, "i", 'i', library::all},
-    {"standinDieAt", library::Kind::Method, 90003, "i", 'i', library::all},
-    {"standinPick", library::Kind::Method, 90004, "s", 'i', library::all},
-    {"standinModel", library::Kind::Method, 90005, "s", 'i', library::all},
-    {"standinQuit", library::Kind::Method, 90006, "", 'i', library::all},
-    {"standinRecord", library::Kind::Method, 90007, "s", 'i', library::all},
-    {"standinFault", library::Kind::Method, 90008, "ss", 'i', library::all},
-    {"standinReject", library::Kind::Method, 90009, "i", 'i', library::all},
-    {"standinCallCount", library::Kind::Property, 90010, "", 'i', library::all},
-    {"standinLockCount", library::Kind::Property, 90011, "", 'i', library::all},
-    {"standinObjectCount", library::Kind::Property, 90012, "", 'i', library::all},
-    {"standinMessages", library::Kind::Property, 90013, "", 's', library::all},
-    {"standinRegistrations", library::Kind::Property, 90014, "", 's', library::all},
-    {"standinDock", library::Kind::Method, 90015, "i", 'i', library::all},
-};
-
-constexpr auto allDeclared = [] {
-    std::array<library::Member, std::size(library::Imodel) + std::size(controls)> all{};
-    std::ranges::copy(controls, std::ranges::copy(library::Imodel, all.begin()).out);
-    return all;
-}();
-static_assert(areDeclared(applicationMembers, allDeclared));
+// As an array of 64-bit numbers.
+Variant longIDs(const std::vector<LONGLONG>& ids)
+{
+    Variant result;
+    SAFEARRAY* const array = SafeArrayCreateVector(VT_I8, 0, static_cast<ULONG>(ids.size()));
+    for (LONG i = 0; i < static_cast<LONG>(ids.size()); ++i) {
+        LONGLONG id = ids[static_cast<std::size_t>(i)];
+        static_cast<void>(SafeArrayPutElement(array, &i, &id));
+    }
+    result.raw()->vt = VT_ARRAY | VT_I8;
+    result.raw()->parray = array;
+    return result;
+}
 
 // A message as FEMAP shows it, which takes per cent signs for format marks: two of them show one, a
 // single one is lost with the character after it.
@@ -129,8 +97,6 @@ std::string formatted(const std::string& text)
 
 }  // namespace
 
-const std::span<const library::Member> ApplicationObject::declarations = allDeclared;
-
 std::span<const Member<ApplicationObject>> ApplicationObject::members()
 {
     return applicationMembers;
@@ -146,6 +112,8 @@ ULONG ApplicationObject::Release()
 
 std::string ApplicationObject::modelName()
 {
+    if (!server().host.model && server().modes[Mode::NoModelNoName])
+        return {};
     server().host.openModel();
     return server().host.modelName;
 }
@@ -197,7 +165,8 @@ int ApplicationObject::allModels(Arguments& arguments)
     const bool isOpen = server().host.model.has_value();
     arguments.fill(0, isOpen ? 1 : 0);
     if (isOpen)
-        arguments.fillAny(1, std::vector<int>{1});
+        arguments.fillAny(
+            1, server().modes[Mode::LongModelIDs] ? longIDs({1}) : Variant(std::vector<int>{1}));
     return ok;
 }
 
@@ -246,8 +215,14 @@ int ApplicationObject::measure(Arguments& arguments)
     if (arguments.number(1) != 0)
         throw RuntimeError(ErrorNumber::InvalidCall,
                            "The stand-in measures in the global coordinate system only");
-    const MassProperties mass =
-        server().host.measure(server().idsIn(arguments.number(0), EntityType::Element));
+    const std::vector<int> elements = server().idsIn(arguments.number(0), EntityType::Element);
+    if (elements.empty() && server().modes[Mode::NothingWeighsNothing])
+        return static_cast<int>(ReturnCode::NotExist);
+    MassProperties mass = server().host.measure(elements);
+    if (server().modes[Mode::ProductsNegated])
+        for (std::vector<double>* const inertia : {&mass.inertia, &mass.inertiaCG})
+            for (const std::size_t product : {1, 3, 4})
+                (*inertia)[product] = -(*inertia)[product];
     std::size_t index = 4;
     for (const double number : {mass.length, mass.area, mass.volume, mass.structuralMass,
                                 mass.nonStructuralMass, mass.totalMass})
@@ -258,128 +233,15 @@ int ApplicationObject::measure(Arguments& arguments)
     return ok;
 }
 
-// The files that the stand-in reads have the numbering before 2020.1 already.
-int ApplicationObject::convertVectorID(int id)
+// The files that the stand-in reads have the numbering before 2020.1.
+int ApplicationObject::convertToNew(int id)
 {
-    return id;
+    return server().shownVectorID(id);
 }
 
-int ApplicationObject::sendEvent(int code)
+int ApplicationObject::convertToOld(int id)
 {
-    const auto& registrations = server().host.registrations;
-    if (registrations.empty() || !registrations.back().regster)
-        return failed;
-    const UINT event = RegisterWindowMessageW(L"FE_EVENT_MESSAGE");
-    const HWND window = reinterpret_cast<HWND>(registrations.back().messageID);
-    return PostMessageW(window, event, static_cast<WPARAM>(code), 0) ? ok : failed;
-}
-
-int ApplicationObject::busy(int count)
-{
-    server().busyFor = count;
-    return ok;
-}
-
-int ApplicationObject::reject(int count)
-{
-    server().rejectFor = count;
-    return ok;
-}
-
-int ApplicationObject::failAt(int call)
-{
-    server().failAt = call;
-    return ok;
-}
-
-int ApplicationObject::dieAt(int call)
-{
-    server().dieAt = call;
-    return ok;
-}
-
-int ApplicationObject::fault(const std::string& member, const std::string& how)
-{
-    return server().faults.set(member, how) ? ok : failed;
-}
-
-int ApplicationObject::queueSelection(const std::string& text)
-{
-    server().selections.queue(text);
-    return ok;
-}
-
-int ApplicationObject::recordTo(const std::string& path)
-{
-    server().recordTo(path);
-    return ok;
-}
-
-// Takes the form that registered itself last into a window; 0 takes that window away again.
-int ApplicationObject::dock(int docks)
-{
-    dock_.reset();
-    const auto& forms = server().host.registrations;
-    if (docks != 0 && !forms.empty())
-        dock_ = std::make_unique<DockWindow>(reinterpret_cast<HWND>(forms.back().windowID));
-    return ok;
-}
-
-int ApplicationObject::modelState(const std::string& state)
-{
-    if (state == "none")
-        server().host.model.reset();
-    else if (state != "untitled")
-        return failed;
-    else if (!server().host.model)
-        server().host.model.emplace();
-    server().host.modelName.clear();
-    return ok;
-}
-
-int ApplicationObject::callCount()
-{
-    return server().callCount;
-}
-
-int ApplicationObject::lockCount()
-{
-    return server().host.lockCount;
-}
-
-int ApplicationObject::objectCount()
-{
-    return server().objectCount;
-}
-
-// A line for each: its colour and the text.
-std::string ApplicationObject::messages()
-{
-    std::string result;
-    for (const embedded::Host::Message& one : server().host.messages)
-        result += std::to_string(static_cast<int>(one.colour)) + ' ' + one.text + '\n';
-    return result;
-}
-
-// A line for each: the arguments in their order.
-std::string ApplicationObject::registrations()
-{
-    std::string result;
-    for (const AddInPane& pane : server().host.registrations)
-        result += std::to_string(pane.regster) + ' ' + std::to_string(pane.windowID) + ' ' +
-                  std::to_string(pane.messageID) + ' ' + std::to_string(pane.bPreventClose) + ' ' +
-                  std::to_string(pane.bPreventHide) + ' ' + std::to_string(pane.location) + ' ' +
-                  std::to_string(pane.neighborID) + '\n';
-    return result;
-}
-
-// Not at once: the answer to this call is still on its way through COM's own threads, and the end
-// of the apartment would break it off.
-int ApplicationObject::quit()
-{
-    constexpr UINT answerTime = 100;  // milliseconds
-    SetTimer(nullptr, 0, answerTime, [](HWND, UINT, UINT_PTR, DWORD) { PostQuitMessage(0); });
-    return ok;
+    return server().ownVectorID(id);
 }
 
 }  // namespace standin

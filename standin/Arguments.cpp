@@ -47,22 +47,38 @@ VARTYPE typeOf(char letter)
     return static_cast<VARTYPE>(found->type | (isFilled ? VT_BYREF : 0));
 }
 
-bool isWhole(const VARIANT& value)
+bool isIndex(const VARIANT& value, const Modes& modes)
 {
-    return value.vt != VT_R8 || std::trunc(value.dblVal) == value.dblVal;
+    return value.vt != VT_R8 ||
+           (!modes[Mode::StrictIndices] && std::trunc(value.dblVal) == value.dblVal);
+}
+
+// The VARIANT becomes one of the type; what is returned refers to its value.
+VARIANT viewInto(VARIANT& any, VARTYPE wanted)
+{
+    VariantClear(&any);
+    any.vt = static_cast<VARTYPE>(wanted & ~VT_BYREF);
+    any.llVal = 0;
+    VARIANT view{};
+    view.vt = wanted;
+    view.byref = &any.llVal;
+    return view;
 }
 
 }  // namespace
 
-bool Arguments::take(VARIANT& passed, char type)
+bool Arguments::take(VARIANT& passed, char type, const Modes& modes)
 {
     const VARTYPE wanted = typeOf(type);
     Variant value;
     if ((wanted & VT_BYREF) != 0) {
         // A view: VariantClear leaves what a reference refers to alone.
-        if (passed.vt != wanted)
+        if (passed.vt == wanted)
+            *value.raw() = passed;
+        else if (modes[Mode::LooseResults] && passed.vt == (VT_BYREF | VT_VARIANT))
+            *value.raw() = viewInto(*passed.pvarVal, wanted);
+        else
             return false;
-        *value.raw() = passed;
     }
     else {
         Variant plain;
@@ -70,7 +86,7 @@ bool Arguments::take(VARIANT& passed, char type)
             return false;
         if (wanted == VT_VARIANT)
             value = std::move(plain);
-        else if ((wanted == VT_I4 && !isWhole(*plain.raw())) ||
+        else if ((wanted == VT_I4 && !isIndex(*plain.raw(), modes)) ||
                  FAILED(VariantChangeTypeEx(value.raw(), plain.raw(), LOCALE_INVARIANT, 0, wanted)))
             return false;
     }

@@ -3,6 +3,7 @@
 
 #include "femap/Value.h"
 #include "femap/com/Variant.h"
+#include "standin/Modes.h"
 
 #include <cstddef>
 #include <optional>
@@ -22,7 +23,7 @@ public:
 
     /// Adds an argument as the caller passed it; false when it is not of the type, which is a
     /// letter of FEMAP's type libraries.
-    bool take(VARIANT& passed, char type);
+    bool take(VARIANT& passed, char type, const Modes& modes);
 
     /// The member's own spelling.
     std::string_view member() const { return member_; }

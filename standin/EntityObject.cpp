@@ -66,7 +66,7 @@ Variant getTitleList(EntityObject<Data>& entity, Arguments& arguments)
 {
     const auto [ids, titles] =
         titlesIn(entity.server().host.openModel().*embedded::Kind<Data>::table, arguments.number(0),
-                 arguments.number(1));
+                 arguments.number(1), entity.server().modes);
     arguments.fill(2, static_cast<int>(ids.size()));
     if (ids.empty())
         return failed;

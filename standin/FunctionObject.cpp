@@ -49,6 +49,8 @@ int FunctionObject::get(int id)
 
 int FunctionObject::selectID(const std::string& title)
 {
+    if (server().refusesDialogs())
+        return failed;
     const std::vector<int> available = server().host.idsOf(EntityType::Function);
     const Selection answer =
         server().selections.answer(EntityType::Function, title, true, available);

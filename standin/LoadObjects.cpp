@@ -34,7 +34,7 @@ template <LoadDataType type>
 class LoadObject : public ObjectOf<LoadObject<type>>
 {
 public:
-    LoadObject(Server& shared, std::unique_ptr<MemberObject> load)
+    LoadObject(Server& shared, LoadOf load)
         : ObjectOf<LoadObject<type>>(shared, "load"), load_(std::move(load))
     {}
 
@@ -45,11 +45,13 @@ public:
     {
         const std::string name(arguments.member());
         const std::optional<int> index = arguments.index();
-        return toVariant(index ? load_->member(name, *index) : load_->member(name));
+        if (name == "LoadDefinitionID")
+            return load_.definitionID;
+        return toVariant(index ? load_.load->member(name, *index) : load_.load->member(name));
     }
 
 private:
-    std::unique_ptr<MemberObject> load_;
+    LoadOf load_;
 };
 
 using MeshLoad = LoadObject<LoadDataType::Mesh>;
@@ -155,9 +157,9 @@ static_assert(areDeclared(definitionMembers, LoadDefinitionObject::declarations)
 
 }  // namespace
 
-IDispatch* makeLoad(Server& server, int dataType, std::unique_ptr<MemberObject> load)
+IDispatch* makeLoad(Server& server, LoadOf load)
 {
-    switch (static_cast<LoadDataType>(dataType)) {
+    switch (static_cast<LoadDataType>(load.dataType)) {
     case LoadDataType::Mesh:
         return new MeshLoad(server, std::move(load));
     case LoadDataType::Geometry:
@@ -190,23 +192,43 @@ int LoadDefinitionObject::get(int id)
     if (found == set->definitions.end())
         return failed;
     loaded = *found;
-    walk_->Get(setID, wanted);
-    return ok;
+    return resetNextLoad();
 }
 
 int LoadDefinitionObject::resetNextLoad()
 {
-    walk_->ResetNextLoad();
+    walked_ = loaded.id;
+    walk_->Get(setID, walked_);
     return ok;
 }
 
 int LoadDefinitionObject::nextLoad(Arguments& arguments)
 {
     std::unique_ptr<MemberObject> next = walk_->NextLoad();
+    while (next == nullptr && walkOn())
+        next = walk_->NextLoad();
     if (next == nullptr)
-        return failed;
-    arguments.fillObject(0, makeLoad(server(), loaded.dataType, std::move(next)));
+        return server().modes[Mode::WalkEndsMissing] ? static_cast<int>(ReturnCode::NotExist)
+                                                     : failed;
+    arguments.fillObject(0, makeLoad(server(), {std::move(next), walk_->dataType(), loaded.id}));
     return ok;
+}
+
+// Takes the walk to the next definition of another kind, which this one seems to hold as well.
+bool LoadDefinitionObject::walkOn()
+{
+    const neutral::LoadSet* const set = server().host.openModel().loadSets.find(setID);
+    if (set == nullptr || !server().modes[Mode::MixedLoads])
+        return false;
+    const int after = walked_ == loaded.id ? 0 : walked_;
+    const auto other = std::ranges::find_if(set->definitions, [&](const Data& one) {
+        return one.id > after && one.dataType != loaded.dataType;
+    });
+    if (other == set->definitions.end())
+        return false;
+    walked_ = other->id;
+    walk_->Get(setID, walked_);
+    return true;
 }
 
 int LoadDefinitionObject::countLoads()

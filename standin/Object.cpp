@@ -1,6 +1,7 @@
 #include "standin/Object.h"
 
 #include "femap/com/Bstr.h"
+#include "standin/Arrays.h"
 #include "standin/Server.h"
 #include "system/RuntimeError.h"
 #include "windows/Text.h"
@@ -73,11 +74,28 @@ HRESULT Object::GetTypeInfoCount(UINT* count)
     return S_OK;
 }
 
+// A newer FEMAP may have what it replaced, too.
 template <class Matches>
 std::optional<Object::Found> Object::findMember(const Matches& matches) const
 {
+    const std::optional<Found> found = findOf(server_.version(), matches);
+    if (found || !server_.hasSuperseded())
+        return found;
+    return findOf(library::old, [&](const library::Member& member) {
+        return matches(member) && isSuperseded(member);
+    });
+}
+
+bool Object::isSuperseded(const library::Member& member) const
+{
+    return library::find(declared(), member.name, server_.version()) == nullptr;
+}
+
+template <class Matches>
+std::optional<Object::Found> Object::findOf(unsigned version, const Matches& matches) const
+{
     for (const library::Member& member : declared()) {
-        if ((member.versions & server_.versions()) == 0 || !matches(member))
+        if ((member.versions & version) == 0 || !matches(member))
             continue;
         const std::optional<std::size_t> row = rowOf(member.name);
         if (row && faultOf(nameOf(*row)) != Fault::Missing)
@@ -99,8 +117,8 @@ std::optional<Fault> Object::faultOf(std::string_view member) const
     return server_.faults.of(kind_, member);
 }
 
-// Serves a member, with the fault that a test gave it.
-Variant Object::serveWithFaults(std::size_t row, Arguments& arguments)
+// Serves a member, with the fault that a test gave it and the ways of this FEMAP.
+Variant Object::serveAsTold(std::size_t row, Arguments& arguments)
 {
     const std::optional<Fault> fault = faultOf(arguments.member());
     if (fault == Fault::Fails)
@@ -113,7 +131,15 @@ Variant Object::serveWithFaults(std::size_t row, Arguments& arguments)
         for (VARIANT* const filled : arguments.filled())
             spoil(*filled, *fault);
     }
+    reshapeAll(returned, arguments);
     return returned;
+}
+
+void Object::reshapeAll(Variant& returned, Arguments& arguments) const
+{
+    reshape(*returned.raw(), server_.modes, returnsColumns());
+    for (VARIANT* const filled : arguments.filled())
+        reshape(*filled, server_.modes, returnsColumns());
 }
 
 HRESULT Object::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* numbers)
@@ -146,6 +172,9 @@ HRESULT Object::Invoke(DISPID number, REFIID, LCID, WORD flags, DISPPARAMS* para
             return RPC_E_SERVERCALL_RETRYLATER;
         if (admission == Admission::Fails)
             return fail(exception, "FEMAP was told to fail here");
+        if (isSuperseded(*member->declaration))
+            server_.supersededCalls.push_back(std::string(kind_) + '.' +
+                                              std::string(nameOf(member->row)));
     }
     AddRef();  // the call may give back the last reference
     const HRESULT code = call(*member, flags, *parameters, result, exception, wrongArgument);
@@ -173,7 +202,7 @@ HRESULT Object::call(const Found& member, WORD flags, DISPPARAMS& parameters, VA
     Arguments arguments(nameOf(member.row));
     for (std::size_t i = 0; i < parameters.cArgs; ++i) {
         const UINT index = parameters.cArgs - 1 - static_cast<UINT>(i);  // the last comes first
-        if (arguments.take(parameters.rgvarg[index], types[i]))
+        if (arguments.take(parameters.rgvarg[index], types[i], server_.modes))
             continue;
         if (wrongArgument != nullptr)
             *wrongArgument = index;
@@ -192,7 +221,7 @@ HRESULT Object::carryOut(std::size_t row, bool isPut, Arguments& arguments, VARI
         if (isPut)
             put(row, arguments);
         else
-            returned = serveWithFaults(row, arguments);
+            returned = serveAsTold(row, arguments);
         server_.record(call + " = " + (isPut ? "put" : shown(*returned.raw())));
         if (result != nullptr)
             std::swap(*result, *returned.raw());

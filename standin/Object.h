@@ -7,6 +7,7 @@
 #include "femap/TypeLibrary.h"
 #include "standin/Arguments.h"
 #include "standin/Fault.h"
+#include "standin/Modes.h"
 
 #include <windows.h>
 
@@ -61,6 +62,8 @@ protected:
     virtual Variant serve(std::size_t row, Arguments& arguments) = 0;
     /// The value is the last argument.
     virtual void put(std::size_t row, Arguments& arguments) = 0;
+    /// Whether its arrays are columns of values of many entities.
+    virtual bool returnsColumns() const { return true; }
     /// The last reference was given back.
     virtual void unreferenced() { delete this; }
 
@@ -75,9 +78,13 @@ private:
     };
     template <class Matches>
     std::optional<Found> findMember(const Matches& matches) const;
+    template <class Matches>
+    std::optional<Found> findOf(unsigned version, const Matches& matches) const;
+    bool isSuperseded(const library::Member& member) const;
     std::optional<std::size_t> rowOf(std::string_view name) const;
     std::optional<Fault> faultOf(std::string_view member) const;
-    Variant serveWithFaults(std::size_t row, Arguments& arguments);
+    Variant serveAsTold(std::size_t row, Arguments& arguments);
+    void reshapeAll(Variant& returned, Arguments& arguments) const;
     HRESULT call(const Found& member, WORD flags, DISPPARAMS& parameters, VARIANT* result,
                  EXCEPINFO* exception, UINT* wrongArgument);
     HRESULT carryOut(std::size_t row, bool isPut, Arguments& arguments, VARIANT* result,
@@ -142,13 +149,14 @@ Variant serve(Self& self, Arguments& arguments)
 /// IDs and titles of the rows in a range; 0, 0: of all.
 template <class Rows>
 std::pair<std::vector<int>, std::vector<std::string>> titlesIn(const Rows& rows, int least,
-                                                               int most)
+                                                               int most, const Modes& modes)
 {
     std::pair<std::vector<int>, std::vector<std::string>> found;
     for (const auto& row : rows)
         if (row.id >= least && (most == 0 || row.id <= most)) {
+            const bool isUntitled = modes[Mode::Untitled] && row.title.empty();
             found.first.push_back(row.id);
-            found.second.push_back(row.title);
+            found.second.push_back(isUntitled ? "Untitled" : row.title);
         }
     return found;
 }

@@ -25,7 +25,7 @@ std::vector<double> valuesAt(const neutral::OutputVector& vector, const std::vec
 class OutputObject : public ObjectOf<OutputObject>
 {
 public:
-    explicit OutputObject(Server& server) : ObjectOf(server, "feOutput") {}
+    explicit OutputObject(Server& server);
 
     static constexpr std::span<const library::Member> declarations = library::IOutput;
     static std::span<const Member<OutputObject>> members();
@@ -37,7 +37,7 @@ public:
     int getScalarAtSet(Arguments& arguments);
     int getTitleList(Arguments& arguments);
 
-    int setID = 1;
+    int setID;
     neutral::OutputVector vector;
 };
 
@@ -85,6 +85,13 @@ public:
     double valueForNonExisting = 0;
 
 private:
+    struct Title
+    {
+        int id;
+        std::string title;
+    };
+    std::vector<Title> shownVectors(const neutral::OutputSet& set) const;
+    int fillValue(Arguments& arguments, std::size_t i, const double* value) const;
     const neutral::OutputVector* find(int set, int vector);
     const neutral::OutputVector* column(int index) const;
 
@@ -125,11 +132,23 @@ public:
     neutral::LoadDefinition loaded;
 
 private:
-    // Walks the loads of the definition.
+    bool walkOn();
+
+    // Walks the loads of the definition; in one mode then those of other definitions of other
+    // kinds.
     std::unique_ptr<LoadDefinition> walk_;
+    int walked_ = 0;  // the definition that the walk has reached
 };
 
-// The load object that a definition of that data type hands out; null for an unknown type.
-IDispatch* makeLoad(Server& server, int dataType, std::unique_ptr<MemberObject> load);
+/// A load of some definition.
+struct LoadOf
+{
+    std::unique_ptr<MemberObject> load;
+    int dataType;
+    int definitionID;
+};
+
+// The load object that a definition hands out; null for an unknown data type.
+IDispatch* makeLoad(Server& server, LoadOf load);
 
 }  // namespace standin

@@ -100,6 +100,10 @@ std::vector<double> valuesAt(const neutral::OutputVector& vector, const std::vec
     return values;
 }
 
+OutputObject::OutputObject(Server& shared)
+    : ObjectOf(shared, "feOutput"), setID(shared.defaultOutputSet())
+{}
+
 std::span<const Member<OutputObject>> OutputObject::members()
 {
     return outputMembers;
@@ -125,6 +129,8 @@ int OutputObject::getFromSet(int set, int id)
 double OutputObject::value(int entity)
 {
     const double* const value = vector.valueAt(entity);
+    if (value == nullptr && server().modes[Mode::MissingIsZero])
+        return 0;
     if (value == nullptr)
         throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed,
                                 "Output vector " + std::to_string(vector.id) +
@@ -152,7 +158,8 @@ int OutputObject::getTitleList(Arguments& arguments)
     const neutral::OutputSet* const set = server().host.openModel().outputSets.find(setID);
     if (set == nullptr)
         return failed;
-    const auto [ids, titles] = titlesIn(set->vectors, arguments.number(0), arguments.number(1));
+    const auto [ids, titles] =
+        titlesIn(set->vectors, arguments.number(0), arguments.number(1), server().modes);
     arguments.fill(2, static_cast<int>(ids.size()));
     arguments.fillAny(3, ids);
     arguments.fillAny(4, titles);
@@ -179,7 +186,9 @@ int OutputSetObject::outputVectors(int set)
     const auto target = server().sets.find(set);
     if (target == server().sets.end())
         return failed;
-    const std::vector<int> ids = loaded.vectors.ids();
+    std::vector<int> ids = loaded.vectors.ids();
+    for (int& id : ids)
+        id = server().shownVectorID(id);
     target->second->insert(ids.begin(), ids.end());
     return ok;
 }

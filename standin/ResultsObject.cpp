@@ -58,7 +58,9 @@ std::span<const Member<ResultsObject>> ResultsObject::members()
 const neutral::OutputVector* ResultsObject::find(int set, int vector)
 {
     const neutral::OutputSet* const found = server().host.openModel().outputSets.find(set);
-    return found == nullptr ? nullptr : found->vectors.find(vector);
+    const int own = server().ownVectorID(vector);
+    const bool isShown = server().shownVectorID(own) == vector;
+    return found == nullptr || !isShown ? nullptr : found->vectors.find(own);
 }
 
 // Columns can be read once the table was populated.
@@ -70,7 +72,8 @@ const neutral::OutputVector* ResultsObject::column(int index) const
 
 int ResultsObject::clear()
 {
-    columns_.clear();
+    if (!server().modes[Mode::ClearKeeps])
+        columns_.clear();
     rows_.reset();
     populated_ = false;
     return ok;
@@ -167,10 +170,15 @@ int ResultsObject::getValue(Arguments& arguments)
     const neutral::OutputVector* const vector = column(arguments.number(1));
     if (vector == nullptr)
         return invalid;
-    const double* const value = vector->valueAt(arguments.number(0));
-    if (!value)
+    return fillValue(arguments, 2, vector->valueAt(arguments.number(0)));
+}
+
+// value: null where there is none.
+int ResultsObject::fillValue(Arguments& arguments, std::size_t i, const double* value) const
+{
+    if (value == nullptr && !server().modes[Mode::MissingIsZero])
         return failed;
-    arguments.fill(2, *value);
+    arguments.fill(i, value == nullptr ? 0 : *value);
     return ok;
 }
 
@@ -179,11 +187,7 @@ int ResultsObject::entityValue(Arguments& arguments)
     const neutral::OutputVector* const vector = find(arguments.number(0), arguments.number(1));
     if (vector == nullptr)
         return notExist;
-    const double* const value = vector->valueAt(arguments.number(2));
-    if (!value)
-        return failed;
-    arguments.fill(3, *value);
-    return ok;
+    return fillValue(arguments, 3, vector->valueAt(arguments.number(2)));
 }
 
 int ResultsObject::vectorTitle(Arguments& arguments)
@@ -195,13 +199,24 @@ int ResultsObject::vectorTitle(Arguments& arguments)
     return ok;
 }
 
+// The set's vectors as FEMAP shows them.
+std::vector<ResultsObject::Title> ResultsObject::shownVectors(const neutral::OutputSet& set) const
+{
+    std::vector<Title> shown;
+    for (const neutral::OutputVector& vector : set.vectors)
+        shown.push_back({server().shownVectorID(vector.id), vector.title});
+    std::ranges::sort(shown, {}, &Title::id);
+    return shown;
+}
+
 int ResultsObject::vectorTitles(Arguments& arguments)
 {
     const neutral::OutputSet* const set =
         server().host.openModel().outputSets.find(arguments.number(0));
     if (set == nullptr)
         return notExist;
-    auto [ids, titles] = titlesIn(set->vectors, arguments.number(2), arguments.number(3));
+    auto [ids, titles] =
+        titlesIn(shownVectors(*set), arguments.number(2), arguments.number(3), server().modes);
     if (arguments.flag(1))
         for (std::size_t i = 0; i < ids.size(); ++i)
             titles[i].insert(0, std::to_string(ids[i]) + "..");
@@ -219,7 +234,7 @@ int ResultsObject::vectors(int set, int target, bool clearFirst)
         return failed;
     if (clearFirst)
         targetSet->second->clear();
-    const std::vector<int> ids = found->vectors.ids();
+    const std::vector<int> ids = server().idsOf(EntityType::OutputVector, set);
     targetSet->second->insert(ids.begin(), ids.end());
     return ok;
 }

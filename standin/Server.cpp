@@ -1,10 +1,12 @@
 #include "standin/Server.h"
 
+#include "standin/VectorNumbers.h"
 #include "system/RuntimeError.h"
 #include "windows/Text.h"
 
 #include <windows.h>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace standin
@@ -18,6 +20,7 @@ namespace
 {
 
 constexpr UINT diedExitCode = 3;
+constexpr DWORD millisecondsInASecond = 1000;
 
 bool isDue(int& calls)
 {
@@ -25,6 +28,12 @@ bool isDue(int& calls)
 }
 
 }  // namespace
+
+Server::Server(bool asClassic, const Modes& asModes)
+    : isClassic(asClassic), modes(asModes), host(selections)
+{
+    host.indexBeyondArrayRaises = !modes[Mode::BeyondIsZero];
+}
 
 Admission Server::admit()
 {
@@ -35,6 +44,8 @@ Admission Server::admit()
             beforeDeath();
         ExitProcess(diedExitCode);
     }
+    if (isDue(stallAt))
+        Sleep(static_cast<DWORD>(stallSeconds) * millisecondsInASecond);
     if (busyFor > 0) {
         --busyFor;
         return Admission::Busy;
@@ -53,6 +64,32 @@ void Server::record(const std::string& call)
 {
     if (calls_.is_open())
         calls_ << call << std::endl;
+}
+
+std::vector<int> Server::idsOf(EntityType type, int ownerSet)
+{
+    std::vector<int> ids = host.idsOf(type, ownerSet);
+    if (type == EntityType::OutputVector) {
+        for (int& id : ids)
+            id = shownVectorID(id);
+        std::ranges::sort(ids);
+    }
+    return ids;
+}
+
+int Server::shownVectorID(int vectorID) const
+{
+    return !isClassic && modes[Mode::Renumbered] ? newVectorID(vectorID) : vectorID;
+}
+
+int Server::ownVectorID(int shownID) const
+{
+    return !isClassic && modes[Mode::Renumbered] ? oldVectorID(shownID) : shownID;
+}
+
+int Server::defaultOutputSet()
+{
+    return modes[Mode::VectorsOfActiveSet] ? host.activeID(EntityType::OutputSet) : 1;
 }
 
 const std::set<int>* Server::findSet(int id) const

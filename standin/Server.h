@@ -4,6 +4,7 @@
 #include "femap/TypeLibrary.h"
 #include "femap/embedded/Host.h"
 #include "standin/Fault.h"
+#include "standin/Modes.h"
 #include "standin/QueuedSelections.h"
 
 #include <cstddef>
@@ -32,11 +33,15 @@ enum class Admission
 class Server
 {
 public:
-    explicit Server(bool asClassic) : isClassic(asClassic), host(selections) {}
+    explicit Server(bool asClassic, const Modes& asModes = {});
 
     const bool isClassic;  // FEMAP before 2020.1
+    const Modes modes;
     /// Of FEMAP's type libraries.
-    unsigned versions() const { return isClassic ? library::v11_2 : library::v2306; }
+    unsigned version() const { return isClassic ? library::v11_2 : library::v2306; }
+    bool hasSuperseded() const { return !isClassic && modes[Mode::Superseded]; }
+    /// The superseded members that were called, such as "set.SelectMultiID".
+    std::vector<std::string> supersededCalls;
     QueuedSelections selections;
     embedded::Host host;
     /// The IDs in FEMAP's sets by the sets' IDs.
@@ -51,6 +56,8 @@ public:
     int rejectFor = 0;  // as busyFor, but rejected by the filter before an object sees them
     int failAt = 0;
     int dieAt = 0;
+    int stallAt = 0;
+    int stallSeconds = 0;  // how long that call takes
 
     /// What is wrong with single members.
     Faults faults;
@@ -64,6 +71,15 @@ public:
     /// Writes each call to a file from now on. Raises RuntimeError.
     void recordTo(const std::string& path);
     void record(const std::string& call);
+
+    /// The IDs of a kind; load definitions and output vectors are those of the owner set.
+    std::vector<int> idsOf(EntityType type, int ownerSet);
+    /// The ID under which FEMAP shows the model's vector, and the other way round.
+    int shownVectorID(int vectorID) const;
+    int ownVectorID(int shownID) const;
+    bool refusesDialogs() const { return modes[Mode::LockedNoDialogs] && host.lockCount > 0; }
+    /// Where vectors are taken from when nobody says it: the first output set, or the active one.
+    int defaultOutputSet();
 
     /// Null when there is none with that ID.
     const std::set<int>* findSet(int id) const;

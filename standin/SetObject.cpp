@@ -76,10 +76,11 @@ int SetObject::addArray(int count, const std::vector<int>& more)
     return ok;
 }
 
-// Output vectors live in output sets; FEMAP looks at the first one when it is not told which.
+// Output vectors live in output sets.
 int SetObject::addAll(EntityType type)
 {
-    const std::vector<int> more = server().host.idsOf(type, 1);
+    const bool isVector = type == EntityType::OutputVector;
+    const std::vector<int> more = server().idsOf(type, isVector ? server().defaultOutputSet() : 1);
     ids.insert(more.begin(), more.end());
     return ok;
 }
@@ -205,11 +206,13 @@ int SetObject::select(EntityType type, bool clearFirst, const std::string& title
 
 int SetObject::selectMultiID(EntityType type, int ownerSet, const std::string& title)
 {
-    return ask(type, title, server().host.idsOf(type, ownerSet));
+    return ask(type, title, server().idsOf(type, ownerSet));
 }
 
 int SetObject::ask(EntityType type, const std::string& title, const std::vector<int>& available)
 {
+    if (server().refusesDialogs())
+        return failed;
     const Selection answer = server().selections.answer(type, title, false, available);
     if (answer.code != ReturnCode::Ok)
         return static_cast<int>(answer.code);

@@ -1,8 +1,17 @@
 # There is one mouse, one keyboard and one femap.model on a machine: tests with them run one at a time.
+velmar_test_library(controlled_standin standin
+    SOURCES ControlledApplication.cpp DockWindow.cpp IncomingCallFilter.cpp
+    LINK standin)
+add_executable(test-standin standin/TestStandin.cpp)
+target_link_libraries(test-standin PRIVATE controlled_standin)
+target_link_options(test-standin PRIVATE -municode)
+set_target_properties(test-standin PROPERTIES
+    RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/programs)
+
 velmar_test_library(beside_standin standin
     SOURCES ExampleStudy.cpp StartedStandin.cpp Transcript.cpp
     LINK femap_com)
-add_dependencies(beside_standin femap-standin)
+add_dependencies(beside_standin test-standin)
 velmar_test_library(form_driver app/window
     SOURCES Engineer.cpp FormDriver.cpp FormFiles.cpp Hand.cpp RemoteHeap.cpp
     LINK app_window beside_standin)
@@ -19,8 +28,8 @@ velmar_test(system
 velmar_test(femap SOURCES NumberTextTest.cpp LINK femap)
 velmar_test(femap/com LOCK femap.model LABELS com LINK beside_standin standin)
 velmar_test(standin LOCK femap.model
-    SOURCES MembersTest.cpp SelectionWindowTest.cpp
-    LINK form_driver standin)
+    SOURCES BothAnswersTest.cpp MembersTest.cpp ModesTest.cpp SelectionWindowTest.cpp
+    LINK form_driver controlled_standin)
 velmar_test(app/window LOCK femap.model
     SOURCES
         BusyFormTest.cpp

@@ -137,7 +137,7 @@ DWORD runProgram(const std::string& program, const std::string& arguments)
 
 DWORD runStandin(const std::string& arguments)
 {
-    return runProgram(PROGRAM_FOLDER "/femap-standin.exe", arguments);
+    return runProgram(PROGRAM_FOLDER "/test-standin.exe", arguments);
 }
 
 std::optional<Dispatch> runningFemap()
@@ -166,7 +166,7 @@ StartedStandin::StartedStandin(const std::string& arguments)
     if (!CreatePipe(&output, &input, &inherited, 0))
         throw std::runtime_error("no pipe");
     SetHandleInformation(output, HANDLE_FLAG_INHERIT, 0);
-    process_.handle = start(PROGRAM_FOLDER "/femap-standin.exe", arguments, input);
+    process_.handle = start(PROGRAM_FOLDER "/test-standin.exe", arguments, input);
     CloseHandle(input);
     std::array<char, 16> said{};
     DWORD length = 0;
@@ -174,7 +174,7 @@ StartedStandin::StartedStandin(const std::string& arguments)
                          std::string_view(said.data(), length).starts_with("ready");
     CloseHandle(output);
     if (!isReady)
-        throw std::runtime_error("femap-standin did not become ready");
+        throw std::runtime_error("test-standin did not become ready");
     // One that was killed leaves its class behind; Windows would start another one for that.
     const bool isAnnounced = arguments.find("--no-rot") == std::string::npos;
     comesTrue([&] {
@@ -183,8 +183,7 @@ StartedStandin::StartedStandin(const std::string& arguments)
         return control_.has_value();
     });
     if (!control_)
-        throw std::runtime_error("femap-standin does not answer; " +
-                                 whyNotRunning(process_.handle));
+        throw std::runtime_error("test-standin does not answer; " + whyNotRunning(process_.handle));
 }
 
 // Under Wine this process's connection may go when another client of the same server ends; then a

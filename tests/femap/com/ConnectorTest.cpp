@@ -82,7 +82,7 @@ TEST_F(Connector, AttachesToTheOneThatRuns)
 TEST_F(Connector, StartsFemapAndLetsItEndWithTheLastReference)
 {
     const Installed installed;
-    SetEnvironmentVariableA("FEMAP_STANDIN_MODEL", panelModel().c_str());
+    SetEnvironmentVariableA("FEMAP_STANDIN_SWITCHES", ("--model\n" + panelModel()).c_str());
 
     std::unique_ptr<femap::Application> femap = connector.create();
 
