@@ -101,7 +101,8 @@ void applyBaseline(benchmark::State& state, const std::string& tool)
 auto formWithControlFile(const benchmark::State& state)
 {
     auto world = filledForm(state, "none");
-    generate::Save_Config(world->context);
+    form::Progress progress(world->context, "Writing files");
+    generate::Save_Config(world->context, progress);
     world->form.InputsList.setRows(2);
     world->form.InputsList.setText(1, form::nameColumn, "");
     world->form.OutputsList.setRows(2);
