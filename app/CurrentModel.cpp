@@ -15,6 +15,15 @@ namespace
 constexpr int nameWidth = 2412;    // twips
 constexpr int valueWidth = 10000;  // twips
 
+// A FEMAP may give an empty name where none is open, as it does for a model that was never saved.
+bool hasNoModel(Context& context)
+{
+    sys::PendingError notTold;
+    int models = 1;
+    notTold.attempt([&] { models = context.femap().feAppGetAllModels(); });
+    return models == 0;
+}
+
 // Only when their number differs from that of the model before.
 void rebuildVectorLists(Session& session)
 {
@@ -53,6 +62,8 @@ std::optional<std::string> enableWhileModelIsOpen(Session& session)
     std::optional<std::string> modelFile;
     context.error.attempt([&] { modelFile = context.femap().ModelName(); });
     context.error.clear();
+    if (modelFile && modelFile->empty() && hasNoModel(context))
+        modelFile.reset();
     context.form.setEnabled(modelFile.has_value());
     if (modelFile) {
         context.form.status.withdraw(noModelOpen);

@@ -11,6 +11,7 @@ enum class ReturnCode : int
     Fail = 0,
     Cancel = 2,
     NotExist = 4,
+    NegativeMass = 11,  // the measurement gives values nevertheless
 };
 
 /// FEMAP's numbers for kinds of entities.

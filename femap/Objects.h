@@ -162,6 +162,7 @@ struct MassProperties
     std::vector<double> totalCG = std::vector<double>(3);
     std::vector<double> inertia = std::vector<double>(6);    // xx, xy, yy, zx, yz, zz at the origin
     std::vector<double> inertiaCG = std::vector<double>(6);  // the same at the centre of gravity
+    bool isNegative = false;  // a solid's corners are numbered the wrong way round
 };
 
 }  // namespace femap

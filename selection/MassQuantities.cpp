@@ -9,6 +9,26 @@
 namespace selection
 {
 
+std::unique_ptr<femap::EntitySet> allElements(form::Context& context)
+{
+    std::unique_ptr<femap::EntitySet> elements = context.femap().feSet();
+    if (elements->AddAll(femap::EntityType::Element) != femap::ReturnCode::Ok)
+        throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed,
+                                "FEMAP could not put all elements into a set to measure them");
+    return elements;
+}
+
+femap::MassProperties measure(form::Context& context, femap::EntitySet& elements)
+{
+    femap::MassProperties measured =
+        context.femap().feMeasureMeshMassProp(elements.ID(), 0, false, false);
+    if (measured.isNegative)
+        context.form.status.tellHint(
+            "FEMAP measured a negative mass or volume: the corners of a solid element are numbered "
+            "the wrong way. Have FEMAP check the mesh");
+    return measured;
+}
+
 const MassQuantity* findMassQuantity(std::string_view tag)
 {
     const auto found = std::ranges::find(massQuantities, tag, &MassQuantity::tag);

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "femap/Objects.h"
+#include "form/Context.h"
 
+#include <memory>
 #include <span>
 #include <string_view>
 #include <variant>
@@ -52,6 +54,11 @@ inline constexpr MassQuantity quantities[] = {
 
 /// In the order in which the property list dialog offers them.
 inline constexpr auto& massQuantities = massTable::quantities;
+
+/// A set of all elements. Raises RuntimeError when FEMAP does not fill it.
+std::unique_ptr<femap::EntitySet> allElements(form::Context& context);
+/// Measures them, and tells when FEMAP remarks on the mesh.
+femap::MassProperties measure(form::Context& context, femap::EntitySet& elements);
 
 /// Null when there is no such quantity.
 const MassQuantity* findMassQuantity(std::string_view tag);

@@ -242,11 +242,9 @@ void addMassProperties(form::Context& context, Outcome& outcome,
                        const std::vector<std::string>& chosenEntries)
 {
     logDebug(context.log, "Found MeshMass entity type");
-    const std::unique_ptr<femap::EntitySet> elements = context.femap().feSet();
-    elements->AddAll(femap::EntityType::Element);
+    const std::unique_ptr<femap::EntitySet> elements = allElements(context);
     logDebug(context.log, "Called elemSet.AddAll(8)");
-    const femap::MassProperties measured =
-        context.femap().feMeasureMeshMassProp(elements->ID(), 0, false, false);
+    const femap::MassProperties measured = measure(context, *elements);
     logDebug(context.log, "Called feMeasureMeshMassProp to compute total mass values");
     for (const std::string& entry : chosenEntries) {
         const auto index = static_cast<std::size_t>(wholeNumberIn(entry));

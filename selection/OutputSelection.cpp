@@ -101,7 +101,9 @@ void offerElementTypes(form::Context& context, frmPropertyList& dialog, Outcome&
     const std::string word(typedElements.word);
     const std::unique_ptr<femap::Entity> element = context.femap().entity(word);
     const std::unique_ptr<femap::EntitySet> workingCopy = context.femap().feSet();
-    workingCopy->Copy(picked.ID());  // rows are added from a set of their own
+    if (workingCopy->Copy(picked.ID()) != femap::ReturnCode::Ok)  // rows have a set of their own
+        throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed,
+                                "FEMAP could not copy the selected elements");
     forEachType(context, typedElements, *element, picked.ids(), outcome, [&](int type) {
         offerType(context, typedElements, dialog, type, outcome,
                   [&] { showAndUpdate(context, dialog, outcome, word, workingCopy.get(), type); });

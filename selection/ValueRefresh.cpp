@@ -126,10 +126,7 @@ void refreshOutputValue(Context& context, femap::OutputVector& vector, int row)
 void refreshMassProperty(Context& context, int row)
 {
     ParameterGrid& grid = context.form.OutputsList;
-    const auto elements = context.femap().feSet();
-    elements->AddAll(femap::EntityType::Element);
-    const femap::MassProperties measured =
-        context.femap().feMeasureMeshMassProp(elements->ID(), 0, false, false);
+    const femap::MassProperties measured = measure(context, *allElements(context));
 
     const std::string tag = grid.text(row, form::outputColumn::first);
     const MassQuantity* const quantity = findMassQuantity(tag);

@@ -89,20 +89,33 @@ constexpr Member<GeometryLoad> geometryLoadMembers[] = {
     {"load",             serve<&GeometryLoad::read>},
 };
 
-template <class Load>
-constexpr Member<Load> temperatureMembers[] = {
-    {"temp",             serve<&Load::read>},
-    {"phase",            serve<&Load::read>},
-    {"LoadDefinitionID", serve<&Load::read>},
-    {"ID",               serve<&Load::read>},
-    {"setID",            serve<&Load::read>},
+constexpr Member<NodalTemperature> nodalTemperatureMembers[] = {
+    {"temp",             serve<&NodalTemperature::read>},
+    {"phase",            serve<&NodalTemperature::read>},
+    {"LoadDefinitionID", serve<&NodalTemperature::read>},
+    {"ID",               serve<&NodalTemperature::read>},
+    {"setID",            serve<&NodalTemperature::read>},
+};
+
+// The model host holds no gradients.
+Variant noGradient(ElementalTemperature&, Arguments&)
+{
+    return 0.0;
+}
+
+constexpr Member<ElementalTemperature> elementalTemperatureMembers[] = {
+    {"temp",             serve<&ElementalTemperature::read>},
+    {"phase",            serve<&ElementalTemperature::read>},
+    {"LoadDefinitionID", serve<&ElementalTemperature::read>},
+    {"gradient",         noGradient},
+    {"ID",               serve<&ElementalTemperature::read>},
+    {"setID",            serve<&ElementalTemperature::read>},
 };
 // clang-format on
 static_assert(areDeclared(meshLoadMembers, MeshLoad::declarations));
 static_assert(areDeclared(geometryLoadMembers, GeometryLoad::declarations));
-static_assert(areDeclared(temperatureMembers<NodalTemperature>, NodalTemperature::declarations) &&
-              areDeclared(temperatureMembers<ElementalTemperature>,
-                          ElementalTemperature::declarations));
+static_assert(areDeclared(nodalTemperatureMembers, NodalTemperature::declarations));
+static_assert(areDeclared(elementalTemperatureMembers, ElementalTemperature::declarations));
 
 template <>
 std::span<const Member<MeshLoad>> MeshLoad::members()
@@ -117,12 +130,12 @@ std::span<const Member<GeometryLoad>> GeometryLoad::members()
 template <>
 std::span<const Member<NodalTemperature>> NodalTemperature::members()
 {
-    return temperatureMembers<NodalTemperature>;
+    return nodalTemperatureMembers;
 }
 template <>
 std::span<const Member<ElementalTemperature>> ElementalTemperature::members()
 {
-    return temperatureMembers<ElementalTemperature>;
+    return elementalTemperatureMembers;
 }
 
 using Definition = LoadDefinitionObject;

@@ -79,6 +79,8 @@ public:
     int vectorTitle(Arguments& arguments);
     int vectorTitles(Arguments& arguments);
     int vectors(int set, int target, bool clearFirst);
+    /// The nodes or elements that have data in a vector into a set object.
+    int vectorEntities(int set, int vector, int target, bool clearFirst);
     int vectorExists(int set, int vector);
     int vectorInfo(Arguments& arguments);
 
@@ -90,6 +92,7 @@ private:
         int id;
         std::string title;
     };
+    int fillSet(int target, bool clearFirst, const std::vector<int>& ids);
     std::vector<Title> shownVectors(const neutral::OutputSet& set) const;
     int fillValue(Arguments& arguments, std::size_t i, const double* value) const;
     const neutral::OutputVector* find(int set, int vector);

@@ -35,11 +35,13 @@ constexpr Member<ResultsObject> resultsMembers[] = {
     {"GetColumn",           serve<&Results::getColumn>},
     {"VectorExists",        serve<&Results::vectorExists>},
     {"VectorTitle",         serve<&Results::vectorTitle>},
+    {"VectorEntities",      serve<&Results::vectorEntities>},
     {"Vectors",             serve<&Results::vectors>},
     {"AddColumnV2",         serve<&Results::addColumn>},
     {"VectorExistsV2",      serve<&Results::vectorExists>},
     {"VectorInfoV2",        serve<&Results::vectorInfo>},
     {"VectorTitleV2",       serve<&Results::vectorTitle>},
+    {"VectorEntitiesV2",    serve<&Results::vectorEntities>},
     {"VectorsV2",           serve<&Results::vectors>},
     {"VectorTitlesV2",      serve<&Results::vectorTitles>},
     {"EntityValue",         serve<&Results::entityValue>},
@@ -229,13 +231,25 @@ int ResultsObject::vectorTitles(Arguments& arguments)
 int ResultsObject::vectors(int set, int target, bool clearFirst)
 {
     const neutral::OutputSet* const found = server().host.openModel().outputSets.find(set);
-    const auto targetSet = server().sets.find(target);
-    if (found == nullptr || targetSet == server().sets.end())
+    return found == nullptr
+               ? failed
+               : fillSet(target, clearFirst, server().idsOf(EntityType::OutputVector, set));
+}
+
+int ResultsObject::vectorEntities(int set, int vector, int target, bool clearFirst)
+{
+    const neutral::OutputVector* const found = find(set, vector);
+    return found == nullptr ? notExist : fillSet(target, clearFirst, found->ids);
+}
+
+int ResultsObject::fillSet(int target, bool clearFirst, const std::vector<int>& ids)
+{
+    const auto set = server().sets.find(target);
+    if (set == server().sets.end())
         return failed;
     if (clearFirst)
-        targetSet->second->clear();
-    const std::vector<int> ids = server().idsOf(EntityType::OutputVector, set);
-    targetSet->second->insert(ids.begin(), ids.end());
+        set->second->clear();
+    set->second->insert(ids.begin(), ids.end());
     return ok;
 }
 

@@ -26,7 +26,7 @@ velmar_test(system
         SystemTest_windows.cpp
     LINK system)
 velmar_test(femap SOURCES NumberTextTest.cpp LINK femap)
-velmar_test(femap/com LOCK femap.model LABELS com LINK beside_standin standin)
+velmar_test(femap/com LOCK femap.model LABELS com LINK beside_standin controlled_standin)
 velmar_test(standin LOCK femap.model
     SOURCES BothAnswersTest.cpp MembersTest.cpp ModesTest.cpp SelectionWindowTest.cpp
     LINK form_driver controlled_standin)

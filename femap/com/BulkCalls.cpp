@@ -17,6 +17,7 @@ std::vector<int> idsIn(Dispatch& set)
     Variant array;
     demandOk(code(set.call("GetArray", &count, &array)), "The IDs of a set cannot be read");
     std::vector<int> ids = array.numbers();
+    cutTo(ids, count);
     const bool ascends =
         std::adjacent_find(ids.begin(), ids.end(), std::greater_equal<>()) == ids.end();
     if (ids.size() != static_cast<std::size_t>(count) || !ascends ||

@@ -11,6 +11,14 @@
 namespace femap::com
 {
 
+/// An array that FEMAP counted may be longer than its count.
+template <class Element>
+void cutTo(std::vector<Element>& elements, LONG count)
+{
+    if (count >= 0 && elements.size() > static_cast<std::size_t>(count))
+        elements.resize(static_cast<std::size_t>(count));
+}
+
 /// The IDs that a set object holds, ascending and positive; raises RuntimeError for others.
 std::vector<int> idsIn(Dispatch& set);
 

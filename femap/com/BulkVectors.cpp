@@ -1,7 +1,9 @@
 #include "femap/com/BulkVectors.h"
 
 #include "femap/com/Codes.h"
+#include "femap/com/VectorEntities.h"
 #include "femap/com/bulk/IDIndex.h"
+#include "system/PendingError.h"
 
 #include <algorithm>
 #include <limits>
@@ -29,8 +31,10 @@ int setOf(std::optional<ScratchSet>& set, const ComContext& context, const std::
 std::vector<std::pair<int, std::string>> paired(LONG count, const Variant& ids,
                                                 const Variant& titles)
 {
-    const std::vector<int> numbers = ids.numbers();
+    std::vector<int> numbers = ids.numbers();
     std::vector<std::string> texts = titles.texts();
+    cutTo(numbers, count);
+    cutTo(texts, count);
     if (numbers.size() != texts.size() || numbers.size() != static_cast<std::size_t>(count))
         throw RuntimeError(ErrorNumber::ObjectFailed, "FEMAP returned unlike numbers of titles");
     std::vector<std::pair<int, std::string>> result;
@@ -39,15 +43,48 @@ std::vector<std::pair<int, std::string>> paired(LONG count, const Variant& ids,
     return result;
 }
 
+// A 0 of an entity that has no data becomes nothing.
+template <class Vector>
+std::vector<double> withoutFillers(std::vector<double> values, const std::vector<int>& entityIDs,
+                                   Vector& vector, int vectorID)
+{
+    const std::size_t count = std::min(values.size(), entityIDs.size());
+    for (std::size_t i = 0; i < count; ++i)
+        if (values[i] == 0 && !vector.entities().has(vector.outputSet(), vectorID, entityIDs[i]))
+            values[i] = nothing;
+    return values;
+}
+
+// The EntityType at which the vector has its values: nodes or elements.
+int locationOf(Dispatch& results, int outputSet, int vectorID)
+{
+    LONG location = 0;
+    LONG category = 0;
+    VARIANT_BOOL first = VARIANT_FALSE;
+    VARIANT_BOOL second = VARIANT_FALSE;
+    LONG last = 0;
+    demandOk(code(results.call("VectorInfoV2", outputSet, vectorID, &location, &category, &first,
+                               &second, &last)),
+             "VectorInfoV2 failed");
+    return static_cast<int>(location);
+}
+
+// Makes FEMAP return not-a-number for a missing value. One that lacks this setting returns 0 there.
+void fillMissingWithNothing(Dispatch& results)
+{
+    sys::PendingError ignored;
+    ignored.attempt([&] { results.put("ValueForNonExisting", nothing); });
+}
+
 }  // namespace
 
-std::vector<double> ClassicVectorFetcher::values(int, const std::vector<int>& entityIDs)
+std::vector<double> ClassicVectorFetcher::values(int vectorID, const std::vector<int>& entityIDs)
 {
     Variant values;
-    demandOk(code(output_.call("GetOutputListAtSet", setOf(set_, context_, entityIDs), nothing,
-                               &values)),
+    demandOk(code(vector_.object().call("GetOutputListAtSet", setOf(set_, context_, entityIDs),
+                                        nothing, &values)),
              "GetOutputListAtSet failed");
-    return values.reals();
+    return withoutFillers(values.reals(), entityIDs, vector_, vectorID);
 }
 
 std::vector<std::pair<int, std::string>> ClassicVectorFetcher::titles()
@@ -55,29 +92,25 @@ std::vector<std::pair<int, std::string>> ClassicVectorFetcher::titles()
     LONG count = 0;
     Variant ids;
     Variant titles;
-    demandOk(code(output_.call("GetTitleList", 0, 0, &count, &ids, &titles)),
+    demandOk(code(vector_.object().call("GetTitleList", 0, 0, &count, &ids, &titles)),
              "GetTitleList failed");
     return paired(count, ids, titles);
 }
 
+// In a table of its own: what of an earlier one survives "clear" is not known.
 std::vector<double> ModernVectorFetcher::values(int vectorID, const std::vector<int>& entityIDs)
 {
-    const int location = locationOf(vectorID);
+    const int outputSet = vector_.outputSet();
+    Dispatch table = context_.application.object("feResults");
+    const int location = locationOf(vector_.results(), outputSet, vectorID);
     const int set = setOf(set_, context_, entityIDs);
-    results_.call("clear");
-    fillMissingWithNothing();
-    demandOk(code(results_.call("DataNeeded", location, set)), "DataNeeded failed");
-    LONG columns = 0;
-    Variant indices;
-    demandOk(code(results_.call("AddColumnV2", outputSet_, vectorID, false, &columns, &indices)),
-             "AddColumnV2 failed");
-    const std::vector<int> column = indices.numbers();
-    if (column.size() != 1)
-        throw RuntimeError(ErrorNumber::ObjectFailed, "AddColumnV2 added no column");
-    demandOk(code(results_.call("Populate")), "Populate failed");
+    fillMissingWithNothing(table);
+    demandOk(code(table.call("DataNeeded", location, set)), "DataNeeded failed");
+    const int column = addColumn(table, outputSet, vectorID);
+    demandOk(code(table.call("Populate")), "Populate failed");
     Variant ids;
     Variant values;
-    demandOk(code(results_.call("GetColumn", column.front(), &ids, &values)), "GetColumn failed");
+    demandOk(code(table.call("GetColumn", column, &ids, &values)), "GetColumn failed");
 
     const std::vector<int> rows = ids.numbers();
     const std::vector<double> numbers = values.reals();
@@ -88,7 +121,7 @@ std::vector<double> ModernVectorFetcher::values(int vectorID, const std::vector<
     for (std::size_t i = 0; i < rows.size(); ++i)
         if (const std::optional<std::size_t> index = indexOf.find(rows[i]))
             result[*index] = numbers[i];
-    return result;
+    return withoutFillers(std::move(result), entityIDs, vector_, vectorID);
 }
 
 std::vector<std::pair<int, std::string>> ModernVectorFetcher::titles()
@@ -96,35 +129,11 @@ std::vector<std::pair<int, std::string>> ModernVectorFetcher::titles()
     LONG count = 0;
     Variant ids;
     Variant titles;
-    demandOk(code(results_.call("VectorTitlesV2", outputSet_, false, 0, 0, &count, &ids, &titles)),
-             "VectorTitlesV2 failed");
+    Dispatch table = context_.application.object("feResults");
+    demandOk(
+        code(table.call("VectorTitlesV2", vector_.outputSet(), false, 0, 0, &count, &ids, &titles)),
+        "VectorTitlesV2 failed");
     return paired(count, ids, titles);
-}
-
-// The EntityType at which the vector has its values: nodes or elements.
-int ModernVectorFetcher::locationOf(int vectorID)
-{
-    LONG location = 0;
-    LONG category = 0;
-    VARIANT_BOOL first = VARIANT_FALSE;
-    VARIANT_BOOL second = VARIANT_FALSE;
-    LONG last = 0;
-    demandOk(code(results_.call("VectorInfoV2", outputSet_, vectorID, &location, &category, &first,
-                                &second, &last)),
-             "VectorInfoV2 failed");
-    return static_cast<int>(location);
-}
-
-// Makes FEMAP return not-a-number for a missing value. A FEMAP that lacks this setting returns 0
-// there; reading one by one then finds no value, which ends the bulk reading.
-void ModernVectorFetcher::fillMissingWithNothing()
-{
-    try {
-        results_.put("ValueForNonExisting", nothing);
-    }
-    catch (const RuntimeError&) {
-        // Found out when PrefetchingVector compares values.
-    }
 }
 
 }  // namespace femap::com

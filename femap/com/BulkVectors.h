@@ -18,7 +18,7 @@ class ClassicVectorFetcher : public bulk::VectorFetcher
 {
 public:
     ClassicVectorFetcher(ComContext context, ClassicOutputVector& vector)
-        : context_(std::move(context)), output_(vector.object())
+        : context_(std::move(context)), vector_(vector)
     {}
 
     std::vector<double> values(int vectorID, const std::vector<int>& entityIDs) override;
@@ -27,7 +27,7 @@ public:
 
 private:
     ComContext context_;
-    Dispatch& output_;
+    ClassicOutputVector& vector_;
     std::optional<ScratchSet> set_;
 };
 
@@ -36,7 +36,7 @@ class ModernVectorFetcher : public bulk::VectorFetcher
 {
 public:
     ModernVectorFetcher(ComContext context, ModernOutputVector& vector)
-        : context_(std::move(context)), results_(vector.results()), outputSet_(vector.outputSet())
+        : context_(std::move(context)), vector_(vector)
     {}
 
     std::vector<double> values(int vectorID, const std::vector<int>& entityIDs) override;
@@ -44,12 +44,8 @@ public:
     int classicID(int vectorID) override { return classicVectorID(context_, vectorID); }
 
 private:
-    int locationOf(int vectorID);
-    void fillMissingWithNothing();
-
     ComContext context_;
-    Dispatch& results_;
-    int outputSet_;
+    ModernOutputVector& vector_;
     std::optional<ScratchSet> set_;
 };
 

@@ -4,6 +4,7 @@
 #include "femap/com/BulkCapabilities.h"
 #include "femap/com/BulkMesh.h"
 #include "femap/com/BulkVectors.h"
+#include "femap/com/Codes.h"
 #include "femap/com/bulk/PrefetchingEntity.h"
 #include "femap/com/bulk/PrefetchingVector.h"
 #include "system/RuntimeError.h"
@@ -59,6 +60,13 @@ std::unique_ptr<OutputVector> withFetcher(const ComContext& context, std::unique
                                                      context.bulk->vectors);
 }
 
+// FEMAP since 2020.1 has results by the names that end in V2. It may still answer the names that
+// these supersede, so their being there tells nothing.
+bool isModern(Dispatch& application)
+{
+    return application.has("feResults") && application.object("feResults").has("VectorsV2");
+}
+
 // Window handles fit into 32 bits, and FEMAP takes them as such numbers.
 int handleNumber(std::intptr_t handle)
 {
@@ -69,10 +77,15 @@ int handleNumber(std::intptr_t handle)
 
 ComApplication::ComApplication(IDispatch* application, SelectionDialogs* dialogs,
                                std::shared_ptr<RetryPolicy> retryPolicy, Reading reading)
-    : application_(application, "application",
-                   std::make_shared<Connection>(std::move(retryPolicy))),
+    : ComApplication(application, dialogs, std::make_shared<Connection>(std::move(retryPolicy)),
+                     reading)
+{}
+
+ComApplication::ComApplication(IDispatch* application, SelectionDialogs* dialogs,
+                               std::shared_ptr<Connection> connection, Reading reading)
+    : application_(application, "application", std::move(connection)),
       dialogs_(dialogs),
-      classic_(application_.has("feOutput")),
+      classic_(!isModern(application_)),
       bulk_(reading == Reading::InBulk ? std::make_shared<BulkCapabilities>() : nullptr)
 {}
 
@@ -107,11 +120,13 @@ int ComApplication::Info_ActiveID(EntityType type)
 void ComApplication::feAppLock()
 {
     application_.call("feAppLock");
+    ++locks_;
 }
 
 void ComApplication::feAppUnlock()
 {
     application_.call("feAppUnlock");
+    locks_ = std::max(locks_ - 1, 0);
 }
 
 void ComApplication::feAppMessage(MessageColour colour, const std::string& text)
@@ -185,17 +200,13 @@ MassProperties ComApplication::feMeasureMeshMassProp(int elementSet, int coordin
     Variant totalCG;
     Variant inertia;
     Variant inertiaCG;
-    const int returned =
-        application_
-            .call("feMeasureMeshMassProp", elementSet, coordinateSystem, printResults, printDetails,
-                  &mass.length, &mass.area, &mass.volume, &mass.structuralMass,
-                  &mass.nonStructuralMass, &mass.totalMass, &structuralCG, &nonStructuralCG,
-                  &totalCG, &inertia, &inertiaCG)
-            .number();
-    if (returned != static_cast<int>(ReturnCode::Ok))
-        throw RuntimeError(ErrorNumber::ObjectFailed,
-                           "FEMAP could not measure the mass properties (FEMAP's code " +
-                               std::to_string(returned) + ")");
+    const ReturnCode returned = code(application_.call(
+        "feMeasureMeshMassProp", elementSet, coordinateSystem, printResults, printDetails,
+        &mass.length, &mass.area, &mass.volume, &mass.structuralMass, &mass.nonStructuralMass,
+        &mass.totalMass, &structuralCG, &nonStructuralCG, &totalCG, &inertia, &inertiaCG));
+    mass.isNegative = returned == ReturnCode::NegativeMass;
+    if (!mass.isNegative)
+        demandOk(returned, "FEMAP could not measure the mass properties");
     const auto take = [](const Variant& from, std::vector<double>& to) {
         const std::vector<double> values = from.reals();
         if (values.size() != to.size())
@@ -213,37 +224,60 @@ MassProperties ComApplication::feMeasureMeshMassProp(int elementSet, int coordin
 
 ComContext ComApplication::context()
 {
-    return {application_, dialogs_, classic_, bulk_};
+    return {application_, dialogs_, classic_, bulk_, locks_};
 }
 
 std::unique_ptr<Application> ComConnector::attach()
 {
+    if (std::unique_ptr<Application> same = given())
+        return same;
     IUnknown* running = nullptr;
-    HRESULT result =
-        retryPolicy_->whileBusy([&] { return GetActiveObject(femapClass(), nullptr, &running); });
+    HRESULT result = retryPolicy_->whileBusy({"COM", "GetActiveObject"}, [&] {
+        return GetActiveObject(femapClass(), nullptr, &running);
+    });
     if (FAILED(result))
         throw RuntimeError(ErrorNumber::ObjectFailed, "No FEMAP is running: " + describe(result));
     IDispatch* application = nullptr;
-    result = retryPolicy_->whileBusy(
-        [&] { return running->QueryInterface(IID_PPV_ARGS(&application)); });
+    result = retryPolicy_->whileBusy({"COM", "QueryInterface"}, [&] {
+        return running->QueryInterface(IID_PPV_ARGS(&application));
+    });
     running->Release();
     if (FAILED(result))
         throw RuntimeError(ErrorNumber::ObjectFailed,
                            "The running FEMAP does not answer: " + describe(result));
-    return std::make_unique<ComApplication>(application, dialogs_, retryPolicy_, reading_);
+    return give(application);
 }
 
 std::unique_ptr<Application> ComConnector::create()
 {
+    if (std::unique_ptr<Application> same = given())
+        return same;
     IDispatch* application = nullptr;
     const CLSID id = femapClass();
-    const HRESULT result = retryPolicy_->whileBusy([&] {
+    const HRESULT result = retryPolicy_->whileBusy({"COM", "CoCreateInstance"}, [&] {
         return CoCreateInstance(id, nullptr, CLSCTX_LOCAL_SERVER, IID_PPV_ARGS(&application));
     });
     if (FAILED(result))
         throw RuntimeError(ErrorNumber::ObjectFailed,
                            "FEMAP could not be started: " + describe(result));
-    return std::make_unique<ComApplication>(application, dialogs_, retryPolicy_, reading_);
+    return give(application);
+}
+
+// Null when none is in use, or when it has ended.
+std::unique_ptr<Application> ComConnector::given()
+{
+    const std::shared_ptr<Connection> connection = given_.lock();
+    if (connection == nullptr || !connection->isAlive())
+        return nullptr;
+    return std::make_unique<ComApplication>(connection->application(), dialogs_, connection,
+                                            reading_);
+}
+
+std::unique_ptr<Application> ComConnector::give(IDispatch* application)
+{
+    const auto connection = std::make_shared<Connection>(retryPolicy_, application);
+    given_ = connection;
+    return given();
 }
 
 std::string messageForFemap(const std::string& text)

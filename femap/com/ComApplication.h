@@ -26,6 +26,9 @@ public:
     /// Takes over the reference.
     ComApplication(IDispatch* application, SelectionDialogs* dialogs,
                    std::shared_ptr<RetryPolicy> retryPolicy, Reading reading = Reading::InBulk);
+    /// The same with a connection that others have as well.
+    ComApplication(IDispatch* application, SelectionDialogs* dialogs,
+                   std::shared_ptr<Connection> connection, Reading reading);
 
     void feAppVisible(bool visible) override;
     ReturnCode feFileOpen(bool useDialog, const std::string& path) override;
@@ -52,10 +55,12 @@ private:
     Dispatch application_;
     SelectionDialogs* dialogs_;
     bool classic_;
+    int locks_ = 0;
     std::shared_ptr<BulkCapabilities> bulk_;  // null: everything is read one by one
 };
 
-/// Finds FEMAP by its name "femap.model". COM must be initialised on this thread.
+/// Finds FEMAP by its name "femap.model". COM must be initialised on this thread. The FEMAP that it
+/// gave it gives again as long as that runs and is in use: another look could find another FEMAP.
 class ComConnector : public Connector
 {
 public:
@@ -71,9 +76,13 @@ public:
     std::unique_ptr<Application> create() override;
 
 private:
+    std::unique_ptr<Application> given();
+    std::unique_ptr<Application> give(IDispatch* application);
+
     SelectionDialogs* dialogs_;
     std::shared_ptr<RetryPolicy> retryPolicy_ = std::make_shared<RetryPolicy>();
     Reading reading_ = Reading::InBulk;
+    std::weak_ptr<Connection> given_;
 };
 
 /// A message as FEMAP's window takes it: short enough, and with every per cent sign doubled, for

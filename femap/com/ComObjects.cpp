@@ -3,6 +3,7 @@
 #include "femap/com/BulkCalls.h"
 #include "femap/com/BulkCapabilities.h"
 #include "femap/com/Codes.h"
+#include "femap/com/VectorEntities.h"
 #include "system/RuntimeError.h"
 
 #include <utility>
@@ -22,10 +23,45 @@ std::vector<int> idsOf(Dispatch& set)
     LONG count = 0;
     Variant ids;
     set.call("GetArray", &count, &ids);
-    return ids.numbers();
+    std::vector<int> numbers = ids.numbers();
+    cutTo(numbers, count);
+    return numbers;
+}
+
+// Raises where a 0 stands for no value.
+double believed(double value, VectorEntities& entities, int outputSet, int vectorID, int entityID)
+{
+    if (value == 0 && !entities.has(outputSet, vectorID, entityID))
+        throw RuntimeError(ErrorNumber::ObjectFailed, noValueText(vectorID, entityID));
+    return value;
+}
+
+// Each kind of load object has a member that the others lack. The definition's data type need not
+// tell it, for a definition may hold loads of several kinds.
+std::string kindOf(Dispatch& load)
+{
+    for (const auto& [member, kind] : {std::pair{"meshID", "mesh load"},
+                                       {"geomID", "geometry load"},
+                                       {"gradient", "elemental temperature"}})
+        if (load.shows(member))
+            return kind;
+    return "nodal temperature";
 }
 
 }  // namespace
+
+int addColumn(Dispatch& results, int outputSet, int vectorID)
+{
+    const std::string what = "Output vector " + std::to_string(vectorID) + " cannot be read";
+    LONG columns = 0;
+    Variant indices;
+    demandOk(code(results.call("AddColumnV2", outputSet, vectorID, false, &columns, &indices)),
+             what);
+    const std::vector<int> column = indices.numbers();
+    if (columns != 1 || column.empty())
+        throw RuntimeError(ErrorNumber::ObjectFailed, what + ": FEMAP added no column for it");
+    return column.front();
+}
 
 femap::Value readable(const Variant& returned)
 {
@@ -47,10 +83,10 @@ int activeOutputSet(Dispatch& application)
 
 int classicVectorID(const ComContext& context, int vectorID)
 {
-    if (context.classic)
+    constexpr const char* convert = "feOutputConvertV2020VectorIDToV2019V2";
+    if (context.classic || !context.application.has(convert))
         return vectorID;
-    const int classic =
-        context.application.call("feOutputConvertV2020VectorIDToV2019V2", vectorID).number();
+    const int classic = context.application.call(convert, vectorID).number();
     return classic > 0 ? classic : vectorID;
 }
 
@@ -101,27 +137,24 @@ ReturnCode ComSet::AddAll(EntityType type)
 {
     if (type != EntityType::OutputVector)
         return code(object_.call("AddAll", number(type)));
-    addOutputVectors();
-    return ReturnCode::Ok;
+    return addOutputVectors();
 }
 
 // FEMAP does not say which output set AddAll takes vectors from, so those of the active one, whose
 // results the program reads, are added explicitly.
-void ComSet::addOutputVectors()
+ReturnCode ComSet::addOutputVectors()
 {
     const int active = activeOutputSet(context_.application);
     if (active == 0)
-        return;
+        return ReturnCode::Ok;
     const int ownID = ID();
     if (context_.classic) {
         Dispatch outputSet = context_.application.object("feOutputSet");
         demandOk(code(outputSet.call("Get", active)), "The active output set cannot be read");
-        outputSet.call("OutputVectors", ownID);
+        return code(outputSet.call("OutputVectors", ownID));
     }
-    else {
-        Dispatch results = context_.application.object("feResults");
-        results.call("VectorsV2", active, ownID, false);
-    }
+    Dispatch results = context_.application.object("feResults");
+    return code(results.call("VectorsV2", active, ownID, false));
 }
 
 ReturnCode ComSet::Copy(int setID)
@@ -143,7 +176,40 @@ ReturnCode ComSet::SelectMultiID(EntityType type, int ownerSet, const std::strin
     if (context_.dialogs != nullptr)
         return fillFromAnswer(type, title);
     const char* const member = object_.has("SelectMultiIDV2") ? "SelectMultiIDV2" : "SelectMultiID";
-    return code(object_.call(member, number(type), ownerSet, title));
+    return askAlsoUnlocked(
+        [&] { return code(object_.call(member, number(type), ownerSet, title)); });
+}
+
+// Whether FEMAP shows a dialog while it is locked is not known. When it neither let the engineer
+// answer nor found that there is nothing to select, it is asked once more, unlocked.
+template <class Ask>
+ReturnCode ComSet::askAlsoUnlocked(const Ask& ask)
+{
+    if (context_.locks == 0)
+        return ask();
+    try {
+        const ReturnCode answer = ask();
+        if (answer == ReturnCode::Ok || answer == ReturnCode::Cancel ||
+            answer == ReturnCode::NotExist)
+            return answer;
+    }
+    catch (const RuntimeError&) {
+        // Perhaps because FEMAP is locked.
+    }
+    const auto callForEachLock = [this](const char* member) {
+        for (int i = 0; i < context_.locks; ++i)
+            context_.application.call(member);
+    };
+    callForEachLock("feAppUnlock");
+    try {
+        const ReturnCode answer = ask();
+        callForEachLock("feAppLock");
+        return answer;
+    }
+    catch (const RuntimeError&) {
+        callForEachLock("feAppLock");
+        throw;
+    }
 }
 
 ReturnCode ComSet::fillFromAnswer(EntityType type, const std::string& title)
@@ -157,16 +223,20 @@ ReturnCode ComSet::fillFromAnswer(EntityType type, const std::string& title)
 }
 
 ClassicOutputVector::ClassicOutputVector(const ComContext& context)
-    : ByName(context.application.object("feOutput"))
+    : ByName(context.application.object("feOutput")),
+      set_(activeOutputSet(context.application)),
+      entities_(std::make_shared<VectorEntities>(context))
 {
-    const int active = activeOutputSet(context.application);
-    if (active != 0)
-        object_.put("setID", active);
+    if (set_ != 0)
+        object_.put("setID", set_);
 }
 
 ReturnCode ClassicOutputVector::Get(int vectorID)
 {
-    return code(object_.call("Get", vectorID));
+    const ReturnCode returned = code(object_.call("Get", vectorID));
+    if (returned == ReturnCode::Ok && vectorID != 0)
+        vector_ = vectorID;
+    return returned;
 }
 
 int ClassicOutputVector::ID()
@@ -181,7 +251,7 @@ std::string ClassicOutputVector::Title()
 
 double ClassicOutputVector::Value(int entityID)
 {
-    return object_.call("Value", entityID).real();
+    return believed(object_.call("Value", entityID).real(), *entities_, set_, vector_, entityID);
 }
 
 double ClassicOutputVector::maxval()
@@ -197,7 +267,8 @@ double ClassicOutputVector::minval()
 ModernOutputVector::ModernOutputVector(ComContext context)
     : context_(std::move(context)),
       results_(context_.application.object("feResults")),
-      set_(activeOutputSet(context_.application))
+      set_(activeOutputSet(context_.application)),
+      entities_(std::make_shared<VectorEntities>(context_))
 {}
 
 femap::Value ModernOutputVector::member(const std::string& name)
@@ -248,7 +319,7 @@ double ModernOutputVector::Value(int entityID)
     demandOk(code(results_.call("EntityValueV2", set_, vector_, entityID, &value)),
              "Output vector " + std::to_string(vector_) + " has no value at " +
                  std::to_string(entityID));
-    return value;
+    return believed(value, *entities_, set_, vector_, entityID);
 }
 
 ModernOutputVector::Extremes ModernOutputVector::extremes()
@@ -256,20 +327,15 @@ ModernOutputVector::Extremes ModernOutputVector::extremes()
     if (vector_ == 0)
         return {};
     const std::string what = "The extremes of output vector " + std::to_string(vector_);
-    results_.call("clear");
-    LONG columns = 0;
-    Variant indices;
-    demandOk(code(results_.call("AddColumnV2", set_, vector_, false, &columns, &indices)),
-             what + " cannot be read");
-    const std::vector<int> column = indices.numbers();
-    if (column.empty())
-        throw RuntimeError(ErrorNumber::ObjectFailed, what + " cannot be read");
-    demandOk(code(results_.call("Populate")), what + " cannot be read");
+    const int limit = entities_->setOf(set_, vector_);
+    Dispatch table = context_.application.object("feResults");
+    const int column = addColumn(table, set_, vector_);
+    demandOk(code(table.call("Populate")), what + " cannot be read");
     LONG minimumID = 0;
     LONG maximumID = 0;
     Extremes result{};
-    demandOk(code(results_.call("GetColumnMinMax", column.front(), 0, &minimumID, &maximumID,
-                                &result.minimum, &result.maximum)),
+    demandOk(code(table.call("GetColumnMinMax", column, limit, &minimumID, &maximumID,
+                             &result.minimum, &result.maximum)),
              what + " cannot be read");
     return result;
 }
@@ -310,6 +376,8 @@ FunctionPoints ComFunction::GetFunctionList()
     demandOk(code(object_.call("GetFunctionList", &count, &x, &y)),
              "The points of function " + std::to_string(ID()) + " cannot be read");
     FunctionPoints points{x.reals(), y.reals()};
+    cutTo(points.x, count);
+    cutTo(points.y, count);
     if (points.x.size() != points.y.size())
         throw RuntimeError(ErrorNumber::ObjectFailed,
                            "FEMAP returned unlike numbers of X and Y values");
@@ -358,10 +426,11 @@ std::unique_ptr<MemberObject> ComLoadDefinition::NextLoad()
     const ReturnCode returned = code(object_.call("NextLoad", &load));
     if (load == nullptr)
         return nullptr;
-    Dispatch object = object_.adopt(load, "load of data type " + std::to_string(dataType()));
+    Dispatch unknown = object_.adopt(load, "load");
     if (returned != ReturnCode::Ok)
         return nullptr;
-    return std::make_unique<ComLoad>(std::move(object));
+    const std::string kind = kindOf(unknown);
+    return std::make_unique<ComLoad>(std::move(unknown).as(kind));
 }
 
 }  // namespace femap::com

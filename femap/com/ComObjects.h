@@ -12,22 +12,27 @@ namespace femap::com
 {
 
 struct BulkCapabilities;
+class VectorEntities;
 
 /// What each of these objects needs from its application.
 struct ComContext
 {
     Dispatch& application;
     SelectionDialogs* dialogs;  // answers in place of the engineer; null: FEMAP shows its dialogs
-    bool classic;               // FEMAP has feOutput (before 2020.1)
+    bool classic;               // FEMAP before 2020.1: no results by the names that end in V2
     std::shared_ptr<BulkCapabilities> bulk;  // null: everything is read one by one
+    const int& locks;                        // how often FEMAP is locked
 };
 
 /// The output set whose results are read: the active one, or the first when none is active; 0 when
 /// there are no results.
 int activeOutputSet(Dispatch& application);
 
-/// A vector's ID in the numbering before 2020.1; classic FEMAP has no other.
+/// A vector's ID in the numbering before 2020.1; a FEMAP that does not convert has no other.
 int classicVectorID(const ComContext& context, int vectorID);
+
+/// Adds a vector to a results table that is not populated yet, and returns the column's index.
+int addColumn(Dispatch& results, int outputSet, int vectorID);
 
 /// What FEMAP returned for a member; control characters in text are blanks.
 femap::Value readable(const Variant& returned);
@@ -52,7 +57,6 @@ protected:
     Dispatch object_;
 };
 
-/// A load: its kind follows the load definition's data type.
 using ComLoad = ByName<MemberObject>;
 
 class ComEntity : public ByName<Entity>
@@ -82,8 +86,10 @@ public:
     ReturnCode SelectMultiID(EntityType type, int ownerSet, const std::string& title) override;
 
 private:
-    void addOutputVectors();
+    ReturnCode addOutputVectors();
     ReturnCode fillFromAnswer(EntityType type, const std::string& title);
+    template <class Ask>
+    ReturnCode askAlsoUnlocked(const Ask& ask);
 
     ComContext context_;
     Dispatch object_;
@@ -102,6 +108,14 @@ public:
     double Value(int entityID) override;
     double maxval() override;
     double minval() override;
+
+    int outputSet() const { return set_; }
+    VectorEntities& entities() { return *entities_; }
+
+private:
+    int set_;
+    int vector_ = 0;
+    std::shared_ptr<VectorEntities> entities_;
 };
 
 /// The same through feResults, where vectors have no object of their own.
@@ -121,9 +135,10 @@ public:
     double maxval() override { return extremes().maximum; }
     double minval() override { return extremes().minimum; }
 
-    // For bulk calls.
+    /// For calls that need no column.
     Dispatch& results() { return results_; }
     int outputSet() const { return set_; }
+    VectorEntities& entities() { return *entities_; }
 
 private:
     struct Extremes
@@ -137,6 +152,7 @@ private:
     Dispatch results_;
     int set_;
     int vector_ = 0;
+    std::shared_ptr<VectorEntities> entities_;
 };
 
 class ComFunction : public Function

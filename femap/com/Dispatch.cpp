@@ -36,6 +36,14 @@ bool meansGone(HRESULT result)
            std::end(goneResults);
 }
 
+// Whether FEMAP itself gave this answer; otherwise the call did not come through. Servers tell in
+// several ways that they lack a name.
+bool isAnswerOfServer(HRESULT result)
+{
+    const auto facility = HRESULT_FACILITY(result);
+    return facility != FACILITY_RPC && facility != FACILITY_WIN32;
+}
+
 // The reason that a failing call gives.
 class ExceptionInfo
 {
@@ -59,7 +67,10 @@ public:
         if (info_.pfnDeferredFillIn != nullptr)
             info_.pfnDeferredFillIn(&info_);
         const std::string description = fromBstr(info_.bstrDescription);
-        return description.empty() ? describe(info_.scode) : description;
+        if (!description.empty())
+            return description;
+        return info_.wCode == 0 ? describe(info_.scode)
+                                : "error " + std::to_string(info_.wCode) + " of FEMAP's";
     }
 
 private:
@@ -105,6 +116,17 @@ bool Dispatch::has(const std::string& name)
     return find(name).has_value();
 }
 
+bool Dispatch::shows(const std::string& name)
+{
+    DISPID number = DISPID_UNKNOWN;
+    return SUCCEEDED(lookUp(name, number));
+}
+
+Dispatch Dispatch::as(std::string kind) &&
+{
+    return {std::exchange(object_, nullptr), std::move(kind), connection_};
+}
+
 void Dispatch::put(const std::string& name, Variant value)
 {
     invoke(name, DISPATCH_PROPERTYPUT, &value, 1);
@@ -120,6 +142,15 @@ Dispatch Dispatch::adopt(IDispatch* object, const std::string& kind) const
     return {object, kind, connection_};
 }
 
+HRESULT Dispatch::lookUp(const std::string& name, DISPID& number)
+{
+    std::wstring wide = toWide(name);
+    LPOLESTR pointer = wide.data();
+    return connection_->make({kind_, name}, [&] {
+        return object_->GetIDsOfNames(IID_NULL, &pointer, 1, LOCALE_SYSTEM_DEFAULT, &number);
+    });
+}
+
 std::optional<DISPID> Dispatch::find(const std::string& name)
 {
     auto& names = connection_->names(kind_);
@@ -127,13 +158,9 @@ std::optional<DISPID> Dispatch::find(const std::string& name)
     if (known != names.end())
         return known->second;
 
-    std::wstring wide = toWide(name);
-    LPOLESTR pointer = wide.data();
     DISPID number = DISPID_UNKNOWN;
-    const HRESULT result = connection_->make([&] {
-        return object_->GetIDsOfNames(IID_NULL, &pointer, 1, LOCALE_SYSTEM_DEFAULT, &number);
-    });
-    if (FAILED(result) && result != DISP_E_UNKNOWNNAME)
+    const HRESULT result = lookUp(name, number);
+    if (FAILED(result) && !isAnswerOfServer(result))
         throw RuntimeError(ErrorNumber::ObjectFailed,
                            "FEMAP's " + kind_ + "." + name + " failed: " + describe(result));
     return names[name] = SUCCEEDED(result) ? std::optional(number) : std::nullopt;
@@ -157,7 +184,7 @@ Variant Dispatch::invoke(const std::string& name, WORD flags, Variant* arguments
     Variant returned;
     ExceptionInfo exception;
     UINT wrongArgument = 0;
-    const HRESULT result = connection_->make([&] {
+    const HRESULT result = connection_->make({kind_, name}, [&] {
         return object_->Invoke(*number, IID_NULL, LOCALE_SYSTEM_DEFAULT, flags, &parameters,
                                isPut ? nullptr : returned.raw(), exception.address(),
                                &wrongArgument);

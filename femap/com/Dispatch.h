@@ -24,22 +24,39 @@ namespace femap::com
 class Connection
 {
 public:
-    /// The retry policy may be shared with others.
-    explicit Connection(std::shared_ptr<RetryPolicy> retryPolicy)
-        : retryPolicy_(std::move(retryPolicy))
+    /// The retry policy may be shared with others. Takes over the reference to FEMAP's application,
+    /// where others are to get it from here.
+    explicit Connection(std::shared_ptr<RetryPolicy> retryPolicy, IDispatch* application = nullptr)
+        : retryPolicy_(std::move(retryPolicy)), application_(application)
     {}
+    ~Connection()
+    {
+        if (application_ != nullptr)
+            application_->Release();
+    }
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    /// One more reference to it.
+    IDispatch* application() const
+    {
+        application_->AddRef();
+        return application_;
+    }
 
     /// Makes a call, and makes it again while FEMAP is busy. Returns its result. Raises
     /// ConnectionLost when this call or an earlier one found FEMAP gone.
     template <class Call>
-    HRESULT make(const Call& call)
+    HRESULT make(RetryPolicy::CallName name, const Call& call)
     {
         demandAlive();
-        const HRESULT result = retryPolicy_->whileBusy(call);
+        const HRESULT result = retryPolicy_->whileBusy(name, call);
         learn(result);
         return result;
     }
 
+    /// False after a call found FEMAP gone.
+    bool isAlive() const { return alive_; }
     std::map<std::string, std::optional<DISPID>>& names(const std::string& kind)
     {
         return names_[kind];
@@ -50,6 +67,7 @@ private:
     void learn(HRESULT result);
 
     std::shared_ptr<RetryPolicy> retryPolicy_;
+    IDispatch* application_;
     bool alive_ = true;
     std::map<std::string, std::map<std::string, std::optional<DISPID>>> names_;
 };
@@ -68,8 +86,13 @@ public:
     Dispatch& operator=(const Dispatch&) = delete;
     ~Dispatch();
 
-    /// Whether the object has a member of that name.
+    /// Whether objects of this kind have a member of that name. Raises when FEMAP is too busy to
+    /// say.
     bool has(const std::string& name);
+    /// The same of this very object, whose kind is not known yet.
+    bool shows(const std::string& name);
+    /// The object as one of a kind.
+    Dispatch as(std::string kind) &&;
 
     /// Calls a method or reads a property; it does not matter which of the two it is.
     template <class... Arguments>
@@ -96,6 +119,7 @@ public:
     Dispatch adopt(IDispatch* object, const std::string& kind) const;
 
 private:
+    HRESULT lookUp(const std::string& name, DISPID& number);
     std::optional<DISPID> find(const std::string& name);
     Variant invoke(const std::string& name, WORD flags, Variant* arguments, std::size_t count);
 

@@ -1,5 +1,8 @@
 #include "femap/com/RetryPolicy.h"
 
+#include <array>
+#include <ctime>
+
 namespace femap::com
 {
 
@@ -43,6 +46,30 @@ std::optional<RetryPolicy::Duration> RetryPolicy::rejected()
             report(waitingText);
     }
     return pause;
+}
+
+void RetryPolicy::pending()
+{
+    if (!isCalling_ || isLongCallReported_)
+        return;
+    const Duration waited = now() - callBegan_;
+    if (waited < quietTime)
+        return;
+    isLongCallReported_ = true;
+    if (report)
+        report("FEMAP has not answered since " + timeBefore(waited) + " (" +
+               std::string(callName_.object) + "." + std::string(callName_.member) +
+               "). It computes, or it shows a dialog: look for one in FEMAP, also behind other "
+               "windows");
+}
+
+std::string RetryPolicy::localTimeBefore(Duration time)
+{
+    const std::time_t then = std::time(nullptr) - static_cast<std::time_t>(time.count() / 1000);
+    std::tm parts{};
+    localtime_s(&parts, &then);
+    std::array<char, 16> text{};
+    return {text.data(), std::strftime(text.data(), text.size(), "%H:%M:%S", &parts)};
 }
 
 RetryPolicy::Duration RetryPolicy::systemTime()

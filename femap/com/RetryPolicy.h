@@ -1,13 +1,16 @@
 // How long to wait for a busy FEMAP: quietly for half a minute, then with a message to the
-// engineer, and after ten minutes no longer.
+// engineer. When it rejects a call, that is repeated for ten minutes; a call that it has taken
+// lasts until it answers.
 #pragma once
 
 #include <windows.h>
 
+#include <atomic>
 #include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace femap::com
 {
@@ -24,6 +27,13 @@ public:
     static constexpr Duration quietTime{30'000};
     static constexpr Duration longest{600'000};
 
+    /// The name of a call: "feNode" and "Get".
+    struct CallName
+    {
+        std::string_view object;
+        std::string_view member;
+    };
+
     /// Called when a wait begins.
     std::function<void()> begins;
     /// Called once for each long wait.
@@ -32,18 +42,19 @@ public:
     // The clock. While wait runs, the program's windows are painted and handle nothing else.
     std::function<Duration()> now = systemTime;
     std::function<void(Duration)> wait = waitPainting;
+    std::function<std::string(Duration)> timeBefore = localTimeBefore;  // "14:03:22"
 
     /// Makes a call, and makes it again while FEMAP is busy. Returns its last result.
     template <class Call>
-    HRESULT whileBusy(const Call& call)
+    HRESULT whileBusy(CallName name, const Call& call)
     {
-        HRESULT result = call();
+        HRESULT result = made(name, call);
         while (meansBusy(result)) {
             const std::optional<Duration> time = rejected();
             if (!time)
                 break;
             wait(*time);
-            result = call();
+            result = made(name, call);
         }
         answered();
         return result;
@@ -54,12 +65,34 @@ public:
     /// The call ended, well or not; the waiting time of the next one starts at zero.
     void answered() { began_.reset(); }
 
+    /// FEMAP has not answered the present call yet, if there is one.
+    void pending();
+    /// Whether a call is under way. Other threads may ask.
+    bool isCalling() const { return isCalling_; }
+
 private:
+    template <class Call>
+    HRESULT made(CallName name, const Call& call)
+    {
+        callName_ = name;
+        callBegan_ = now();
+        isLongCallReported_ = false;
+        const bool isWithinAnother = isCalling_.exchange(true);
+        const HRESULT result = call();
+        isCalling_ = isWithinAnother;
+        return result;
+    }
+    static std::string localTimeBefore(Duration time);
     static Duration systemTime();
     static void waitPainting(Duration time);
 
     std::optional<Duration> began_;
     bool reported_ = false;
+
+    CallName callName_;
+    Duration callBegan_{};
+    bool isLongCallReported_ = false;
+    std::atomic<bool> isCalling_ = false;
 };
 
 }  // namespace femap::com

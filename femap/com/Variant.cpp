@@ -5,7 +5,10 @@
 #include "windows/Text.h"
 
 #include <algorithm>
+#include <climits>
+#include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <new>
 
 namespace femap::com
@@ -21,6 +24,16 @@ namespace
 {
     throw RuntimeError(ErrorNumber::ObjectFailed, "FEMAP returned a value of an unexpected kind (" +
                                                       std::to_string(type) + ")");
+}
+
+// The value converted to a type, the way COM does, in the neutral locale.
+Variant changed(const VARIANT& raw, VARTYPE type)
+{
+    VARIANT source = raw;  // a view: COM's declaration wants it writable
+    Variant result;
+    if (FAILED(VariantChangeTypeEx(result.raw(), &source, LOCALE_INVARIANT, 0, type)))
+        failConversion(raw.vt);
+    return result;
 }
 
 // Gives access to the elements of an array for as long as it lives.
@@ -58,22 +71,63 @@ private:
     void* data_ = nullptr;
 };
 
-// Copies an array of one of the given element types; every other kind is refused.
-template <class Result, VARTYPE type, class Element, class Convert>
-std::vector<Result> copyArray(const VARIANT& raw, Convert convert)
+// Copies an array, or nothing when FEMAP returned nothing. copy gets the elements and their type.
+template <class Result, class Copy>
+std::vector<Result> copyArray(const VARIANT& raw, Copy copy)
 {
     std::vector<Result> result;
     if (raw.vt == VT_EMPTY || raw.vt == VT_NULL)
         return result;
-    if (raw.vt != (VT_ARRAY | type))
+    if ((raw.vt & VT_ARRAY) == 0 || (raw.vt & VT_BYREF) != 0)
         failConversion(raw.vt);
     if (raw.parray == nullptr)
         return result;
     const LockedArray array(raw.parray);
     result.reserve(array.size());
-    for (std::size_t i = 0; i < array.size(); ++i)
-        result.push_back(convert(array.elements<Element>()[i]));
+    copy(array, static_cast<VARTYPE>(raw.vt & VT_TYPEMASK), result);
     return result;
+}
+
+template <class Element, class Result, class Convert>
+void append(const LockedArray& array, std::vector<Result>& result, Convert convert)
+{
+    const Element* const elements = array.elements<Element>();
+    std::transform(elements, elements + array.size(), std::back_inserter(result), convert);
+}
+
+int wholeNumber(double number)
+{
+    if (!(number >= INT_MIN && number <= INT_MAX) || number != std::floor(number))
+        failConversion(VT_R8);
+    return static_cast<int>(number);
+}
+
+// Numbers of whatever type; one of a VARIANT is converted by COM.
+template <class Result, class Convert>
+std::vector<Result> copyNumbers(const VARIANT& raw, Convert convert)
+{
+    return copyArray<Result>(raw, [&](const LockedArray& array, VARTYPE type, auto& result) {
+        switch (type) {
+        case VT_I2:
+        case VT_BOOL:
+            return append<SHORT>(array, result, convert);
+        case VT_I4:
+        case VT_INT:
+            return append<LONG>(array, result, convert);
+        case VT_I8:
+            return append<LONGLONG>(array, result, convert);
+        case VT_R4:
+            return append<float>(array, result, convert);
+        case VT_R8:
+            return append<double>(array, result, convert);
+        case VT_VARIANT:
+            return append<VARIANT>(array, result, [&](const VARIANT& element) {
+                return convert(changed(element, VT_R8).real());
+            });
+        default:
+            failConversion(raw.vt);
+        }
+    });
 }
 
 // An array that holds a copy of the elements; the caller owns it.
@@ -89,16 +143,6 @@ SAFEARRAY* newArray(const std::vector<Source>& elements, Convert convert)
     std::transform(elements.begin(), elements.end(), static_cast<Element*>(data), convert);
     SafeArrayUnaccessData(array);
     return array;
-}
-
-// The value converted to a type, the way COM does, in the neutral locale.
-Variant changed(const VARIANT& raw, VARTYPE type)
-{
-    VARIANT source = raw;  // a view: COM's declaration wants it writable
-    Variant result;
-    if (FAILED(VariantChangeTypeEx(result.raw(), &source, LOCALE_INVARIANT, 0, type)))
-        failConversion(raw.vt);
-    return result;
 }
 
 }  // namespace
@@ -180,17 +224,28 @@ IDispatch* Variant::takeObject()
 
 std::vector<double> Variant::reals() const
 {
-    return copyArray<double, VT_R8, double>(raw_, [](double number) { return number; });
+    return copyNumbers<double>(raw_, [](auto number) { return static_cast<double>(number); });
 }
 
 std::vector<int> Variant::numbers() const
 {
-    return copyArray<int, VT_I4, LONG>(raw_, [](LONG number) { return static_cast<int>(number); });
+    return copyNumbers<int>(raw_,
+                            [](auto number) { return wholeNumber(static_cast<double>(number)); });
 }
 
 std::vector<std::string> Variant::texts() const
 {
-    return copyArray<std::string, VT_BSTR, BSTR>(raw_, [](BSTR text) { return fromBstr(text); });
+    return copyArray<std::string>(
+        raw_, [this](const LockedArray& array, VARTYPE type, auto& result) {
+            if (type == VT_BSTR)
+                append<BSTR>(array, result, [](BSTR text) { return fromBstr(text); });
+            else if (type == VT_VARIANT)
+                append<VARIANT>(array, result, [](const VARIANT& element) {
+                    return changed(element, VT_BSTR).text();
+                });
+            else
+                failConversion(raw_.vt);
+        });
 }
 
 std::string OutText::text() const

@@ -66,8 +66,8 @@ public:
     /// Takes over the object; null when there is none.
     IDispatch* takeObject();
 
-    /// The elements of an array that FEMAP returned; none when it returned nothing. Raise
-    /// RuntimeError for another kind of array.
+    /// The elements of an array that FEMAP returned, of any type of numbers or of VARIANTs; none
+    /// when it returned nothing. Raise RuntimeError for elements that are no such numbers or texts.
     std::vector<double> reals() const;
     std::vector<int> numbers() const;
     std::vector<std::string> texts() const;

@@ -32,6 +32,11 @@ public:
     }
 
     femap::com::Dispatch object(const std::string& name) { return femap.object(name); }
+    IDispatch* newReference()
+    {
+        application_.AddRef();
+        return &application_;
+    }
     /// An object that has loaded an entity.
     femap::com::Dispatch loaded(const std::string& name, int id)
     {

@@ -101,6 +101,21 @@ TEST_F(Connector, MeetsTheRunningOneWhenItCreates)
     EXPECT_EQ(standin.control().call("standinLockCount").number(), 1);
 }
 
+TEST_F(Connector, GivesTheFemapInUseAgainAlsoWhereAnotherLookWouldNotFindIt)
+{
+    StartedStandin standin("--no-rot");
+    std::unique_ptr<femap::Application> first = connector.create();
+
+    std::unique_ptr<femap::Application> second = connector.attach();
+    second->feAppLock();
+    connector.create()->feAppLock();
+
+    EXPECT_EQ(standin.control().call("standinLockCount").number(), 2);
+    first.reset();
+    second.reset();
+    EXPECT_THROW(connector.attach(), RuntimeError);
+}
+
 TEST(Standin, LeavesNoRegistrationBehind)
 {
     const femap::com::Apartment apartment;

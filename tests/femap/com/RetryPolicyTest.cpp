@@ -32,7 +32,8 @@ struct PatientTest : testing::Test
     // A call that is rejected so often, then well.
     HRESULT callRejected(int times, HRESULT rejection = RPC_E_SERVERCALL_RETRYLATER)
     {
-        return retryPolicy.whileBusy([&] { return times-- > 0 ? rejection : S_OK; });
+        return retryPolicy.whileBusy({"feNode", "Get"},
+                                     [&] { return times-- > 0 ? rejection : S_OK; });
     }
 
     RetryPolicy retryPolicy;
@@ -123,7 +124,7 @@ TEST_F(BusyFilterTest, LetsACallThatItGaveUpFailAtOnce)
     const femap::com::Apartment apartment;
     BusyFilter filter(retryPolicy);
 
-    const HRESULT result = retryPolicy.whileBusy([&] {
+    const HRESULT result = retryPolicy.whileBusy({"feNode", "Get"}, [&] {
         while (filter.RetryRejectedCall(nullptr, 0, SERVERCALL_RETRYLATER) !=
                static_cast<DWORD>(-1))
             time += RetryPolicy::pause;
@@ -132,6 +133,61 @@ TEST_F(BusyFilterTest, LetsACallThatItGaveUpFailAtOnce)
 
     EXPECT_EQ(result, RPC_E_CALL_REJECTED);
     EXPECT_EQ(waits, 0);
+}
+
+TEST_F(RetryPolicyTest, TellsOnceWhichCallFemapDoesNotAnswerSinceWhen)
+{
+    retryPolicy.timeBefore = [](RetryPolicy::Duration past) {
+        return std::to_string(past.count()) + " ms ago";
+    };
+    const auto callTaking = [&](std::chrono::seconds all) {
+        retryPolicy.whileBusy({"feNode", "Get"}, [&] {
+            for (std::chrono::seconds passed{0}; passed < all; ++passed) {
+                retryPolicy.pending();
+                time += std::chrono::seconds(1);
+            }
+            return S_OK;
+        });
+    };
+
+    callTaking(std::chrono::seconds(30));
+    EXPECT_THAT(reports, IsEmpty());
+    callTaking(std::chrono::seconds(100));
+    EXPECT_THAT(reports, ElementsAre("FEMAP has not answered since 30000 ms ago (feNode.Get). It "
+                                     "computes, or it shows a dialog: look for one in FEMAP, also "
+                                     "behind other windows"));
+    callTaking(std::chrono::seconds(40));
+    EXPECT_EQ(reports.size(), 2U);
+
+    time += RetryPolicy::longest;
+    retryPolicy.pending();  // no call is under way
+    EXPECT_EQ(reports.size(), 2U);
+}
+
+TEST_F(RetryPolicyTest, NamesTheTimeAsAClockShowsIt)
+{
+    EXPECT_THAT(RetryPolicy().timeBefore(RetryPolicy::quietTime),
+                testing::MatchesRegex("\\d\\d:\\d\\d:\\d\\d"));
+}
+
+// COM asks about a message only while it waits for an answer; so the call is made by hand here.
+TEST_F(BusyFilterTest, WakesTheThreadThatWaitsForAnAnswer)
+{
+    const femap::com::Apartment apartment;
+    BusyFilter filter(retryPolicy);
+    MSG message{};
+    PeekMessageW(&message, nullptr, WM_NULL, WM_NULL, PM_NOREMOVE);
+
+    const HRESULT result = retryPolicy.whileBusy({"feNode", "Get"}, [&] {
+        const DWORD woken = MsgWaitForMultipleObjects(0, nullptr, FALSE, 10'000, QS_POSTMESSAGE);
+        time += RetryPolicy::quietTime;
+        EXPECT_EQ(filter.MessagePending(nullptr, 30'000, PENDINGTYPE_TOPLEVEL),
+                  static_cast<DWORD>(PENDINGMSG_WAITDEFPROCESS));
+        return woken == WAIT_OBJECT_0 ? S_OK : E_FAIL;
+    });
+
+    EXPECT_EQ(result, S_OK);
+    EXPECT_EQ(reports.size(), 1U);
 }
 
 TEST_F(BusyFilterTest, StandsAsideWhenItGoes)
