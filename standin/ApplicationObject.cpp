@@ -8,8 +8,6 @@
 
 #include <windows.h>
 
-#include <algorithm>
-
 namespace standin
 {
 
@@ -97,6 +95,10 @@ std::string formatted(const std::string& text)
 
 }  // namespace
 
+ApplicationObject::ApplicationObject(Server& shared)
+    : ObjectOf(shared, "application"), femap_(shared.host.attach())
+{}
+
 std::span<const Member<ApplicationObject>> ApplicationObject::members()
 {
     return applicationMembers;
@@ -114,8 +116,7 @@ std::string ApplicationObject::modelName()
 {
     if (!server().host.model && server().modes[Mode::NoModelNoName])
         return {};
-    server().host.openModel();
-    return server().host.modelName;
+    return femap_->ModelName();
 }
 
 double ApplicationObject::version()
@@ -125,7 +126,7 @@ double ApplicationObject::version()
 
 int ApplicationObject::activeID(EntityType type)
 {
-    return server().host.activeID(type);
+    return femap_->Info_ActiveID(type);
 }
 
 int ApplicationObject::countOf(EntityType type)
@@ -141,7 +142,7 @@ int ApplicationObject::nextIDOf(EntityType type)
 
 int ApplicationObject::visible(bool show)
 {
-    server().host.visible = show;
+    femap_->feAppVisible(show);
     return ok;
 }
 
@@ -151,8 +152,7 @@ int ApplicationObject::fileOpen(bool useDialog, const std::string& path)
     if (useDialog)
         return cancelled;
     try {
-        server().host.openNeutralFile(path);
-        return ok;
+        return static_cast<int>(femap_->feFileOpen(useDialog, path));
     }
     catch (const RuntimeError& error) {
         message(static_cast<int>(MessageColour::Error), error.description());
@@ -162,9 +162,9 @@ int ApplicationObject::fileOpen(bool useDialog, const std::string& path)
 
 int ApplicationObject::allModels(Arguments& arguments)
 {
-    const bool isOpen = server().host.model.has_value();
-    arguments.fill(0, isOpen ? 1 : 0);
-    if (isOpen)
+    const int count = femap_->feAppGetAllModels();
+    arguments.fill(0, count);
+    if (count > 0)
         arguments.fillAny(
             1, server().modes[Mode::LongModelIDs] ? longIDs({1}) : Variant(std::vector<int>{1}));
     return ok;
@@ -172,42 +172,38 @@ int ApplicationObject::allModels(Arguments& arguments)
 
 int ApplicationObject::lock()
 {
-    ++server().host.lockCount;
+    femap_->feAppLock();
     return ok;
 }
 
 int ApplicationObject::unlock()
 {
-    int& count = server().host.lockCount;
-    count = std::max(count - 1, 0);
+    femap_->feAppUnlock();
     return ok;
 }
 
 int ApplicationObject::message(int colour, const std::string& text)
 {
-    server().host.messages.push_back(
-        {static_cast<MessageColour>(colour), formatted(cutToMessage(text))});
+    femap_->feAppMessage(static_cast<MessageColour>(colour), formatted(cutToMessage(text)));
     return ok;
 }
 
 int ApplicationObject::statusShow(bool enable, int maximum)
 {
-    server().host.statusMaximum = enable ? maximum : 0;
-    server().host.statusCurrent = 0;
+    femap_->feAppStatusShow(enable, maximum);
     return ok;
 }
 
 int ApplicationObject::statusUpdate(int current)
 {
-    server().host.statusCurrent = current;
+    femap_->feAppStatusUpdate(current);
     return ok;
 }
 
 int ApplicationObject::registerAddInPane(Arguments& a)
 {
-    server().host.registrations.push_back(
+    return femap_->feAppRegisterAddInPane(
         {a.flag(0), a.number(1), a.number(2), a.flag(3), a.flag(4), a.number(5), a.number(6)});
-    return ok;
 }
 
 int ApplicationObject::measure(Arguments& arguments)

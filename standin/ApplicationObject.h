@@ -1,8 +1,10 @@
 // "femap.model" itself; there is one for as long as the server runs.
 #pragma once
 
+#include "femap/Application.h"
 #include "standin/Object.h"
 
+#include <memory>
 #include <string>
 
 namespace standin
@@ -11,7 +13,7 @@ namespace standin
 class ApplicationObject : public ObjectOf<ApplicationObject>
 {
 public:
-    explicit ApplicationObject(Server& server) : ObjectOf(server, "application") {}
+    explicit ApplicationObject(Server& server);
 
     static constexpr std::span<const library::Member> declarations = library::Imodel;
     static std::span<const Member<ApplicationObject>> members();
@@ -43,6 +45,7 @@ protected:
     void unreferenced() override {}
 
 private:
+    std::unique_ptr<femap::Application> femap_;  // the model host's
     bool endsWithLastClient_ = false;
 };
 

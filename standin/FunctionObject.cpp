@@ -1,4 +1,5 @@
 // The function object ("feFunction") of the stand-in.
+#include "femap/embedded/HostObjects.h"
 #include "standin/Objects.h"
 #include "standin/Server.h"
 
@@ -10,19 +11,10 @@ namespace
 
 using F = FunctionObject;
 
-template <auto member>
-Variant ofFunction(F& function, Arguments&)
-{
-    return function.loaded.*member;
-}
-
-using neutral::Function;
-
 // clang-format off
 constexpr Member<FunctionObject> functionMembers[] = {
-    {"title",           ofFunction<&Function::title>},
-    {"type",            ofFunction<&Function::type>},
-    {"ID",              ofFunction<&Function::id>},
+    {"ID",              serve<&F::id>},
+    {"title",           serve<&F::title>},
     {"Get",             serve<&F::get>},
     {"GetFunctionList", serve<&F::getFunctionList>},
     {"SelectID",        serve<&F::selectID>},
@@ -32,6 +24,10 @@ static_assert(areDeclared(functionMembers, FunctionObject::declarations));
 
 }  // namespace
 
+FunctionObject::FunctionObject(Server& shared)
+    : ObjectOf(shared, "feFunction"), function_(embedded::makeFunction(shared.host))
+{}
+
 std::span<const Member<FunctionObject>> FunctionObject::members()
 {
     return functionMembers;
@@ -39,33 +35,26 @@ std::span<const Member<FunctionObject>> FunctionObject::members()
 
 int FunctionObject::get(int id)
 {
-    const Function* const found =
-        server().host.openModel().functions.find(id == 0 ? loaded.id : id);
-    if (found == nullptr)
-        return failed;
-    loaded = *found;
-    return ok;
+    return static_cast<int>(function_->Get(id));
+}
+
+std::string FunctionObject::title()
+{
+    const neutral::Function* const loaded = server().host.openModel().functions.find(id());
+    return loaded == nullptr ? std::string() : loaded->title;
 }
 
 int FunctionObject::selectID(const std::string& title)
 {
-    if (server().refusesDialogs())
-        return failed;
-    const std::vector<int> available = server().host.idsOf(EntityType::Function);
-    const Selection answer =
-        server().selections.answer(EntityType::Function, title, true, available);
-    if (answer.code != ReturnCode::Ok)
-        return static_cast<int>(answer.code);
-    if (available.empty())
-        return static_cast<int>(ReturnCode::NotExist);
-    return answer.ids.empty() ? failed : get(answer.ids.front());
+    return server().refusesDialogs() ? failed : static_cast<int>(function_->SelectID(title));
 }
 
 int FunctionObject::getFunctionList(Arguments& arguments)
 {
-    arguments.fill(0, static_cast<int>(loaded.x.size()));
-    arguments.fillAny(1, loaded.x);
-    arguments.fillAny(2, loaded.y);
+    const femap::FunctionPoints points = function_->GetFunctionList();
+    arguments.fill(0, static_cast<int>(points.x.size()));
+    arguments.fillAny(1, points.x);
+    arguments.fillAny(2, points.y);
     return ok;
 }
 

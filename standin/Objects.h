@@ -106,16 +106,20 @@ private:
 class FunctionObject : public ObjectOf<FunctionObject>
 {
 public:
-    explicit FunctionObject(Server& server) : ObjectOf(server, "feFunction") {}
+    explicit FunctionObject(Server& server);
 
     static constexpr std::span<const library::Member> declarations = library::IFunction;
     static std::span<const Member<FunctionObject>> members();
 
     int get(int id);
+    int id() { return function_->ID(); }
+    /// As the model holds it, control characters and all.
+    std::string title();
     int selectID(const std::string& title);
     int getFunctionList(Arguments& arguments);
 
-    neutral::Function loaded;
+private:
+    std::unique_ptr<femap::Function> function_;
 };
 
 class LoadDefinitionObject : public ObjectOf<LoadDefinitionObject>

@@ -133,8 +133,7 @@ double OutputObject::value(int entity)
         return 0;
     if (value == nullptr)
         throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed,
-                                "Output vector " + std::to_string(vector.id) +
-                                    " has no value at the entity " + std::to_string(entity));
+                                femap::noValueText(vector.id, entity));
     return *value;
 }
 
@@ -183,13 +182,10 @@ int OutputSetObject::get(int id)
 
 int OutputSetObject::outputVectors(int set)
 {
-    const auto target = server().sets.find(set);
-    if (target == server().sets.end())
+    embedded::HostSet* const target = server().findSet(set);
+    if (target == nullptr)
         return failed;
-    std::vector<int> ids = loaded.vectors.ids();
-    for (int& id : ids)
-        id = server().shownVectorID(id);
-    target->second->insert(ids.begin(), ids.end());
+    target->add(server().idsOf(EntityType::OutputVector, loaded.id));
     return ok;
 }
 

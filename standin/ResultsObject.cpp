@@ -3,6 +3,7 @@
 #include "standin/Server.h"
 
 #include <algorithm>
+#include <set>
 
 namespace standin
 {
@@ -244,12 +245,12 @@ int ResultsObject::vectorEntities(int set, int vector, int target, bool clearFir
 
 int ResultsObject::fillSet(int target, bool clearFirst, const std::vector<int>& ids)
 {
-    const auto set = server().sets.find(target);
-    if (set == server().sets.end())
+    embedded::HostSet* const set = server().findSet(target);
+    if (set == nullptr)
         return failed;
     if (clearFirst)
-        set->second->clear();
-    set->second->insert(ids.begin(), ids.end());
+        set->clear();
+    set->add(ids);
     return ok;
 }
 

@@ -92,10 +92,10 @@ int Server::defaultOutputSet()
     return modes[Mode::VectorsOfActiveSet] ? host.activeID(EntityType::OutputSet) : 1;
 }
 
-const std::set<int>* Server::findSet(int id) const
+embedded::HostSet* Server::findSet(int id) const
 {
-    const auto found = sets.find(id);
-    return found == sets.end() ? nullptr : found->second;
+    const auto found = host.sets.find(id);
+    return found == host.sets.end() ? nullptr : found->second;
 }
 
 std::vector<int> Server::idsIn(int set, EntityType type)
@@ -104,11 +104,11 @@ std::vector<int> Server::idsIn(int set, EntityType type)
         return {-set};
     if (set == 0)
         return host.idsOf(type);
-    const std::set<int>* const found = findSet(set);
+    embedded::HostSet* const found = findSet(set);
     if (found == nullptr)
         throw RuntimeError(ErrorNumber::InvalidCall,
                            "FEMAP has no set with the ID " + std::to_string(set));
-    return {found->begin(), found->end()};
+    return found->ids();
 }
 
 }  // namespace standin

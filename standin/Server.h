@@ -3,6 +3,7 @@
 
 #include "femap/TypeLibrary.h"
 #include "femap/embedded/Host.h"
+#include "femap/embedded/HostObjects.h"
 #include "standin/Fault.h"
 #include "standin/Modes.h"
 #include "standin/QueuedSelections.h"
@@ -10,9 +11,7 @@
 #include <cstddef>
 #include <fstream>
 #include <functional>
-#include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -44,9 +43,6 @@ public:
     std::vector<std::string> supersededCalls;
     QueuedSelections selections;
     embedded::Host host;
-    /// The IDs in FEMAP's sets by the sets' IDs.
-    std::map<int, std::set<int>*> sets;
-    int lastSetID = 0;  // IDs of sets are not used again
 
     int objectCount = 0;  // of the objects that are alive, the application too
     int callCount = 0;    // of the calls that came in, except those of the stand-in's own members
@@ -82,7 +78,7 @@ public:
     int defaultOutputSet();
 
     /// Null when there is none with that ID.
-    const std::set<int>* findSet(int id) const;
+    embedded::HostSet* findSet(int id) const;
     /// The IDs that the number of a set stands for: those of the set, all of the kind for 0, or the
     /// one entity for a negative number. Raises RuntimeError for a set that is not there.
     std::vector<int> idsIn(int set, EntityType type);

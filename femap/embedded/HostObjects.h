@@ -31,8 +31,11 @@ public:
     ReturnCode Select(EntityType type, bool clear, const std::string& title) override;
     ReturnCode SelectMultiID(EntityType type, int ownerSet, const std::string& title) override;
 
-private:
+    /// Adds ascending IDs, perhaps with duplicates. The walk goes on after the ID it reached.
     void add(const std::vector<int>& ids);
+    void clear();
+
+private:
     ReturnCode ask(EntityType type, const std::string& title, const std::vector<int>& available);
 
     Host& host_;

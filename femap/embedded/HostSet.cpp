@@ -52,10 +52,8 @@ ReturnCode HostSet::Copy(int setID)
 
 ReturnCode HostSet::Select(EntityType type, bool clear, const std::string& title)
 {
-    if (clear) {
-        ids_.clear();
-        Reset();
-    }
+    if (clear)
+        this->clear();
     return ask(type, title, host_.idsOf(type));
 }
 
@@ -80,7 +78,12 @@ ReturnCode HostSet::ask(EntityType type, const std::string& title,
     return ReturnCode::Ok;
 }
 
-// Adds ascending IDs, perhaps with duplicates. The walk goes on after the ID it reached.
+void HostSet::clear()
+{
+    ids_.clear();
+    Reset();
+}
+
 void HostSet::add(const std::vector<int>& ids)
 {
     std::vector<int> all;
