@@ -19,7 +19,7 @@ int runHere(const std::vector<std::string>& arguments)
         sys::System system = sys::thisMachine();
         const bool showsColours = system.environment("NO_COLOR").empty() && errorsShowColours();
         return runStudy(arguments, {std::cin, std::cout, std::cerr, system, runningFemap(),
-                                    recordedForm(), showsColours});
+                                    recordedForm(), femapProbe(), showsColours});
     }
     catch (const std::exception& error) {
         static_cast<void>(std::fprintf(stderr, "velmar-study: %s\n", sys::reasonOf(error)));

@@ -6,7 +6,9 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
+#include <vector>
 
 namespace study
 {
@@ -21,6 +23,12 @@ std::function<std::unique_ptr<femap::Connector>(femap::SelectionDialogs&)> runni
 /// Shows the form until it is closed and records what is done in it as a script. Raises
 /// RuntimeError when the script cannot be written. Empty on platforms without the form.
 std::function<void(const std::string& script, const std::string& arguments)> recordedForm();
+
+/// Probes the FEMAP of this machine as the arguments say; what is to be said meanwhile goes to the
+/// stream. Returns the exit code: 0 FEMAP was probed, 1 it was not reached or went, 2 wrong
+/// arguments. Raises RuntimeError when the report cannot be written. Empty on platforms that FEMAP
+/// does not run on.
+std::function<int(const std::vector<std::string>& arguments, std::ostream& said)> femapProbe();
 
 /// Whether standard error is a terminal that shows colours. On Windows this also turns colours on.
 bool errorsShowColours();

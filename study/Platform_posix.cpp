@@ -43,6 +43,11 @@ std::function<void(const std::string& script, const std::string& arguments)> rec
     return {};
 }
 
+std::function<int(const std::vector<std::string>& arguments, std::ostream& said)> femapProbe()
+{
+    return {};
+}
+
 bool errorsShowColours()
 {
     return isatty(STDERR_FILENO) == 1;

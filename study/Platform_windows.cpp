@@ -1,6 +1,9 @@
-// What velmar-study does on Windows alone: it reaches the FEMAP that runs, and records the form.
+// What velmar-study does on Windows alone: it reaches the FEMAP that runs, records the form, and
+// probes a FEMAP.
+#include "app/Version.h"
 #include "app/window/MainWindow.h"
 #include "femap/com/FemapConnector.h"
+#include "probe/Probe.h"
 #include "study/Platform.h"
 #include "study/Recorder.h"
 #include "system/RuntimeError.h"
@@ -62,6 +65,14 @@ std::function<std::unique_ptr<femap::Connector>(femap::SelectionDialogs&)> runni
 std::function<void(const std::string& script, const std::string& arguments)> recordedForm()
 {
     return record;
+}
+
+std::function<int(const std::vector<std::string>& arguments, std::ostream& said)> femapProbe()
+{
+    return [](const std::vector<std::string>& arguments, std::ostream& said) {
+        sys::System system = sys::thisMachine();
+        return probe::runProbe(arguments, system, app::version(), said);
+    };
 }
 
 bool errorsShowColours()

@@ -7,6 +7,7 @@
 #include "study/StudyRunner.h"
 #include "system/Memory.h"
 
+#include <algorithm>
 #include <exception>
 #include <iterator>
 #include <optional>
@@ -26,6 +27,7 @@ constexpr std::string_view usage =
     R"text(usage: velmar-study [--femap=embedded|running] [--quiet] SCRIPT
        velmar-study [--femap=embedded|running] [--quiet] --check SCRIPT
        velmar-study --record SCRIPT [ARGUMENTS]
+       velmar-study --probe [--ask] [--events SECONDS] [--write COPY] [--no-names] REPORT
        velmar-study --help | --version
 
 Replays a study script without a window. SCRIPT "-" reads standard input.
@@ -36,6 +38,12 @@ Replays a study script without a window. SCRIPT "-" reads standard input.
   --femap=embedded  load the model into the model host of the program itself
   --femap=running   use the FEMAP that runs on this machine (Windows)
   --quiet           no progress on standard error
+  --probe           write a report of what the running FEMAP does otherwise than the tool
+                    believes (Windows); it changes nothing, but for a copy of a model with --write
+  --ask             show selection dialogs as well
+  --events SECONDS  watch FEMAP's event messages for so long as well
+  --write COPY      change values of the open model as well, which must be that copy
+  --no-names        put marks for titles and paths
 
 Exit code 0: the whole script ran, or --check found no problem. 1: it was stopped, or there are
 problems. 2: wrong arguments.
@@ -182,6 +190,18 @@ int record(const Call& call, const Environment& environment)
     return exitOk;
 }
 
+constexpr std::string_view probeOption = "--probe";
+
+// Elsewhere than on Windows nobody looks at the arguments.
+int probe(std::vector<std::string> arguments, const Environment& environment)
+{
+    std::erase(arguments, probeOption);
+    if (environment.femapProbe)
+        return environment.femapProbe(arguments, environment.errors);
+    environment.errors << "velmar-study: a FEMAP can be probed on Windows only\n";
+    return exitStopped;
+}
+
 int runCall(const Call& call, const Environment& environment)
 {
     if (call.wantsHelp) {
@@ -205,7 +225,9 @@ int runStudy(const std::vector<std::string>& arguments, const Environment& envir
 {
     int exitCode = exitStopped;
     try {
-        exitCode = runCall(parseCall(arguments), environment);
+        exitCode = std::ranges::find(arguments, probeOption) == arguments.end()
+                       ? runCall(parseCall(arguments), environment)
+                       : probe(arguments, environment);
     }
     catch (const std::exception& error) {
         environment.errors << "velmar-study: " << sys::reasonOf(error) << '\n';

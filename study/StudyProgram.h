@@ -26,6 +26,9 @@ struct Environment
     std::function<std::unique_ptr<femap::Connector>(femap::SelectionDialogs&)> runningFemap;
     /// Shows the form and records it into a script; see Platform.h. Empty where there is none.
     std::function<void(const std::string& script, const std::string& arguments)> recordedForm = {};
+    /// Probes the FEMAP of this machine; see Platform.h. Empty where there is none.
+    std::function<int(const std::vector<std::string>& arguments, std::ostream& said)> femapProbe =
+        {};
     /// Standard error is a terminal that understands colours.
     bool showsColours = false;
 };

@@ -58,6 +58,10 @@ velmar_test(app/window LOCK femap.model
 velmar_test(study LOCK femap.model LABELS com
     SOURCES StudyOverComTest_windows.cpp
     LINK beside_standin)
+velmar_test(probe LOCK femap.model LABELS com
+    SOURCES DialogWatchTest.cpp ProbeCallTest.cpp ProbeReportTest.cpp ReportReader.cpp ReportTest.cpp
+    LINK probe beside_standin)
+add_dependencies(probe_test velmar-study)
 velmar_test(reliability
     SOURCES
         EndedRunsTest_windows.cpp

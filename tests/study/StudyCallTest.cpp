@@ -108,6 +108,31 @@ TEST(StudyCall, TellsWhyARecordingEnded)
     EXPECT_EQ(f.errors.str(), "velmar-study: The script ends too early\n");
 }
 
+TEST(StudyCall, SaysWhereAFemapCanBeProbed)
+{
+    StudyFixture f;
+
+    EXPECT_EQ(f.call({"--probe", "--unknown"}), 1);
+
+    EXPECT_EQ(f.errors.str(), "velmar-study: a FEMAP can be probed on Windows only\n");
+}
+
+TEST(StudyCall, ProbesWithAllOtherArguments)
+{
+    StudyFixture f;
+    std::vector<std::string> given;
+    f.femapProbe = [&](const std::vector<std::string>& arguments, std::ostream& said) {
+        given = arguments;
+        said << "done\n";
+        return 7;
+    };
+
+    EXPECT_EQ(f.call({"--ask", "--probe", "report.txt"}), 7);
+
+    EXPECT_THAT(given, ElementsAre("--ask", "report.txt"));
+    EXPECT_EQ(f.errors.str(), "done\n");
+}
+
 TEST(StudyCall, ReadsStandardInput)
 {
     StudyFixture f;

@@ -30,8 +30,8 @@ StudyFixture::StudyFixture() : environment({{"TEMP", folder.path()}}), system_(s
 
 int StudyFixture::call(const std::vector<std::string>& arguments)
 {
-    return runStudy(arguments,
-                    {input, output, errors, system_, runningFemap, recordedForm, showsColours});
+    return runStudy(arguments, {input, output, errors, system_, runningFemap, recordedForm,
+                                femapProbe, showsColours});
 }
 
 int StudyFixture::runScript(const std::string& script)

@@ -30,6 +30,7 @@ public:
     double secondsPerLook = 0;  // how much the clock goes on each time it is looked at
     std::function<std::unique_ptr<femap::Connector>(femap::SelectionDialogs&)> runningFemap;
     std::function<void(const std::string&, const std::string&)> recordedForm;
+    std::function<int(const std::vector<std::string>&, std::ostream&)> femapProbe;
     bool showsColours = false;
     std::map<std::string, std::string> environment;  // TEMP is the folder
 

@@ -1,0 +1,222 @@
+#include "probe/Machine.h"
+
+#include "windows/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <tlhelp32.h>
+
+namespace probe
+{
+
+namespace
+{
+
+using windows::fromWide;
+
+// A handle that is closed with this.
+class Handle
+{
+public:
+    explicit Handle(HANDLE handle) : handle_(handle) {}
+    ~Handle()
+    {
+        if (isValid())
+            CloseHandle(handle_);
+    }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+
+    bool isValid() const { return handle_ != nullptr && handle_ != INVALID_HANDLE_VALUE; }
+    HANDLE get() const { return handle_; }
+
+private:
+    HANDLE handle_;
+};
+
+std::string reasonOfLastError()
+{
+    return windows::describe(HRESULT_FROM_WIN32(GetLastError()));
+}
+
+std::string windowsVersion()
+{
+    const HMODULE library = GetModuleHandleW(L"ntdll.dll");
+    using Version = LONG(WINAPI*)(OSVERSIONINFOW*);
+    using WineVersion = const char*(CDECL*)();
+    const auto version = reinterpret_cast<Version>(
+        reinterpret_cast<void*>(GetProcAddress(library, "RtlGetVersion")));
+    const auto wine = reinterpret_cast<WineVersion>(
+        reinterpret_cast<void*>(GetProcAddress(library, "wine_get_version")));
+    OSVERSIONINFOW info{};
+    info.dwOSVersionInfoSize = sizeof info;
+    if (version == nullptr || version(&info) != 0)
+        return "not known";
+    return std::to_string(info.dwMajorVersion) + '.' + std::to_string(info.dwMinorVersion) + '.' +
+           std::to_string(info.dwBuildNumber) +
+           (wine == nullptr ? "" : " (Wine " + std::string(wine()) + ", no Windows)");
+}
+
+std::string bitness()
+{
+    SYSTEM_INFO system{};
+    GetNativeSystemInfo(&system);
+    const bool is64 = system.wProcessorArchitecture == PROCESSOR_ARCHITECTURE_AMD64 ||
+                      system.wProcessorArchitecture == PROCESSOR_ARCHITECTURE_ARM64;
+    return std::string("Windows ") + (is64 ? "64" : "32") + " bit, this program " +
+           std::to_string(8 * sizeof(void*)) + " bit";
+}
+
+// None when the process does not let itself be looked at.
+std::optional<bool> isElevated(HANDLE process)
+{
+    HANDLE opened = nullptr;
+    if (process == nullptr || !OpenProcessToken(process, TOKEN_QUERY, &opened))
+        return std::nullopt;
+    const Handle token(opened);
+    TOKEN_ELEVATION elevation{};
+    DWORD size = 0;
+    if (!GetTokenInformation(token.get(), TokenElevation, &elevation, sizeof elevation, &size))
+        return std::nullopt;
+    return elevation.TokenIsElevated != 0;
+}
+
+std::string elevationText(std::optional<bool> elevated)
+{
+    return !elevated ? "rights cannot be read" : *elevated ? "elevated" : "not elevated";
+}
+
+std::string session()
+{
+    DWORD number = 0;
+    ProcessIdToSessionId(GetCurrentProcessId(), &number);
+    return std::string(GetSystemMetrics(SM_REMOTESESSION) != 0 ? "remote desktop" : "console") +
+           ", number " + std::to_string(number);
+}
+
+std::string codePages()
+{
+    const UINT ansi = GetACP();
+    return "ANSI " + std::to_string(ansi) +
+           (ansi == CP_UTF8 ? " (UTF-8 as ANSI)" : " (not UTF-8)") + ", OEM " +
+           std::to_string(GetOEMCP()) + ", console " + std::to_string(GetConsoleCP()) + " in, " +
+           std::to_string(GetConsoleOutputCP()) + " out";
+}
+
+std::string region()
+{
+    std::array<wchar_t, LOCALE_NAME_MAX_LENGTH> name{};
+    std::array<wchar_t, 8> point{};
+    const bool isNamed =
+        GetUserDefaultLocaleName(name.data(), static_cast<int>(name.size())) != 0 &&
+        GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, point.data(),
+                       static_cast<int>(point.size())) != 0;
+    return isNamed ? fromWide(name.data()) + ", decimal sign \"" + fromWide(point.data()) + '"'
+                   : "not known";
+}
+
+std::string versionOf(const std::wstring& path)
+{
+    DWORD ignored = 0;
+    std::vector<char> data(GetFileVersionInfoSizeW(path.c_str(), &ignored));
+    VS_FIXEDFILEINFO* info = nullptr;
+    UINT size = 0;
+    if (data.empty() ||
+        !GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(data.size()), data.data()) ||
+        !VerQueryValueW(data.data(), L"\\", reinterpret_cast<void**>(&info), &size))
+        return "none in the file";
+    return std::to_string(HIWORD(info->dwFileVersionMS)) + '.' +
+           std::to_string(LOWORD(info->dwFileVersionMS)) + '.' +
+           std::to_string(HIWORD(info->dwFileVersionLS)) + '.' +
+           std::to_string(LOWORD(info->dwFileVersionLS));
+}
+
+std::string bitnessOf(HANDLE process)
+{
+    BOOL isWow = FALSE;
+    if (!IsWow64Process(process, &isWow))
+        return "bitness cannot be read";
+    return isWow ? "32 bit" : "64 bit";
+}
+
+struct Process
+{
+    DWORD number;
+    std::string program;
+};
+
+std::vector<Process> findFemap()
+{
+    std::vector<Process> found;
+    const Handle all(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    PROCESSENTRY32W entry{};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Process32FirstW(all.get(), &entry); more;
+         more = Process32NextW(all.get(), &entry)) {
+        std::wstring name = entry.szExeFile;
+        CharLowerBuffW(name.data(), static_cast<DWORD>(name.size()));
+        if (name.starts_with(L"femap"))
+            found.push_back({entry.th32ProcessID, fromWide(entry.szExeFile)});
+    }
+    return found;
+}
+
+void tellProcess(Session& session, const Process& process)
+{
+    const std::string what = process.program + ", process " + std::to_string(process.number);
+    session.report.begin(what);
+    const Handle handle(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process.number));
+    if (!handle.isValid()) {
+        session.report.end(Verdict::Refused, reasonOfLastError());
+        return;
+    }
+    std::wstring path(32768, L'\0');
+    DWORD length = static_cast<DWORD>(path.size());
+    const bool hasPath = QueryFullProcessImageNameW(handle.get(), 0, path.data(), &length) != FALSE;
+    path.resize(hasPath ? length : 0);
+    const std::optional<bool> own = isElevated(GetCurrentProcess());
+    const std::optional<bool> its = isElevated(handle.get());
+    const bool differ = own && its && *own != *its;
+    session.report.end(
+        differ ? Verdict::Differs : Verdict::Found,
+        (hasPath ? session.report.name(fromWide(path)) : "path cannot be read") + ", version " +
+            versionOf(path) + ", " + bitnessOf(handle.get()) + ", " + elevationText(its) +
+            (differ ? "; this program has other rights: neither sees the other's objects" : ""));
+}
+
+}  // namespace
+
+std::set<DWORD> femapProcesses()
+{
+    std::set<DWORD> numbers;
+    for (const Process& process : findFemap())
+        numbers.insert(process.number);
+    return numbers;
+}
+
+void probeMachine(Session& session)
+{
+    Report& report = session.report;
+    report.section("A The machine");
+    report.line("Windows", Verdict::Found, windowsVersion());
+    report.line("bitness", Verdict::Found, bitness());
+    report.line("rights of this program", Verdict::Found,
+                elevationText(isElevated(GetCurrentProcess())));
+    report.line("session", Verdict::Found, probe::session());
+    report.line("code pages", Verdict::Found, codePages());
+    report.line("region", Verdict::Found, region());
+
+    const std::vector<Process> processes = findFemap();
+    for (const Process& process : processes)
+        tellProcess(session, process);
+    if (processes.empty())
+        report.line("femap.exe", Verdict::NotTried, "no such program runs");
+    if (processes.size() > 1)
+        report.line("number of FEMAPs", Verdict::Found,
+                    std::to_string(processes.size()) + "; COM chooses which one is found");
+    for (const Process& process : processes)
+        session.processes.insert(process.number);
+}
+
+}  // namespace probe
