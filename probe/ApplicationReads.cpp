@@ -64,6 +64,11 @@ constexpr CountedKind countedKinds[] = {
 };
 // clang-format on
 
+std::string fileNameOf(const std::string& path)
+{
+    return path.substr(path.find_last_of("\\/") + 1);
+}
+
 void probeModels(Session& session, const Object& application)
 {
     const Answer count = session.read(application, "feAppCountModels", statusAnd({VT_I4}),
@@ -146,6 +151,8 @@ void probeApplication(Session& session, const Object& application, Generation ge
         const Answer answer = session.read(application, std::string(read.member), {read.type});
         if (read.member == "hMainWnd" && answer.isDone())
             noteProcess(session, static_cast<long long>(answer.value.real()));
+        if (read.member == "ModelName")  // FEMAP's windows have it in their titles
+            static_cast<void>(session.report.name(fileNameOf(answer.value.text())));
     }
     session.report.begin("Imodel.Visible");
     DISPID number = DISPID_UNKNOWN;

@@ -51,13 +51,10 @@ struct BeyondTheEnd
 constexpr BeyondTheEnd placesBeyond[] = {
     {"feElem", "orient", 3},
     {"feElem", "orient", 11},
-    {"feElem", "orient", -1},
     {"feElem", "node",   20},
-    {"feProp", "pval",   199},
+    {"feProp", "pval",   199},  // the last one
     {"feProp", "pval",   200},
-    {"feProp", "pval",   10000},
-    {"feProp", "pval",   -1},
-    {"feMatl", "mval",   199},
+    {"feMatl", "mval",   199},  // the last one
     {"feMatl", "mval",   200},
 };
 // clang-format on
@@ -170,10 +167,14 @@ void readFields(Session& session, const EntityKind& kind, const Object& entity,
 }
 
 // FEMAP's answer to a place that the array does not have.
-void readBeyond(Session& session, const Object& entity)
+void readBeyond(Session& session, const Object& application, const EntityKind& kind)
 {
+    const std::vector<int> ids = allIDs(application, kind.type);
+    const Object entity = application.object(std::string(kind.object));
+    if (ids.empty() || !entity.call("Get", list(ids.front())).isOk())
+        return;
     for (const BeyondTheEnd& each : placesBeyond) {
-        if (each.object != entity.name())
+        if (each.object != kind.object)
             continue;
         const Answer answer = session.ask(entity, std::string(each.member), list(each.index));
         const std::string text =
@@ -221,7 +222,6 @@ void probeKind(Session& session, const Object& application, const EntityKind& ki
     PlainNumbers plain;
     for (std::size_t place = 0; place < chosen.size(); ++place)
         readFields(session, kind, entity, chosen[place], place, plain);
-    readBeyond(session, entity);
     if (kind.type == EntityType::Property)
         askWithReal(session, entity);
     getMissing(session, entity, chosen.back().id);
@@ -246,6 +246,13 @@ void probeEntities(Session& session, const Object& application, Generation gener
     session.report.section("C2 Nodes, elements, properties, materials");
     for (const EntityKind& kind : entityKinds)
         probeKind(session, application, kind, generation == Generation::Modern);
+}
+
+void probeBeyondTheEnd(Session& session, const Object& application)
+{
+    session.report.section("C7 Places beyond the end of an array");
+    for (const EntityKind& kind : entityKinds)
+        readBeyond(session, application, kind);
 }
 
 }  // namespace probe

@@ -93,7 +93,7 @@ void readLoad(Session& session, const Object& load, int dataType, int loadType)
         session.read(load, "expanded", {VT_BOOL});
         readMechanical(session, load, loadType);
     }
-    else {
+    else if (dataType == 15 || dataType == 16) {
         session.read(load, "temp", {VT_R8});
         session.read(load, "phase", {VT_R8});
     }
@@ -154,11 +154,16 @@ void probeLoads(Session& session, const Object& application)
     const Object definition = session.object(application, "feLoadDefinition");
     if (!definition.isThere())
         return;
-    const Answer fresh = session.read(definition, "setID", {VT_I4});
+    session.read(definition, "setID", {VT_I4});
     definition.put("setID", list(set));
-    const std::vector<int> ids = allIDs(application, EntityType::LoadDefinition);
+    std::vector<int> ids = allIDs(application, EntityType::LoadDefinition);
     session.report.line("definitions by AddAll(46)", Verdict::Found,
                         shown(ids) + "; set " + std::to_string(set) + " is looked at");
+    const Answer titles = session.read(
+        definition, "GetTitleList", statusAnd({VT_I4, arrayOf(VT_I4), arrayOf(VT_BSTR)}),
+        list(0, 0, Argument::out(VT_I4), Argument::out(VT_VARIANT), Argument::out(VT_VARIANT)));
+    if (ids.empty() && titles.isOk())
+        ids = titles.filled[1].wholeNumbers();
     std::set<std::pair<int, int>> known;
     for (const int id : sampleOf(ids, mostDefinitions))
         probeDefinition(session, definition, id, known);

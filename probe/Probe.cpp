@@ -56,22 +56,17 @@ std::string optionsText(const Options& options)
            (options.hidesNames ? ", no names" : "");
 }
 
-using Part = void (*)(Session&, const Object&, Generation);
-constexpr Part reads[] = {
-    probeNames,
-    probeApplication,
-    probeEntities,
-    probeResults,
-    [](Session& session, const Object& application, Generation) {
-        probeLoads(session, application);
-    },
-    [](Session& session, const Object& application, Generation) {
-        probeMass(session, application);
-    },
-    [](Session& session, const Object& application, Generation) {
-        probeFunction(session, application);
-    },
-};
+void readAll(Session& session, const Object& application, Generation generation)
+{
+    probeNames(session, application, generation);
+    probeApplication(session, application, generation);
+    probeEntities(session, application, generation);
+    probeResults(session, application, generation);
+    probeLoads(session, application);
+    probeMass(session, application);
+    probeFunction(session, application);
+    probeBeyondTheEnd(session, application);
+}
 
 void probeAll(Session& session, const Object& application, const Options& options,
               std::ostream& said)
@@ -80,8 +75,7 @@ void probeAll(Session& session, const Object& application, const Options& option
     if (!options.copy.empty())
         demandIsOpen(application, options.copy);
     const Generation generation = generationOf(session, application);
-    for (const Part part : reads)
-        part(session, application, generation);
+    readAll(session, application, generation);
     if (!options.copy.empty())
         probeWrites(session, application, generation, options.copy);
     if (options.asks)

@@ -10,7 +10,7 @@ namespace probe
 /// Version, models, what is active, how much there is of each kind.
 void probeApplication(Session& session, const Object& application, Generation generation);
 /// One node, and one element, property and material of each type: every field that the tool reads,
-/// plainly and in bulk, and places beyond the end of an array.
+/// plainly and in bulk.
 void probeEntities(Session& session, const Object& application, Generation generation);
 /// The vectors of the active output set in both ways, their extremes, and entities without data.
 void probeResults(Session& session, const Object& application, Generation generation);
@@ -20,5 +20,7 @@ void probeLoads(Session& session, const Object& application);
 void probeMass(Session& session, const Object& application);
 /// The points of the first function.
 void probeFunction(Session& session, const Object& application);
+/// Places that arrays do not have. Last, for nobody knows whether FEMAP stands it.
+void probeBeyondTheEnd(Session& session, const Object& application);
 
 }  // namespace probe

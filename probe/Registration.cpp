@@ -133,7 +133,7 @@ void probeRunningObjects(Session& session, const std::string& id)
     report.end(Verdict::Found, std::to_string(own.size()) + " of FEMAP, " + std::to_string(others) +
                                    " of other programs");
     for (const std::string& name : own)
-        report.line("  entry", Verdict::Found, name);
+        report.line("  entry", Verdict::Found, name.starts_with("!{") ? name : report.name(name));
 }
 
 std::string textOf(const CLSID& id)

@@ -16,6 +16,8 @@ namespace
 using femap::EntityType;
 
 constexpr std::size_t mostVectors = 60;  // that get a line of their own
+constexpr std::size_t leastVectors = 5;
+constexpr std::size_t mostValues = 5'000'000;  // of all of them
 constexpr std::size_t mostSets = 5;
 constexpr int firstElement = 8;  // location of elemental vectors
 constexpr double ownFiller = -12345.5;
@@ -57,7 +59,6 @@ VectorList readList(const ResultsOfSet& results, Generation generation)
     std::vector<Argument> filled =
         list(Argument::out(VT_I4), Argument::out(VT_VARIANT), Argument::out(VT_VARIANT));
     if (generation == Generation::Classic) {
-        session.read(results.output, "Get", statusAnd(), list(1));
         results.output.put("setID", list(results.set));
         std::vector<Argument> arguments = list(0, 0);
         std::ranges::move(filled, std::back_inserter(arguments));
@@ -109,8 +110,8 @@ bool isNearlySame(double left, double right)
     return std::abs(left - right) <= tolerance * std::max(std::abs(left), std::abs(right));
 }
 
-// What both ways and our own look at all values say of one vector.
-void probeVector(const ResultsOfSet& results, int vector)
+// What both ways and our own look at all values say of one vector. Returns how many it has.
+std::size_t probeVector(const ResultsOfSet& results, int vector)
 {
     Session& session = results.session;
     session.report.begin("vector " + std::to_string(vector));
@@ -138,6 +139,7 @@ void probeVector(const ResultsOfSet& results, int vector)
     Answer all;
     all.milliseconds = 1000 * (session.system.monotonicSeconds() - start);
     session.tell(isSame ? Verdict::Same : Verdict::Differs, text, all);
+    return column.values.size();
 }
 
 void probeInfo(const ResultsOfSet& results, int vector)
@@ -230,33 +232,37 @@ void probeFiller(const ResultsOfSet& results, int vector)
                             "this vector has a value at each element");
 }
 
-// Those with the fewest rows are the best to find elements without data.
-std::optional<int> vectorOfFewElements(const ResultsOfSet& results, const std::vector<int>& ids)
+bool isElemental(const ResultsOfSet& results, int vector)
 {
-    results.session.report.begin("the elemental vector with the fewest values");
+    const Answer info = results.table.object().call(
+        results.table.named("VectorInfo"),
+        list(results.set, vector, Argument::out(VT_I4), Argument::out(VT_I4),
+             Argument::out(VT_BOOL), Argument::out(VT_BOOL), Argument::out(VT_I4)));
+    if (info.isOk())
+        return info.filled[0].number() == firstElement;
+    results.output.call("GetFromSet", list(results.set, vector));
+    return results.output.call("location").value.number() == firstElement;
+}
+
+// A line for each vector. Returns the elemental one with the fewest values: it is the best to find
+// elements without data.
+std::optional<int> probeVectors(const ResultsOfSet& results, const std::vector<int>& ids)
+{
+    const int nodes = results.application.call("Info_Count", list(7)).value.number();
+    const std::size_t most = std::clamp(mostValues / static_cast<std::size_t>(std::max(nodes, 1)),
+                                        leastVectors, mostVectors);
+    if (ids.size() > most)
+        results.session.report.say("Of " + std::to_string(ids.size()) + " vectors " +
+                                   std::to_string(most) + ", evenly spread:");
     std::optional<int> chosen;
     std::size_t fewest = 0;
-    for (const int id : sampleOf(ids, mostVectors)) {
-        const Answer info = results.table.object().call(
-            results.table.named("VectorInfo"),
-            list(results.set, id, Argument::out(VT_I4), Argument::out(VT_I4),
-                 Argument::out(VT_BOOL), Argument::out(VT_BOOL), Argument::out(VT_I4)));
-        if (results.output.isThere())
-            results.output.call("GetFromSet", list(results.set, id));
-        const int location = info.isOk() ? info.filled[0].number()
-                             : results.output.isThere()
-                                 ? results.output.call("location").value.number()
-                                 : 0;
-        if (location != firstElement)
-            continue;
-        const std::size_t rows = results.table.column(results.set, id, 0, 0).ids.size();
-        if (rows > 0 && (!chosen || rows < fewest)) {
+    for (const int id : sampleOf(ids, most)) {
+        const std::size_t count = probeVector(results, id);
+        if (count > 0 && (!chosen || count < fewest) && isElemental(results, id)) {
             chosen = id;
-            fewest = rows;
+            fewest = count;
         }
     }
-    results.session.report.end(chosen ? Verdict::Found : Verdict::NotTried,
-                               chosen ? std::to_string(*chosen) : "there is none");
     return chosen;
 }
 
@@ -321,12 +327,7 @@ void probeResults(Session& session, const Object& application, Generation genera
     if (generation == Generation::Modern)
         probeNumbering(session, application, vectors.ids);
     probeInfo(results, vectors.ids.front());
-    if (vectors.ids.size() > mostVectors)
-        session.report.say("Of " + std::to_string(vectors.ids.size()) + " vectors " +
-                           std::to_string(mostVectors) + ", evenly spread:");
-    for (const int id : sampleOf(vectors.ids, mostVectors))
-        probeVector(results, id);
-    if (const std::optional<int> few = vectorOfFewElements(results, vectors.ids))
+    if (const std::optional<int> few = probeVectors(results, vectors.ids))
         probeFiller(results, *few);
 }
 
