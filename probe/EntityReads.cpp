@@ -138,7 +138,8 @@ void readField(Session& session, const Object& entity, const Field& field, std::
     const bool isBeyond = member == "orient" && field.index > 2;  // told with the others
     if (isBeyond)
         return;
-    const Answer answer = session.read(entity, member, {believed}, std::move(index));
+    const Answer answer = session.read(entity, member, {believed}, std::move(index),
+                                       field.name == field.member ? "" : std::string(field.name));
     if (answer.isDone())
         plain[{member, field.index}][place] = answer.value.real();
 }

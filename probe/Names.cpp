@@ -1,8 +1,8 @@
 #include "probe/Names.h"
 
 #include "femap/TypeLibrary.h"
+#include "probe/TypeInformation.h"
 
-#include <map>
 #include <optional>
 
 namespace probe
@@ -14,16 +14,6 @@ namespace
 using femap::library::Interface;
 using femap::library::Kind;
 using femap::library::Member;
-
-/// What an object's own type information says of a member.
-struct Declared
-{
-    std::vector<VARTYPE> arguments;  // those by reference with VT_BYREF; without a put value
-    VARTYPE returned = VT_EMPTY;
-    bool isMethod = false;
-};
-
-using Declarations = std::map<DISPID, Declared>;
 
 VARTYPE typeOf(char letter)
 {
@@ -45,66 +35,6 @@ VARTYPE typeOf(char letter)
     default:  // one that FEMAP fills
         return static_cast<VARTYPE>(VT_BYREF | typeOf(static_cast<char>(letter - 'A' + 'a')));
     }
-}
-
-VARTYPE typeOf(const TYPEDESC& type)
-{
-    if (type.vt == VT_PTR && type.lptdesc != nullptr)
-        return static_cast<VARTYPE>(VT_BYREF | typeOf(*type.lptdesc));
-    return type.vt == VT_USERDEFINED ? VARTYPE{VT_I4} : type.vt;  // its enumerations
-}
-
-void take(Declarations& declarations, const FUNCDESC& function)
-{
-    if (function.invkind != INVOKE_FUNC && function.invkind != INVOKE_PROPERTYGET)
-        return;
-    Declared& declared = declarations[function.memid];
-    declared.isMethod = function.invkind == INVOKE_FUNC;
-    declared.returned = typeOf(function.elemdescFunc.tdesc);
-    for (SHORT i = 0; i < function.cParams; ++i)
-        declared.arguments.push_back(typeOf(function.lprgelemdescParam[i].tdesc));
-}
-
-void takeVariable(Declarations& declarations, const VARDESC& variable)
-{
-    declarations[variable.memid].returned = typeOf(variable.elemdescVar.tdesc);
-}
-
-/// None where the object has no type information; the text tells why.
-std::optional<Declarations> declarationsOf(const Object& object, std::string& why)
-{
-    UINT count = 0;
-    ITypeInfo* info = nullptr;
-    TYPEATTR* attributes = nullptr;
-    HRESULT result = object.raw()->GetTypeInfoCount(&count);
-    if (SUCCEEDED(result) && count == 0) {
-        why = "the object has none";
-        return std::nullopt;
-    }
-    if (SUCCEEDED(result))
-        result = object.raw()->GetTypeInfo(0, LOCALE_SYSTEM_DEFAULT, &info);
-    if (SUCCEEDED(result))
-        result = info->GetTypeAttr(&attributes);
-    if (FAILED(result)) {
-        Answer answer;
-        answer.result = result;
-        why = reasonOf(answer);
-        return std::nullopt;
-    }
-    Declarations declarations;
-    for (UINT i = 0; i < attributes->cFuncs; ++i)
-        if (FUNCDESC* function = nullptr; SUCCEEDED(info->GetFuncDesc(i, &function))) {
-            take(declarations, *function);
-            info->ReleaseFuncDesc(function);
-        }
-    for (UINT i = 0; i < attributes->cVars; ++i)
-        if (VARDESC* variable = nullptr; SUCCEEDED(info->GetVarDesc(i, &variable))) {
-            takeVariable(declarations, *variable);
-            info->ReleaseVarDesc(variable);
-        }
-    info->ReleaseTypeAttr(attributes);
-    info->Release();
-    return declarations;
 }
 
 std::string signatureText(const std::vector<VARTYPE>& types, VARTYPE returned, bool isMethod)
@@ -194,7 +124,7 @@ void probeInterface(Session& session, const Object& object, const Interface& tab
                     Generation generation)
 {
     std::string why;
-    const std::optional<Declarations> declarations = declarationsOf(object, why);
+    const std::optional<Declarations> declarations = declarationsOf(*object.raw(), why);
     session.report.line(std::string(table.name) + ": type information", Verdict::Found,
                         declarations ? std::to_string(declarations->size()) + " members" : why);
     for (const Member& member : table.members) {

@@ -110,7 +110,8 @@ bool isNearlySame(double left, double right)
     return std::abs(left - right) <= tolerance * std::max(std::abs(left), std::abs(right));
 }
 
-// What both ways and our own look at all values say of one vector. Returns how many it has.
+// What both ways and our own look at all values say of one vector. Returns how many it has at
+// elements.
 std::size_t probeVector(const ResultsOfSet& results, int vector)
 {
     Session& session = results.session;
@@ -120,6 +121,7 @@ std::size_t probeVector(const ResultsOfSet& results, int vector)
     std::string text = "feResults: " + factsText(column.facts, session) + ", " +
                        std::to_string(column.values.size()) + " values";
     bool isSame = column.facts.isThere && column.facts.trouble.empty();
+    int location = column.facts.location;
     if (!column.values.empty() && column.facts.hasExtremes) {
         const auto [least, most] = std::ranges::minmax(column.values);
         const bool agrees =
@@ -130,6 +132,7 @@ std::size_t probeVector(const ResultsOfSet& results, int vector)
     }
     if (results.output.isThere()) {
         const VectorFacts facts = factsByOutput(session, results.output, results.set, vector);
+        location = std::max(location, facts.location);
         const bool agrees = facts.title == column.facts.title &&
                             isNearlySame(facts.least, column.facts.least) &&
                             isNearlySame(facts.most, column.facts.most);
@@ -139,7 +142,7 @@ std::size_t probeVector(const ResultsOfSet& results, int vector)
     Answer all;
     all.milliseconds = 1000 * (session.system.monotonicSeconds() - start);
     session.tell(isSame ? Verdict::Same : Verdict::Differs, text, all);
-    return column.values.size();
+    return location == firstElement ? column.values.size() : 0;
 }
 
 void probeInfo(const ResultsOfSet& results, int vector)
@@ -232,18 +235,6 @@ void probeFiller(const ResultsOfSet& results, int vector)
                             "this vector has a value at each element");
 }
 
-bool isElemental(const ResultsOfSet& results, int vector)
-{
-    const Answer info = results.table.object().call(
-        results.table.named("VectorInfo"),
-        list(results.set, vector, Argument::out(VT_I4), Argument::out(VT_I4),
-             Argument::out(VT_BOOL), Argument::out(VT_BOOL), Argument::out(VT_I4)));
-    if (info.isOk())
-        return info.filled[0].number() == firstElement;
-    results.output.call("GetFromSet", list(results.set, vector));
-    return results.output.call("location").value.number() == firstElement;
-}
-
 // A line for each vector. Returns the elemental one with the fewest values: it is the best to find
 // elements without data.
 std::optional<int> probeVectors(const ResultsOfSet& results, const std::vector<int>& ids)
@@ -258,7 +249,7 @@ std::optional<int> probeVectors(const ResultsOfSet& results, const std::vector<i
     std::size_t fewest = 0;
     for (const int id : sampleOf(ids, most)) {
         const std::size_t count = probeVector(results, id);
-        if (count > 0 && (!chosen || count < fewest) && isElemental(results, id)) {
+        if (count > 0 && (!chosen || count < fewest)) {
             chosen = id;
             fewest = count;
         }

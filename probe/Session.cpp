@@ -67,9 +67,9 @@ Verdict verdictOfFailure(const Answer& answer)
 }
 
 Answer Session::ask(const Object& object, const std::string& member,
-                    std::vector<Argument> arguments)
+                    std::vector<Argument> arguments, const std::string& name)
 {
-    report.begin(callText(object, member, arguments));
+    report.begin(callText(object, member, arguments) + (name.empty() ? "" : ", " + name));
     return object.call(member, std::move(arguments));
 }
 
@@ -84,9 +84,9 @@ void Session::tell(Verdict verdict, const std::string& text, const Answer& answe
 }
 
 Answer Session::read(const Object& object, const std::string& member, const Belief& belief,
-                     std::vector<Argument> arguments)
+                     std::vector<Argument> arguments, const std::string& name)
 {
-    Answer answer = ask(object, member, std::move(arguments));
+    Answer answer = ask(object, member, std::move(arguments), name);
     if (!answer.isDone())
         tell(verdictOfFailure(answer), reason(answer), answer);
     else if (belief.isStatus && !answer.isOk())

@@ -46,14 +46,14 @@ public:
     Connection connection;
     std::set<DWORD> processes;  // of FEMAP
 
-    /// Begins a line of the report with a call and makes the call.
+    /// Begins a line of the report with a call and makes the call. name: what an engineer calls it.
     Answer ask(const Object& object, const std::string& member,
-               std::vector<Argument> arguments = {});
+               std::vector<Argument> arguments = {}, const std::string& name = {});
     /// Ends the line: what it holds, then how long the call took and what FEMAP showed meanwhile.
     void tell(Verdict verdict, const std::string& text, const Answer& answer);
     /// Both: the verdict is whether the types are those believed. Returns the answer.
     Answer read(const Object& object, const std::string& member, const Belief& belief,
-                std::vector<Argument> arguments = {});
+                std::vector<Argument> arguments = {}, const std::string& name = {});
 
     /// An object of the application's; its line says only whether there is one.
     Object object(const Object& application, const std::string& member);

@@ -45,6 +45,11 @@ Column ResultsTable::column(int set, int vector, int location, int entities)
     const Answer title =
         results_.call(named("VectorTitle"), list(set, vector, Argument::out(VT_BSTR)));
     facts.title = title.isOk() ? title.filled[0].text() : "";
+    const Answer info =
+        results_.call(named("VectorInfo"),
+                      list(set, vector, Argument::out(VT_I4), Argument::out(VT_I4),
+                           Argument::out(VT_BOOL), Argument::out(VT_BOOL), Argument::out(VT_I4)));
+    facts.location = info.isOk() ? info.filled[0].number() : 0;
     results_.call("clear");
     if (entities != 0) {
         const Answer needed = results_.call("DataNeeded", list(location, entities));

@@ -59,7 +59,7 @@ velmar_test(study LOCK femap.model LABELS com
     SOURCES StudyOverComTest_windows.cpp
     LINK beside_standin)
 velmar_test(probe LOCK femap.model LABELS com
-    SOURCES DialogWatchTest.cpp ProbeCallTest.cpp ProbeReportTest.cpp ReportReader.cpp ReportTest.cpp
+    SOURCES DialogWatchTest.cpp ProbeCallTest.cpp ProbeReportTest.cpp ReportReader.cpp ReportTest.cpp TypeInformationTest.cpp
     LINK probe beside_standin)
 add_dependencies(probe_test velmar-study)
 velmar_test(reliability
