@@ -1,5 +1,6 @@
 #include "probe/Machine.h"
 
+#include "probe/Registration.h"
 #include "windows/Text.h"
 
 #include <algorithm>
@@ -146,17 +147,24 @@ struct Process
     std::string program;
 };
 
+std::wstring lowerCase(std::wstring text)
+{
+    CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
+    return text;
+}
+
+// FEMAP's own programs, and the one that is registered for FEMAP, whatever its name.
 std::vector<Process> findFemap()
 {
+    const std::wstring server = lowerCase(windows::toWide(serverProgram()));
     std::vector<Process> found;
     const Handle all(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
     PROCESSENTRY32W entry{};
     entry.dwSize = sizeof entry;
     for (BOOL more = Process32FirstW(all.get(), &entry); more;
          more = Process32NextW(all.get(), &entry)) {
-        std::wstring name = entry.szExeFile;
-        CharLowerBuffW(name.data(), static_cast<DWORD>(name.size()));
-        if (name.starts_with(L"femap"))
+        const std::wstring name = lowerCase(entry.szExeFile);
+        if (name.starts_with(L"femap") || name == server)
             found.push_back({entry.th32ProcessID, fromWide(entry.szExeFile)});
     }
     return found;

@@ -10,7 +10,7 @@ namespace probe
 /// A line for each fact; notes FEMAP's processes in the session.
 void probeMachine(Session& session);
 
-/// The processes whose programs have a name that begins with "femap".
+/// The processes of FEMAP: by the names of their programs.
 std::set<DWORD> femapProcesses();
 
 }  // namespace probe

@@ -130,7 +130,8 @@ std::string boundsOf(const VARIANT& array)
 
 bool Value::isNumeric() const
 {
-    return isNumber(raw_.vt & VT_TYPEMASK);
+    const VARTYPE type = raw_.vt & VT_TYPEMASK;
+    return isNumber(type) || (isArray() && type == VT_VARIANT);
 }
 
 std::vector<double> Value::numbers() const

@@ -59,9 +59,19 @@ velmar_test(study LOCK femap.model LABELS com
     SOURCES StudyOverComTest_windows.cpp
     LINK beside_standin)
 velmar_test(probe LOCK femap.model LABELS com
-    SOURCES DialogWatchTest.cpp ProbeCallTest.cpp ProbeReportTest.cpp ReportReader.cpp ReportTest.cpp TypeInformationTest.cpp
+    SOURCES
+        DialogWatchTest.cpp
+        ProbeCallTest.cpp
+        ProbeReportTest.cpp
+        ReportReader.cpp
+        ReportTest.cpp
+        TypeInformationTest.cpp
     LINK probe beside_standin)
 add_dependencies(probe_test velmar-study)
+velmar_test(probe NAME probe_modes_test LOCK femap.model LABELS long
+    SOURCES ProbeModesTest.cpp ReportReader.cpp
+    LINK beside_standin standin)
+add_dependencies(probe_modes_test velmar-study)
 velmar_test(reliability
     SOURCES
         EndedRunsTest_windows.cpp
