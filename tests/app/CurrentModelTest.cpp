@@ -166,6 +166,20 @@ TEST_F(CurrentModel, WithoutANameIsToldOnceAtTheStartOnly)
     EXPECT_EQ(f.form.CommandLine.Text, "");
 }
 
+TEST_F(CurrentModel, IsNoneWhereFemapGivesAnEmptyNameAndCountsNoModels)
+{
+    f.femap.modelName.clear();
+    f.connector.answers["feAppGetAllModels"] = 0;
+
+    Form_Load(f.session, "$beam.log$ALWAYS");
+
+    EXPECT_FALSE(f.form.GenerateButton.Enabled);
+    EXPECT_EQ(f.form.StatusLine.Caption, noModelOpen);
+    f.connector.answers["feAppGetAllModels"] = 1;  // it was never saved
+    FormWindowProc(f.session, 2);
+    EXPECT_TRUE(f.form.GenerateButton.Enabled);
+}
+
 TEST_F(CurrentModel, IsReadAtTheStartWhateverTheSecondWayToFemapSays)
 {
     // The dialog's way to FEMAP and that of the events.

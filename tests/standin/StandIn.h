@@ -27,6 +27,8 @@ public:
     void beBusy(int calls = 1000000) { control().call("standinBusy", calls); }
     /// Rejects this many as a program does that answers nobody, name look-ups too.
     void reject(int calls) { control().call("standinReject", calls); }
+    /// Answers the call after so many others only after this time, in seconds.
+    void stallAt(int call, int seconds) { control().call("standinStallAt", call, seconds); }
     /// Takes the form that registered itself into a window of its own.
     void dock() { control().call("standinDock", 1); }
     /// Closes that window, and the form in it with it.

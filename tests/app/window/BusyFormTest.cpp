@@ -106,6 +106,28 @@ TEST_F(BusyForm, SaysAfterHalfAMinuteWhatItWaitsForAndNoLongerThanItDoes)
     EXPECT_EQ(status(), before);
 }
 
+TEST_F(BusyForm, NamesTheCallThatFemapHasTakenAndNotAnswered)
+{
+    constexpr int thirtyTimesAsFast = 30;
+    const std::string before = status();
+    std::vector<std::string> told;
+    retryPolicy->now = [] {
+        return RetryPolicy::Duration(std::int64_t{GetTickCount()} * thirtyTimesAsFast);
+    };
+    retryPolicy->report = [&](const std::string& text) {
+        window.showStatus(text);
+        told.push_back(status());
+    };
+    femap.stallAt(1, 4);
+
+    press("RefreshInputs");
+
+    ASSERT_THAT(told, testing::SizeIs(1));
+    EXPECT_THAT(told[0], testing::StartsWith("FEMAP has not answered since "));
+    EXPECT_THAT(told[0], HasSubstr(" (application.feAppLock). It computes, or it shows a dialog"));
+    EXPECT_EQ(status(), before);
+}
+
 TEST_F(BusyForm, StartsNoSecondProcedureWhileOneWaits)
 {
     inFirstWait = [&] {

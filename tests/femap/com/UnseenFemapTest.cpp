@@ -21,7 +21,6 @@ using sys::RuntimeError;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Not;
 
 namespace
 {
