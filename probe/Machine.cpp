@@ -41,15 +41,19 @@ std::string reasonOfLastError()
     return windows::describe(HRESULT_FROM_WIN32(GetLastError()));
 }
 
+// Null where the library lacks it.
+template <class Function>
+Function* functionOf(HMODULE library, const char* name)
+{
+    return reinterpret_cast<Function*>(
+        reinterpret_cast<void*>(library == nullptr ? nullptr : GetProcAddress(library, name)));
+}
+
 std::string windowsVersion()
 {
     const HMODULE library = GetModuleHandleW(L"ntdll.dll");
-    using Version = LONG(WINAPI*)(OSVERSIONINFOW*);
-    using WineVersion = const char*(CDECL*)();
-    const auto version = reinterpret_cast<Version>(
-        reinterpret_cast<void*>(GetProcAddress(library, "RtlGetVersion")));
-    const auto wine = reinterpret_cast<WineVersion>(
-        reinterpret_cast<void*>(GetProcAddress(library, "wine_get_version")));
+    const auto version = functionOf<LONG WINAPI(OSVERSIONINFOW*)>(library, "RtlGetVersion");
+    const auto wine = functionOf<const char * CDECL()>(library, "wine_get_version");
     OSVERSIONINFOW info{};
     info.dwOSVersionInfoSize = sizeof info;
     if (version == nullptr || version(&info) != 0)
@@ -117,15 +121,24 @@ std::string region()
                    : "not known";
 }
 
+// The library is asked for at run time, from the system's folder only: one that the program itself
+// imports would be taken from the program's folder first.
 std::string versionOf(const std::wstring& path)
 {
+    static const HMODULE library =
+        LoadLibraryExW(L"version.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    const auto sizeOf =
+        functionOf<decltype(GetFileVersionInfoSizeW)>(library, "GetFileVersionInfoSizeW");
+    const auto read = functionOf<decltype(GetFileVersionInfoW)>(library, "GetFileVersionInfoW");
+    const auto query = functionOf<decltype(VerQueryValueW)>(library, "VerQueryValueW");
+    if (sizeOf == nullptr || read == nullptr || query == nullptr)
+        return "cannot be read";
     DWORD ignored = 0;
-    std::vector<char> data(GetFileVersionInfoSizeW(path.c_str(), &ignored));
+    std::vector<char> data(sizeOf(path.c_str(), &ignored));
     VS_FIXEDFILEINFO* info = nullptr;
     UINT size = 0;
-    if (data.empty() ||
-        !GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(data.size()), data.data()) ||
-        !VerQueryValueW(data.data(), L"\\", reinterpret_cast<void**>(&info), &size))
+    if (data.empty() || !read(path.c_str(), 0, static_cast<DWORD>(data.size()), data.data()) ||
+        !query(data.data(), L"\\", reinterpret_cast<void**>(&info), &size))
         return "none in the file";
     return std::to_string(HIWORD(info->dwFileVersionMS)) + '.' +
            std::to_string(LOWORD(info->dwFileVersionMS)) + '.' +

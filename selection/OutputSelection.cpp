@@ -65,7 +65,8 @@ constexpr TypedKind typedElements = {"Elem",
 std::vector<int> vectorsWithResults(form::Context& context)
 {
     const std::unique_ptr<femap::EntitySet> vectors = context.femap().feSet();
-    vectors->AddAll(EntityType::OutputVector);
+    if (vectors->AddAll(EntityType::OutputVector) != femap::ReturnCode::Ok)
+        context.form.status.tellHint("FEMAP may not have listed all output vectors");
     std::vector<int> ids = vectors->ids();
     if (ids.empty()) {
         const std::string message = "Cannot select outputs without results loaded";

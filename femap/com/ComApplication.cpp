@@ -62,9 +62,12 @@ std::unique_ptr<OutputVector> withFetcher(const ComContext& context, std::unique
 
 // FEMAP since 2020.1 has results by the names that end in V2. It may still answer the names that
 // these supersede, so their being there tells nothing.
-bool isModern(Dispatch& application)
+bool isClassic(Connection& connection, Dispatch& application)
 {
-    return application.has("feResults") && application.object("feResults").has("VectorsV2");
+    if (!connection.isClassic)
+        connection.isClassic =
+            !application.has("feResults") || !application.object("feResults").has("VectorsV2");
+    return *connection.isClassic;
 }
 
 // Window handles fit into 32 bits, and FEMAP takes them as such numbers.
@@ -82,10 +85,10 @@ ComApplication::ComApplication(IDispatch* application, SelectionDialogs* dialogs
 {}
 
 ComApplication::ComApplication(IDispatch* application, SelectionDialogs* dialogs,
-                               std::shared_ptr<Connection> connection, Reading reading)
-    : application_(application, "application", std::move(connection)),
+                               const std::shared_ptr<Connection>& connection, Reading reading)
+    : application_(application, "application", connection),
       dialogs_(dialogs),
-      classic_(!isModern(application_)),
+      classic_(isClassic(*connection, application_)),
       bulk_(reading == Reading::InBulk ? std::make_shared<BulkCapabilities>() : nullptr)
 {}
 

@@ -28,7 +28,7 @@ public:
                    std::shared_ptr<RetryPolicy> retryPolicy, Reading reading = Reading::InBulk);
     /// The same with a connection that others have as well.
     ComApplication(IDispatch* application, SelectionDialogs* dialogs,
-                   std::shared_ptr<Connection> connection, Reading reading);
+                   const std::shared_ptr<Connection>& connection, Reading reading);
 
     void feAppVisible(bool visible) override;
     ReturnCode feFileOpen(bool useDialog, const std::string& path) override;

@@ -55,6 +55,9 @@ public:
         return result;
     }
 
+    /// Whether FEMAP is one before 2020.1; asked once.
+    std::optional<bool> isClassic;
+
     /// False after a call found FEMAP gone.
     bool isAlive() const { return alive_; }
     std::map<std::string, std::optional<DISPID>>& names(const std::string& kind)

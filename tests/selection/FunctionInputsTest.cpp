@@ -15,7 +15,6 @@ using femap::ReturnCode;
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::Field;
 using testing::IsEmpty;
 using testing::Not;
 
@@ -174,10 +173,11 @@ TEST_P(FunctionPickRefused, LeavesTheGridAndTellsTheEngineerWhy)
     EXPECT_THAT(f.names(f.form.InputsList), ElementsAre(""));
     EXPECT_EQ(f.form.returnCode, static_cast<int>(GetParam().code));
     EXPECT_EQ(f.form.StatusLine.Caption, GetParam().message);
-    EXPECT_THAT(f.femap.messages,
-                ElementsAre(AllOf(
-                    Field(&femap::embedded::Host::Message::colour, femap::MessageColour::Error),
-                    Field(&femap::embedded::Host::Message::text, GetParam().message))));
+    EXPECT_THAT(
+        f.femap.messages,
+        ElementsAre(AllOf(
+            testing::Field(&femap::embedded::Host::Message::colour, femap::MessageColour::Error),
+            testing::Field(&femap::embedded::Host::Message::text, GetParam().message))));
     EXPECT_THAT(f.log(), ElementsAre("DEBUG: No Error found Start of fetching function data",
                                      "DEBUG: initialize function", "DEBUG: " + GetParam().message,
                                      "DEBUG: End of fetching function data"));

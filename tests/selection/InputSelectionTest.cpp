@@ -13,7 +13,6 @@ using femap::EntityType;
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::Field;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -45,9 +44,9 @@ TEST_P(EntityKinds, ArePickedInFemapAndGetTheirFields)
 
     f.selectInput(kind.choice, {5}, {kind.field});
 
-    EXPECT_THAT(f.dialogs.asked,
-                ElementsAre(AllOf(Field(&Asked::type, kind.type), Field(&Asked::title, kind.title),
-                                  Field(&Asked::onlyOne, false))));
+    EXPECT_THAT(f.dialogs.asked, ElementsAre(AllOf(testing::Field(&Asked::type, kind.type),
+                                                   testing::Field(&Asked::title, kind.title),
+                                                   testing::Field(&Asked::onlyOne, false))));
     EXPECT_THAT(f.headings(), ElementsAre(kind.heading));
     EXPECT_THAT(f.rows(f.form.InputsList), ElementsAre(kind.row));
     EXPECT_EQ(f.form.returnCode, -1);
@@ -226,7 +225,7 @@ TEST_F(InputSelection, HandsFunctionsToTheirOwnProcedure)
 
     EXPECT_THAT(log, Contains("DEBUG: End of fetching function data"));
     EXPECT_EQ(log.back(), "DEBUG: After click of Select for input parameter");
-    EXPECT_THAT(f.dialogs.asked, ElementsAre(Field(&Asked::type, EntityType::Function)));
+    EXPECT_THAT(f.dialogs.asked, ElementsAre(testing::Field(&Asked::type, EntityType::Function)));
     EXPECT_THAT(f.list.shown, IsEmpty());
 }
 
@@ -236,7 +235,7 @@ TEST_F(InputSelection, HandsLoadDefinitionsToTheirOwnProcedure)
 
     EXPECT_THAT(log, Contains("DEBUG: After fetching load definition data"));
     EXPECT_EQ(log.back(), "DEBUG: After click of Select for input parameter");
-    EXPECT_THAT(f.dialogs.asked, Not(Contains(Field(&Asked::type, EntityType::Node))));
+    EXPECT_THAT(f.dialogs.asked, Not(Contains(testing::Field(&Asked::type, EntityType::Node))));
     EXPECT_THAT(f.list.shown, IsEmpty());
 }
 

@@ -15,7 +15,6 @@ using sys::RuntimeError;
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::Field;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::IsSupersetOf;
@@ -29,10 +28,10 @@ TEST_F(LoadDefinitionInputs, ACancelledSelectionIsToldInTwoWordings)
     UpdateLoadDefinitionInputs(f.context);
 
     EXPECT_THAT(f.femap.messages,
-                ElementsAre(AllOf(
-                    Field(&femap::embedded::Host::Message::colour, femap::MessageColour::Error),
-                    Field(&femap::embedded::Host::Message::text,
-                          "Load Definition selection cancelled..."))));
+                ElementsAre(AllOf(testing::Field(&femap::embedded::Host::Message::colour,
+                                                 femap::MessageColour::Error),
+                                  testing::Field(&femap::embedded::Host::Message::text,
+                                                 "Load Definition selection cancelled..."))));
     EXPECT_EQ(f.form.StatusLine.Caption, "Load Definition selection cancelled...");
     EXPECT_THAT(f.log(),
                 ElementsAre("DEBUG: Before fetching load definition data",

@@ -12,7 +12,6 @@ using femap::EntityType;
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::Field;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -54,9 +53,10 @@ TEST_F(OutputSelection, LogsEveryStepForNodes)
                             "DEBUG: Released FEMAP lock", "DEBUG: After updating output list",
                             "DEBUG: Called update output list for Node",
                             "DEBUG: Position at At end of OutputsButton_Click"));
-    EXPECT_THAT(f.dialogs.asked, ElementsAre(AllOf(Field(&Asked::type, EntityType::Node),
-                                                   Field(&Asked::title, "Select Nodes to Analyze"),
-                                                   Field(&Asked::onlyOne, false))));
+    EXPECT_THAT(f.dialogs.asked,
+                ElementsAre(AllOf(testing::Field(&Asked::type, EntityType::Node),
+                                  testing::Field(&Asked::title, "Select Nodes to Analyze"),
+                                  testing::Field(&Asked::onlyOne, false))));
     EXPECT_THAT(f.headings(), ElementsAre("Node Output Properties"));
     EXPECT_EQ(f.form.returnCode, -1);
 }
@@ -102,8 +102,8 @@ TEST_F(OutputSelection, AsksOncePerTypeOfElement)
     const Texts log = f.logOf([&] { f.selectOutput("Elements"); });
 
     EXPECT_THAT(f.dialogs.asked,
-                ElementsAre(AllOf(Field(&Asked::type, EntityType::Element),
-                                  Field(&Asked::title, "Select Elements to Analyze"))));
+                ElementsAre(AllOf(testing::Field(&Asked::type, EntityType::Element),
+                                  testing::Field(&Asked::title, "Select Elements to Analyze"))));
     EXPECT_THAT(f.headings(),
                 ElementsAre("Solid Element Output Properties", "Plate Element Output Properties"));
     EXPECT_THAT(f.names(f.form.OutputsList),

@@ -20,6 +20,9 @@ namespace
 constexpr std::size_t fewestValues = 20;
 constexpr std::size_t fewestVectors = 4;
 
+// What FEMAP's lists show for a vector without a title; its own title is asked for then.
+constexpr std::string_view noTitle = "Untitled";
+
 }  // namespace
 
 PrefetchingVector::PrefetchingVector(std::unique_ptr<OutputVector> plain,
@@ -159,7 +162,7 @@ void PrefetchingVector::listTitles()
 {
     try {
         for (auto& [id, title] : fetcher_->titles())
-            if (Planned* const planned = find(id))
+            if (Planned* const planned = title == noTitle ? nullptr : find(id))
                 planned->title = std::move(title);
         titles_ = Titles::Listed;
     }

@@ -76,6 +76,7 @@ enum class VectorFlaw
     NoneAtTheEnd,
     NoTitles,
     OtherTitles,
+    NoneIsUntitled,
     FemapIsGone,
 };
 
@@ -118,13 +119,19 @@ public:
             refuse("titles");
         std::vector<std::pair<int, std::string>> result;
         for (const neutral::OutputVector& vector : set_.vectors)
-            result.emplace_back(vector.id, withoutControlCharacters(vector.title) +
-                                               (flaw_ == VectorFlaw::OtherTitles ? "?" : ""));
+            result.emplace_back(vector.id, listedTitle(vector.title));
         return result;
     }
     int classicID(int vectorID) override { return vectorID; }
 
 private:
+    std::string listedTitle(const std::string& title) const
+    {
+        if (flaw_ == VectorFlaw::NoneIsUntitled && title.empty())
+            return "Untitled";
+        return withoutControlCharacters(title) + (flaw_ == VectorFlaw::OtherTitles ? "?" : "");
+    }
+
     neutral::OutputSet& set_;
     Calls& calls_;
     VectorFlaw flaw_;
@@ -141,12 +148,13 @@ struct PrefetchedVectors
         f.model().outputSets.put(set);
     }
 
-    // Vector 2 lacks every third entity, vector 7 all of them.
+    // Vector 2 lacks every third entity, vector 7 all of them; vector 11 has no title.
     static neutral::OutputVector vector(int id)
     {
         neutral::OutputVector result;
         result.id = id;
-        result.title = "Vector\t" + std::to_string(id);
+        if (id != 11)
+            result.title = "Vector\t" + std::to_string(id);
         result.minval = -id;
         result.maxval = id + 0.5;
         for (int entity = 1; entity <= 60 && id != 7; ++entity)
