@@ -1,6 +1,7 @@
 // Reads the load sets of a neutral file (block 507): loads, temperatures and load definitions.
 #include "femap/neutral/NeutralBlocks.h"
 
+#include <climits>
 #include <map>
 #include <utility>
 
