@@ -212,6 +212,7 @@ void compareBulk(Session& session, const Object& application, const EntityKind& 
                  bool isModern)
 {
     std::vector<int> ids;
+    ids.reserve(chosen.size());
     for (const Chosen& each : chosen)
         ids.push_back(each.id);
     session.report.say("In bulk, of " + shown(ids) + ':');

@@ -54,7 +54,7 @@ constexpr CodeWords codeWords[] = {
 
 std::string codeText(HRESULT result)
 {
-    const std::string ofWindows = windows::describe(result);
+    std::string ofWindows = windows::describe(result);
     for (const CodeWords& each : codeWords)
         if (each.code == result)
             return ofWindows.substr(0, ofWindows.find(':')) + ": " + std::string(each.words);

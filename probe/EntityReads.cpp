@@ -96,10 +96,12 @@ std::vector<Chosen> chooseOneOfEachType(Session& session, const Object& applicat
         if (entity.call("Get", list(id)).isOk())
             found.emplace(kind.hasTypes ? entity.call("type").value.number() : 0, id);
     std::vector<Chosen> chosen;
+    chosen.reserve(found.size());
     for (const auto& [type, id] : found)
         chosen.push_back({id, type, fieldsOf(kind, type)});
     std::ranges::sort(chosen, {}, &Chosen::id);  // as bulk calls return them
     std::vector<int> chosenIDs;
+    chosenIDs.reserve(chosen.size());
     for (const Chosen& each : chosen)
         chosenIDs.push_back(each.id);
     session.report.end(chosen.empty() ? Verdict::NotTried : Verdict::Found, shown(chosenIDs));
@@ -233,7 +235,7 @@ void probeKind(Session& session, const Object& application, const EntityKind& ki
 
 std::string typeWord(const EntityKind& kind, int type)
 {
-    const std::string number = "type " + std::to_string(type);
+    std::string number = "type " + std::to_string(type);
     const femap::ElementTypeWord* const word = femap::findElementTypeWord(type);
     if (kind.type == EntityType::Material || word == nullptr)
         return number;

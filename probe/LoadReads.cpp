@@ -77,6 +77,7 @@ void readMechanical(Session& session, const Object& load, int loadType)
     session.read(load, "type", {VT_I4});
     session.read(load, "subtype", {VT_I4});
     std::vector<double> numbers;
+    numbers.reserve(static_cast<std::size_t>(places));
     for (int i = 0; i < places; ++i)
         numbers.push_back(session.read(load, "load", {VT_R8}, list(i)).value.real());
     session.read(load, "vload", {arrayOf(VT_R8)});

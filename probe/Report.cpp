@@ -149,7 +149,8 @@ std::string Report::words(std::string text) const
     if (!hidesNames_)
         return text;
     for (auto each = names_.rbegin(); each != names_.rend(); ++each)
-        for (std::size_t place; (place = text.find(*each)) != std::string::npos;)
+        for (std::size_t place = text.find(*each); place != std::string::npos;
+             place = text.find(*each))
             text.replace(place, each->size(), markOf(*each));
     return text;
 }

@@ -217,7 +217,7 @@ int ApplicationObject::measure(Arguments& arguments)
     MassProperties mass = server().host.measure(elements);
     if (server().modes[Mode::ProductsNegated])
         for (std::vector<double>* const inertia : {&mass.inertia, &mass.inertiaCG})
-            for (const std::size_t product : {1, 3, 4})
+            for (const std::size_t product : {1U, 3U, 4U})
                 (*inertia)[product] = -(*inertia)[product];
     std::size_t index = 4;
     for (const double number : {mass.length, mass.area, mass.volume, mass.structuralMass,

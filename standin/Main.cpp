@@ -45,18 +45,17 @@ void serve(const std::string& model, bool wasStartedByCOM)
 bool run(int argc, wchar_t* argv[])
 {
     const std::string argument = argc > 1 ? fromWide(argv[1]) : std::string();
+    const bool isAlone = argc == 2;
     const femap::com::Apartment apartment;
     if (argc == 1)
         serve({}, false);
     else if (argc == 3 && argument == "--model")
         serve(fromWide(argv[2]), false);
-    else if (argc != 2)
-        return false;
-    else if (argument == "-Embedding" || argument == "/Embedding")
+    else if (isAlone && (argument == "-Embedding" || argument == "/Embedding"))
         serve({}, true);
-    else if (argument == "/regserver")
+    else if (isAlone && argument == "/regserver")
         standin::Registration().add();
-    else if (argument == "/unregserver")
+    else if (isAlone && argument == "/unregserver")
         standin::Registration().remove();
     else
         return false;

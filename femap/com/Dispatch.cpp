@@ -66,7 +66,7 @@ public:
             return describe(result);
         if (info_.pfnDeferredFillIn != nullptr)
             info_.pfnDeferredFillIn(&info_);
-        const std::string description = fromBstr(info_.bstrDescription);
+        std::string description = fromBstr(info_.bstrDescription);
         if (!description.empty())
             return description;
         return info_.wCode == 0 ? describe(info_.scode)

@@ -67,7 +67,8 @@ std::string RetryPolicy::localTimeBefore(Duration time)
 {
     const std::time_t then = std::time(nullptr) - static_cast<std::time_t>(time.count() / 1000);
     std::tm parts{};
-    localtime_s(&parts, &then);
+    if (localtime_s(&parts, &then) != 0)
+        return "?";
     std::array<char, 16> text{};
     return {text.data(), std::strftime(text.data(), text.size(), "%H:%M:%S", &parts)};
 }
