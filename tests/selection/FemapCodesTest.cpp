@@ -38,10 +38,12 @@ protected:
 TEST_F(CodesOfFemap, ThatItPutsNoElementsIntoASetEndsTheMeasurement)
 {
     femap.answers["AddAll"] = ReturnCode::Fail;
+    femap.before("AddAll", [&] { f.femap.sets.rbegin()->second->add({1}); });
 
-    selectMass();
+    EXPECT_THAT([this] { selectMass(); },
+                testing::ThrowsMessage<sys::RuntimeError>(
+                    "FEMAP could not put all elements into a set to measure them"));
 
-    EXPECT_THAT(status(), HasSubstr("FEMAP could not put all elements into a set to measure them"));
     EXPECT_EQ(femap.count("feMeasureMeshMassProp"), 0);
 }
 
@@ -77,14 +79,16 @@ TEST_F(CodesOfFemap, ThatItMayNotHaveListedAllVectorsIsToldWithTheRows)
 
 TEST_F(CodesOfFemap, ThatItCopiesNoSetLeavesTheRowsAsTheyAre)
 {
+    f.addElements({{10, femap::elementPlate}, {11, femap::elementPlate}});
     f.addVector(7020, "Plate Stress", {10, 11}, {1, 2});
     femap.answers["Copy"] = ReturnCode::Fail;
     f.pick({10, 11});
     f.list.chooseAll();
 
-    f.selectOutput("Elements");
+    EXPECT_THAT(
+        [this] { f.selectOutput("Elements"); },
+        testing::ThrowsMessage<sys::RuntimeError>("FEMAP could not copy the selected elements"));
 
-    EXPECT_THAT(status(), HasSubstr("FEMAP could not copy the selected elements"));
     EXPECT_THAT(f.rows(f.form.OutputsList), ElementsAre("\t\t\t\t"));
 }
 
