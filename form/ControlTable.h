@@ -66,9 +66,11 @@ struct ControlRow
     Member member;
     int id = 0;  // of the control's window, the same in every version
     std::string_view caption = {};
-    int line = 0;        // in the frame that stands before it in the table; 0: in none
-    int width = 0;       // in twips; 0: what the line has to spare
-    char accessKey = 0;  // with Alt, presses the button or goes to the field
+    int line = 0;   // in the frame that stands before it in the table; 0: in none
+    int width = 0;  // in twips; 0: what the line has to spare
+    // With Alt, presses the button or goes to the field: a letter of the button's caption, or of
+    // the frame or label before the field.
+    char accessKey = 0;
     std::string_view tip = {};
     std::span<const std::string_view> items = {};  // what a box offers
 
@@ -93,7 +95,7 @@ inline constexpr ControlRow controlTable[] = {
     {"InputSelection",       &FormControls::InputSelection,       1003, "", 1, 2400,
      'N', "Kind of input", inputKinds},
     {"InputsButton",         &FormControls::InputsButton,         1004, "Select...", 1, 1275,
-     'I', "Pick inputs in FEMAP"},
+     'E', "Pick inputs in FEMAP"},
     {"RefreshInputs",        &FormControls::RefreshInputs,        1005, "Refresh Values", 1, 1725,
      'R', "Read the inputs' values from the model again"},
     {"ClearInputSelection",  &FormControls::ClearInputSelection,  1006, "Remove Selected", 1, 1875,
@@ -103,7 +105,7 @@ inline constexpr ControlRow controlTable[] = {
     {"OutputSelection",      &FormControls::OutputSelection,      1009, "", 1, 2400,
      'U', "Kind of output", outputKinds},
     {"OutputsButton",        &FormControls::OutputsButton,        1010, "Select...", 1, 1275,
-     'O', "Pick outputs in FEMAP"},
+     'T', "Pick outputs in FEMAP"},
     {"RefreshOutputs",       &FormControls::RefreshOutputs,       1011, "Refresh Values", 1, 1725,
      'F', "Read the outputs' values from the model again"},
     {"ClearOutputSelection", &FormControls::ClearOutputSelection, 1012, "Remove Selected", 1, 1875,
@@ -112,7 +114,7 @@ inline constexpr ControlRow controlTable[] = {
     {"Execution",            &FormControls::Execution,            1014, "Execution"},
     {"Label1",               &FormControls::Label1,               1015, "Command Line", 1, 1350},
     {"CommandLine",          &FormControls::CommandLine,          1016, "", 1, 0,
-     'L', "Command that runs the solver"},
+     'D', "Command that runs the solver"},
     {"Label2",               &FormControls::Label2,               1017, "CAE Solver", 2, 1350},
     {"Solver",               &FormControls::Solver,               1018, "", 2, 0,
      'S', "Solver that the command line is for", solvers},
@@ -120,7 +122,7 @@ inline constexpr ControlRow controlTable[] = {
     {"Optimizer",            &FormControls::Optimizer,            1020, "", 2, 0,
      'P', "Tool that the files are written for", optimizers},
     {"ClearAll",             &FormControls::ClearAll,             1021, "Clear All", 2, 1500,
-     'C', "Remove all inputs and outputs"},
+     'L', "Remove all inputs and outputs"},
     {"GenerateButton",       &FormControls::GenerateButton,       1022, "Apply", 2, 1500,
      'A', "Write the files of the study"},
     {"StatusLine",           &FormControls::StatusLine,           1023},

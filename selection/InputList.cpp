@@ -156,8 +156,8 @@ std::string variableName(std::string_view field, std::string_view prefix, int id
     return nameStart(field, prefix) + std::to_string(id);
 }
 
-Outcome UpdateInputList(form::Context& context, const std::string& prefix, femap::EntitySet& set,
-                        const std::vector<std::string>& selectedFields,
+Outcome UpdateInputList(form::Context& context, const std::string& prefix,
+                        const std::vector<int>& ids, const std::vector<std::string>& selectedFields,
                         const std::map<std::string, std::string>& fieldMembers,
                         const std::map<std::string, std::string>& fieldIndexes, int propertyType)
 {
@@ -171,7 +171,6 @@ Outcome UpdateInputList(form::Context& context, const std::string& prefix, femap
     Outcome outcome;
     InputRows rows(context, *entity, prefix, outcome);
 
-    const std::vector<int> ids = set.ids();
     outcome.entities = ids.size();
     entity->prefetch(ids, membersOf(fields, propertyType));
     form::Progress progress(context, "Reading inputs", ids.size());

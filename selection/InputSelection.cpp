@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 
 namespace selection
 {
@@ -74,11 +75,11 @@ auto findChoice(const Table& table, const std::string& choice)
 }
 
 void showAndUpdate(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
-                   const std::string& prefix, femap::EntitySet& set, int type,
+                   const std::string& prefix, const std::vector<int>& ids, int type,
                    const std::string& askedFor = {})
 {
     offer(context, dialog, outcome, askedFor);
-    outcome += UpdateInputList(context, prefix, set, dialog.selectedFields, dialog.fieldMembers,
+    outcome += UpdateInputList(context, prefix, ids, dialog.selectedFields, dialog.fieldMembers,
                                dialog.fieldIndexes, type);
 }
 
@@ -87,15 +88,20 @@ void selectProperties(form::Context& context, frmPropertyList& dialog, Outcome& 
 {
     const std::string prefix(typedProperties.word);
     const std::unique_ptr<femap::Entity> entity = context.femap().entity(prefix);
+    const std::vector<int> ids = set.ids();
+    std::map<int, std::vector<int>> idsOfTypes;
     std::vector<int> types;
-    const bool areAllKnown = forEachType(context, typedProperties, *entity, set.ids(), outcome,
-                                         [&](int type) { types.push_back(type); });
+    const bool areAllKnown = forEachType(
+        context, typedProperties, *entity, ids, outcome, [&](int type) { types.push_back(type); },
+        &idsOfTypes);
     // When all have the same type, it need not be read again for each.
     const bool areAlike = areAllKnown && types.size() == 1;
+    int list = 0;
     for (const int type : types) {
+        dialog.asked = {idsOfTypes[type], ++list, static_cast<int>(types.size())};
         const int wanted = areAlike ? everyType : type;
         offerType(context, typedProperties, dialog, type, outcome, [&] {
-            showAndUpdate(context, dialog, outcome, prefix, set, wanted,
+            showAndUpdate(context, dialog, outcome, prefix, ids, wanted,
                           askedFor(typedProperties, wanted));
         });
     }
@@ -117,7 +123,9 @@ void selectEntities(form::Context& context, frmPropertyList& dialog, const Entit
         const std::string prefix(kind.prefix);
         dialog.GetPropertyList(prefix, "");
         logDebug(context.log, "Called the Form Property List for entity type=", prefix);
-        showAndUpdate(context, dialog, outcome, prefix, *set, everyType);
+        const std::vector<int> ids = set->ids();
+        dialog.asked = {ids};
+        showAndUpdate(context, dialog, outcome, prefix, ids, everyType);
     }
     tell(context, outcome);
 }

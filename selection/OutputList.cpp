@@ -120,15 +120,15 @@ public:
         entity_ = context.femap().entity(entityWord);
     }
 
-    void add(femap::EntitySet* set, const std::vector<std::string>& vectorIDs)
+    void add(const std::vector<int>* wanted, const std::vector<std::string>& vectorIDs)
     {
         std::vector<int> ids;
-        if (set != nullptr) {
-            ids = set->ids();
+        if (wanted != nullptr) {
+            ids = *wanted;
             entity_->prefetch(ids, typeIfWanted());
             outcome_.entities = ids.size();
         }
-        const std::size_t entities = set == nullptr ? 1 : ids.size();
+        const std::size_t entities = wanted == nullptr ? 1 : ids.size();
         form::Progress progress(context_, "Reading outputs", entities * vectorIDs.size());
         for (const std::string& text : vectorIDs) {
             const int vectorID = wholeNumberIn(text);
@@ -139,7 +139,7 @@ public:
                 continue;
             }
             logDebug(context_.log, "Got entity of id = ", vectorID);
-            if (set != nullptr)
+            if (wanted != nullptr)
                 addValues(ids, progress);
             else
                 addExtremes(context_, outcome_, *vector_, entityWord_);
@@ -264,7 +264,7 @@ void tidy(form::ParameterGrid& grid)
 }  // namespace
 
 Outcome UpdateOutputList(form::Context& context, const std::string& entityWord,
-                         femap::EntitySet* set, const std::vector<std::string>& chosenEntries,
+                         const std::vector<int>* ids, const std::vector<std::string>& chosenEntries,
                          int elementType)
 {
     logPositionAndClearErrorIfAny(context.log, context.error, "Before updating output list");
@@ -274,7 +274,7 @@ Outcome UpdateOutputList(form::Context& context, const std::string& entityWord,
     if (entityWord == massWord)
         addMassProperties(context, outcome, chosenEntries);
     else
-        VectorRows(context, outcome, entityWord, elementType).add(set, chosenEntries);
+        VectorRows(context, outcome, entityWord, elementType).add(ids, chosenEntries);
     tidy(context.form.OutputsList);
 
     lock.release("Released FEMAP lock");

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 namespace selection
 {
@@ -89,10 +90,12 @@ void renewLists(form::Context& context, frmPropertyList& dialog, const std::vect
 }
 
 void showAndUpdate(form::Context& context, frmPropertyList& dialog, Outcome& outcome,
-                   std::string_view word, femap::EntitySet* set, int type = everyType)
+                   std::string_view word, const std::vector<int>* ids, int type = everyType,
+                   int list = 1)
 {
+    dialog.asked = {ids == nullptr ? std::vector<int>() : *ids, list};
     offer(context, dialog, outcome, askedFor(typedElements, type));
-    outcome += UpdateOutputList(context, std::string(word), set, dialog.chosenEntries(), type);
+    outcome += UpdateOutputList(context, std::string(word), ids, dialog.chosenEntries(), type);
 }
 
 // Asks once for every type of element in the set, in the order in which the types are met.
@@ -105,9 +108,12 @@ void offerElementTypes(form::Context& context, frmPropertyList& dialog, Outcome&
     if (workingCopy->Copy(picked.ID()) != femap::ReturnCode::Ok)  // rows have a set of their own
         throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed,
                                 "FEMAP could not copy the selected elements");
+    const std::vector<int> ids = workingCopy->ids();
+    int list = 0;
     forEachType(context, typedElements, *element, picked.ids(), outcome, [&](int type) {
+        ++list;
         offerType(context, typedElements, dialog, type, outcome,
-                  [&] { showAndUpdate(context, dialog, outcome, word, workingCopy.get(), type); });
+                  [&] { showAndUpdate(context, dialog, outcome, word, &ids, type, list); });
     });
 }
 
@@ -115,9 +121,9 @@ void selectVectors(form::Context& context, frmPropertyList& dialog, Outcome& out
                    const OutputKind& kind)
 {
     const bool isNode = kind.type == EntityType::Node;
-    std::unique_ptr<femap::EntitySet> picked;
+    std::optional<std::vector<int>> ids;
     if (kind.wantsEntities) {
-        picked = context.femap().feSet();
+        const std::unique_ptr<femap::EntitySet> picked = context.femap().feSet();
         const std::string title = "Select " + std::string(kind.choice) + " to Analyze";
         context.form.returnCode = static_cast<int>(picked->Select(kind.type, true, title));
         if (picked->count() <= 0) {
@@ -128,9 +134,10 @@ void selectVectors(form::Context& context, frmPropertyList& dialog, Outcome& out
             offerElementTypes(context, dialog, outcome, *picked);
             return;
         }
+        ids = picked->ids();
     }
     dialog.GetPropertyList("Output", isNode ? "Node" : "AllElements");
-    showAndUpdate(context, dialog, outcome, kind.word, picked.get());
+    showAndUpdate(context, dialog, outcome, kind.word, ids ? &*ids : nullptr);
     logDebug(context.log, "Called update output list for ",
              isNode ? "" : "entity type=", kind.word);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "femap/Application.h"
+#include "selection/AskedList.h"
 #include "selection/FieldCatalogue.h"
 
 #include <array>
@@ -51,7 +52,10 @@ public:
     std::string cmdDeSelect = "Deselect All";
     std::string cmdAdd = "Add";
     std::string cmdCancel = "Cancel";
+    /// Tells lists of different quantities apart.
+    std::string kindOfList() const { return entityKind_ + ' ' + Label2; }
     bool Visible = false;  // from Show to cmdAdd or cmdCancel
+    AskedList asked;       // what the list is for; the caller of Show knows
 
     /// A fresh dialog shows the list of constraints until GetPropertyList is called.
     void Form_Load();

@@ -14,7 +14,8 @@ using logging::logDebug;
 
 bool forEachType(form::Context& context, const TypedKind& kind, femap::Entity& entity,
                  const std::vector<int>& ids, Outcome& outcome,
-                 const std::function<void(int type)>& visit)
+                 const std::function<void(int type)>& visit,
+                 std::map<int, std::vector<int>>* idsOfTypes)
 {
     std::set<int> seen;
     bool areAllKnown = true;
@@ -33,8 +34,11 @@ bool forEachType(form::Context& context, const TypedKind& kind, femap::Entity& e
         if (!isKnown) {
             areAllKnown = false;
             outcome.refusedEntities.insert(id);
+            continue;
         }
-        else if (seen.insert(type).second)
+        if (idsOfTypes != nullptr)
+            (*idsOfTypes)[type].push_back(id);
+        if (seen.insert(type).second)
             visit(type);
     }
     return areAllKnown;

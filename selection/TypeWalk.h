@@ -6,6 +6,7 @@
 #include "selection/PropertyListDialog.h"
 
 #include <functional>
+#include <map>
 #include <span>
 #include <string>
 #include <string_view>
@@ -33,10 +34,12 @@ struct TypedKind
     std::string_view afterSelecting;
 };
 
-/// Visits each type once, when it is first met. False when the type of an entity is not known.
+/// Visits each type once, when it is first met; idsOfTypes, where given, gets the entities of each.
+/// False when the type of an entity is not known.
 bool forEachType(form::Context& context, const TypedKind& kind, femap::Entity& entity,
                  const std::vector<int>& ids, Outcome& outcome,
-                 const std::function<void(int type)>& visit);
+                 const std::function<void(int type)>& visit,
+                 std::map<int, std::vector<int>>* idsOfTypes = nullptr);
 
 /// Fills the dialog for one type, or for every type when there is no list for this one, and goes
 /// on. Errors are reported and end here, so that the next type has its turn.

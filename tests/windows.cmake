@@ -13,7 +13,7 @@ velmar_test_library(beside_standin standin
     LINK femap_com)
 add_dependencies(beside_standin test-standin)
 velmar_test_library(form_driver app/window
-    SOURCES Engineer.cpp FormDriver.cpp FormFiles.cpp Hand.cpp RemoteHeap.cpp
+    SOURCES Engineer.cpp FormDriver.cpp FormFiles.cpp Hand.cpp ListViews.cpp RemoteHeap.cpp
     LINK app_window beside_standin)
 
 velmar_test(windows LINK windows)

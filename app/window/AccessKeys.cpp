@@ -1,11 +1,25 @@
 #include "app/window/AccessKeys.h"
 
+#include "femap/Names.h"
 #include "form/ControlTable.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace window
 {
+
+std::string withAccessKey(std::string_view caption, char key)
+{
+    std::string result(caption);
+    if (key == 0)
+        return result;
+    const auto place = std::ranges::find_if(
+        result, [key](char letter) { return femap::isSameLetter(letter, key); });
+    if (place != result.end())
+        result.insert(place, '&');
+    return result;
+}
 
 AccessKeys::AccessKeys()
 {

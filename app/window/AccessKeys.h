@@ -3,8 +3,14 @@
 
 #include <windows.h>
 
+#include <string>
+#include <string_view>
+
 namespace window
 {
+
+/// A caption as Windows wants it, with the first such letter underlined, in capitals or not.
+std::string withAccessKey(std::string_view caption, char key);
 
 /// The table of access keys that Windows keeps.
 class AccessKeys

@@ -74,7 +74,7 @@ private:
     HWND create(const form::NamedControl& control, HWND parent);
     HWND createPanel(HWND parent, int id);
     HWND createGrid(form::ParameterGrid& grid, HWND parent, int id);
-    void createTips();
+    void addTips();
     void lookForFemap();
     const form::NamedControl* controlWithID(int id);
 

@@ -1,8 +1,11 @@
 // MainWindow: creates the windows of the controls, and their tips.
+#include "app/window/AccessKeys.h"
 #include "app/window/MainWindow.h"
+#include "app/window/Tips.h"
 #include "windows/Text.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace window
 {
@@ -26,7 +29,7 @@ struct WindowOfKind
 // clang-format off
 constexpr WindowOfKind windowsOfKinds[] = {
     {kindOf<form::Frame>,      L"BUTTON",    BS_GROUPBOX, WS_EX_TRANSPARENT, true},
-    {kindOf<form::Label>,      L"STATIC",    SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, 0, true},
+    {kindOf<form::Label>,      L"STATIC",    SS_LEFT | SS_ENDELLIPSIS, 0, true},
     {kindOf<form::Button>,     L"BUTTON",    WS_TABSTOP | BS_PUSHBUTTON, 0, true},
     {kindOf<form::TextBox>,    L"EDIT",      WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, true},
     {kindOf<form::ComboBox>,   L"COMBOBOX",
@@ -35,6 +38,17 @@ constexpr WindowOfKind windowsOfKinds[] = {
     {kindOf<form::VScrollBar>, L"SCROLLBAR", SBS_VERT, 0, false},
 };
 // clang-format on
+
+// The key to underline in a caption: a button's own, else that of the field behind it.
+char accessKeyIn(const form::ControlRow& control)
+{
+    if (control.accessKey != 0 || control.caption.empty())
+        return control.accessKey;
+    const auto* const row =
+        std::ranges::find(form::controlTable, control.id, &form::ControlRow::id);
+    const auto* const next = std::next(row);
+    return next != std::end(form::controlTable) && next->caption.empty() ? next->accessKey : '\0';
+}
 
 }  // namespace
 
@@ -49,7 +63,7 @@ void MainWindow::createControls()
             parent = window;
     }
     program_.form().pointersChanged = [this] { showPointer(); };
-    createTips();
+    addTips();
 }
 
 HWND MainWindow::create(const form::NamedControl& control, HWND parent)
@@ -65,7 +79,8 @@ HWND MainWindow::create(const form::NamedControl& control, HWND parent)
     const WindowOfKind& row =
         *std::ranges::find(windowsOfKinds, control.kind(), &WindowOfKind::kind);
     const HWND window = createControl(row.isContent ? parent : window_, row.windowClass,
-                                      control.caption, row.style, row.extendedStyle, control.id);
+                                      withAccessKey(control.caption, accessKeyIn(control)),
+                                      row.style, row.extendedStyle, control.id);
     for (const std::string_view item : control.items)
         SendMessageW(window, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(item).c_str()));
     if (control.as<form::TextBox>() != nullptr)
@@ -90,29 +105,19 @@ HWND MainWindow::createGrid(form::ParameterGrid& grid, HWND parent, int id)
     return grids_.at(&grid)->window();
 }
 
-// The tips name the access keys, for the captions have no room for them.
-void MainWindow::createTips()
+// The tips name the access keys as well, for those of boxes are in captions beside them.
+void MainWindow::addTips()
 {
-    tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX,
-                            CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window_,
-                            nullptr, GetModuleHandleW(nullptr), nullptr);
+    tips_ = createTips(window_);
     for (const form::NamedControl& each : program_.form().controls()) {
         if (each.tip.empty())
             continue;
-        std::wstring text = toWide(each.tip);
+        std::string text(each.tip);
         if (each.accessKey != 0)
-            text += L"  (Alt+" + toWide(std::string_view(&each.accessKey, 1)) + L')';
-        TTTOOLINFOW info{};
-        info.cbSize = sizeof info;
-        info.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-        info.hwnd = window_;
-        info.uId = reinterpret_cast<UINT_PTR>(windows_.at(each.control));
-        info.lpszText = text.data();
-        SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&info));
+            text.append("  (Alt+").append(1, each.accessKey).append(")");
+        addTip(tips_, window_, windows_.at(each.control), text);
     }
     status_->addTip(tips_, window_);
-    constexpr int timeToRead = 30000;  // milliseconds; messages are longer than usual tips
-    SendMessageW(tips_, TTM_SETDELAYTIME, TTDT_AUTOPOP, timeToRead);
 }
 
 }  // namespace window

@@ -1,5 +1,6 @@
 // MainWindow: position and size of everything in it, resolution and scrolling.
 #include "app/window/MainWindow.h"
+#include "app/window/Tips.h"
 #include "form/Layout.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ void MainWindow::applyResolution(UINT dotsPerInch)
         setFont(window, *font);
     font_ = std::move(font);        // the old one goes when nothing uses it any more
     constexpr int tipWidth = 7500;  // twips
-    SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, pixels_.fromTwips(tipWidth));
+    setTipWidth(tips_, pixels_.fromTwips(tipWidth));
     for (const auto& [grid, view] : grids_)
         view->setResolution(pixels_);
 }

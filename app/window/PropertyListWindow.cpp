@@ -1,6 +1,8 @@
 #include "app/window/PropertyListWindow.h"
 
+#include "app/window/AccessKeys.h"
 #include "app/window/Pixels.h"
+#include "app/window/Tips.h"
 #include "windows/Dialog.h"
 #include "windows/Text.h"
 
@@ -26,6 +28,20 @@ constexpr int dialogWidth = 5 * margin + 4 * buttonWidth + gap;
 constexpr int dialogHeight = 6000;
 constexpr int smallestHeight = 3000;
 
+struct ButtonRow
+{
+    int id;
+    std::string selection::frmPropertyList::*caption;
+    char accessKey;
+};
+
+constexpr ButtonRow buttons[] = {
+    {PropertyListWindow::idSelect, &selection::frmPropertyList::cmdSelect, 'S'},
+    {PropertyListWindow::idDeSelect, &selection::frmPropertyList::cmdDeSelect, 'D'},
+    {PropertyListWindow::idAdd, &selection::frmPropertyList::cmdAdd, 'A'},
+    {PropertyListWindow::idCancel, &selection::frmPropertyList::cmdCancel, 'C'},
+};
+
 SIZE windowSize(HWND window, int width, int height, UINT dotsPerInch)
 {
     const Pixels pixels(dotsPerInch);
@@ -39,10 +55,17 @@ SIZE windowSize(HWND window, int width, int height, UINT dotsPerInch)
 
 void PropertyListWindow::showModal(selection::frmPropertyList& dialog)
 {
+    if (dialog.asked.list == 1)
+        restIsCancelled_ = false;
+    if (restIsCancelled_) {
+        dialog.cmdCancel_Click();
+        return;
+    }
     dialog_ = &dialog;
     const INT_PTR result = windows::showEmptyDialog(owner_(), WS_EX_CONTROLPARENT, procedure, this);
     const bool wasShown = std::exchange(window_, nullptr) != nullptr;
     dialog_ = nullptr;
+    list_.reset();
     font_.reset();
     if (mistake_ != nullptr)
         std::rethrow_exception(std::exchange(mistake_, nullptr));
@@ -92,10 +115,11 @@ INT_PTR PropertyListWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_COMMAND:
-        if (LOWORD(wParam) == idList && HIWORD(wParam) == LBN_DBLCLK)
-            press(idAdd);
-        else if (HIWORD(wParam) == BN_CLICKED)
+        if (HIWORD(wParam) == BN_CLICKED)
             press(LOWORD(wParam));
+        return TRUE;
+    case WM_NOTIFY:
+        notify(*reinterpret_cast<const NMHDR*>(lParam));
         return TRUE;
     case WM_SIZE:
         layOut();
@@ -127,34 +151,33 @@ void PropertyListWindow::initialise()
     const form::ScreenPlace middle = form::centredOn(placeOf(owner_()), size.cx, size.cy);
     moveTo(window_, form::keptWithin(middle, workAreaOf(owner_())));
     layOut();
-    showChoice();
-    SetFocus(GetDlgItem(window_, idList));
+    SetFocus(list_->window());
 }
 
 void PropertyListWindow::createControls()
 {
     createControl(window_, L"STATIC", dialog_->Label2, SS_LEFT | SS_NOPREFIX, 0, idHeading);
-    const HWND list =
-        createControl(window_, L"LISTBOX", "",
-                      WS_TABSTOP | WS_VSCROLL | LBS_EXTENDEDSEL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
-                      WS_EX_CLIENTEDGE, idList);
-    createControl(window_, L"BUTTON", dialog_->cmdSelect, WS_TABSTOP, 0, idSelect);
-    createControl(window_, L"BUTTON", dialog_->cmdDeSelect, WS_TABSTOP, 0, idDeSelect);
-    createControl(window_, L"BUTTON", dialog_->cmdAdd, WS_TABSTOP | BS_DEFPUSHBUTTON, 0, idAdd);
-    createControl(window_, L"BUTTON", dialog_->cmdCancel, WS_TABSTOP, 0, idCancel);
-
-    SendMessageW(list, WM_SETREDRAW, FALSE, 0);
-    SendMessageW(list, LB_INITSTORAGE, dialog_->lstProperties.items.size(), 0);
-    for (const selection::MultiSelectList::Item& item : dialog_->lstProperties.items)
-        SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(item.text).c_str()));
-    SendMessageW(list, WM_SETREDRAW, TRUE, 0);
+    const HWND asked = createControl(
+        window_, L"STATIC", "", SS_LEFT | SS_NOPREFIX | SS_NOTIFY | SS_ENDELLIPSIS, 0, idAsked);
+    tips_ = createTips(window_);
+    addTip(tips_, window_, asked, {});
+    say(dialog_->asked.text());
+    list_ = std::make_unique<TickList>(
+        window_, idList, dialog_->lstProperties, [this](const std::string& text, bool isFound) {
+            say(isFound ? "Typed: " + text : "No line here has: " + text);
+        });
+    for (const ButtonRow& each : buttons) {
+        const DWORD style = each.id == idAdd ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+        createControl(window_, L"BUTTON", withAccessKey(dialog_->*each.caption, each.accessKey),
+                      WS_TABSTOP | style, 0, each.id);
+    }
 }
 
 void PropertyListWindow::applyResolution(UINT dotsPerInch)
 {
     dotsPerInch_ = dotsPerInch;
     auto font = std::make_unique<Font>(dotsPerInch);
-    for (const int id : {idHeading, idList, idSelect, idDeSelect, idAdd, idCancel})
+    for (const int id : {idHeading, idAsked, idList, idSelect, idDeSelect, idAdd, idCancel})
         setFont(GetDlgItem(window_, id), *font);
     font_ = std::move(font);  // the old one goes when nothing uses it any more
 }
@@ -170,39 +193,58 @@ void PropertyListWindow::layOut()
         MoveWindow(GetDlgItem(window_, id), pixels.fromTwips(left), pixels.fromTwips(top),
                    pixels.fromTwips(controlWidth), pixels.fromTwips(controlHeight), TRUE);
     };
-    const int listTop = margin + headingHeight;
+    const int askedTop = margin - gap / 2 + headingHeight;
+    const int listTop = askedTop + headingHeight + gap / 2;
     const int buttonTop = height - margin - buttonHeight;
     const int right = width - margin;
     setBounds(idHeading, margin, margin - gap / 2, width - 2 * margin, headingHeight);
+    setBounds(idAsked, margin, askedTop, width - 2 * margin, headingHeight);
     setBounds(idList, margin, listTop, width - 2 * margin, buttonTop - gap - listTop);
     setBounds(idSelect, margin, buttonTop, buttonWidth, buttonHeight);
     setBounds(idDeSelect, margin + buttonWidth + gap, buttonTop, buttonWidth, buttonHeight);
     setBounds(idAdd, right - 2 * buttonWidth - gap, buttonTop, buttonWidth, buttonHeight);
     setBounds(idCancel, right - buttonWidth, buttonTop, buttonWidth, buttonHeight);
+    list_->fitWidth();
 }
 
-// Selects all at once where all are meant, and paints once: there may be thousands of items. Not by
-// LB_SELITEMRANGEEX, which takes the selection away where first and last are the same item.
-void PropertyListWindow::showChoice()
+void PropertyListWindow::notify(const NMHDR& header)
 {
-    const HWND list = GetDlgItem(window_, idList);
-    const auto& items = dialog_->lstProperties.items;
-    const bool all = std::ranges::all_of(items, &selection::MultiSelectList::Item::selected);
-    SendMessageW(list, WM_SETREDRAW, FALSE, 0);
-    SendMessageW(list, LB_SETSEL, all ? TRUE : FALSE, -1);
-    for (std::size_t item = 0; !all && item < items.size(); ++item)
-        if (items[item].selected)
-            SendMessageW(list, LB_SETSEL, TRUE, static_cast<LPARAM>(item));
-    SendMessageW(list, WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(list, nullptr, TRUE);
+    if (list_ == nullptr || header.hwndFrom != list_->window())
+        return;
+    list_->notify(header);
+    if (header.code != LVN_KEYDOWN)
+        return;
+    const WORD key = reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey;
+    if (key == keyToTickAgain)
+        tickAgain();
+    else if (key == 'A' && GetKeyState(VK_CONTROL) < 0)
+        press(idSelect);
 }
 
-void PropertyListWindow::takeChoice()
+// On the line under the heading; all of it in the line's tip.
+void PropertyListWindow::say(const std::string& text)
 {
-    const HWND list = GetDlgItem(window_, idList);
-    int item = 0;
-    for (selection::MultiSelectList::Item& each : dialog_->lstProperties.items)
-        each.selected = SendMessageW(list, LB_GETSEL, static_cast<WPARAM>(item++), 0) > 0;
+    const HWND line = GetDlgItem(window_, idAsked);
+    setWindowText(line, text);
+    setTip(tips_, window_, line, text);
+}
+
+void PropertyListWindow::tickAgain()
+{
+    const auto last = lastTicked_.find(dialog_->kindOfList());
+    if (last == lastTicked_.end()) {
+        say("No list of this kind was answered before");
+        return;
+    }
+    std::size_t count = 0;
+    for (selection::MultiSelectList::Item& item : dialog_->lstProperties.items)
+        if (last->second.contains(item.text)) {
+            item.selected = true;
+            ++count;
+        }
+    list_->update();
+    say(std::to_string(count) + " of " + std::to_string(last->second.size()) +
+        " ticked as in the last list of this kind");
 }
 
 void PropertyListWindow::press(int id)
@@ -210,24 +252,35 @@ void PropertyListWindow::press(int id)
     switch (id) {
     case idSelect:
         dialog_->cmdSelect_Click();
-        showChoice();
+        list_->update();
         break;
     case idDeSelect:
         dialog_->cmdDeSelect_Click();
-        showChoice();
+        list_->update();
         break;
     case idAdd:
-        takeChoice();
-        dialog_->cmdAdd_Click();
-        EndDialog(window_, idAdd);
+        add();
         break;
     case idCancel:
+        // With Shift those that would follow are answered likewise.
+        restIsCancelled_ = GetKeyState(VK_SHIFT) < 0;
         dialog_->cmdCancel_Click();
         EndDialog(window_, idCancel);
         break;
     default:
         break;
     }
+}
+
+void PropertyListWindow::add()
+{
+    std::set<std::string>& ticked = lastTicked_[dialog_->kindOfList()];
+    ticked.clear();
+    for (const selection::MultiSelectList::Item& item : dialog_->lstProperties.items)
+        if (item.selected)
+            ticked.insert(item.text);
+    dialog_->cmdAdd_Click();
+    EndDialog(window_, idAdd);
 }
 
 }  // namespace window

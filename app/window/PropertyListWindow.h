@@ -1,14 +1,19 @@
-// The property list dialog on the screen, modal to the main form.
+// The property list dialog on the screen, modal to the main form. Beside its own controls it has a
+// line that tells what the list is for.
 #pragma once
 
 #include "app/window/Controls.h"
+#include "app/window/TickList.h"
 #include "selection/PropertyListDialog.h"
 
 #include <windows.h>
 
 #include <exception>
 #include <functional>
+#include <map>
 #include <memory>
+#include <set>
+#include <string>
 
 namespace window
 {
@@ -21,6 +26,7 @@ public:
     static constexpr int idList = 2002;
     static constexpr int idSelect = 2003;
     static constexpr int idDeSelect = 2004;
+    static constexpr int idAsked = 2005;
     static constexpr int idAdd = IDOK;         // Enter
     static constexpr int idCancel = IDCANCEL;  // Esc
 
@@ -34,6 +40,8 @@ public:
     /// Ends the dialog as Cancel does, if it is open.
     void cancel();
 
+    static constexpr int keyToTickAgain = VK_F3;  // what was ticked in the last list of this kind
+
 private:
     static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam);
@@ -41,9 +49,11 @@ private:
     void createControls();
     void applyResolution(UINT dotsPerInch);
     void layOut();
-    void showChoice();
-    void takeChoice();
+    void notify(const NMHDR& header);
+    void say(const std::string& text);
+    void tickAgain();
     void press(int id);
+    void add();
     template <class Step>
     void guarded(Step&& step);
 
@@ -51,6 +61,10 @@ private:
     std::function<HWND()> owner_;
     selection::frmPropertyList* dialog_ = nullptr;  // while it is shown
     HWND window_ = nullptr;
+    std::unique_ptr<TickList> list_;
+    HWND tips_ = nullptr;
+    bool restIsCancelled_ = false;                             // of the lists in this click
+    std::map<std::string, std::set<std::string>> lastTicked_;  // by kind of list
     std::unique_ptr<Font> font_;
     UINT dotsPerInch_ = USER_DEFAULT_SCREEN_DPI;
 };

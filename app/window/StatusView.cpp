@@ -1,8 +1,8 @@
 #include "app/window/StatusView.h"
 
+#include "app/window/Tips.h"
 #include "windows/Text.h"
 
-#include <commctrl.h>
 #include <string>
 
 namespace window
@@ -18,17 +18,6 @@ namespace
 constexpr DWORD ownStyle = SS_OWNERDRAW | SS_NOTIFY | SS_NOPREFIX;
 constexpr UINT twoLines = DT_LEFT | DT_WORDBREAK | DT_EDITCONTROL | DT_END_ELLIPSIS | DT_NOPREFIX;
 
-TTTOOLINFOW toolOf(HWND window, HWND owner, std::wstring& text)
-{
-    TTTOOLINFOW info{};
-    info.cbSize = sizeof info;
-    info.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    info.hwnd = owner;
-    info.uId = reinterpret_cast<UINT_PTR>(window);
-    info.lpszText = text.data();
-    return info;
-}
-
 }  // namespace
 
 StatusView::StatusView(HWND parent, int id)
@@ -39,20 +28,16 @@ void StatusView::addTip(HWND tips, HWND owner)
 {
     tips_ = tips;
     tipOwner_ = owner;
-    std::wstring text = toWide(windowText(window_));
-    TTTOOLINFOW info = toolOf(window_, tipOwner_, text);
-    SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&info));
+    window::addTip(tips_, tipOwner_, window_, windowText(window_));
 }
 
 void StatusView::show(std::string_view text)
 {
     if (windowText(window_) == text)
         return;
-    std::wstring wide = toWide(text);
-    SetWindowTextW(window_, wide.c_str());
+    SetWindowTextW(window_, toWide(text).c_str());
     InvalidateRect(window_, nullptr, TRUE);
-    TTTOOLINFOW info = toolOf(window_, tipOwner_, wide);
-    SendMessageW(tips_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&info));
+    setTip(tips_, tipOwner_, window_, text);
 }
 
 void StatusView::draw(const DRAWITEMSTRUCT& item) const

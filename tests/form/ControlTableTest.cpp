@@ -74,8 +74,9 @@ TEST(ControlTable, HasEveryAccessKeyOnce)
     for (const form::ControlRow& each : form::controlTable)
         if (each.accessKey != 0)
             keys.push_back(each.accessKey);
-    std::ranges::sort(keys);
 
+    EXPECT_EQ(std::string(keys.begin(), keys.end()), "NERMUTFVDSPLA");
+    std::ranges::sort(keys);
     EXPECT_EQ(std::ranges::adjacent_find(keys), keys.end());
 }
 

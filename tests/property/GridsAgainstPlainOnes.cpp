@@ -198,7 +198,7 @@ private:
                 indexes[field.title] = std::to_string(field.index);
         }
         const auto set = setOf(femap::EntityType::Property, ids);
-        selection::UpdateInputList(f.context, "Prop", *set, titles, members, indexes, type);
+        selection::UpdateInputList(f.context, "Prop", set->ids(), titles, members, indexes, type);
 
         for (const int id : ids)
             if (type == -1 || id % 2 == 0)
@@ -285,7 +285,8 @@ private:
     {
         const std::vector<int> ids = someIds(random_);
         const auto set = setOf(femap::EntityType::Node, ids);
-        selection::UpdateOutputList(f.context, "Node", set.get(), vectors);
+        const std::vector<int> setIDs = set->ids();
+        selection::UpdateOutputList(f.context, "Node", &setIDs, vectors);
 
         for (const std::string& text : vectors) {
             const int vector = std::stoi(text);

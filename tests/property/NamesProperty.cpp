@@ -146,7 +146,8 @@ TEST(NameOfARandomVector, IsShortenedToTenCharactersAtAnEntityAndToFourteenForIt
 
         const auto nodes = f.context.femap().feSet();
         nodes->AddAll(femap::EntityType::Node);
-        selection::UpdateOutputList(f.context, "Node", nodes.get(), ids);
+        const std::vector<int> nodesIDs = nodes->ids();
+        selection::UpdateOutputList(f.context, "Node", &nodesIDs, ids);
         selection::UpdateOutputList(f.context, "Node", nullptr, ids);
 
         EXPECT_EQ(f.names(f.form.OutputsList), expected);

@@ -104,7 +104,7 @@ TEST(ValuesOfARandomModel, AreTheSameDoublesInTheFileOfInputValues)
         const auto set = f.context.femap().feSet();
         set->AddAll(femap::EntityType::Node);
 
-        selection::UpdateInputList(f.context, "Node", *set, {"X"}, {{"X", "x"}}, {});
+        selection::UpdateInputList(f.context, "Node", set->ids(), {"X"}, {{"X", "x"}}, {});
         generate::GenerateButton_Click(f.context);
 
         std::map<std::string, double> read;

@@ -137,7 +137,7 @@ TEST_F(UpdateInputListTest, TakesOnlyEntitiesOfTheGivenType)
     set->AddAll(femap::EntityType::Property);
 
     const Texts log = f.logOf([&] {
-        UpdateInputList(f.context, "Prop", *set, {"Color"}, {{"Color", "Color"}}, {},
+        UpdateInputList(f.context, "Prop", set->ids(), {"Color"}, {{"Color", "Color"}}, {},
                         femap::elementBeam);
     });
 
@@ -153,7 +153,7 @@ TEST_F(UpdateInputListTest, RewindsTheSetBeforeItWalks)
     while (set->Next() != 0)
         continue;
 
-    UpdateInputList(f.context, "Node", *set, {"x"}, {{"x", "x"}}, {});
+    UpdateInputList(f.context, "Node", set->ids(), {"x"}, {{"x", "x"}}, {});
 
     EXPECT_THAT(f.names(f.form.InputsList), ElementsAre("xAtNode1"));
 }
@@ -300,7 +300,7 @@ TEST_F(UpdateInputListTest, SkipsAnEntityThatFemapLacks)
     f.addNodes({2});
 
     const Texts log = f.logOf([&] {
-        UpdateInputList(f.context, "Node", *set, {"x"}, {{"x", "x"}}, {});
+        UpdateInputList(f.context, "Node", set->ids(), {"x"}, {{"x", "x"}}, {});
     });
 
     EXPECT_THAT(f.names(f.form.InputsList), ElementsAre("xAtNode2"));
@@ -316,7 +316,7 @@ TEST_F(UpdateInputListTest, SkipsAnEntityThatFemapLacksEvenWithTheLogOff)
     set->AddAll(femap::EntityType::Node);
     f.model().nodes = {};
 
-    UpdateInputList(f.context, "Node", *set, {"x"}, {{"x", "x"}}, {});
+    UpdateInputList(f.context, "Node", set->ids(), {"x"}, {{"x", "x"}}, {});
 
     EXPECT_THAT(f.names(f.form.InputsList), ElementsAre(""));
 }
@@ -332,7 +332,7 @@ TEST_P(InputListFailure, EndsTheUpdate)
     set->AddAll(femap::EntityType::Property);
     f.watchFemap().failAt(GetParam());
 
-    EXPECT_THROW(UpdateInputList(f.context, "Prop", *set, {"Color"}, {{"Color", "Color"}}, {},
+    EXPECT_THROW(UpdateInputList(f.context, "Prop", set->ids(), {"Color"}, {{"Color", "Color"}}, {},
                                  femap::elementBeam),
                  sys::RuntimeError);
 
@@ -348,7 +348,7 @@ TEST_F(UpdateInputListTest, NeedsFemap)
     const auto set = f.context.femap().feSet();
     f.context.application.reset();
 
-    EXPECT_THROW(UpdateInputList(f.context, "Node", *set, {}, {}, {}), sys::RuntimeError);
+    EXPECT_THROW(UpdateInputList(f.context, "Node", set->ids(), {}, {}, {}), sys::RuntimeError);
 }
 
 TEST_F(UpdateInputListTest, RefusesAnIndexThatIsNoNumber)
@@ -357,8 +357,9 @@ TEST_F(UpdateInputListTest, RefusesAnIndexThatIsNoNumber)
     const auto set = f.context.femap().feSet();
     set->AddAll(femap::EntityType::Node);
 
-    EXPECT_THROW(UpdateInputList(f.context, "Node", *set, {"x"}, {{"x", "x"}}, {{"x", "first"}}),
-                 sys::RuntimeError);
+    EXPECT_THROW(
+        UpdateInputList(f.context, "Node", set->ids(), {"x"}, {{"x", "x"}}, {{"x", "first"}}),
+        sys::RuntimeError);
 }
 
 TEST_F(UpdateInputListTest, ShowsHowFarALongWalkHasCome)

@@ -33,7 +33,8 @@ protected:
     void updateNodes(const Texts& vectors)
     {
         const auto set = all(femap::EntityType::Node);
-        UpdateOutputList(f.context, "Node", set.get(), vectors);
+        const std::vector<int> setIDs = set->ids();
+        UpdateOutputList(f.context, "Node", &setIDs, vectors);
     }
 };
 
@@ -137,9 +138,10 @@ TEST_F(UpdateOutputListTest, TakesOnlyElementsOfTheGivenType)
     f.addElements({{1, femap::elementPlate}, {2, femap::elementSolid}, {3, femap::elementPlate}});
     f.addVector(7020, "Stress", {1, 2, 3}, {10, 20, 30});
     const auto set = all(femap::EntityType::Element);
+    const std::vector<int> setIDs = set->ids();
 
     const Texts log = f.logOf(
-        [&] { UpdateOutputList(f.context, "Elem", set.get(), {"7020 "}, femap::elementPlate); });
+        [&] { UpdateOutputList(f.context, "Elem", &setIDs, {"7020 "}, femap::elementPlate); });
 
     EXPECT_THAT(f.names(f.form.OutputsList), ElementsAre("Stress7020AtElem1", "Stress7020AtElem3"));
     EXPECT_THAT(log, Contains("DEBUG: Got entity of id = 2"));
@@ -163,12 +165,11 @@ TEST_F(UpdateOutputListTest, SkipsEntitiesAndVectorsThatFemapLacks)
     f.addNodes({1, 2});
     f.addVector(1, "V", {1, 2}, {4, 5});
     const auto set = all(femap::EntityType::Node);
+    const std::vector<int> setIDs = set->ids();
     f.model().nodes = {};
     f.addNodes({2});
 
-    const Texts log = f.logOf([&] {
-        UpdateOutputList(f.context, "Node", set.get(), {"9 ", "1 "});
-    });
+    const Texts log = f.logOf([&] { UpdateOutputList(f.context, "Node", &setIDs, {"9 ", "1 "}); });
 
     EXPECT_THAT(f.names(f.form.OutputsList), ElementsAre("V1AtNode2"));
     EXPECT_THAT(log, Contains("ERROR: FEMAP has no output vector with the ID 9"));
@@ -233,8 +234,9 @@ TEST_P(OutputDuplicates, GiveWayToTheNewRow)
     fill(f.form.OutputsList, GetParam().before, restOfRow);
     const auto set = f.context.femap().feSet();
     set->AddAll(femap::EntityType::Node);
+    const std::vector<int> setIDs = set->ids();
 
-    const Texts log = f.logOf([&] { UpdateOutputList(f.context, "Node", set.get(), {"1 "}); });
+    const Texts log = f.logOf([&] { UpdateOutputList(f.context, "Node", &setIDs, {"1 "}); });
 
     EXPECT_EQ(f.names(f.form.OutputsList), GetParam().after);
     EXPECT_THAT(
@@ -352,9 +354,10 @@ TEST_F(UpdateOutputListTest, EndsAtOnceWhenFemapIsGone)
     f.addNodes({1});
     f.addVector(1, "V", {1}, {4});
     const auto set = all(femap::EntityType::Node);
+    const std::vector<int> setIDs = set->ids();
     f.watchFemap().dieAt("Node.Get 1");
 
-    EXPECT_THROW(UpdateOutputList(f.context, "Node", set.get(), {"1 "}), femap::ConnectionLost);
+    EXPECT_THROW(UpdateOutputList(f.context, "Node", &setIDs, {"1 "}), femap::ConnectionLost);
 }
 
 class OutputListFailure : public testing::TestWithParam<const char*>
@@ -367,9 +370,10 @@ TEST_P(OutputListFailure, EndsTheUpdate)
     f.addVector(1, "V", {3}, {4});
     const auto set = f.context.femap().feSet();
     set->AddAll(femap::EntityType::Element);
+    const std::vector<int> setIDs = set->ids();
     f.watchFemap().failAt(GetParam());
 
-    EXPECT_THROW(UpdateOutputList(f.context, "Elem", set.get(), {"1 "}, femap::elementPlate),
+    EXPECT_THROW(UpdateOutputList(f.context, "Elem", &setIDs, {"1 "}, femap::elementPlate),
                  sys::RuntimeError);
 
     EXPECT_THAT(f.log(), Not(Contains("DEBUG: After updating output list")));

@@ -83,7 +83,7 @@ const Texts constraintList = {"Degrees of freedom 0",
                               "layer",
                               "expanded"};
 
-struct ListCase
+struct FilledList
 {
     const char* name;
     const char* kind;
@@ -92,7 +92,7 @@ struct ListCase
     Texts items;
 };
 
-const ListCase listCases[] = {
+const FilledList listCases[] = {
     {"Node", "Node", "", "Node Properties", nodeList},
     {"Elem", "Elem", "", "Element Properties", elementList},
     {"Bar", "Prop", "Bar", "Bar Properties", beamList + commonList},
@@ -134,7 +134,7 @@ struct Place
 };
 
 // Where FEMAP keeps a field, told from its name and its position in the list.
-Place placeOf(const ListCase& list, int position)
+Place placeOf(const FilledList& list, int position)
 {
     const std::string& field = list.items[static_cast<std::size_t>(position)];
     const bool isCommon =
@@ -157,7 +157,7 @@ Place placeOf(const ListCase& list, int position)
     return {field, list.kind == std::string("MeshMass") ? std::to_string(position) : ""};
 }
 
-class FieldLists : public testing::TestWithParam<ListCase>
+class FieldLists : public testing::TestWithParam<FilledList>
 {};
 
 TEST_P(FieldLists, AreShownUnderTheirHeading)

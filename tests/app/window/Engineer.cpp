@@ -1,5 +1,6 @@
 #include "Engineer.h"
 
+#include "ListViews.h"
 #include "app/window/PropertyListWindow.h"
 #include "windows/Text.h"
 
@@ -82,10 +83,14 @@ std::vector<std::string> itemsIn(const std::string& choice)
 }
 
 // Where an item of the property list is; an output vector goes by its ID alone, too.
-LRESULT placeInChoice(HWND list, const std::string& item)
+int lineOf(const std::vector<std::string>& offered, const std::string& item)
 {
-    const LRESULT place = findInList(list, LB_FINDSTRINGEXACT, item);
-    return place >= 0 ? place : findInList(list, LB_FINDSTRING, item + " - ");
+    for (int place = 0; const std::string& each : offered) {
+        if (each == item || each.starts_with(item + " - "))
+            return place;
+        ++place;
+    }
+    return -1;
 }
 
 }  // namespace
@@ -262,18 +267,18 @@ void Engineer::answerChoice(HWND dialog)
 {
     const std::string choice = choices_.front();
     choices_.pop_front();
-    const HWND list = GetDlgItem(dialog, PropertyListWindow::idList);
+    const HWND list = form_->list();
     const HWND add = GetDlgItem(dialog, PropertyListWindow::idAdd);
     waitFor("the property list to be ready", [&] { return IsWindowVisible(add) != FALSE; });
     const std::vector<std::string> items =
         choice == "none" ? std::vector<std::string>() : itemsIn(choice);
-    bool isFurther = false;
+    const std::vector<std::string> offered = form_->offered();
     for (const std::string& item : items) {
-        const LRESULT place = placeInChoice(list, item);
+        const int place = lineOf(offered, item);
         if (place < 0)
             throw std::runtime_error("\"" + line_ + "\": the list does not offer " + item);
-        markInList(list, place, isFurther);
-        isFurther = true;
+        hand_.clickAt(placeIn(list, rowPlaceIn(list, intoView(list, place))));
+        waitFor("a line to be ticked", [&] { return isTicked(list, place); });
     }
     if (items.size() == 1)
         hand_.key({"Return"});
@@ -306,13 +311,18 @@ void Engineer::bringIntoView(HWND list, int item, const std::function<int()>& to
     }
 }
 
+int Engineer::intoView(HWND listView, int item)
+{
+    bringIntoView(
+        listView, item, [&] { return listNumber(listView, LVM_GETTOPINDEX); },
+        [&] { return listNumber(listView, LVM_GETCOUNTPERPAGE); });
+    return item;
+}
+
 POINT Engineer::rowOf(const std::string& grid, int item)
 {
     const HWND list = form_->control(grid);
-    bringIntoView(
-        list, item, [&] { return listNumber(list, LVM_GETTOPINDEX); },
-        [&] { return listNumber(list, LVM_GETCOUNTPERPAGE); });
-    return placeIn(list, form_->rowPlace(grid, item));
+    return placeIn(list, rowPlaceIn(list, intoView(list, item)));
 }
 
 // The Shift key goes down while another control has the keyboard: in a grid it would be one more
@@ -324,7 +334,7 @@ void Engineer::select(std::string_view argument)
     const bool isRange = !argument.empty();
     const int last = isRange ? numberIn(argument) - 1 : first;
     const HWND list = form_->control(grid);
-    hand_.clickAt(placeIn(list, form_->rowPlace(grid, listNumber(list, LVM_GETTOPINDEX))));
+    hand_.clickAt(placeIn(list, rowPlaceIn(list, listNumber(list, LVM_GETTOPINDEX))));
     rowOf(grid, last);
     hand_.clickAt(rowOf(grid, first));
     waitFor("the row to be selected",

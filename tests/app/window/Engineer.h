@@ -48,6 +48,7 @@ private:
     void markInList(HWND list, LRESULT item, bool further);
     void bringIntoView(HWND list, int item, const std::function<int()>& top,
                        const std::function<int()>& visibleCount);
+    int intoView(HWND listView, int item);
     POINT rowOf(const std::string& grid, int item);
     void waitFor(const std::string& what, const std::function<bool()>& condition);
 

@@ -1,5 +1,6 @@
 #include "FormDriver.h"
 
+#include "ListViews.h"
 #include "RemoteHeap.h"
 #include "RemoteMemory.h"
 #include "app/window/PropertyListWindow.h"
@@ -219,8 +220,7 @@ void FormDriver::sendEvent(WPARAM code)
     PostMessageA(window(), RegisterWindowMessageA("FE_EVENT_MESSAGE"), code, 0);
 }
 
-LRESULT FormDriver::askList(std::string_view grid, UINT message, WPARAM item, LVITEMW info,
-                            std::wstring* text)
+LRESULT FormDriver::askList(HWND list, UINT message, WPARAM item, LVITEMW info, std::wstring* text)
 {
     constexpr std::size_t textAt = 512;
     constexpr std::size_t size = 16384;
@@ -228,7 +228,7 @@ LRESULT FormDriver::askList(std::string_view grid, UINT message, WPARAM item, LV
     info.cchTextMax = 4000;
     info.pszText = reinterpret_cast<wchar_t*>(there.address(textAt));
     there.write(info);
-    const LRESULT answer = SendMessageW(control(grid), message, item, there.parameter());
+    const LRESULT answer = SendMessageW(list, message, item, there.parameter());
     if (text != nullptr)
         *text = there.text(textAt, static_cast<std::size_t>(answer));
     return answer;
@@ -244,7 +244,7 @@ std::string FormDriver::cell(std::string_view grid, int item, int column)
     LVITEMW info{};
     info.iSubItem = column;
     std::wstring text;
-    askList(grid, LVM_GETITEMTEXTW, static_cast<WPARAM>(item), info, &text);
+    askList(control(grid), LVM_GETITEMTEXTW, static_cast<WPARAM>(item), info, &text);
     return fromWide(text);
 }
 
@@ -268,29 +268,17 @@ void FormDriver::markRow(std::string_view grid, int item, bool marked)
     LVITEMW info{};
     info.state = marked ? LVIS_SELECTED : 0;
     info.stateMask = LVIS_SELECTED;
-    askList(grid, LVM_SETITEMSTATE, static_cast<WPARAM>(item), info);
+    askList(control(grid), LVM_SETITEMSTATE, static_cast<WPARAM>(item), info);
 }
 
 POINT FormDriver::rowPlace(std::string_view grid, int item)
 {
-    const HWND list = control(grid);
-    const auto spacing = [&](int rows) {
-        return HIWORD(SendMessageW(list, LVM_APPROXIMATEVIEWRECT, static_cast<WPARAM>(rows), -1));
-    };
-    RECT header{};
-    GetWindowRect(FindWindowExW(list, nullptr, L"SysHeader32", nullptr), &header);
-    const int rowHeight = spacing(2) - spacing(1);
-    const int above = item - static_cast<int>(SendMessageW(list, LVM_GETTOPINDEX, 0, 0));
-    return {20, header.bottom - header.top + rowHeight * above + rowHeight / 2};
+    return rowPlaceIn(control(grid), item);
 }
 
 void FormDriver::click(std::string_view grid, int item)
 {
-    const HWND list = control(grid);
-    const POINT row = rowPlace(grid, item);
-    const LPARAM place = MAKELPARAM(row.x, row.y);
-    PostMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON, place);
-    PostMessageW(list, WM_LBUTTONUP, 0, place);
+    postClick(control(grid), rowPlace(grid, item));
     settle();
 }
 
@@ -344,29 +332,40 @@ std::string FormDriver::heading()
     return textOf(GetDlgItem(dialog(), PropertyListWindow::idHeading));
 }
 
+HWND FormDriver::list()
+{
+    return GetDlgItem(dialog(), PropertyListWindow::idList);
+}
+
 std::vector<std::string> FormDriver::offered()
 {
-    const HWND list = GetDlgItem(dialog(), PropertyListWindow::idList);
+    const HWND shown = list();
     std::vector<std::string> items;
-    const LRESULT count = SendMessageW(list, LB_GETCOUNT, 0, 0);
-    for (WPARAM item = 0; item < static_cast<WPARAM>(count); ++item) {
-        std::wstring text(static_cast<std::size_t>(SendMessageW(list, LB_GETTEXTLEN, item, 0)) + 1,
-                          L'\0');
-        text.resize(static_cast<std::size_t>(
-            SendMessageW(list, LB_GETTEXT, item, reinterpret_cast<LPARAM>(text.data()))));
+    const auto count = static_cast<int>(SendMessageW(shown, LVM_GETITEMCOUNT, 0, 0));
+    for (int item = 0; item < count; ++item) {
+        std::wstring text;
+        askList(shown, LVM_GETITEMTEXTW, static_cast<WPARAM>(item), {}, &text);
         items.push_back(fromWide(text));
     }
     return items;
 }
 
+void FormDriver::tick(int item)
+{
+    const HWND shown = list();
+    SendMessageW(shown, LVM_ENSUREVISIBLE, static_cast<WPARAM>(item), FALSE);
+    const bool before = isTicked(shown, item);
+    postClick(shown, rowPlaceIn(shown, item));
+    EXPECT_TRUE(waitUntil([&] { return isTicked(shown, item) != before; }));
+}
+
 void FormDriver::add(const std::vector<std::string>& items)
 {
     const std::vector<std::string> all = offered();
-    const HWND list = GetDlgItem(dialog(), PropertyListWindow::idList);
     for (const std::string& item : items) {
         const auto place = std::ranges::find(all, item);
         ASSERT_NE(place, all.end()) << item;
-        SendMessageW(list, LB_SETSEL, TRUE, place - all.begin());
+        tick(static_cast<int>(place - all.begin()));
     }
     pressInDialog(PropertyListWindow::idAdd);
 }

@@ -96,13 +96,16 @@ public:
     HWND dialog();
     bool isDialogOpen();
     std::string heading();
+    HWND list();
     std::vector<std::string> offered();
-    /// Selects these and presses Add.
+    /// A click on a line, which is brought into view.
+    void tick(int item);
+    /// Ticks these and presses Add.
     void add(const std::vector<std::string>& items);
     void pressInDialog(int id);
 
 private:
-    LRESULT askList(std::string_view grid, UINT message, WPARAM item, LVITEMW info,
+    LRESULT askList(HWND list, UINT message, WPARAM item, LVITEMW info,
                     std::wstring* text = nullptr);
 
     Process& process_;

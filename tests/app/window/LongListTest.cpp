@@ -1,14 +1,18 @@
 #include "Hand.h"
+#include "ListViews.h"
 #include "WindowFixture.h"
 #include "app/window/PropertyListWindow.h"
 #include "fake/NeutralText.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <commctrl.h>
 #include <fstream>
 
 using driver::FormDriver;
 using driver::FormFiles;
+using driver::isTicked;
 using driver::Process;
 using driver::waitUntil;
 using window::PropertyListWindow;
@@ -17,6 +21,8 @@ namespace
 {
 
 constexpr int vectorCount = 10000;
+constexpr int middle = vectorCount / 2;
+constexpr int last = vectorCount - 1;
 
 // A model with this many output vectors of elements, and the dialog that lists them.
 struct LongList : testing::Test
@@ -47,8 +53,8 @@ struct LongList : testing::Test
         form->choose("OutputSelection", "Elements Min/Max");
         form->press("OutputsButton");
         dialog = form->dialog();
-        list = GetDlgItem(dialog, PropertyListWindow::idList);
-        ASSERT_EQ(ask(LB_GETCOUNT), vectorCount);
+        list = form->list();
+        ASSERT_EQ(ask(LVM_GETITEMCOUNT), vectorCount);
         hand.awaitKeyboardAt(dialog);
     }
 
@@ -56,84 +62,105 @@ struct LongList : testing::Test
     {
         return static_cast<int>(SendMessageW(list, message, item, 0));
     }
-    bool markedBecome(int count) const
+    /// Asking for each line in turn would take long.
+    bool become(const std::vector<int>& ticked, const std::vector<int>& unticked) const
     {
-        return waitUntil([&] { return ask(LB_GETSELCOUNT) == count; });
+        return waitUntil([&] {
+            return std::ranges::all_of(ticked, [&](int row) { return isTicked(list, row); }) &&
+                   std::ranges::none_of(unticked, [&](int row) { return isTicked(list, row); });
+        });
     }
+    bool allBecomeTicked() const { return become({0, 1, 77, middle, last}, {}); }
+    bool allBecomeUnticked() const { return become({}, {0, 1, 77, middle, last}); }
     void clickRow(int row, const std::string& held = "")
     {
-        const int height = ask(LB_GETITEMHEIGHT);
-        hand.clickAt(driver::placeIn(list, {20, height * row + height / 2}), held);
+        hand.clickAt(driver::placeIn(list, driver::rowPlaceIn(list, row)), held);
     }
 };
 
-TEST_F(LongList, TheMouseMarksOneAStretchOrOneMore)
+TEST_F(LongList, TheMouseTicksALineOrAStretchAnywhereInTheLine)
 {
     clickRow(0);
-    const bool one = markedBecome(1);
+    const bool one = become({0}, {1, middle, last});
     clickRow(9, "shift");
-    const bool ten = markedBecome(10);
-    clickRow(5, "ctrl");
-    const bool nine = markedBecome(9);
-    clickRow(12, "ctrl");
-    const bool tenAgain = markedBecome(10);
+    const bool ten = become({0, 1, 5, 8, 9}, {10, middle, last});
+    clickRow(5);
+    const bool nine = become({0, 4, 6, 9}, {5, 10});
+    const POINT onText = driver::rowPlaceIn(list, 12);
+    hand.clickAt(driver::placeIn(list, {5, onText.y}));
+    const bool tenByTheBox = become({0, 4, 6, 9, 12}, {5, 10, 11, 13});
 
     EXPECT_TRUE(one);
     EXPECT_TRUE(ten);
     EXPECT_TRUE(nine);
-    EXPECT_TRUE(tenAgain);
-    EXPECT_EQ(ask(LB_GETSEL, 5), 0);
-    EXPECT_GT(ask(LB_GETSEL, 12), 0);
+    EXPECT_TRUE(tenByTheBox);
 }
 
-TEST_F(LongList, TheKeyboardMarksAndScrolls)
+TEST_F(LongList, ADoubleClickTicksTheLineAndAcceptsNothing)
 {
-    clickRow(0);
-    markedBecome(1);
+    hand.doubleClickAt(driver::placeIn(list, driver::rowPlaceIn(list, 3)));
+    const bool isTickedNow = become({3}, {2, 4});
+    form->settle();
 
+    EXPECT_TRUE(isTickedNow);
+    EXPECT_TRUE(form->isDialogOpen());
+}
+
+TEST_F(LongList, TheKeyboardTicksAndScrolls)
+{
+    hand.key({"space"});
+    const bool one = become({0}, {1, last});
     hand.key({"shift+Down", "shift+Down"});
-    const bool three = markedBecome(3);
+    const bool three = become({0, 1, 2}, {3, last});
     hand.key({"shift+End"});
-    const bool all = markedBecome(vectorCount);
-    const int top = ask(LB_GETTOPINDEX);
-    hand.key({"Home"});
-    const bool one = markedBecome(1);
+    const bool all = allBecomeTicked();
+    const int top = ask(LVM_GETTOPINDEX);
+    hand.key({"shift+Home"});
+    const bool oneAgain = become({0}, {1, middle, last});
+    hand.key({"ctrl+a"});
+    const bool allAgain = allBecomeTicked();
+    hand.type("60077");
+    const bool isFound = waitUntil([&] {
+        return SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED) == 77;
+    });
 
+    EXPECT_TRUE(one);
     EXPECT_TRUE(three);
     EXPECT_TRUE(all);
     EXPECT_GT(top, vectorCount - 100) << "the list shows its end";
-    EXPECT_TRUE(one);
-    EXPECT_EQ(ask(LB_GETTOPINDEX), 0);
+    EXPECT_TRUE(oneAgain);
+    EXPECT_TRUE(allAgain);
+    EXPECT_TRUE(isFound);
 }
 
 TEST_F(LongList, TheWheelScrolls)
 {
     clickRow(0);
-    markedBecome(1);
+    become({0}, {1});
 
     hand.turnWheel(driver::middleOf(list), -3);
 
-    EXPECT_TRUE(waitUntil([&] { return ask(LB_GETTOPINDEX) >= 3; }));
-    EXPECT_EQ(ask(LB_GETSELCOUNT), 1);
+    EXPECT_TRUE(waitUntil([&] { return ask(LVM_GETTOPINDEX) >= 3; }));
+    EXPECT_TRUE(become({0}, {1, 2, 3, last}));
 }
 
-TEST_F(LongList, TheBarScrollsToTheLastItem)
+TEST_F(LongList, AccessKeysPressTheButtons)
 {
-    const int visible = [&] {
-        RECT inside{};
-        GetClientRect(list, &inside);
-        return static_cast<int>(inside.bottom) / ask(LB_GETITEMHEIGHT);
-    }();
+    hand.key({"alt+s"});
+    const bool all = allBecomeTicked();
+    hand.key({"alt+d"});
+    const bool none = allBecomeUnticked();
+    hand.key({"alt+c"});
 
-    SendMessageW(list, WM_VSCROLL, SB_BOTTOM, 0);
-
-    EXPECT_EQ(ask(LB_GETTOPINDEX), vectorCount - visible);
+    EXPECT_TRUE(all);
+    EXPECT_TRUE(none);
+    EXPECT_TRUE(waitUntil([&] { return IsWindow(dialog) == FALSE; }));
 }
 
 TEST_F(LongList, SelectAllAndAddGiveARowForEachExtreme)
 {
     form->pressInDialog(PropertyListWindow::idSelect);
-    const bool all = markedBecome(vectorCount);
+    const bool all = allBecomeTicked();
     form->pressInDialog(PropertyListWindow::idAdd);
 
     EXPECT_TRUE(all);

@@ -111,9 +111,8 @@ TEST_F(Scene, input)
 {
     fill();
     pick("InputSelection", "Materials", "1 2");
-    const HWND list = GetDlgItem(form.dialog(), PropertyListWindow::idList);
-    for (const WPARAM item : {0, 3, 6})
-        SendMessageW(list, LB_SETSEL, TRUE, static_cast<LPARAM>(item));
+    for (const int item : {0, 3, 6})
+        form.tick(item);
 
     show();
     form.pressInDialog(PropertyListWindow::idCancel);

@@ -1,3 +1,4 @@
+#include "ListViews.h"
 #include "WindowFixture.h"
 #include "app/window/PropertyListWindow.h"
 
@@ -44,14 +45,15 @@ TEST_F(Window, ChoosingInTheDialogGivesRows)
                                       "ExAtMatl1", "ExAtMatl2", "ExAtMatl3"));
 }
 
-TEST_F(Window, SelectAllAndDeselectAllMarkTheWholeList)
+TEST_F(Window, SelectAllAndDeselectAllTickTheWholeList)
 {
-    const HWND list = GetDlgItem(openListOfMaterials(), PropertyListWindow::idList);
-    const auto marked = [&] { return SendMessageW(list, LB_GETSELCOUNT, 0, 0); };
+    openListOfMaterials();
+    const HWND list = form.list();
+    const auto marked = [&] { return driver::tickedCount(list); };
 
     form.pressInDialog(PropertyListWindow::idSelect);
     const bool allWere =
-        waitUntil([&] { return marked() == SendMessageW(list, LB_GETCOUNT, 0, 0); });
+        waitUntil([&] { return marked() == SendMessageW(list, LVM_GETITEMCOUNT, 0, 0); });
     form.pressInDialog(PropertyListWindow::idDeSelect);
     const bool noneWere = waitUntil([&] { return marked() == 0; });
     form.pressInDialog(PropertyListWindow::idCancel);
@@ -69,9 +71,8 @@ TEST_F(Window, EscapeLeavesTheDialogAndEnterAdds)
     form.settle();
     const auto afterEscape = inputs();
     form.press("InputsButton");
-    const HWND list = GetDlgItem(form.dialog(), PropertyListWindow::idList);
-    SendMessageW(list, LB_SETSEL, TRUE, 0);
-    PostMessageW(list, WM_KEYDOWN, VK_RETURN, 0);
+    form.tick(0);
+    PostMessageW(form.list(), WM_KEYDOWN, VK_RETURN, 0);
     const bool isAdded = waitUntil([&] { return !form.isDialogOpen(); });
     form.settle();
 

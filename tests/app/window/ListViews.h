@@ -1,0 +1,17 @@
+// List views of other processes: where their rows are, and which are ticked.
+#pragma once
+
+#include <windows.h>
+
+namespace driver
+{
+
+/// Where a row is, inside the list view's window.
+POINT rowPlaceIn(HWND listView, int item);
+/// Presses the mouse button there and does not wait for what comes of it.
+void postClick(HWND window, POINT place);
+/// Of a list with boxes.
+bool isTicked(HWND listView, int item);
+int tickedCount(HWND listView);
+
+}  // namespace driver
