@@ -1,11 +1,12 @@
 #include "probe/Object.h"
 
 #include "probe/Codes.h"
+#include "windows/ServerCodes.h"
 #include "windows/Text.h"
 
 #include <algorithm>
+#include <iterator>
 #include <new>
-#include <span>
 #include <utility>
 
 namespace probe
@@ -14,24 +15,14 @@ namespace probe
 namespace
 {
 
-constexpr HRESULT goneResults[] = {
-    HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE),
-    HRESULT_FROM_WIN32(RPC_S_CALL_FAILED),
-    HRESULT_FROM_WIN32(RPC_S_CALL_FAILED_DNE),
-    RPC_E_DISCONNECTED,
-    RPC_E_SERVER_DIED,
-    RPC_E_SERVER_DIED_DNE,
-    RPC_E_CONNECTION_TERMINATED,
-    CO_E_OBJNOTCONNECTED,
-};
 constexpr HRESULT busyResults[] = {RPC_E_CALL_REJECTED, RPC_E_SERVERCALL_RETRYLATER,
                                    RPC_E_SERVERCALL_REJECTED};
 constexpr int mostTries = 300;
 constexpr DWORD pauseOfBusy = 100;  // milliseconds
 
-bool isAmong(std::span<const HRESULT> results, HRESULT result)
+bool meansBusy(HRESULT result)
 {
-    return std::ranges::find(results, result) != results.end();
+    return std::ranges::find(busyResults, result) != std::end(busyResults);
 }
 
 BSTR toBstr(const std::string& text)
@@ -164,11 +155,11 @@ void Connection::make(Answer& answer, const std::function<HRESULT()>& call)
 {
     const double start = seconds_();
     watch.begin();
-    while (isAmong(busyResults, answer.result = call()) && ++answer.rejected < mostTries)
+    while (meansBusy(answer.result = call()) && ++answer.rejected < mostTries)
         Sleep(pauseOfBusy);
     answer.windows = watch.end();
     answer.milliseconds = 1000 * (seconds_() - start);
-    if (isAmong(goneResults, answer.result))
+    if (windows::meansServerGone(answer.result))
         throw FemapGone(codeText(answer.result));
 }
 

@@ -3,9 +3,9 @@
 #include "femap/Objects.h"
 #include "femap/com/Bstr.h"
 #include "system/RuntimeError.h"
+#include "windows/ServerCodes.h"
 #include "windows/Text.h"
 
-#include <algorithm>
 #include <vector>
 
 namespace femap::com
@@ -18,23 +18,6 @@ using windows::toWide;
 
 namespace
 {
-
-constexpr HRESULT goneResults[] = {
-    HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE),
-    HRESULT_FROM_WIN32(RPC_S_CALL_FAILED),
-    HRESULT_FROM_WIN32(RPC_S_CALL_FAILED_DNE),
-    RPC_E_DISCONNECTED,
-    RPC_E_SERVER_DIED,
-    RPC_E_SERVER_DIED_DNE,
-    RPC_E_CONNECTION_TERMINATED,
-    CO_E_OBJNOTCONNECTED,
-};
-
-bool meansGone(HRESULT result)
-{
-    return std::find(std::begin(goneResults), std::end(goneResults), result) !=
-           std::end(goneResults);
-}
 
 // Whether FEMAP itself gave this answer; otherwise the call did not come through. Servers tell in
 // several ways that they lack a name.
@@ -87,7 +70,7 @@ void Connection::demandAlive() const
 
 void Connection::learn(HRESULT result)
 {
-    alive_ = !meansGone(result);
+    alive_ = !windows::meansServerGone(result);
     if (!alive_)
         throw ConnectionLost("FEMAP has ended or cannot be reached: " + describe(result));
 }
