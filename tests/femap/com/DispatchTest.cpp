@@ -2,6 +2,7 @@
 #include "femap/com/Apartment.h"
 #include "femap/com/Dispatch.h"
 #include "system/RuntimeError.h"
+#include "windows/Text.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -28,6 +29,8 @@ public:
     virtual ~ScriptedObject() = default;
 
     std::deque<HRESULT> results;
+    EXCEPINFO exception{};  // what a call that fails with DISP_E_EXCEPTION tells
+    HRESULT nameResult = S_OK;
     int nameCalls = 0;
     int calls = 0;
     int references = 1;
@@ -42,12 +45,13 @@ public:
     {
         ++nameCalls;
         *number = 7;
-        return std::wstring_view(names[0]) == L"Missing" ? DISP_E_UNKNOWNNAME : S_OK;
+        return std::wstring_view(names[0]) == L"Missing" ? DISP_E_UNKNOWNNAME : nameResult;
     }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                                     UINT*) override
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*,
+                                     EXCEPINFO* told, UINT*) override
     {
         ++calls;
+        *told = exception;
         if (results.empty())
             return S_OK;
         const HRESULT result = results.front();
@@ -67,6 +71,18 @@ struct DispatchTest : testing::Test
     std::shared_ptr<Connection> connection = std::make_shared<Connection>(retryPolicy);
     ScriptedObject scripted;
     Dispatch dispatch{&scripted, "thing", connection};
+
+    // Of the call to a member.
+    std::string reasonOfFailure()
+    {
+        try {
+            dispatch.call("Name");
+        }
+        catch (const RuntimeError& error) {
+            return error.description();
+        }
+        return "it did not fail";
+    }
 };
 
 struct Gone : DispatchTest, testing::WithParamInterface<HRESULT>
@@ -143,6 +159,70 @@ TEST_F(DispatchTest, RaisesWhenTheWaitIsTooLong)
     EXPECT_THROW(dispatch.call("Name"), RuntimeError);
 
     EXPECT_EQ(scripted.calls, 4);
+}
+
+TEST_F(DispatchTest, GivesTheNumberOfAnErrorThatHasNoWords)
+{
+    scripted.results = {DISP_E_EXCEPTION};
+    scripted.exception.wCode = 1004;
+
+    EXPECT_EQ(reasonOfFailure(), "FEMAP's thing.Name failed: error 1004 of FEMAP's");
+}
+
+TEST_F(DispatchTest, GivesTheWordsOfAnErrorRatherThanItsNumber)
+{
+    scripted.results = {DISP_E_EXCEPTION};
+    scripted.exception.wCode = 1004;
+    scripted.exception.bstrDescription = SysAllocString(L"the set is empty");
+
+    EXPECT_EQ(reasonOfFailure(), "FEMAP's thing.Name failed: the set is empty");
+}
+
+TEST_F(DispatchTest, GivesTheCodeOfAnErrorThatHasNeitherWordsNorNumber)
+{
+    scripted.results = {DISP_E_EXCEPTION};
+    scripted.exception.scode = E_OUTOFMEMORY;
+
+    EXPECT_THAT(reasonOfFailure(), testing::HasSubstr("failed: 0x8007000E"));
+}
+
+TEST_F(DispatchTest, GivesTheWordsThatAServerFillsInOnlyWhenItIsAsked)
+{
+    scripted.results = {DISP_E_EXCEPTION};
+    scripted.exception.pfnDeferredFillIn = [](EXCEPINFO* info) -> HRESULT {
+        info->bstrDescription = SysAllocString(L"no such entity");
+        return S_OK;
+    };
+
+    EXPECT_EQ(reasonOfFailure(), "FEMAP's thing.Name failed: no such entity");
+}
+
+TEST_F(DispatchTest, TakesAnyRefusalOfANameByFemapForALackOfIt)
+{
+    for (const HRESULT refusal : {E_FAIL, E_NOTIMPL, DISP_E_UNKNOWNLCID, DISP_E_MEMBERNOTFOUND}) {
+        scripted.nameResult = refusal;
+        const std::string name = "Name" + std::to_string(scripted.nameCalls);
+
+        EXPECT_FALSE(dispatch.has(name)) << windows::describe(refusal);
+        EXPECT_FALSE(dispatch.has(name)) << "it is known now";
+    }
+    EXPECT_EQ(scripted.nameCalls, 4);
+}
+
+TEST_F(DispatchTest, AsksForANameAgainThatDidNotGetThrough)
+{
+    for (const HRESULT failure : {RPC_E_SERVERFAULT, RPC_E_TIMEOUT, E_ACCESSDENIED}) {
+        scripted.nameResult = failure;
+        EXPECT_THROW(dispatch.has("Name"), RuntimeError) << windows::describe(failure);
+        EXPECT_THAT(reasonOfFailure(),
+                    testing::StartsWith("FEMAP's thing.Name failed: " +
+                                        windows::describe(failure).substr(0, 10)));
+    }
+    EXPECT_EQ(scripted.nameCalls, 6);
+    EXPECT_EQ(scripted.calls, 0);
+
+    scripted.nameResult = S_OK;
+    EXPECT_TRUE(dispatch.has("Name"));
 }
 
 TEST_P(Gone, FemapIsNotCalledAgain)
