@@ -1,12 +1,12 @@
 #include "probe/Machine.h"
 
-#include "probe/Registration.h"
+#include "windows/Handle.h"
+#include "windows/Processes.h"
 #include "windows/Text.h"
 
-#include <algorithm>
 #include <array>
 #include <optional>
-#include <tlhelp32.h>
+#include <vector>
 
 namespace probe
 {
@@ -15,26 +15,9 @@ namespace
 {
 
 using windows::fromWide;
-
-// A handle that is closed with this.
-class Handle
-{
-public:
-    explicit Handle(HANDLE handle) : handle_(handle) {}
-    ~Handle()
-    {
-        if (isValid())
-            CloseHandle(handle_);
-    }
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-
-    bool isValid() const { return handle_ != nullptr && handle_ != INVALID_HANDLE_VALUE; }
-    HANDLE get() const { return handle_; }
-
-private:
-    HANDLE handle_;
-};
+using windows::Handle;
+using windows::isElevated;
+using windows::Process;
 
 std::string reasonOfLastError()
 {
@@ -71,20 +54,6 @@ std::string bitness()
                       system.wProcessorArchitecture == PROCESSOR_ARCHITECTURE_ARM64;
     return std::string("Windows ") + (is64 ? "64" : "32") + " bit, this program " +
            std::to_string(8 * sizeof(void*)) + " bit";
-}
-
-// None when the process does not let itself be looked at.
-std::optional<bool> isElevated(HANDLE process)
-{
-    HANDLE opened = nullptr;
-    if (process == nullptr || !OpenProcessToken(process, TOKEN_QUERY, &opened))
-        return std::nullopt;
-    const Handle token(opened);
-    TOKEN_ELEVATION elevation{};
-    DWORD size = 0;
-    if (!GetTokenInformation(token.get(), TokenElevation, &elevation, sizeof elevation, &size))
-        return std::nullopt;
-    return elevation.TokenIsElevated != 0;
 }
 
 std::string elevationText(std::optional<bool> elevated)
@@ -154,12 +123,6 @@ std::string bitnessOf(HANDLE process)
     return isWow ? "32 bit" : "64 bit";
 }
 
-struct Process
-{
-    DWORD number;
-    std::string program;
-};
-
 std::wstring lowerCase(std::wstring text)
 {
     CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
@@ -169,17 +132,12 @@ std::wstring lowerCase(std::wstring text)
 // FEMAP's own programs, and the one that is registered for FEMAP, whatever its name.
 std::vector<Process> findFemap()
 {
-    const std::wstring server = lowerCase(windows::toWide(serverProgram()));
-    std::vector<Process> found;
-    const Handle all(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
-    PROCESSENTRY32W entry{};
-    entry.dwSize = sizeof entry;
-    for (BOOL more = Process32FirstW(all.get(), &entry); more;
-         more = Process32NextW(all.get(), &entry)) {
-        const std::wstring name = lowerCase(entry.szExeFile);
-        if (name.starts_with(L"femap") || name == server)
-            found.push_back({entry.th32ProcessID, fromWide(entry.szExeFile)});
-    }
+    const std::string server = windows::serverProgramOf("femap.model");
+    std::vector<Process> found = windows::processes();
+    std::erase_if(found, [&](const Process& each) {
+        return !lowerCase(windows::toWide(each.program)).starts_with(L"femap") &&
+               !windows::isSameFileName(each.program, server);
+    });
     return found;
 }
 

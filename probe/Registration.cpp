@@ -159,21 +159,6 @@ void probeRegistration(Session& session)
     probeRunningObjects(session, SUCCEEDED(result) ? textOf(id) : std::string());
 }
 
-std::string serverProgram()
-{
-    CLSID id{};
-    if (FAILED(CLSIDFromProgID(programName.data(), &id)))
-        return {};
-    for (const View& view : views) {
-        std::string path =
-            defaultOf(view, L"CLSID\\" + windows::toWide(textOf(id)) + L"\\LocalServer32");
-        path = path.substr(path.find_last_of('\\') + 1);
-        if (!path.empty())
-            return path.substr(0, path.find_first_of("\" "));
-    }
-    return {};
-}
-
 Object attach(Session& session)
 {
     CLSID id{};

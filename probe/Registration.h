@@ -9,9 +9,6 @@ namespace probe
 /// A line for each place of the registry and for the table of running objects.
 void probeRegistration(Session& session);
 
-/// The file name of the program that COM starts for FEMAP; empty when there is none.
-std::string serverProgram();
-
 /// The application of the FEMAP that runs; one that is not there when none is found.
 Object attach(Session& session);
 
