@@ -89,6 +89,11 @@ velmar_test(reliability NAME every_call_test LOCK femap.model LABELS long
     SOURCES EveryCallByComTest_windows.cpp RowsAndFiles.cpp World.cpp
     LINK app beside_standin)
 
+# What form and velmar-study say beside one that does not answer, after the time that users wait.
+velmar_test(reliability NAME silent_femap_test LOCK femap.model LABELS long
+    SOURCES SilentFemapTest_windows.cpp
+    LINK form_driver)
+
 # The form over a model host in its own process, for the tests of windows.
 add_executable(embedded-form WIN32 app/window/EmbeddedForm.cpp)
 target_link_libraries(embedded-form PRIVATE app_window femap_embedded form_resources)

@@ -43,6 +43,9 @@ public:
 
     DWORD processID() const { return program_.processID(); }
     void kill() { program_.kill(); }
+    /// Keeps it from doing anything until it goes on.
+    void stop() { program_.stop(); }
+    void goOn() { program_.goOn(); }
 
 private:
     femap::com::Dispatch& control() { return program_.control(); }

@@ -79,6 +79,15 @@ std::string whyNotRunning(HANDLE process)
     return windows::describe(found);
 }
 
+// The library has no import for these.
+void tellSystem(const char* function, HANDLE process)
+{
+    const auto call = reinterpret_cast<LONG(NTAPI*)(HANDLE)>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), function)));
+    if (call == nullptr || call(process) < 0)
+        throw std::runtime_error(std::string(function) + " failed");
+}
+
 }  // namespace
 
 void endWithThisProgram(HANDLE process)
@@ -208,6 +217,16 @@ void StartedStandin::kill()
 {
     TerminateProcess(process_.handle, EXIT_FAILURE);
     WaitForSingleObject(process_.handle, 5000);
+}
+
+void StartedStandin::stop()
+{
+    tellSystem("NtSuspendProcess", process_.handle);
+}
+
+void StartedStandin::goOn()
+{
+    tellSystem("NtResumeProcess", process_.handle);
 }
 
 StartedStandin::~StartedStandin()

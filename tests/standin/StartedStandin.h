@@ -46,6 +46,9 @@ public:
     femap::com::Dispatch& control() { return *control_; }
     DWORD processID() const { return GetProcessId(process_.handle); }
     void kill();
+    /// Keeps it from doing anything, as a debugger does, and lets it go on.
+    void stop();
+    void goOn();
     /// The program has ended by itself within five seconds.
     bool ends() const { return WaitForSingleObject(process_.handle, 5000) == WAIT_OBJECT_0; }
 

@@ -33,6 +33,8 @@ struct BusyForm : testing::Test
     RetryPolicy::Duration time{};
     int waits = 0;
     std::function<void()> inFirstWait = [] {};
+    std::function<void()> whenTold = [] {};
+    std::vector<std::string> told;
 
     void SetUp() override
     {
@@ -55,6 +57,16 @@ struct BusyForm : testing::Test
     }
 
     void press(std::string_view button) { SendMessageW(controlOf(form, button), BM_CLICK, 0, 0); }
+    // Time goes on by itself, thirty times as fast; what is reported is kept as the form shows it.
+    void letTimeRun()
+    {
+        retryPolicy->now = [] { return RetryPolicy::Duration(std::int64_t{GetTickCount()} * 30); };
+        retryPolicy->report = [this](const std::string& text) {
+            window.showStatus(text);
+            told.push_back(status());
+            whenTold();
+        };
+    }
     std::string status() const { return textOf(controlOf(form, "StatusLine")); }
     static bool isHourglass() { return GetCursor() == LoadCursorW(nullptr, IDC_WAIT); }
     // The log is complete when the form has gone.
@@ -108,16 +120,8 @@ TEST_F(BusyForm, SaysAfterHalfAMinuteWhatItWaitsForAndNoLongerThanItDoes)
 
 TEST_F(BusyForm, NamesTheCallThatFemapHasTakenAndNotAnswered)
 {
-    constexpr int thirtyTimesAsFast = 30;
     const std::string before = status();
-    std::vector<std::string> told;
-    retryPolicy->now = [] {
-        return RetryPolicy::Duration(std::int64_t{GetTickCount()} * thirtyTimesAsFast);
-    };
-    retryPolicy->report = [&](const std::string& text) {
-        window.showStatus(text);
-        told.push_back(status());
-    };
+    letTimeRun();
     femap.stallAt(1, 4);
 
     press("RefreshInputs");
@@ -125,6 +129,21 @@ TEST_F(BusyForm, NamesTheCallThatFemapHasTakenAndNotAnswered)
     ASSERT_THAT(told, testing::SizeIs(1));
     EXPECT_THAT(told[0], testing::StartsWith("FEMAP has not answered since "));
     EXPECT_THAT(told[0], HasSubstr(" (application.feAppLock). It computes, or it shows a dialog"));
+    EXPECT_EQ(status(), before);
+}
+
+TEST_F(BusyForm, NamesTheCallThatAStoppedFemapDoesNotAnswer)
+{
+    const std::string before = status();
+    letTimeRun();
+    whenTold = [this] { femap.goOn(); };
+    femap.stop();
+
+    press("RefreshInputs");
+
+    ASSERT_THAT(told, testing::SizeIs(1));
+    EXPECT_THAT(told[0], testing::StartsWith("FEMAP has not answered since "));
+    EXPECT_THAT(told[0], HasSubstr("look for one in FEMAP, also behind other windows"));
     EXPECT_EQ(status(), before);
 }
 
