@@ -20,6 +20,7 @@ void shutDown(Session& session)
     session.closeWanted = true;  // first: FEMAP may be out of reach already
     if (session.eventFemap == nullptr)
         return;
+    session.connector.waitBriefly(true);
     femap::AddInPane pane = addInPane(session.context);
     pane.regster = false;
     pane.location = 1;  // FEMAP ignores it here

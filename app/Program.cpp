@@ -2,6 +2,7 @@
 
 #include "app/FemapEvents.h"
 #include "app/StartUp.h"
+#include "app/WhichFemap.h"
 #include "form/FormProcedures.h"
 #include "system/RuntimeError.h"
 
@@ -128,6 +129,28 @@ std::unique_ptr<femap::Application> Program::livingFemap()
     }
 }
 
+bool Program::tellUnsavedChanges(std::string_view text)
+{
+    bool isTold = false;
+    if (!closed_ && session_.femapWasStarted) {
+        session_.connector.waitBriefly(true);
+        dispatcher_.run("Form_QueryUnload",
+                        [&] { isTold = app::tellUnsavedChanges(session_, text); });
+        session_.connector.waitBriefly(false);
+    }
+    return isTold;
+}
+
+void Program::closeByHand()
+{
+    if (dispatcher_.isBusy() || unsavedIsTold_ || !tellUnsavedChanges(unsavedInForm)) {
+        close();
+        return;
+    }
+    unsavedIsTold_ = true;
+    runWaiting();
+}
+
 void Program::close()
 {
     if (dispatcher_.isBusy()) {
@@ -137,6 +160,7 @@ void Program::close()
     if (closed_)
         return;
     closed_ = true;
+    session_.connector.waitBriefly(true);
     dispatcher_.run("Form_Unload", [this] { releaseLocks(session_.context); });
     dispatcher_.run("Form_Unload", [this] { Form_Unload(session_); });
     session_.context.host.unload();
@@ -155,11 +179,17 @@ Ended Program::run(const Binding& binding, int argument)
         return Ended::NotStarted;
     }
     if (endsMessages(binding.event, argument))
-        form().status.clear();
+        forgetMessages();
     const Ended ended =
         perform({binding.event, argument}, [&] { binding.procedure(session_, argument); });
     runWaiting();
     return ended;
+}
+
+void Program::forgetMessages()
+{
+    form().status.clear();
+    unsavedIsTold_ = false;
 }
 
 Ended Program::runChoice(const form::ComboBox& box, const std::function<void()>& choice)
@@ -167,7 +197,7 @@ Ended Program::runChoice(const form::ComboBox& box, const std::function<void()>&
     if (closed_)
         return Ended::NotStarted;
     if (!dispatcher_.isBusy())
-        form().status.clear();
+        forgetMessages();
     const Ended ended = perform({form::click(form().named(box).name), 0, &box}, choice);
     if (ended != Ended::NotStarted)
         runWaiting();

@@ -67,6 +67,12 @@ public:
     /// there. Raises nothing.
     void tellMistake(std::string_view what);
 
+    /// Whether the FEMAP that the tool started has changes that are not saved; then that is told in
+    /// these words. A FEMAP that was there before is not asked.
+    bool tellUnsavedChanges(std::string_view text);
+    /// The engineer closes the form. With such changes it stays open until that is done again while
+    /// they are told.
+    void closeByHand();
     /// Unloads both forms; while a procedure runs, as soon as it has ended.
     void close();
     bool isClosed() const { return closed_; }
@@ -97,12 +103,14 @@ private:
     std::unique_ptr<femap::Application> livingFemap();
     Ended perform(const Action& action, const std::function<void()>& procedure);
     void runWaiting();
+    void forgetMessages();
 
     ObservedDialog observedDialog_;
     Session session_;
     EventDispatcher dispatcher_{session_};
     std::vector<Waiting> waiting_;
     bool closed_ = false;
+    bool unsavedIsTold_ = false;
 };
 
 }  // namespace app

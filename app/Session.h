@@ -48,6 +48,9 @@ struct Session
     std::unique_ptr<femap::Application> eventFemap;
     bool eventsAreHooked = false;
 
+    /// Whether the tool started the FEMAP that it uses.
+    bool femapWasStarted = false;
+
     /// Set by a procedure that wants both forms unloaded; that is done when it has ended.
     bool closeWanted = false;
 

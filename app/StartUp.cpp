@@ -2,6 +2,7 @@
 
 #include "app/CommandLine.h"
 #include "app/CurrentModel.h"
+#include "app/WhichFemap.h"
 #include "generate/ControlFile.h"
 #include "generate/ModelPath.h"
 #include "logging/Module1.h"
@@ -86,6 +87,7 @@ bool reachFemap(Session& session)
         log.writeLogWithLevel(log.LogLevel_error, "FEMAP not found");
         return false;
     }
+    session.femapWasStarted = true;
     logDebug(log, "New instance of FEMAP is created");
     logDebug(log, "Femap visibility mode is changed to True");
     return true;
@@ -190,6 +192,7 @@ StartUp Form_Load(Session& session, const std::string& arguments)
     steps.run([&] { makeInitialChoices(session); });
     restoreSelection(session, steps);
     registerPlugin(session, steps);
+    steps.run([&] { tellWhichFemap(session); });
     steps.raiseFirst();
     logPosition(context.log, "At end of Load Form");
     return StartUp::Done;
@@ -199,6 +202,7 @@ void femapReturned(Session& session, std::unique_ptr<femap::Application> applica
 {
     Context& context = session.context;
     context.application = std::move(application);
+    session.femapWasStarted = false;
     logDebug(context.log, "FEMAP is back");
     context.form.status.withdraw(femapIsGone);
     context.form.status.withdraw(paneIsGone);
@@ -208,6 +212,7 @@ void femapReturned(Session& session, std::unique_ptr<femap::Application> applica
     registerPlugin(session, steps);
     context.form.modelEntityCount = unknownCount;  // so that the lists are built anew
     takeOverModel(session, steps);
+    steps.run([&] { tellWhichFemap(session); });
     steps.raiseFirst();
 }
 

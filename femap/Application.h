@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace femap
@@ -35,6 +36,8 @@ public:
     virtual std::string ModelName() = 0;
     /// How many models are open.
     virtual int feAppGetAllModels() = 0;
+    /// Whether the open model has changes that are not saved.
+    virtual bool feFileIsModified() = 0;
     /// The active load set, output set …; 0 when there is none.
     virtual int Info_ActiveID(EntityType type) = 0;
 
@@ -59,6 +62,14 @@ public:
                                                  bool printResults, bool printDetails) = 0;
 };
 
+/// The FEMAPs that run on this machine, as far as the program can see them.
+struct RunningFemaps
+{
+    int count = 1;
+    std::optional<unsigned long> process{};  // of the one that was given; none: it does not tell
+    bool isOneHidden = false;  // and cannot be reached: only it or only the program is elevated
+};
+
 /// Gives the program a FEMAP. Both raise sys::RuntimeError when they cannot.
 class Connector
 {
@@ -69,6 +80,11 @@ public:
     virtual std::unique_ptr<Application> attach() = 0;
     /// Starts a new one.
     virtual std::unique_ptr<Application> create() = 0;
+
+    /// What runs besides the one that was given.
+    virtual RunningFemaps running() { return {}; }
+    /// Whether a FEMAP that rejects calls is waited for a few seconds only: the program ends.
+    virtual void waitBriefly(bool /*briefly*/) {}
 };
 
 /// The longest text that FEMAP's message window takes, in characters.

@@ -22,6 +22,7 @@ public:
     }
     std::string ModelName() override { return real_->ModelName(); }
     int feAppGetAllModels() override { return real_->feAppGetAllModels(); }
+    bool feFileIsModified() override { return real_->feFileIsModified(); }
     int Info_ActiveID(EntityType type) override { return real_->Info_ActiveID(type); }
     void feAppLock() override { real_->feAppLock(); }
     void feAppUnlock() override { real_->feAppUnlock(); }

@@ -52,6 +52,8 @@ public:
 
     std::unique_ptr<femap::Application> attach() override;
     std::unique_ptr<femap::Application> create() override;
+    femap::RunningFemaps running() override { return real_.running(); }
+    void waitBriefly(bool briefly) override { real_.waitBriefly(briefly); }
 
 private:
     femap::Connector& real_;

@@ -1,6 +1,7 @@
 #include "study/StudyRunner.h"
 
 #include "app/StartUp.h"
+#include "app/WhichFemap.h"
 #include "femap/NumberText.h"
 
 #include <algorithm>
@@ -126,6 +127,8 @@ void StudyRunner::run(StudyScript& script)
 
 void StudyRunner::unload()
 {
+    if (isStarted_ && program_.tellUnsavedChanges(app::unsavedInStudy))
+        world_.problems << app::unsavedInStudy << '\n';
     if (isStarted_)
         program_.close();
     tellLogFailure();

@@ -281,7 +281,11 @@ LRESULT MainWindow::handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_TIMER:
         return guarded([&] { lookForFemap(); });
     case WM_CLOSE:
-        return guarded([&] { program_.close(); });
+        return guarded([&] {
+            program_.closeByHand();
+            if (!program_.isBusy() && !program_.isClosed())
+                afterEvent();
+        });
     case WM_DESTROY:
     case WM_NCDESTROY:  // Wine leaves the other one out when FEMAP's process ends
         return guarded([&] { destroyed(); });

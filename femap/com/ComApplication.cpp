@@ -5,9 +5,11 @@
 #include "femap/com/BulkMesh.h"
 #include "femap/com/BulkVectors.h"
 #include "femap/com/Codes.h"
+#include "femap/com/FemapProcesses.h"
 #include "femap/com/bulk/PrefetchingEntity.h"
 #include "femap/com/bulk/PrefetchingVector.h"
 #include "system/RuntimeError.h"
+#include "windows/Processes.h"
 #include "windows/Text.h"
 
 #include <algorithm>
@@ -70,6 +72,18 @@ bool isClassic(Connection& connection, Dispatch& application)
     return *connection.isClassic;
 }
 
+// 0 when FEMAP does not tell its window.
+DWORD processOf(const std::shared_ptr<Connection>& connection)
+{
+    try {
+        Dispatch application(connection->application(), "application", connection);
+        return processOfWindow(static_cast<long long>(application.call("hMainWnd").real()));
+    }
+    catch (const RuntimeError&) {
+        return 0;
+    }
+}
+
 // Window handles fit into 32 bits, and FEMAP takes them as such numbers.
 int handleNumber(std::intptr_t handle)
 {
@@ -113,6 +127,11 @@ int ComApplication::feAppGetAllModels()
     Variant ids;
     application_.call("feAppGetAllModels", &count, &ids);
     return static_cast<int>(count);
+}
+
+bool ComApplication::feFileIsModified()
+{
+    return code(application_.call("feFileIsModified")) == ReturnCode::Ok;
 }
 
 int ComApplication::Info_ActiveID(EntityType type)
@@ -234,17 +253,17 @@ std::unique_ptr<Application> ComConnector::attach()
 {
     if (std::unique_ptr<Application> same = given())
         return same;
-    IUnknown* running = nullptr;
-    HRESULT result = retryPolicy_->whileBusy({"COM", "GetActiveObject"}, [&] {
-        return GetActiveObject(femapClass(), nullptr, &running);
-    });
+    IUnknown* found = nullptr;
+    HRESULT result = retryPolicy_->whileBusy(
+        {"COM", "GetActiveObject"}, [&] { return GetActiveObject(femapClass(), nullptr, &found); });
     if (FAILED(result))
-        throw RuntimeError(ErrorNumber::ObjectFailed, "No FEMAP is running: " + describe(result));
+        throw RuntimeError(ErrorNumber::ObjectFailed,
+                           whyNoneIsFound(running()) + ": " + describe(result));
     IDispatch* application = nullptr;
     result = retryPolicy_->whileBusy({"COM", "QueryInterface"}, [&] {
-        return running->QueryInterface(IID_PPV_ARGS(&application));
+        return found->QueryInterface(IID_PPV_ARGS(&application));
     });
-    running->Release();
+    found->Release();
     if (FAILED(result))
         throw RuntimeError(ErrorNumber::ObjectFailed,
                            "The running FEMAP does not answer: " + describe(result));
@@ -264,6 +283,15 @@ std::unique_ptr<Application> ComConnector::create()
         throw RuntimeError(ErrorNumber::ObjectFailed,
                            "FEMAP could not be started: " + describe(result));
     return give(application);
+}
+
+RunningFemaps ComConnector::running()
+{
+    const std::vector<FemapProcess> processes = femapProcesses();
+    const std::shared_ptr<Connection> connection = given_.lock();
+    const bool isAsked = processes.size() > 1 && connection != nullptr;
+    return runningAmong(processes, windows::isElevated(GetCurrentProcess()),
+                        isAsked ? processOf(connection) : 0);
 }
 
 // Null when none is in use, or when it has ended.

@@ -34,6 +34,7 @@ public:
     ReturnCode feFileOpen(bool useDialog, const std::string& path) override;
     std::string ModelName() override;
     int feAppGetAllModels() override;
+    bool feFileIsModified() override;
     int Info_ActiveID(EntityType type) override;
     void feAppLock() override;
     void feAppUnlock() override;
@@ -74,6 +75,8 @@ public:
 
     std::unique_ptr<Application> attach() override;
     std::unique_ptr<Application> create() override;
+    RunningFemaps running() override;
+    void waitBriefly(bool briefly) override { retryPolicy_->waitBriefly(briefly); }
 
 private:
     std::unique_ptr<Application> given();

@@ -32,6 +32,8 @@ public:
 
     std::unique_ptr<Application> attach() override { return connector_.attach(); }
     std::unique_ptr<Application> create() override { return connector_.create(); }
+    RunningFemaps running() override { return connector_.running(); }
+    void waitBriefly(bool briefly) override { connector_.waitBriefly(briefly); }
 
 private:
     Apartment apartment_;

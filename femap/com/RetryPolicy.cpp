@@ -38,7 +38,7 @@ std::optional<RetryPolicy::Duration> RetryPolicy::rejected()
             begins();
     }
     const Duration waited = time - *began_;
-    if (waited >= longest)
+    if (waited >= limit_)
         return std::nullopt;
     if (waited >= quietTime && !reported_) {
         reported_ = true;

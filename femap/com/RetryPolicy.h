@@ -1,6 +1,6 @@
 // How long to wait for a busy FEMAP: quietly for half a minute, then with a message to the
-// engineer. When it rejects a call, that is repeated for ten minutes; a call that it has taken
-// lasts until it answers.
+// engineer. When it rejects a call, that is repeated for ten minutes, or for seconds when the
+// program ends; a call that it has taken lasts until it answers.
 #pragma once
 
 #include <windows.h>
@@ -26,6 +26,7 @@ public:
     static constexpr Duration pause{250};
     static constexpr Duration quietTime{30'000};
     static constexpr Duration longest{600'000};
+    static constexpr Duration longestAtEnd{3'000};
 
     /// The name of a call: "feNode" and "Get".
     struct CallName
@@ -60,6 +61,9 @@ public:
         return result;
     }
 
+    /// Whether a rejected call is repeated for a few seconds only, as when the program ends.
+    void waitBriefly(bool briefly) { limit_ = briefly ? longestAtEnd : longest; }
+
     /// FEMAP rejected the call: how long to wait before the next try; none: give up.
     std::optional<Duration> rejected();
     /// The call ended, well or not; the waiting time of the next one starts at zero.
@@ -86,6 +90,7 @@ private:
     static Duration systemTime();
     static void waitPainting(Duration time);
 
+    Duration limit_ = longest;
     std::optional<Duration> began_;
     bool reported_ = false;
 

@@ -41,6 +41,7 @@ public:
         return host_.modelName;
     }
     int feAppGetAllModels() override { return host_.model ? 1 : 0; }
+    bool feFileIsModified() override { return host_.isModified; }
     int Info_ActiveID(EntityType type) override { return host_.activeID(type); }
 
     void feAppLock() override { ++host_.lockCount; }

@@ -45,6 +45,7 @@ public:
     /// Adds what a further neutral file holds to the open model.
     void importNeutralFile(const std::string& path);
 
+    bool isModified = false;  // as told to who asks; nothing here sets it
     bool visible = false;
     int lockCount = 0;
 

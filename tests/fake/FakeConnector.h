@@ -23,6 +23,11 @@ public:
     bool createGivesNothing = false;
     int attached = 0;
     int created = 0;
+    femap::RunningFemaps femaps;
+    bool waitsBriefly = false;
+
+    femap::RunningFemaps running() override { return femaps; }
+    void waitBriefly(bool briefly) override { waitsBriefly = briefly; }
 
     std::unique_ptr<femap::Application> attach() override
     {

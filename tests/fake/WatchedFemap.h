@@ -228,6 +228,10 @@ public:
     {
         return asked("feAppGetAllModels", &femap::Application::feAppGetAllModels);
     }
+    bool feFileIsModified() override
+    {
+        return asked("feFileIsModified", &femap::Application::feFileIsModified);
+    }
     int Info_ActiveID(femap::EntityType type) override
     {
         return asked("Info_ActiveID", &femap::Application::Info_ActiveID, type);

@@ -19,9 +19,11 @@ constexpr std::array<std::string_view, 25> makers = {
     "tellHint",       "tellProblem",     "tellFailure",       "showWaiting",
     "remark"};
 // Variables and constants that hold a message or a part of one.
-constexpr std::array<std::string_view, 12> holders = {
-    "femapIsGone", "noModelOpen", "cure",  "startingWithFemap", "paneIsGone", "modelMustBeSaved",
-    "problem",     "message",     "noRow", "failure",           "failure_",   "askedFor"};
+constexpr std::array<std::string_view, 15> holders = {
+    "femapIsGone",   "noModelOpen",      "cure",          "startingWithFemap",
+    "paneIsGone",    "modelMustBeSaved", "problem",       "message",
+    "noRow",         "failure",          "failure_",      "askedFor",
+    "femapIsHidden", "unsavedInForm",    "unsavedInStudy"};
 
 struct Token
 {

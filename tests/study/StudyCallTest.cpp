@@ -1,4 +1,5 @@
 #include "StudyFixture.h"
+#include "app/WhichFemap.h"
 #include "fake/FakeConnector.h"
 #include "fake/FormFixture.h"
 #include "system/RuntimeError.h"
@@ -202,10 +203,12 @@ public:
     {
         runningFemap = [this](femap::SelectionDialogs& dialogs) {
             host = std::make_unique<femap::embedded::Host>(dialogs);
+            host->isModified = isModified;
             host->modelName = folder.path("running.mod");
             host->openModel().nodes.put({.id = 5, .x = 1.5});
             auto connector = std::make_unique<fake::FakeConnector>(*host);
-            connector->attachRaises = connector->createRaises = isMissing;
+            connector->attachRaises = isMissing || isStarted;
+            connector->createRaises = isMissing;
             connector->attachFindsNothing = connector->createGivesNothing = findsNothing;
             return connector;
         };
@@ -213,7 +216,9 @@ public:
 
     std::unique_ptr<femap::embedded::Host> host;
     bool isMissing = false;
+    bool isStarted = false;  // by the program
     bool findsNothing = false;
+    bool isModified = false;
 };
 
 TEST(StudyOnARunningFemap, IsTheUsualWayWhereThereCanBeOne)
@@ -223,6 +228,27 @@ TEST(StudyOnARunningFemap, IsTheUsualWayWhereThereCanBeOne)
     EXPECT_EQ(f.runScript("start\npick 5\nchoose x\nclick InputsButton\nprint InputsList\n"), 0);
 
     EXPECT_THAT(f.outputLines(), ElementsAre("xAtNode5\t1.5\tNode\t5\tx\t"));
+}
+
+TEST(StudyOnARunningFemap, TellsThatItLetsOneGoWithChangesThatAreNotSaved)
+{
+    RunningFixture f;
+    f.isStarted = f.isModified = true;
+
+    EXPECT_EQ(f.runScript("start\n"), 0);
+
+    EXPECT_EQ(f.errors.str(), std::string(app::unsavedInStudy) + '\n');
+    EXPECT_EQ(f.host->messages.back().text, femap::cutToMessage(std::string(app::unsavedInStudy)));
+}
+
+TEST(StudyOnARunningFemap, SaysNothingOfChangesInOneThatStays)
+{
+    RunningFixture f;
+    f.isModified = true;
+
+    EXPECT_EQ(f.runScript("start\n"), 0);
+
+    EXPECT_EQ(f.errors.str(), "");
 }
 
 TEST(StudyOnARunningFemap, CanBeAskedFor)

@@ -89,6 +89,17 @@ TEST_F(RetryPolicyTest, GivesUpAfterTenMinutes)
     EXPECT_EQ(time, RetryPolicy::Duration(5'000 + 600'000));
 }
 
+TEST_F(RetryPolicyTest, GivesUpAfterSecondsWhenTheProgramEnds)
+{
+    retryPolicy.waitBriefly(true);
+    EXPECT_EQ(callRejected(1'000'000), RPC_E_SERVERCALL_RETRYLATER);
+    EXPECT_EQ(time, RetryPolicy::Duration(5'000 + 3'000));
+    EXPECT_THAT(reports, IsEmpty());
+
+    retryPolicy.waitBriefly(false);
+    EXPECT_EQ(callRejected(200), S_OK);
+}
+
 TEST_F(RetryPolicyTest, WaitsAnewAfterItGaveUp)
 {
     callRejected(1'000'000);
