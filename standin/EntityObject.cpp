@@ -2,18 +2,18 @@
 
 #include "femap/embedded/MemberTables.h"
 #include "standin/EntityArrays.h"
-#include "standin/Server.h"
 
+#include <algorithm>
 #include <array>
 #include <iterator>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <utility>
+#include <variant>
 
 namespace standin
 {
-
-using femap::embedded::readMember;
 
 namespace
 {
@@ -25,25 +25,20 @@ using neutral::Property;
 
 constexpr int beyondEveryArray = -1;
 
-// Reads a member of the copy; an array member takes an index.
+// An array member takes an index.
 template <class Data>
-Variant read(EntityObject<Data>& entity, Arguments& arguments)
+Variant read(EntityObject<Data>& self, Arguments& arguments)
 {
-    return toVariant(readMember(entity.data, std::string(arguments.member()), arguments.index(),
-                                entity.server().host.indexBeyondArrayRaises));
+    const std::string name(arguments.member());
+    const std::optional<int> index = arguments.index();
+    return toVariant(index ? self.entity.member(name, *index) : self.entity.member(name));
 }
 
 // The title as the model holds it, control characters and all.
 template <class Data>
-Variant title(EntityObject<Data>& entity, Arguments&)
+Variant title(EntityObject<Data>& self, Arguments&)
 {
-    return entity.data.title;
-}
-
-template <class Data>
-Variant get(EntityObject<Data>& entity, Arguments& arguments)
-{
-    return entity.get(arguments.number(0));
+    return self.entity.data().title;
 }
 
 template <class Data>
@@ -75,135 +70,111 @@ Variant getTitleList(EntityObject<Data>& entity, Arguments& arguments)
     return ok;
 }
 
-// The whole of an array member: "vpval" of "pval", "vmval" of "mval".
-template <class Data, std::vector<double> Data::*array>
-Variant wholeArray(EntityObject<Data>& entity, Arguments&)
+// The whole of an array member, such as "vpval" of "pval".
+template <class Data, auto array>
+Variant wholeArray(EntityObject<Data>& self, Arguments&)
 {
-    std::vector<double> numbers = entity.data.*array;
-    numbers.resize(femap::numbersLength);
+    const auto& held = self.entity.data().*array;
+    std::vector numbers(held.begin(), held.end());
+    if constexpr (std::is_same_v<decltype(held), const std::vector<double>&>)
+        numbers.resize(femap::numbersLength);
     return numbers;
 }
 
 // The offset of an end in a direction, both counted from 0.
-Variant offset(EntityObject<Element>& entity, Arguments& arguments)
+Variant offset(EntityObject<Element>& self, Arguments& arguments)
 {
     constexpr int directions = 3;
     const int direction = arguments.number(1);
     const bool isBeyond = direction < 0 || direction >= directions;
     const int place = isBeyond ? beyondEveryArray : directions * arguments.number(0) + direction;
-    return toVariant(
-        readMember(entity.data, "offset", place, entity.server().host.indexBeyondArrayRaises));
+    return toVariant(self.entity.member("offset", place));
 }
 
-// Writes a member of the copy; nothing reaches the model.
-template <class Data, auto member>
-void put(EntityObject<Data>& entity, Arguments& arguments)
+template <class Held>
+void assign(Held& held, int place, const Arguments& value)
 {
-    using Held = std::remove_reference_t<decltype(entity.data.*member)>;
-    if constexpr (std::is_same_v<Held, double>)
-        entity.data.*member = arguments.real(0);
+    if constexpr (std::is_same_v<Held, int>)
+        held = value.number(0);
+    else if constexpr (std::is_same_v<Held, double>)
+        held = value.real(0);
     else if constexpr (std::is_same_v<Held, std::string>)
-        entity.data.*member = arguments.text(0);
+        held = value.text(0);
+    else if constexpr (std::is_same_v<Held, bool>)
+        held = value.flag(0);
     else
-        entity.data.*member = arguments.number(0);
+        held[static_cast<std::size_t>(place)] =
+            static_cast<typename Held::value_type>(value.real(0));
+}
+
+// Writes a member of the loaded entity; nothing reaches the model.
+template <class Data>
+void put(EntityObject<Data>& self, Arguments& arguments)
+{
+    Data& data = self.entity.data();
+    for (const embedded::Member<Data>& member : embedded::membersOf(embedded::Kind<Data>()))
+        if (member.name == arguments.member())
+            std::visit([&](auto held) { assign(data.*held, member.element, arguments); },
+                       member.pointer);
 }
 
 template <class Data>
-Variant store(EntityObject<Data>& entity, Arguments& arguments)
+constexpr Member<EntityObject<Data>> rowOf(const embedded::Member<Data>& held)
 {
-    return entity.store(arguments.number(0));
+    Member<EntityObject<Data>> row{held.name, read, nullptr};
+    if (embedded::arrayLength(held) == 0)
+        row.put = put;
+    if constexpr (std::is_same_v<Data, Property> || std::is_same_v<Data, Material>)
+        if (held.name == "title")
+            row.serve = title;
+    if constexpr (std::is_same_v<Data, Element>)
+        if (held.name == "offset")
+            row.serve = offset;
+    return row;
 }
 
-// Writes one of the named numbers of the copy.
-void putNumber(EntityObject<Material>& entity, Arguments& arguments)
+// The members that the model host serves, and more.
+template <class Data, std::size_t more>
+constexpr auto withHeld(const Member<EntityObject<Data>> (&others)[more])
 {
-    for (const embedded::Member<Material>& member : embedded::membersOf(entity.data))
-        if (member.name == arguments.member())
-            entity.data.mval[static_cast<std::size_t>(member.element)] = arguments.real(0);
+    using Object = EntityObject<Data>;
+    constexpr auto held = embedded::membersOf(embedded::Kind<Data>());
+    constexpr Member<Object> ofEach[] = {
+        {"Get", serve<&Object::get>},
+        {"Put", serve<&Object::store>},
+        {"Exist", exist},
+        {"CountSet", countSet},
+    };
+    std::array<Member<Object>, held.size() + std::size(ofEach) + more> rows{};
+    const auto after = std::transform(held.begin(), held.end(), rows.begin(), rowOf<Data>);
+    std::copy(std::begin(others), std::end(others),
+              std::copy(std::begin(ofEach), std::end(ofEach), after));
+    return rows;
 }
 
 // clang-format off
-constexpr Member<EntityObject<Node>> nodeMembers[] = {
-    {"ID",            read, put<Node, &Node::id>},
-    {"x",             read, put<Node, &Node::x>},
-    {"y",             read, put<Node, &Node::y>},
-    {"z",             read, put<Node, &Node::z>},
-    {"layer",         read, put<Node, &Node::layer>},
-    {"color",         read, put<Node, &Node::color>},
-    {"type",          read},
-    {"defCSys",       read, put<Node, &Node::defCSys>},
-    {"outCSys",       read, put<Node, &Node::outCSys>},
-    {"permBC",        read},
-    {"Get",           get},
-    {"Put",           store},
-    {"Exist",         exist},
-    {"CountSet",      countSet},
+constexpr auto nodeMembers = withHeld<Node>({
     {"GetCoordArray", getCoordArray},
     {"GetAllArray",   getAllNodes},
-};
+});
 
-constexpr Member<EntityObject<Element>> elementMembers[] = {
-    {"ID",            read, put<Element, &Element::id>},
-    {"color",         read, put<Element, &Element::color>},
-    {"propID",        read, put<Element, &Element::propID>},
-    {"type",          read, put<Element, &Element::type>},
-    {"topology",      read, put<Element, &Element::topology>},
-    {"layer",         read, put<Element, &Element::layer>},
-    {"orientID",      read, put<Element, &Element::orientID>},
-    {"geomID",        read, put<Element, &Element::geomID>},
-    {"PlateOffset",   read},
-    {"MaterialAngle", read},
-    {"offset",        offset},
-    {"node",          read},
-    {"orient",        read},
-    {"Get",           get},
-    {"Put",           store},
-    {"Exist",         exist},
-    {"CountSet",      countSet},
+constexpr auto elementMembers = withHeld<Element>({
+    {"vnode",         wholeArray<Element, &Element::node>},
+    {"vorient",       wholeArray<Element, &Element::orient>},
     {"GetAllArray",   getAllElements},
-};
+});
 
-constexpr Member<EntityObject<Property>> propertyMembers[] = {
-    {"ID",            read, put<Property, &Property::id>},
-    {"layer",         read, put<Property, &Property::layer>},
-    {"color",         read, put<Property, &Property::color>},
-    {"matlID",        read, put<Property, &Property::matlID>},
-    {"type",          read, put<Property, &Property::type>},
-    {"refCS",         read, put<Property, &Property::refCS>},
-    {"title",         title, put<Property, &Property::title>},
+constexpr auto propertyMembers = withHeld<Property>({
     {"vpval",         wholeArray<Property, &Property::pval>},
-    {"pval",          read},
-    {"Get",           get},
-    {"Put",           store},
-    {"Exist",         exist},
-    {"CountSet",      countSet},
     {"GetValueArray", getPropertyValues},
     {"GetTitleList",  getTitleList},
-};
+});
 
-template <std::size_t... number>
-constexpr auto makeMaterialMembers(std::index_sequence<number...>)
-{
-    return std::to_array<Member<EntityObject<Material>>>({
-        {"ID",      read, put<Material, &Material::id>},
-        {"title",   title, put<Material, &Material::title>},
-        {"color",   read, put<Material, &Material::color>},
-        {"type",    read, put<Material, &Material::type>},
-        {"layer",   read, put<Material, &Material::layer>},
-        {"subtype", read, put<Material, &Material::subtype>},
-        {femap::materialNumbers[number].name, read, putNumber}...,
-        {"vmval",         wholeArray<Material, &Material::mval>},
-        {"mval",          read},
-        {"Get",           get},
-        {"Put",           store},
-        {"Exist",         exist},
-        {"CountSet",      countSet},
-        {"GetValueArray", getMaterialValues},
-        {"GetTitleList",  getTitleList},
-    });
-}
-constexpr auto materialMembers =
-    makeMaterialMembers(std::make_index_sequence<std::size(femap::materialNumbers)>());
+constexpr auto materialMembers = withHeld<Material>({
+    {"vmval",         wholeArray<Material, &Material::mval>},
+    {"GetValueArray", getMaterialValues},
+    {"GetTitleList",  getTitleList},
+});
 // clang-format on
 static_assert(areDeclared(nodeMembers, EntityObject<Node>::declarations));
 static_assert(areDeclared(elementMembers, EntityObject<Element>::declarations));
@@ -213,21 +184,11 @@ static_assert(areDeclared(materialMembers, EntityObject<Material>::declarations)
 }  // namespace
 
 template <class Data>
-int EntityObject<Data>::get(int id)
-{
-    const auto& table = this->server().host.openModel().*embedded::Kind<Data>::table;
-    const Data* const found = table.find(id == 0 ? data.id : id);
-    if (found == nullptr)
-        return failed;
-    data = *found;
-    return ok;
-}
-
-template <class Data>
 int EntityObject<Data>::store(int id)
 {
-    Data stored = data;
-    stored.id = id == 0 ? data.id : id;
+    Data stored = entity.data();
+    if (id != 0)
+        stored.id = id;
     if (stored.id <= 0)
         return failed;
     (this->server().host.openModel().*embedded::Kind<Data>::table).put(std::move(stored));

@@ -1,10 +1,14 @@
 // The load definition object and the four load objects of the stand-in.
-#include "femap/embedded/HostObjects.h"
+#include "femap/embedded/MemberTables.h"
 #include "standin/Objects.h"
 #include "standin/Server.h"
 
 #include <algorithm>
+#include <array>
+#include <tuple>
+#include <type_traits>
 #include <utility>
+#include <variant>
 
 namespace standin
 {
@@ -14,31 +18,21 @@ using femap::LoadDataType;
 namespace
 {
 
-constexpr std::span<const library::Member> declaredOf(LoadDataType type)
-{
-    switch (type) {
-    case LoadDataType::Mesh:
-        return library::ILoadMesh;
-    case LoadDataType::Geometry:
-        return library::ILoadGeom;
-    case LoadDataType::NodalTemperature:
-        return library::ILoadNTemp;
-    case LoadDataType::ElementalTemperature:
-        return library::ILoadETemp;
-    }
-    return {};
-}
+// Not for temperatures.
+template <class Data>
+constexpr bool hasValues = std::is_base_of_v<neutral::Load, Data>;
 
-// A load of a definition. The four classes differ only in their tables of members.
-template <LoadDataType type>
-class LoadObject : public ObjectOf<LoadObject<type>>
+// A load of a definition: a load of the model host's.
+template <class Data>
+class LoadObject : public ObjectOf<LoadObject<Data>>
 {
 public:
     LoadObject(Server& shared, LoadOf load)
-        : ObjectOf<LoadObject<type>>(shared, "load"), load_(std::move(load))
+        : ObjectOf<LoadObject>(shared, "load"), load_(std::move(load))
     {}
 
-    static constexpr std::span<const library::Member> declarations = declaredOf(type);
+    static constexpr std::span<const library::Member> declarations =
+        library::interfaceOf(embedded::Kind<Data>::object)->members;
     static std::span<const Member<LoadObject>> members();
 
     Variant read(Arguments& arguments)
@@ -49,93 +43,43 @@ public:
             return load_.definitionID;
         return toVariant(index ? load_.load->member(name, *index) : load_.load->member(name));
     }
+    /// The whole of "load".
+    Variant values(Arguments&)
+    {
+        std::vector<double> all(std::tuple_size_v<decltype(neutral::Load::load)>);
+        for (std::size_t i = 0; i < all.size(); ++i)
+            all[i] = std::get<double>(load_.load->member("load", static_cast<int>(i)));
+        return all;
+    }
+
+protected:
+    bool returnsColumns() const override { return false; }
 
 private:
     LoadOf load_;
 };
 
-using MeshLoad = LoadObject<LoadDataType::Mesh>;
-using GeometryLoad = LoadObject<LoadDataType::Geometry>;
-using NodalTemperature = LoadObject<LoadDataType::NodalTemperature>;
-using ElementalTemperature = LoadObject<LoadDataType::ElementalTemperature>;
-
-// clang-format off
-constexpr Member<MeshLoad> meshLoadMembers[] = {
-    {"meshID",           serve<&MeshLoad::read>},
-    {"color",            serve<&MeshLoad::read>},
-    {"layer",            serve<&MeshLoad::read>},
-    {"type",             serve<&MeshLoad::read>},
-    {"subtype",          serve<&MeshLoad::read>},
-    {"expanded",         serve<&MeshLoad::read>},
-    {"LoadDefinitionID", serve<&MeshLoad::read>},
-    {"FaceNumber",       serve<&MeshLoad::read>},
-    {"ID",               serve<&MeshLoad::read>},
-    {"setID",            serve<&MeshLoad::read>},
-    {"load",             serve<&MeshLoad::read>},
-};
-
-constexpr Member<GeometryLoad> geometryLoadMembers[] = {
-    {"color",            serve<&GeometryLoad::read>},
-    {"layer",            serve<&GeometryLoad::read>},
-    {"expanded",         serve<&GeometryLoad::read>},
-    {"geomID",           serve<&GeometryLoad::read>},
-    {"type",             serve<&GeometryLoad::read>},
-    {"subtype",          serve<&GeometryLoad::read>},
-    {"LoadDefinitionID", serve<&GeometryLoad::read>},
-    {"FaceNumber",       serve<&GeometryLoad::read>},
-    {"geomTYPE",         serve<&GeometryLoad::read>},
-    {"ID",               serve<&GeometryLoad::read>},
-    {"setID",            serve<&GeometryLoad::read>},
-    {"load",             serve<&GeometryLoad::read>},
-};
-
-constexpr Member<NodalTemperature> nodalTemperatureMembers[] = {
-    {"temp",             serve<&NodalTemperature::read>},
-    {"phase",            serve<&NodalTemperature::read>},
-    {"LoadDefinitionID", serve<&NodalTemperature::read>},
-    {"ID",               serve<&NodalTemperature::read>},
-    {"setID",            serve<&NodalTemperature::read>},
-};
-
-// The model host holds no gradients.
-Variant noGradient(ElementalTemperature&, Arguments&)
+// The members that the model host serves, and the array as a whole.
+template <class Data>
+constexpr auto loadMembers()
 {
-    return 0.0;
+    using Load = LoadObject<Data>;
+    constexpr auto held = embedded::membersOf(embedded::Kind<Data>());
+    std::array<Member<Load>, held.size() + (hasValues<Data> ? 1 : 0)> rows{};
+    std::ranges::transform(held, rows.begin(), [](const embedded::Member<Data>& member) {
+        return Member<Load>{member.name, serve<&Load::read>};
+    });
+    if constexpr (hasValues<Data>)
+        rows.back() = {"vload", serve<&Load::values>};
+    return rows;
 }
 
-constexpr Member<ElementalTemperature> elementalTemperatureMembers[] = {
-    {"temp",             serve<&ElementalTemperature::read>},
-    {"phase",            serve<&ElementalTemperature::read>},
-    {"LoadDefinitionID", serve<&ElementalTemperature::read>},
-    {"gradient",         noGradient},
-    {"ID",               serve<&ElementalTemperature::read>},
-    {"setID",            serve<&ElementalTemperature::read>},
-};
-// clang-format on
-static_assert(areDeclared(meshLoadMembers, MeshLoad::declarations));
-static_assert(areDeclared(geometryLoadMembers, GeometryLoad::declarations));
-static_assert(areDeclared(nodalTemperatureMembers, NodalTemperature::declarations));
-static_assert(areDeclared(elementalTemperatureMembers, ElementalTemperature::declarations));
-
-template <>
-std::span<const Member<MeshLoad>> MeshLoad::members()
+template <class Data>
+std::span<const Member<LoadObject<Data>>> LoadObject<Data>::members()
 {
-    return meshLoadMembers;
-}
-template <>
-std::span<const Member<GeometryLoad>> GeometryLoad::members()
-{
-    return geometryLoadMembers;
-}
-template <>
-std::span<const Member<NodalTemperature>> NodalTemperature::members()
-{
-    return nodalTemperatureMembers;
-}
-template <>
-std::span<const Member<ElementalTemperature>> ElementalTemperature::members()
-{
-    return elementalTemperatureMembers;
+    static constexpr auto rows = loadMembers<Data>();
+    static_assert(areDeclared(rows, declarations));
+    return rows;
 }
 
 using Definition = LoadDefinitionObject;
@@ -174,13 +118,13 @@ IDispatch* makeLoad(Server& server, LoadOf load)
 {
     switch (static_cast<LoadDataType>(load.dataType)) {
     case LoadDataType::Mesh:
-        return new MeshLoad(server, std::move(load));
+        return new LoadObject<embedded::MeshLoad>(server, std::move(load));
     case LoadDataType::Geometry:
-        return new GeometryLoad(server, std::move(load));
+        return new LoadObject<embedded::GeometryLoad>(server, std::move(load));
     case LoadDataType::NodalTemperature:
-        return new NodalTemperature(server, std::move(load));
+        return new LoadObject<embedded::NodalTemperature>(server, std::move(load));
     case LoadDataType::ElementalTemperature:
-        return new ElementalTemperature(server, std::move(load));
+        return new LoadObject<embedded::ElementalTemperature>(server, std::move(load));
     }
     return nullptr;
 }

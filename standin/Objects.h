@@ -2,6 +2,7 @@
 #pragma once
 
 #include "femap/Objects.h"
+#include "femap/embedded/HostObjects.h"
 #include "femap/neutral/Model.h"
 #include "standin/Object.h"
 
@@ -13,6 +14,7 @@
 namespace standin
 {
 
+namespace embedded = femap::embedded;
 namespace neutral = femap::neutral;
 using femap::LoadDefinition;
 using femap::MemberObject;
@@ -38,7 +40,7 @@ public:
     int getTitleList(Arguments& arguments);
 
     int setID;
-    neutral::OutputVector vector;
+    embedded::HostOutputVector vector;
 };
 
 class OutputSetObject : public ObjectOf<OutputSetObject>
@@ -49,11 +51,13 @@ public:
     static constexpr std::span<const library::Member> declarations = library::IOutputSet;
     static std::span<const Member<OutputSetObject>> members();
 
-    int get(int id);
+    int get(int wanted);
     /// The vectors of the loaded set into a set object.
     int outputVectors(int set);
 
-    neutral::OutputSet loaded;
+    int id = 0;
+    std::string title;
+    double value = 0;
 };
 
 /// "feResults": a table whose columns are output vectors.
@@ -95,10 +99,11 @@ private:
     int fillSet(int target, bool clearFirst, const std::vector<int>& ids);
     std::vector<Title> shownVectors(const neutral::OutputSet& set) const;
     int fillValue(Arguments& arguments, std::size_t i, const double* value) const;
-    const neutral::OutputVector* find(int set, int vector);
+    std::optional<embedded::HostOutputVector> find(int set, int vector);
+    /// Null for a column that cannot be read.
     const neutral::OutputVector* column(int index) const;
 
-    std::vector<neutral::OutputVector> columns_;
+    std::vector<embedded::HostOutputVector> columns_;
     std::optional<std::vector<int>> rows_;  // none: the entities that have a value
     bool populated_ = false;
 };

@@ -1,10 +1,6 @@
 // The output set object and, for FEMAP before 2020.1, the output vector object of the stand-in.
 #include "standin/Objects.h"
 #include "standin/Server.h"
-#include "system/RuntimeError.h"
-
-#include <algorithm>
-#include <optional>
 
 namespace standin
 {
@@ -20,12 +16,12 @@ using Output = OutputObject;
 template <auto member>
 Variant ofVector(Output& output, Arguments&)
 {
-    return output.vector.*member;
+    return output.vector.loaded().*member;
 }
 
 Variant location(Output& output, Arguments&)
 {
-    return static_cast<int>(output.vector.location);
+    return static_cast<int>(output.vector.loaded().location);
 }
 
 void putSetID(Output& output, Arguments& arguments)
@@ -56,18 +52,6 @@ static_assert(areDeclared(outputMembers, OutputObject::declarations));
 
 using OutputSet = OutputSetObject;
 
-Variant setNumber(OutputSet& set, Arguments&)
-{
-    return set.loaded.id;
-}
-Variant setTitle(OutputSet& set, Arguments&)
-{
-    return set.loaded.title;
-}
-Variant setValue(OutputSet& set, Arguments&)
-{
-    return set.loaded.value;
-}
 Variant activeSet(OutputSet& set, Arguments&)
 {
     return set.server().host.activeID(EntityType::OutputSet);
@@ -75,9 +59,9 @@ Variant activeSet(OutputSet& set, Arguments&)
 
 // clang-format off
 constexpr Member<OutputSetObject> outputSetMembers[] = {
-    {"Value",           setValue},
-    {"title",           setTitle},
-    {"ID",              setNumber},
+    {"Value",           serve<&OutputSet::value>},
+    {"title",           serve<&OutputSet::title>},
+    {"ID",              serve<&OutputSet::id>},
     {"Active",          activeSet},
     {"Get",             serve<&OutputSet::get>},
     {"OutputVectors",   serve<&OutputSet::outputVectors>},
@@ -101,7 +85,7 @@ std::vector<double> valuesAt(const neutral::OutputVector& vector, const std::vec
 }
 
 OutputObject::OutputObject(Server& shared)
-    : ObjectOf(shared, "feOutput"), setID(shared.defaultOutputSet())
+    : ObjectOf(shared, "feOutput"), setID(shared.defaultOutputSet()), vector(shared.host)
 {}
 
 std::span<const Member<OutputObject>> OutputObject::members()
@@ -111,13 +95,7 @@ std::span<const Member<OutputObject>> OutputObject::members()
 
 int OutputObject::get(int id)
 {
-    const neutral::OutputSet* const set = server().host.openModel().outputSets.find(setID);
-    const neutral::OutputVector* const found =
-        set == nullptr ? nullptr : set->vectors.find(id == 0 ? vector.id : id);
-    if (found == nullptr)
-        return failed;
-    vector = *found;
-    return ok;
+    return static_cast<int>(vector.GetFromSet(setID, id));
 }
 
 int OutputObject::getFromSet(int set, int id)
@@ -128,26 +106,24 @@ int OutputObject::getFromSet(int set, int id)
 
 double OutputObject::value(int entity)
 {
-    const double* const value = vector.valueAt(entity);
-    if (value == nullptr && server().modes[Mode::MissingIsZero])
+    if (server().modes[Mode::MissingIsZero] && vector.loaded().valueAt(entity) == nullptr)
         return 0;
-    if (value == nullptr)
-        throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed,
-                                femap::noValueText(vector.id, entity));
-    return *value;
+    return vector.Value(entity);
 }
 
 int OutputObject::getOutputListAtSet(Arguments& arguments)
 {
-    const std::vector<int> ids = server().idsIn(arguments.number(0), vector.location);
-    arguments.fillAny(2, valuesAt(vector, ids, arguments.real(1)));
+    const neutral::OutputVector& loaded = vector.loaded();
+    const std::vector<int> ids = server().idsIn(arguments.number(0), loaded.location);
+    arguments.fillAny(2, valuesAt(loaded, ids, arguments.real(1)));
     return ids.empty() ? failed : ok;
 }
 
 int OutputObject::getScalarAtSet(Arguments& arguments)
 {
-    const std::vector<int> ids = server().idsIn(arguments.number(0), vector.location);
-    arguments.fillAny(1, valuesAt(vector, ids, noValue));
+    const neutral::OutputVector& loaded = vector.loaded();
+    const std::vector<int> ids = server().idsIn(arguments.number(0), loaded.location);
+    arguments.fillAny(1, valuesAt(loaded, ids, noValue));
     return ids.empty() ? failed : ok;
 }
 
@@ -170,13 +146,15 @@ std::span<const Member<OutputSetObject>> OutputSetObject::members()
     return outputSetMembers;
 }
 
-int OutputSetObject::get(int id)
+int OutputSetObject::get(int wanted)
 {
     const neutral::OutputSet* const found =
-        server().host.openModel().outputSets.find(id == 0 ? loaded.id : id);
+        server().host.openModel().outputSets.find(wanted == 0 ? id : wanted);
     if (found == nullptr)
         return failed;
-    loaded = *found;
+    id = found->id;
+    title = found->title;
+    value = found->value;
     return ok;
 }
 
@@ -185,7 +163,7 @@ int OutputSetObject::outputVectors(int set)
     embedded::HostSet* const target = server().findSet(set);
     if (target == nullptr)
         return failed;
-    target->add(server().idsOf(EntityType::OutputVector, loaded.id));
+    target->add(server().idsOf(EntityType::OutputVector, id));
     return ok;
 }
 

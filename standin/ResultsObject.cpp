@@ -58,19 +58,20 @@ std::span<const Member<ResultsObject>> ResultsObject::members()
     return resultsMembers;
 }
 
-const neutral::OutputVector* ResultsObject::find(int set, int vector)
+std::optional<embedded::HostOutputVector> ResultsObject::find(int set, int vector)
 {
-    const neutral::OutputSet* const found = server().host.openModel().outputSets.find(set);
     const int own = server().ownVectorID(vector);
-    const bool isShown = server().shownVectorID(own) == vector;
-    return found == nullptr || !isShown ? nullptr : found->vectors.find(own);
+    std::optional<embedded::HostOutputVector> found(server().host);
+    if (server().shownVectorID(own) != vector || found->GetFromSet(set, own) != ReturnCode::Ok)
+        found.reset();
+    return found;
 }
 
 // Columns can be read once the table was populated.
 const neutral::OutputVector* ResultsObject::column(int index) const
 {
     const auto at = static_cast<std::size_t>(index);
-    return !populated_ || index < 0 || at >= columns_.size() ? nullptr : &columns_[at];
+    return !populated_ || index < 0 || at >= columns_.size() ? nullptr : &columns_[at].loaded();
 }
 
 int ResultsObject::clear()
@@ -94,10 +95,10 @@ int ResultsObject::addColumn(Arguments& arguments)
 {
     if (populated_)
         return invalid;
-    const neutral::OutputVector* const vector = find(arguments.number(0), arguments.number(1));
-    if (vector == nullptr)
+    const auto vector = find(arguments.number(0), arguments.number(1));
+    if (!vector)
         return notExist;
-    if (!columns_.empty() && columns_.front().location != vector->location)
+    if (!columns_.empty() && columns_.front().loaded().location != vector->loaded().location)
         return badType;
     arguments.fill(3, 1);
     arguments.fillAny(4, std::vector<int>{numberOfColumns()});
@@ -114,8 +115,8 @@ int ResultsObject::populate()
 int ResultsObject::numberOfRows()
 {
     std::set<int> rows;
-    for (const neutral::OutputVector& vector : columns_)
-        rows.insert(vector.ids.begin(), vector.ids.end());
+    for (const embedded::HostOutputVector& column : columns_)
+        rows.insert(column.loaded().ids.begin(), column.loaded().ids.end());
     return populated_ ? static_cast<int>(rows.size()) : 0;
 }
 
@@ -187,18 +188,18 @@ int ResultsObject::fillValue(Arguments& arguments, std::size_t i, const double* 
 
 int ResultsObject::entityValue(Arguments& arguments)
 {
-    const neutral::OutputVector* const vector = find(arguments.number(0), arguments.number(1));
-    if (vector == nullptr)
+    const auto vector = find(arguments.number(0), arguments.number(1));
+    if (!vector)
         return notExist;
-    return fillValue(arguments, 3, vector->valueAt(arguments.number(2)));
+    return fillValue(arguments, 3, vector->loaded().valueAt(arguments.number(2)));
 }
 
 int ResultsObject::vectorTitle(Arguments& arguments)
 {
-    const neutral::OutputVector* const vector = find(arguments.number(0), arguments.number(1));
-    if (vector == nullptr)
+    const auto vector = find(arguments.number(0), arguments.number(1));
+    if (!vector)
         return notExist;
-    arguments.fillText(2, vector->title);
+    arguments.fillText(2, vector->loaded().title);
     return ok;
 }
 
@@ -239,8 +240,8 @@ int ResultsObject::vectors(int set, int target, bool clearFirst)
 
 int ResultsObject::vectorEntities(int set, int vector, int target, bool clearFirst)
 {
-    const neutral::OutputVector* const found = find(set, vector);
-    return found == nullptr ? notExist : fillSet(target, clearFirst, found->ids);
+    const auto found = find(set, vector);
+    return found ? fillSet(target, clearFirst, found->loaded().ids) : notExist;
 }
 
 int ResultsObject::fillSet(int target, bool clearFirst, const std::vector<int>& ids)
@@ -256,15 +257,15 @@ int ResultsObject::fillSet(int target, bool clearFirst, const std::vector<int>& 
 
 int ResultsObject::vectorExists(int set, int vector)
 {
-    return find(set, vector) == nullptr ? failed : ok;
+    return find(set, vector) ? ok : failed;
 }
 
 int ResultsObject::vectorInfo(Arguments& arguments)
 {
-    const neutral::OutputVector* const vector = find(arguments.number(0), arguments.number(1));
-    if (vector == nullptr)
+    const auto vector = find(arguments.number(0), arguments.number(1));
+    if (!vector)
         return notExist;
-    arguments.fill(2, static_cast<int>(vector->location));
+    arguments.fill(2, static_cast<int>(vector->loaded().location));
     arguments.fill(3, 0);
     arguments.fillFlag(4, false);
     arguments.fillFlag(5, false);

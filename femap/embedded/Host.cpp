@@ -67,7 +67,10 @@ public:
     {
         return makeEntity(host_, word);
     }
-    std::unique_ptr<femap::OutputVector> feOutput() override { return makeOutputVector(host_); }
+    std::unique_ptr<femap::OutputVector> feOutput() override
+    {
+        return std::make_unique<HostOutputVector>(host_);
+    }
     std::unique_ptr<femap::Function> feFunction() override { return makeFunction(host_); }
     std::unique_ptr<femap::LoadDefinition> feLoadDefinition() override
     {

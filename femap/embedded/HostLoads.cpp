@@ -4,6 +4,7 @@
 #include "femap/embedded/HostObjects.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace femap::embedded
 {
@@ -13,6 +14,18 @@ namespace
 
 template <class Data>
 using HostLoad = DataObject<MemberObject, Data>;
+
+// Of a load that has one among its values.
+double temperatureIn(const neutral::Load& load)
+{
+    const LoadType* const type = findLoadType(load.type);
+    if (type == nullptr)
+        return 0;
+    const auto found = std::ranges::find(type->values, "Temperature");
+    return found == type->values.end()
+               ? 0
+               : load.load[static_cast<std::size_t>(found - type->values.begin())];
+}
 
 class HostLoadDefinition : public femap::LoadDefinition
 {
@@ -49,19 +62,19 @@ public:
         switch (static_cast<LoadDataType>(data_.dataType)) {
         case LoadDataType::Mesh:
             return next(set->meshLoads, [this](const neutral::Load& load) {
-                return MeshLoad{load, setID_};
+                return MeshLoad{load, setID_, temperatureIn(load)};
             });
         case LoadDataType::Geometry:
             return next(set->geometryLoads, [this](const neutral::Load& load) {
-                return GeometryLoad{load, setID_, geometryTypeOf(load.type)};
+                return GeometryLoad{{load, setID_, temperatureIn(load)}, geometryTypeOf(load.type)};
             });
         case LoadDataType::NodalTemperature:
             return next(set->nodalTemperatures, [this](const neutral::TemperatureLoad& load) {
-                return TemperatureObject{load, setID_};
+                return NodalTemperature{load, setID_};
             });
         case LoadDataType::ElementalTemperature:
             return next(set->elementTemperatures, [this](const neutral::TemperatureLoad& load) {
-                return TemperatureObject{load, setID_};
+                return ElementalTemperature{{load, setID_}};
             });
         }
         return nullptr;  // a kind of load that the host does not know

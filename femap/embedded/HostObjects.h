@@ -2,6 +2,7 @@
 #pragma once
 
 #include "femap/Objects.h"
+#include "femap/neutral/Model.h"
 
 #include <memory>
 #include <string>
@@ -46,9 +47,38 @@ private:
     std::size_t next_ = 0;  // index in ids_ of the ID that Next returns
 };
 
+/// An output vector. It keeps only which vector was loaded and finds that vector in the model at
+/// each question: a vector may hold a value for each of a million nodes, too many to copy at each
+/// Get.
+class HostOutputVector : public femap::OutputVector
+{
+public:
+    explicit HostOutputVector(Host& host) : host_(host) {}
+
+    ReturnCode Get(int vectorID) override;
+    int ID() override { return loaded().id; }
+    std::string Title() override;
+    // A neutral file has the numbering of the FEMAP that wrote it, here one before 2020.1.
+    int classicID() override { return loaded().id; }
+    double Value(int entityID) override;
+    double maxval() override { return loaded().maxval; }
+    double minval() override { return loaded().minval; }
+    femap::Value member(const std::string& name) override;
+    femap::Value member(const std::string& name, int index) override;
+
+    /// As Get, from any output set.
+    ReturnCode GetFromSet(int setID, int vectorID);
+    /// The vector in the model; an empty one before the first Get. Raises when it is gone.
+    const neutral::OutputVector& loaded() const;
+
+private:
+    Host& host_;
+    int setID_ = 0;
+    int vectorID_ = 0;
+};
+
 // The other objects that the host's application hands out.
 std::unique_ptr<Entity> makeEntity(Host& host, const std::string& word);
-std::unique_ptr<femap::OutputVector> makeOutputVector(Host& host);
 std::unique_ptr<femap::Function> makeFunction(Host& host);
 std::unique_ptr<femap::LoadDefinition> makeLoadDefinition(Host& host);
 

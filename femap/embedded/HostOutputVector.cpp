@@ -1,6 +1,4 @@
-// The output vector object ("feOutput") of the model host. It keeps only which vector was loaded
-// and finds that vector in the model at each question: a vector may hold a value for each of a
-// million nodes, too many to copy at each Get.
+// The output vector object ("feOutput") of the model host.
 #include "femap/embedded/Host.h"
 #include "femap/embedded/HostObjects.h"
 #include "femap/embedded/Members.h"
@@ -39,81 +37,69 @@ constexpr OutputMember outputMembers[] = {
 };
 // clang-format on
 
-class HostOutputVector : public femap::OutputVector
-{
-public:
-    explicit HostOutputVector(Host& host) : host_(host) {}
-
-    ReturnCode Get(int vectorID) override
-    {
-        const OutputSet* const set = activeOutputSet(host_.openModel());
-        const int id = vectorID == 0 ? vectorID_ : vectorID;
-        if (set == nullptr || set->vectors.find(id) == nullptr)
-            return ReturnCode::Fail;
-        setID_ = set->id;
-        vectorID_ = id;
-        return ReturnCode::Ok;
-    }
-    int ID() override { return loaded().id; }
-    std::string Title() override { return withoutControlCharacters(loaded().title); }
-    // A neutral file has the numbering of the FEMAP that wrote it, here one before 2020.1.
-    int classicID() override { return loaded().id; }
-    double Value(int entityID) override
-    {
-        const neutral::OutputVector& vector = loaded();
-        const double* const value = vector.valueAt(entityID);
-        if (value == nullptr)
-            throw RuntimeError(ErrorNumber::ObjectFailed, noValueText(vector.id, entityID));
-        return *value;
-    }
-    double maxval() override { return loaded().maxval; }
-    double minval() override { return loaded().minval; }
-
-    femap::Value member(const std::string& name) override
-    {
-        for (const OutputMember& candidate : outputMembers)
-            if (isSameName(candidate.name, name))
-                return candidate.read(loaded(), setID_);
-        if (isSameName(name, "Value"))
-            throw RuntimeError(ErrorNumber::InvalidCall, name + " of feOutput needs an index");
-        throw RuntimeError(ErrorNumber::NoSuchMember, "feOutput has no member " + name);
-    }
-    femap::Value member(const std::string& name, int index) override
-    {
-        if (isSameName(name, "Value"))
-            return Value(index);
-        member(name);  // raises for an unknown name
-        throw RuntimeError(ErrorNumber::InvalidCall, name + " of feOutput takes no index");
-    }
-
-private:
-    /// The vector in the model; an empty one before the first Get.
-    const neutral::OutputVector& loaded() const
-    {
-        static const neutral::OutputVector nothing;
-        if (vectorID_ == 0)
-            return nothing;
-        Model& model = host_.openModel();
-        const OutputSet* const set = model.outputSets.find(setID_);
-        const neutral::OutputVector* const vector =
-            set == nullptr ? nullptr : set->vectors.find(vectorID_);
-        if (vector == nullptr)
-            throw RuntimeError(
-                ErrorNumber::ObjectFailed,
-                "Output vector " + std::to_string(vectorID_) + " is no longer in the model");
-        return *vector;
-    }
-
-    Host& host_;
-    int setID_ = 0;
-    int vectorID_ = 0;
-};
-
 }  // namespace
 
-std::unique_ptr<femap::OutputVector> makeOutputVector(Host& host)
+ReturnCode HostOutputVector::Get(int vectorID)
 {
-    return std::make_unique<HostOutputVector>(host);
+    const OutputSet* const set = activeOutputSet(host_.openModel());
+    return set == nullptr ? ReturnCode::Fail : GetFromSet(set->id, vectorID);
+}
+
+ReturnCode HostOutputVector::GetFromSet(int setID, int vectorID)
+{
+    const OutputSet* const set = host_.openModel().outputSets.find(setID);
+    const int id = vectorID == 0 ? vectorID_ : vectorID;
+    if (set == nullptr || set->vectors.find(id) == nullptr)
+        return ReturnCode::Fail;
+    setID_ = setID;
+    vectorID_ = id;
+    return ReturnCode::Ok;
+}
+
+std::string HostOutputVector::Title()
+{
+    return withoutControlCharacters(loaded().title);
+}
+
+double HostOutputVector::Value(int entityID)
+{
+    const neutral::OutputVector& vector = loaded();
+    const double* const value = vector.valueAt(entityID);
+    if (value == nullptr)
+        throw RuntimeError(ErrorNumber::ObjectFailed, noValueText(vector.id, entityID));
+    return *value;
+}
+
+femap::Value HostOutputVector::member(const std::string& name)
+{
+    for (const OutputMember& candidate : outputMembers)
+        if (isSameName(candidate.name, name))
+            return candidate.read(loaded(), setID_);
+    if (isSameName(name, "Value"))
+        throw RuntimeError(ErrorNumber::InvalidCall, name + " of feOutput needs an index");
+    throw RuntimeError(ErrorNumber::NoSuchMember, "feOutput has no member " + name);
+}
+
+femap::Value HostOutputVector::member(const std::string& name, int index)
+{
+    if (isSameName(name, "Value"))
+        return Value(index);
+    member(name);  // raises for an unknown name
+    throw RuntimeError(ErrorNumber::InvalidCall, name + " of feOutput takes no index");
+}
+
+const neutral::OutputVector& HostOutputVector::loaded() const
+{
+    static const neutral::OutputVector nothing;
+    if (vectorID_ == 0)
+        return nothing;
+    const OutputSet* const set = host_.openModel().outputSets.find(setID_);
+    const neutral::OutputVector* const vector =
+        set == nullptr ? nullptr : set->vectors.find(vectorID_);
+    if (vector == nullptr)
+        throw RuntimeError(ErrorNumber::ObjectFailed, "Output vector " + std::to_string(vectorID_) +
+                                                          " is no longer in the model");
+    return *vector;
 }
 
 void putOutputValue(Model& model, int vectorID, int entityID, double value)

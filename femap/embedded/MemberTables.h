@@ -106,6 +106,8 @@ inline constexpr Member<MeshLoad> meshLoadMembers[] = {
     {"type",             &MeshLoad::type},
     {"subtype",          &MeshLoad::subtype},
     {"load",             &MeshLoad::load},
+    {"temp",             &MeshLoad::temp},
+    {"phase",            &MeshLoad::phase},
     {"FaceNumber",       &MeshLoad::faceNumber},
     {"color",            &MeshLoad::color},
     {"layer",            &MeshLoad::layer},
@@ -121,48 +123,88 @@ inline constexpr Member<GeometryLoad> geometryLoadMembers[] = {
     {"type",             &GeometryLoad::type},
     {"subtype",          &GeometryLoad::subtype},
     {"load",             &GeometryLoad::load},
+    {"temp",             &GeometryLoad::temp},
+    {"phase",            &GeometryLoad::phase},
     {"FaceNumber",       &GeometryLoad::faceNumber},
     {"color",            &GeometryLoad::color},
     {"layer",            &GeometryLoad::layer},
     {"expanded",         &GeometryLoad::expanded},
 };
 
-inline constexpr Member<TemperatureObject> temperatureMembers[] = {
-    {"ID",               &TemperatureObject::entityID},  // FEMAP numbers them by their entity
-    {"setID",            &TemperatureObject::setID},
-    {"LoadDefinitionID", &TemperatureObject::definitionID},
-    {"temp",             &TemperatureObject::temp},
-    {"phase",            &TemperatureObject::phase},
+// FEMAP numbers temperatures by their entity.
+inline constexpr Member<NodalTemperature> nodalTemperatureMembers[] = {
+    {"ID",               &NodalTemperature::entityID},
+    {"setID",            &NodalTemperature::setID},
+    {"LoadDefinitionID", &NodalTemperature::definitionID},
+    {"temp",             &NodalTemperature::temp},
+    {"phase",            &NodalTemperature::phase},
+    {"color",            &NodalTemperature::color},
+    {"layer",            &NodalTemperature::layer},
+    {"expanded",         &NodalTemperature::expanded},
+};
+
+inline constexpr Member<ElementalTemperature> elementalTemperatureMembers[] = {
+    {"ID",               &ElementalTemperature::entityID},
+    {"setID",            &ElementalTemperature::setID},
+    {"LoadDefinitionID", &ElementalTemperature::definitionID},
+    {"temp",             &ElementalTemperature::temp},
+    {"phase",            &ElementalTemperature::phase},
+    {"gradient",         &ElementalTemperature::gradient},
+    {"color",            &ElementalTemperature::color},
+    {"layer",            &ElementalTemperature::layer},
+    {"expanded",         &ElementalTemperature::expanded},
 };
 // clang-format on
 
-inline std::span<const Member<Node>> membersOf(const Node&)
+/// All members of a kind of data.
+constexpr std::span<const Member<Node>> membersOf(Kind<Node>)
 {
     return nodeMembers;
 }
-inline std::span<const Member<Element>> membersOf(const Element&)
+constexpr std::span<const Member<Element>> membersOf(Kind<Element>)
 {
     return elementMembers;
 }
-inline std::span<const Member<Property>> membersOf(const Property&)
+constexpr std::span<const Member<Property>> membersOf(Kind<Property>)
 {
     return propertyMembers;
 }
-inline std::span<const Member<Material>> membersOf(const Material&)
+constexpr std::span<const Member<Material>> membersOf(Kind<Material>)
 {
     return materialMembers;
 }
-inline std::span<const Member<MeshLoad>> membersOf(const MeshLoad&)
+constexpr std::span<const Member<MeshLoad>> membersOf(Kind<MeshLoad>)
 {
     return meshLoadMembers;
 }
-inline std::span<const Member<GeometryLoad>> membersOf(const GeometryLoad&)
+constexpr std::span<const Member<GeometryLoad>> membersOf(Kind<GeometryLoad>)
 {
     return geometryLoadMembers;
 }
-inline std::span<const Member<TemperatureObject>> membersOf(const TemperatureObject&)
+constexpr std::span<const Member<NodalTemperature>> membersOf(Kind<NodalTemperature>)
 {
-    return temperatureMembers;
+    return nodalTemperatureMembers;
+}
+constexpr std::span<const Member<ElementalTemperature>> membersOf(Kind<ElementalTemperature>)
+{
+    return elementalTemperatureMembers;
+}
+
+template <class Held>
+constexpr int lengthOf = 0;  // no array
+template <class Number, std::size_t size>
+constexpr int lengthOf<std::array<Number, size>> = static_cast<int>(size);
+template <>
+constexpr int lengthOf<std::vector<double>> = static_cast<int>(numbersLength);
+
+/// The length of the array that the member's index counts in; 0 for a member without an index.
+template <class Data>
+constexpr int arrayLength(const Member<Data>& member)
+{
+    if (member.element >= 0)
+        return 0;
+    return std::visit([]<class Held>(Held Data::*const&) { return lengthOf<Held>; },
+                      member.pointer);
 }
 
 }  // namespace femap::embedded

@@ -21,23 +21,6 @@ using sys::RuntimeError;
 namespace
 {
 
-template <class Held>
-constexpr int lengthOf = 0;  // no array
-template <class Number, std::size_t size>
-constexpr int lengthOf<std::array<Number, size>> = static_cast<int>(size);
-template <>
-constexpr int lengthOf<std::vector<double>> = static_cast<int>(numbersLength);
-
-/// The length of the array that the member's index counts in; 0 for a member without an index.
-template <class Data>
-int arrayLength(const Member<Data>& member)
-{
-    if (member.element >= 0)
-        return 0;
-    return std::visit([]<class Held>(Held Data::*const&) { return lengthOf<Held>; },
-                      member.pointer);
-}
-
 /// Whether the member means something for this entity; otherwise it reads as 0.
 template <class Data>
 bool appliesTo(const Member<Data>& member, const Data& data)
@@ -46,9 +29,9 @@ bool appliesTo(const Member<Data>& member, const Data& data)
 }
 
 template <class Data>
-const Member<Data>* findMember(const Data& data, std::string_view name)
+const Member<Data>* findMember(std::string_view name)
 {
-    const auto members = membersOf(data);
+    const auto members = membersOf(Kind<Data>());
     const auto found =
         std::find_if(members.begin(), members.end(),
                      [&](const Member<Data>& member) { return isSameName(member.name, name); });
@@ -56,9 +39,9 @@ const Member<Data>* findMember(const Data& data, std::string_view name)
 }
 
 template <class Data>
-const Member<Data>& requireMember(const Data& data, const std::string& name)
+const Member<Data>& requireMember(const std::string& name)
 {
-    const Member<Data>* const member = findMember(data, name);
+    const Member<Data>* const member = findMember<Data>(name);
     if (member == nullptr)
         throw RuntimeError(ErrorNumber::NoSuchMember,
                            std::string(Kind<Data>::object) + " has no member " + name);
@@ -209,7 +192,7 @@ void writeMember(Data& data, const std::string& name, std::optional<int> index,
                  const std::string& text)
 {
     const Request request{Kind<Data>::object, name, index};
-    const Member<Data>& member = requireMember(data, name);
+    const Member<Data>& member = requireMember<Data>(name);
     const int length = arrayLength(member);
     checkForm(request, length);
     if (isBeyond(request, length))
@@ -235,7 +218,7 @@ Value readMember(const Data& data, const std::string& name, std::optional<int> i
                  bool indexBeyondArrayRaises)
 {
     const Request request{Kind<Data>::object, name, index};
-    const Member<Data>& member = requireMember(data, name);
+    const Member<Data>& member = requireMember<Data>(name);
     const int length = arrayLength(member);
     checkForm(request, length);
     const bool beyond = isBeyond(request, length);
@@ -262,7 +245,7 @@ void putMember(Model& model, const std::string& word, int id, const std::string&
 bool isArrayMember(const std::string& word, const std::string& member)
 {
     return withKind(word, [&]<class Data>(Kind<Data>) {
-        const Member<Data>* const found = findMember(Data(), member);
+        const Member<Data>* const found = findMember<Data>(member);
         return found != nullptr && arrayLength(*found) > 0;
     });
 }
@@ -273,6 +256,8 @@ template Value readMember(const Property&, const std::string&, std::optional<int
 template Value readMember(const Material&, const std::string&, std::optional<int>, bool);
 template Value readMember(const MeshLoad&, const std::string&, std::optional<int>, bool);
 template Value readMember(const GeometryLoad&, const std::string&, std::optional<int>, bool);
-template Value readMember(const TemperatureObject&, const std::string&, std::optional<int>, bool);
+template Value readMember(const NodalTemperature&, const std::string&, std::optional<int>, bool);
+template Value readMember(const ElementalTemperature&, const std::string&, std::optional<int>,
+                          bool);
 
 }  // namespace femap::embedded

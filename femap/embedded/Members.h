@@ -20,17 +20,23 @@ using neutral::Property;
 struct MeshLoad : neutral::Load
 {
     int setID = 0;
+    double temp = 0;   // of convection and radiation
+    double phase = 0;  // the reader knows no place for it in the file
 };
 
-struct GeometryLoad : neutral::Load
+struct GeometryLoad : MeshLoad
 {
-    int setID = 0;
     int geomTYPE = 0;  // 3 point, 4 curve, 5 surface
 };
 
-struct TemperatureObject : neutral::TemperatureLoad
+struct NodalTemperature : neutral::TemperatureLoad
 {
     int setID = 0;
+};
+
+struct ElementalTemperature : NodalTemperature
+{
+    double gradient = 0;  // no neutral file holds one
 };
 
 /// The name that FEMAP gives to a kind of data, and the table of the model that holds it.
@@ -72,9 +78,14 @@ struct Kind<GeometryLoad>
     static constexpr std::string_view object = "feLoadGeom";
 };
 template <>
-struct Kind<TemperatureObject>
+struct Kind<NodalTemperature>
 {
-    static constexpr std::string_view object = "A temperature load";
+    static constexpr std::string_view object = "feLoadNTemp";
+};
+template <>
+struct Kind<ElementalTemperature>
+{
+    static constexpr std::string_view object = "feLoadETemp";
 };
 
 /// The value of a member; an array member takes an index, any other one none. Raises

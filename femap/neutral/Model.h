@@ -109,6 +109,9 @@ struct Load
 struct TemperatureLoad
 {
     int entityID = 0;
+    int layer = 1;
+    int color = 10;
+    bool expanded = false;
     double temp = 0;
     double phase = 0;
     int definitionID = 0;

@@ -75,12 +75,12 @@ void readTemperatures(Lines& lines, std::vector<TemperatureLoad>& list)
         Fields fields = lines.record();
         TemperatureLoad& load = list.emplace_back();
         load.entityID = fields.id();
-        fields.integer();  // colour
-        fields.integer();  // layer
+        load.color = fields.integer();
+        load.layer = fields.integer();
         load.temp = fields.real();
         load.phase = fields.realOr(0);
         fields.integerOr(0);  // function
-        fields.integerOr(0);  // flag
+        load.expanded = fields.integerOr(0) != 0;
         load.definitionID = fields.integerOr(0);
     }
 }

@@ -138,10 +138,6 @@ std::string shown(const MadeCall& call)
 
 TEST_P(DeclaredCalls, FindTheMembersThatTheTypeLibraryHas)
 {
-    // What the model host does not hold.
-    const std::set<std::string> lacking = {"ILoadMesh.temp",      "ILoadMesh.phase",
-                                           "ILoadGeom.temp",      "ILoadGeom.phase",
-                                           "ILoadNTemp.expanded", "ILoadETemp.expanded"};
     std::set<std::string> notFound;
     for (const AskedName& asked : record.names) {
         const std::string name = asked.interfaceName + '.' + asked.name;
@@ -154,7 +150,7 @@ TEST_P(DeclaredCalls, FindTheMembersThatTheTypeLibraryHas)
     }
 
     EXPECT_GT(record.names.size(), 100U);
-    EXPECT_EQ(notFound, lacking);
+    EXPECT_THAT(notFound, testing::IsEmpty());
 }
 
 TEST_P(DeclaredCalls, PassWhatTheTypeLibraryDeclares)

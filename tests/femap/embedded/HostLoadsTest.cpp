@@ -30,17 +30,25 @@ struct LoadFixture : HostFixture
                           .faceNumber = 5,
                           .definitionID = 1,
                           .load = {0.5, 1.5, 2.5, 3.5, 4.5}}};
-        set.geometryLoads = {{.id = 1,
-                              .entityID = 21,
-                              .type = 161,
-                              .subtype = 3,
-                              .faceNumber = 2,
-                              .definitionID = 3,
-                              .load = {9}},
-                             {.id = 2, .entityID = 22, .type = 121, .definitionID = 3},
-                             {.id = 3, .entityID = 23, .type = 81, .definitionID = 3},
-                             {.id = 4, .entityID = 24, .type = 1, .definitionID = 3}};
-        set.nodalTemperatures = {{.entityID = 31, .temp = 20.5, .phase = 45, .definitionID = 4},
+        set.geometryLoads = {
+            {.id = 1,
+             .entityID = 21,
+             .type = 161,
+             .subtype = 3,
+             .faceNumber = 2,
+             .definitionID = 3,
+             .load = {9}},
+            {.id = 2, .entityID = 22, .type = 121, .definitionID = 3},
+            {.id = 3, .entityID = 23, .type = 81, .definitionID = 3},
+            {.id = 4, .entityID = 24, .type = 1, .definitionID = 3},
+            {.id = 5, .entityID = 25, .type = 182, .definitionID = 7, .load = {0.5, 0.25, 300, 1}}};
+        set.nodalTemperatures = {{.entityID = 31,
+                                  .layer = 6,
+                                  .color = 7,
+                                  .expanded = true,
+                                  .temp = 20.5,
+                                  .phase = 45,
+                                  .definitionID = 4},
                                  {.entityID = 32, .definitionID = 9}};
         set.elementTemperatures = {{.entityID = 41, .temp = -3, .definitionID = 5}};
         set.definitions = {{.id = 1, .title = "Force\ton Node", .dataType = 13, .loadType = 1},
@@ -48,7 +56,8 @@ struct LoadFixture : HostFixture
                            {.id = 3, .title = "Geometry", .dataType = 14, .loadType = 161},
                            {.id = 4, .title = "Nodal", .dataType = 15, .loadType = 9},
                            {.id = 5, .title = "Elemental", .dataType = 16, .loadType = 43},
-                           {.id = 6, .title = "Constraint", .dataType = 18, .loadType = 0}};
+                           {.id = 6, .title = "Constraint", .dataType = 18, .loadType = 0},
+                           {.id = 7, .title = "Radiation", .dataType = 14, .loadType = 182}};
         model().loadSets.put(std::move(set));
     }
 
@@ -190,6 +199,28 @@ TEST(HostLoad, ATemperatureServesItsMembers)
     EXPECT_EQ(load->member("LoadDefinitionID"), whole(4));
     EXPECT_EQ(load->member("temp"), Value(20.5));
     EXPECT_EQ(load->member("phase"), Value(45.0));
+    EXPECT_EQ(load->member("layer"), whole(6));
+    EXPECT_EQ(load->member("color"), whole(7));
+    EXPECT_EQ(load->member("expanded"), Value(true));
+}
+
+TEST(HostLoad, HasTheTemperatureThatIsAmongItsValues)
+{
+    LoadFixture f;
+
+    EXPECT_THAT(f.membersOf(7, "temp"), ElementsAre(Value(300.0)));
+    EXPECT_THAT(f.membersOf(1, "temp"), ElementsAre(Value(0.0), Value(0.0)));
+    EXPECT_THAT(f.membersOf(7, "phase"), ElementsAre(Value(0.0)));
+    EXPECT_THAT(f.membersOf(1, "phase"), ElementsAre(Value(0.0), Value(0.0)));
+}
+
+TEST(HostLoad, OnlyATemperatureOfAnElementHasAGradient)
+{
+    LoadFixture f;
+
+    EXPECT_THAT(f.membersOf(5, "gradient"), ElementsAre(Value(0.0)));
+    EXPECT_EQ(complaintOf([&] { f.membersOf(4, "gradient"); }),
+              "feLoadNTemp has no member gradient");
 }
 
 TEST(HostLoad, RefusesMembersOfOtherKindsOfLoads)
@@ -205,7 +236,7 @@ TEST(HostLoad, RefusesMembersOfOtherKindsOfLoads)
     EXPECT_EQ(error->number(), ErrorNumber::NoSuchMember);
     EXPECT_EQ(error->description(), "feLoadMesh has no member geomID");
     EXPECT_EQ(complaintOf([&] { temperature->member("load", 0); }),
-              "A temperature load has no member load");
+              "feLoadNTemp has no member load");
     EXPECT_EQ(complaintOf([&] { mesh->member("load", 5); }), "load of feLoadMesh has no place 5");
     EXPECT_EQ(complaintOf([&] { mesh->member("load"); }), "load of feLoadMesh needs an index");
 }

@@ -98,7 +98,7 @@ TEST(NeutralFileLoads, TemperaturesAreThoseOfNodesThenThoseOfElements)
 {
     const LoadSet set =
         setOf(loadSetHead("1,", "Heat") + listEnd + listEnd +
-              "11,10,1,20.5,-1.,0,0,3,\n12,10,1,30\n" + listEnd + "7,10,1,40.,0.5,0,0,4,\n" +
+              "11,10,1,20.5,-1.,0,0,3,\n12,10,1,30\n" + listEnd + "7,8,2,40.,0.5,0,1,4,\n" +
               listEnd + noFurtherList + "3,15,9,\nNodes\n4,16,43,\nElements\n" + definitionEnd);
 
     ASSERT_THAT(set.nodalTemperatures, SizeIs(2));
@@ -106,11 +106,18 @@ TEST(NeutralFileLoads, TemperaturesAreThoseOfNodesThenThoseOfElements)
     EXPECT_EQ(set.nodalTemperatures[0].temp, 20.5);
     EXPECT_EQ(set.nodalTemperatures[0].phase, -1);
     EXPECT_EQ(set.nodalTemperatures[0].definitionID, 3);
+    EXPECT_EQ(set.nodalTemperatures[0].color, 10);
+    EXPECT_EQ(set.nodalTemperatures[0].layer, 1);
+    EXPECT_FALSE(set.nodalTemperatures[0].expanded);
     EXPECT_EQ(set.nodalTemperatures[1].temp, 30);
+    EXPECT_FALSE(set.nodalTemperatures[1].expanded);
     ASSERT_THAT(set.elementTemperatures, SizeIs(1));
     EXPECT_EQ(set.elementTemperatures[0].entityID, 7);
     EXPECT_EQ(set.elementTemperatures[0].phase, 0.5);
     EXPECT_EQ(set.elementTemperatures[0].definitionID, 4);
+    EXPECT_EQ(set.elementTemperatures[0].color, 8);
+    EXPECT_EQ(set.elementTemperatures[0].layer, 2);
+    EXPECT_TRUE(set.elementTemperatures[0].expanded);
 }
 
 TEST(NeutralFileLoads, OlderFilesGetADefinitionForEachDataTypeAndLoadType)
