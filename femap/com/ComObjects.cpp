@@ -1,10 +1,15 @@
 #include "femap/com/ComObjects.h"
 
+#include "femap/Numbers.h"
 #include "femap/com/BulkCalls.h"
 #include "femap/com/BulkCapabilities.h"
 #include "femap/com/Codes.h"
 #include "system/RuntimeError.h"
 
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <string_view>
 #include <utility>
 #include <variant>
 
@@ -39,7 +44,39 @@ std::string kindOf(Dispatch& load)
     return "nodal temperature";
 }
 
+/// An array of which each place is read by an index, and the member that gives it as a whole.
+struct ArrayMember
+{
+    std::string_view name;
+    const char* whole;
+    int usualPlaces;
+};
+
+// clang-format off
+constexpr ArrayMember arrayMembers[] = {
+    {"orient", "vorient", 3},
+    {"node",   "vnode",   20},
+    {"pval",   "vpval",   numbersLength},
+    {"mval",   "vmval",   numbersLength},
+    {"load",   "vload",   5},
+};
+// clang-format on
+
 }  // namespace
+
+// Whether FEMAP raises for a place beyond an array is not known. Where it gives a value for one
+// beyond the usual places, the length of the whole array tells whether it has that place.
+void demandPlace(Dispatch& object, const std::string& name, int index)
+{
+    const auto* const array = std::ranges::find_if(
+        arrayMembers, [&](const ArrayMember& one) { return isSameName(one.name, name); });
+    if (array == std::end(arrayMembers) || index < array->usualPlaces)
+        return;
+    const std::optional<std::size_t> places = object.placesIn(array->whole);
+    if (places && static_cast<std::size_t>(index) >= *places)
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange,
+                           "FEMAP's " + name + " has no place " + std::to_string(index));
+}
 
 femap::Value readable(const Variant& returned)
 {

@@ -37,6 +37,9 @@ int addColumn(Dispatch& results, int outputSet, int vectorID);
 /// What FEMAP returned for a member; control characters in text are blanks.
 femap::Value readable(const Variant& returned);
 
+/// Raises RuntimeError for a place that an array member of FEMAP's lacks, as far as FEMAP tells.
+void demandPlace(Dispatch& object, const std::string& name, int index);
+
 /// An object of FEMAP's whose members are read by name.
 template <class Interface>
 class ByName : public Interface
@@ -47,7 +50,9 @@ public:
     femap::Value member(const std::string& name) override { return readable(object_.call(name)); }
     femap::Value member(const std::string& name, int index) override
     {
-        return readable(object_.call(name, index));
+        femap::Value value = readable(object_.call(name, index));
+        demandPlace(object_, name, index);
+        return value;
     }
 
     /// The object itself, for bulk calls.

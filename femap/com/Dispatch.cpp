@@ -110,6 +110,22 @@ Dispatch Dispatch::as(std::string kind) &&
     return {std::exchange(object_, nullptr), std::move(kind), connection_};
 }
 
+std::optional<std::size_t> Dispatch::placesIn(const std::string& member)
+{
+    const auto [known, isNew] = connection_->places.try_emplace({kind_, member});
+    if (!isNew)
+        return known->second;
+    try {
+        const std::size_t size = call(member).reals().size();
+        if (size > 0)
+            known->second = size;
+    }
+    catch (const RuntimeError&) {
+        // Then nobody knows.
+    }
+    return known->second;
+}
+
 void Dispatch::put(const std::string& name, Variant value)
 {
     invoke(name, DISPATCH_PROPERTYPUT, &value, 1);

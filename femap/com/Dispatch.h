@@ -65,6 +65,9 @@ public:
         return names_[kind];
     }
 
+    /// How many places arrays have, by kind of object and member; none where FEMAP does not tell.
+    std::map<std::pair<std::string, std::string>, std::optional<std::size_t>> places;
+
 private:
     void demandAlive() const;
     void learn(HRESULT result);
@@ -112,6 +115,10 @@ public:
         return invoke(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments.data(),
                       arguments.size());
     }
+
+    /// How many places the array has that a member gives as a whole; none when it gives none. Asked
+    /// once for each kind of object.
+    std::optional<std::size_t> placesIn(const std::string& member);
 
     /// Writes a property.
     void put(const std::string& name, Variant value);

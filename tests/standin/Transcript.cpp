@@ -113,9 +113,9 @@ void askFields(Writer& writer, MemberObject& object, const std::string& what,
 const std::vector<Field> nodeFields = {{"ID"},      {"x"},     {"Y"},     {"z"},       {"defCSys"},
                                        {"outCSys"}, {"layer"}, {"color"}, {"Visible"}, {"x", 0}};
 const std::vector<Field> elementFields = {
-    {"ID"},          {"type"},          {"propID"},  {"topology"}, {"geomID"},    {"orientID"},
-    {"PlateOffset"}, {"MaterialAngle"}, {"node", 0}, {"node", 4},  {"orient", 0}, {"orient", 2},
-    {"orient", 11},  {"node", -2},      {"node"},    {"title"}};
+    {"ID"},          {"type"},          {"propID"},   {"topology"}, {"geomID"},    {"orientID"},
+    {"PlateOffset"}, {"MaterialAngle"}, {"node", 0},  {"node", 4},  {"orient", 0}, {"orient", 2},
+    {"orient", 11},  {"node", 20},      {"node", -2}, {"node"},     {"title"}};
 const std::vector<Field> propertyFields = {
     {"ID"},      {"title"},   {"color"},    {"layer"},     {"type"}, {"matlID"},   {"refCS"},
     {"pval", 0}, {"pval", 7}, {"PVAL", 20}, {"pval", 200}, {"pval"}, {"thickness"}};

@@ -6,6 +6,7 @@
 #include "standin/Generations.h"
 #include "standin/Letters.h"
 #include "standin/Server.h"
+#include "standin/StandinHere.h"
 #include "standin/StartedStandin.h"
 #include "standin/Transcript.h"
 
@@ -32,7 +33,9 @@ namespace
 class RecordedFemap : public femap::Connector
 {
 public:
-    RecordedFemap(Record& record, bool isClassic) : record_(record), server(isClassic) {}
+    RecordedFemap(Record& record, bool isClassic, const standin::Modes& modes = {})
+        : record_(record), server(isClassic, modes)
+    {}
 
     std::unique_ptr<Application> attach() override
     {
@@ -82,6 +85,13 @@ void readPanel(RecordedFemap& recorded)
     ofMassProperties(*femap);
 }
 
+// What it does where FEMAP gives values for places beyond its arrays.
+void readBeyond(Record& record, bool isClassic)
+{
+    RecordedFemap recorded(record, isClassic, withModes({standin::Mode::BeyondIsZero}));
+    readPanel(recorded);
+}
+
 // What it does for the form.
 void selectInForm(RecordedFemap& recorded, Reading reading)
 {
@@ -124,6 +134,7 @@ struct DeclaredCalls : testing::TestWithParam<const char*>
         readPanel(recorded);
         selectInForm(recorded, Reading::OneByOne);
         selectInForm(recorded, Reading::InBulk);
+        readBeyond(record, isClassic);
     }
 };
 
@@ -190,6 +201,7 @@ TEST(AdapterNames, AreAllLookedUpInOneGenerationOrTheOther)
         RecordedFemap recorded(record, isClassic);
         readPanel(recorded);
         selectInForm(recorded, Reading::InBulk);
+        readBeyond(record, isClassic);
     }
     const auto isDeclared = [](const std::string& name) {
         return std::ranges::any_of(library::interfaces, [&](const library::Interface& one) {

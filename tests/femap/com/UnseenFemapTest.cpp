@@ -103,11 +103,12 @@ std::string nameOf(const testing::TestParamInfo<std::tuple<bool, Mode>>& info)
 
 INSTANTIATE_TEST_SUITE_P(
     ThatChangeNoValue, AnswersOf,
-    testing::Combine(testing::Bool(), testing::Values(Mode::Superseded, Mode::MissingIsZero,
-                                                      Mode::PaddedArrays, Mode::VariantArrays,
-                                                      Mode::ClearKeeps, Mode::VectorsOfActiveSet,
-                                                      Mode::LongModelIDs, Mode::WalkEndsMissing,
-                                                      Mode::LockedNoDialogs, Mode::LooseResults)),
+    testing::Combine(testing::Bool(),
+                     testing::Values(Mode::Superseded, Mode::MissingIsZero, Mode::PaddedArrays,
+                                     Mode::VariantArrays, Mode::ClearKeeps,
+                                     Mode::VectorsOfActiveSet, Mode::BeyondIsZero,
+                                     Mode::LongModelIDs, Mode::WalkEndsMissing,
+                                     Mode::LockedNoDialogs, Mode::LooseResults)),
     nameOf);
 
 TEST_P(AnswersOf, FemapAreReadAsThoseOfTheModelHost)
@@ -147,6 +148,42 @@ TEST(LockedFemapWithoutDialogs, IsUnlockedToShowOne)
         femap->feAppUnlock();
         EXPECT_EQ(unseen.here.server.host.lockCount, 0);
     }
+}
+
+TEST(APlaceBeyondAnArray, IsRefusedAtTheCostOfOneCallForAllElements)
+{
+    for (const bool isClassic : {false, true}) {
+        UnseenFemap unseen({Mode::BeyondIsZero}, isClassic);
+        const std::unique_ptr<femap::Application> femap = unseen.attach();
+        const std::unique_ptr<femap::Entity> element = femap->entity("Elem");
+        const auto readPlace = [&](int id, int place) {
+            const int before = unseen.here.server.callCount;
+            element->Get(id);
+            element->member("orient", place);
+            return unseen.here.server.callCount - before;
+        };
+
+        EXPECT_EQ(readPlace(1, 2), 2);
+        const int before = unseen.here.server.callCount;
+        EXPECT_THROW(readPlace(1, 11), RuntimeError);
+        EXPECT_EQ(unseen.here.server.callCount - before, 3);
+        EXPECT_THROW(readPlace(101, 3), RuntimeError);
+        EXPECT_EQ(unseen.here.server.callCount - before, 5);
+        const std::unique_ptr<femap::Entity> other = femap->entity("Elem");
+        other->Get(102);
+        EXPECT_THROW(other->member("orient", 11), RuntimeError);
+        EXPECT_EQ(unseen.here.server.callCount - before, 8) << "a new object and two calls";
+    }
+}
+
+TEST(APlaceBeyondAnArray, IsTakenAsItIsWhereFemapDoesNotTellTheLength)
+{
+    UnseenFemap unseen({Mode::BeyondIsZero}, false);
+    ASSERT_TRUE(unseen.here.server.faults.set("feElem.vorient", "missing"));
+    const std::unique_ptr<femap::Entity> element = unseen.attach()->entity("Elem");
+    element->Get(1);
+
+    EXPECT_EQ(element->member("orient", 11), femap::Value(0.0));
 }
 
 TEST(LoadsOfSeveralKindsInOneDefinition, AreReadAsTheKindThatEachIs)
