@@ -55,6 +55,9 @@ velmar_test(app/window LOCK femap.model
         WindowPlacesTest.cpp
         WindowTest.cpp
     LINK form_driver)
+velmar_test(app/window NAME product_modes_test LOCK femap.model LABELS long
+    SOURCES ProductInModesTest.cpp
+    LINK form_driver standin)
 velmar_test(study LOCK femap.model LABELS com
     SOURCES StudyOverComTest_windows.cpp
     LINK beside_standin)

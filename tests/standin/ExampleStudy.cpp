@@ -86,6 +86,16 @@ void forgetTime(Contents& contents)
     }
 }
 
+void forgetFirstSize(std::string& log)
+{
+    const std::string before = "DEBUG: Position at ";
+    const std::string lines = before + "At start of Form_Resize\r\nDEBUG: Form resized\r\n" +
+                              before + "At end of Form_Resize\r\n";
+    const std::size_t begin = log.find(lines);
+    if (begin != std::string::npos)
+        log.erase(begin, lines.size());
+}
+
 std::string_view fromFirstDifference(const std::string& text, const std::string& other)
 {
     const auto end =

@@ -35,6 +35,9 @@ Contents takeFiles(const std::filesystem::path& folder);
 /// Takes the moment of the start, which differs from run to run, out of the logs.
 void forgetTime(Contents& contents);
 
+/// Takes out of a log that a form that is shown gets its size once; a replay shows none.
+void forgetFirstSize(std::string& log);
+
 /// What is left of a text where it begins to differ from another one, from the start of that line.
 std::string_view fromFirstDifference(const std::string& text, const std::string& other);
 

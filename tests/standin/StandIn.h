@@ -16,8 +16,8 @@ namespace driver
 class StandIn
 {
 public:
-    explicit StandIn(const std::filesystem::path& model)
-        : program_("--model \"" + windows::fromWide(model.wstring()) + '"')
+    explicit StandIn(const std::filesystem::path& model, const std::string& switches = "")
+        : program_("--model \"" + windows::fromWide(model.wstring()) + "\" " + switches)
     {}
 
     /// What the next selection dialogs answer, such as "1-5 7", "all" or "cancel".

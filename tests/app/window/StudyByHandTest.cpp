@@ -44,17 +44,6 @@ INSTANTIATE_TEST_SUITE_P(OfTheProject, StudyByHand,
                              return std::filesystem::path(study.param).stem().string();
                          });
 
-// A form that is shown gets its size once; a replay shows none.
-void forgetFirstSize(std::string& log)
-{
-    const std::string before = "DEBUG: Position at ";
-    const std::string lines = before + "At start of Form_Resize\r\nDEBUG: Form resized\r\n" +
-                              before + "At end of Form_Resize\r\n";
-    const std::size_t begin = log.find(lines);
-    if (begin != std::string::npos)
-        log.erase(begin, lines.size());
-}
-
 void expectTheSame(Contents& byHand, Contents& replayed)
 {
     EXPECT_GT(replayed.size(), 8U);
@@ -64,7 +53,7 @@ void expectTheSame(Contents& byHand, Contents& replayed)
     for (auto& [name, content] : replayed) {
         std::string& other = byHand[name];
         if (name.ends_with(".log"))
-            forgetFirstSize(other);
+            comtest::forgetFirstSize(other);
         EXPECT_EQ(fromFirstDifference(other, content).substr(0, 1000),
                   fromFirstDifference(content, other).substr(0, 1000))
             << name;
