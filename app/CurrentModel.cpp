@@ -65,6 +65,7 @@ std::optional<std::string> enableWhileModelIsOpen(Session& session)
     if (modelFile && modelFile->empty() && hasNoModel(context))
         modelFile.reset();
     context.form.setEnabled(modelFile.has_value());
+    context.form.openModel = modelFile;
     if (modelFile) {
         context.form.status.withdraw(noModelOpen);
         context.form.openModelExtension = generate::GetFileExtension(*modelFile);

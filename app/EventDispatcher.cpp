@@ -109,6 +109,7 @@ void EventDispatcher::forgetFemap(const std::string& where, const std::string& r
     context.femapShowsProgress = false;
     form::endProgress(context);
     context.form.function.reset();
+    context.form.openModel.reset();
     context.application.reset();
     session_.eventFemap.reset();
     disableWhatNeedsFemap(context.form);

@@ -16,6 +16,7 @@ constexpr int gap = 105;            // between neighbours
 constexpr int captionHeight = 270;  // of a frame, above its first line
 constexpr int lineHeight = 375;
 constexpr int statusHeight = 510;  // two lines of text
+constexpr int modelLineHeight = 240;
 
 struct KindHeight
 {
@@ -127,7 +128,7 @@ void layOutContent(MainForm& form)
     // The frames with grids share what the others and the status line leave.
     const std::vector<FrameEntries> frames = framesOf(form);
     const int frameWidth = width - 2 * margin;
-    int spare = height - gap - statusHeight - margin;
+    int spare = height - gap - modelLineHeight - statusHeight - margin;
     int sharers = 0;
     for (const FrameEntries& each : frames) {
         spare -= margin + (each.hasGrid() ? 0 : each.height());
@@ -139,7 +140,9 @@ void layOutContent(MainForm& form)
         layOutFrame(each, bottom + margin, frameWidth, frameHeight);
         bottom += margin + frameHeight;
     }
-    setBounds(form.StatusLine, 2 * margin, bottom + gap, frameWidth - 2 * margin, statusHeight);
+    const int lineWidth = frameWidth - 2 * margin;
+    setBounds(form.modelLine, 2 * margin, bottom + gap, lineWidth, modelLineHeight);
+    setBounds(form.StatusLine, 2 * margin, bottom + gap + modelLineHeight, lineWidth, statusHeight);
 }
 
 }  // namespace form

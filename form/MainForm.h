@@ -2,6 +2,7 @@
 #pragma once
 
 #include "femap/Objects.h"
+#include "form/AppliedRows.h"
 #include "form/ControlTable.h"
 #include "form/Status.h"
 
@@ -9,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -24,6 +26,8 @@ struct StoredSelections
     std::set<std::string> readFiles;
     /// Those that this run read whole or wrote, with a hash of what they hold.
     std::map<std::string, std::size_t> knownFiles;
+    /// The rows of the latest of those.
+    AppliedRows applied;
 };
 
 struct MainForm : FormControls
@@ -38,6 +42,8 @@ struct MainForm : FormControls
     int ScaleHeight = 0;
 
     Status status{StatusLine.Caption};  // what the status line tells
+    /// Where the window has a line of its own about the model. No control: scripts do not know it.
+    Control modelLine;
 
     /// Every control, in the order of the table.
     const std::vector<NamedControl>& controls() const { return controls_; }
@@ -51,8 +57,10 @@ struct MainForm : FormControls
     // Kept for the whole run.
     std::string fileExtension;       // of the model named on the command line, if one is
     std::string openModelExtension;  // of the model that FEMAP has open
-    std::string ownCommandLine;      // as the tool wrote it last; else the engineer edited it
-    bool commandLineIsDue = false;   // the model had no name when it was to be written
+    std::optional<std::string>
+        openModel;                  // its file, empty while never saved; none without a model
+    std::string ownCommandLine;     // as the tool wrote it last; else the engineer edited it
+    bool commandLineIsDue = false;  // the model had no name when it was to be written
     StoredSelections stored;
     int modelEntityCount = 0;  // output vectors at start-up or at the last new model
     int addInPaneResult = 0;

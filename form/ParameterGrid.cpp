@@ -89,6 +89,7 @@ void ParameterGrid::setText(int row, int column, std::string_view text)
 {
     checkColumn(column);
     std::string& cells = slots_[slotOf(row)];
+    ++changes_;
     const std::string_view old = cellOf(cells, column);
     std::string cell(text);
     std::replace(cell.begin(), cell.end(), cellSeparator, ' ');
@@ -123,6 +124,7 @@ void ParameterGrid::AddItem(std::string_view rowText)
     row.reserve(rowText.size() + added);
     row.append(rowText).append(added, cellSeparator);
     slots_.push_back(std::move(row));
+    ++changes_;
     if (namesKnown_)
         names_.add(nameOf(slots_.back()));
 }
@@ -145,11 +147,13 @@ void ParameterGrid::removeRows(RowRange rows)
     forgetNames();
     const auto begin = slots_.begin() + static_cast<std::ptrdiff_t>(first);
     slots_.erase(begin, begin + rows.count);
+    ++changes_;
     keepSelectionInside();
 }
 
 void ParameterGrid::setRows(int rows)
 {
+    ++changes_;
     closeGaps();
     forgetNames();
     const std::string blank(static_cast<std::size_t>(columns_ - 1), cellSeparator);
@@ -159,6 +163,7 @@ void ParameterGrid::setRows(int rows)
 
 void ParameterGrid::sortByName()
 {
+    ++changes_;
     closeGaps();
     forgetNames();
     std::vector<SortKey> keys;
@@ -198,6 +203,7 @@ ParameterGrid::NameScan ParameterGrid::removeRowsNamed(std::string_view name)
         scan.ranPastTheEnd = !scan.removed.empty() || slot + 1 < slots_.size();
         scan.removed.push_back(std::exchange(slots_[slot], {}));
         ++removed_;
+        ++changes_;
         removed = slot;
         rows.remove();
     }

@@ -7,6 +7,7 @@
 #include "form/ParameterRow.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -36,6 +37,9 @@ public:
     std::string text(int row, int column) const;
     /// A TAB in the text becomes a blank.
     void setText(int row, int column, std::string_view text);
+
+    /// Grows with each change of a cell, of rows or of their order.
+    std::uint64_t changes() const { return changes_; }
 
     /// A row's cells joined by TAB, as they are stored in the control file.
     std::string rowText(int row) const;
@@ -90,6 +94,7 @@ private:
     std::size_t slotOf(int row) const;
 
     int columns_;
+    std::uint64_t changes_ = 0;
     // The texts of the parameter rows. A row removed by name leaves an empty text until the next
     // access by row number, so that removing many rows moves each remaining row at most once.
     mutable std::vector<std::string> slots_;

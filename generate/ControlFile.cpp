@@ -144,8 +144,14 @@ ControlFile readControlFile(Context& context, const std::string& path)
     }
 }
 
+void takeAsApplied(form::MainForm& form, const std::string& modelFile)
+{
+    form.stored.applied.take(modelFile, form.InputsList, form.OutputsList);
+}
+
 // Fills the grids from the bytes of the control file and judges whether nothing of them was lost.
-void fillGrids(Context& context, const std::string& path, std::string_view bytes)
+void fillGrids(Context& context, const std::string& modelFile, const std::string& path,
+               std::string_view bytes)
 {
     constexpr std::string_view mark = "\xEF\xBB\xBF";  // of UTF-8
     Damages damages(context.log);
@@ -161,8 +167,10 @@ void fillGrids(Context& context, const std::string& path, std::string_view bytes
     });
     if (context.error.isPending())
         logPositionAndClearErrorIfAny(context.log, context.error, "At end of Load_Click");
-    if (damages.none())
+    if (damages.none()) {
         rememberControlFile(context, path, bytes);
+        takeAsApplied(context.form, modelFile);
+    }
     else
         tellAtLeastHere(context, "The stored selection did not come back as it was: " +
                                      damages.summary() + ". \"Apply\" keeps a copy: " + path);
@@ -173,7 +181,8 @@ void fillGrids(Context& context, const std::string& path, std::string_view bytes
 void Save_Config(Context& context, form::Progress& progress)
 {
     logPosition(context.log, "At start of Save_Config");
-    const std::optional<ModelPath> model = savedModel(context, context.femap().ModelName());
+    const std::string modelFile = context.femap().ModelName();
+    const std::optional<ModelPath> model = savedModel(context, modelFile);
     if (!model)
         return;
 
@@ -187,6 +196,7 @@ void Save_Config(Context& context, form::Progress& progress)
     forEachNamedRow(progress, context.form.OutputsList, writeRow);
     finish(progress, file);
     rememberWrittenControlFile(context, path);
+    takeAsApplied(context.form, modelFile);
     logDebug(context.log, "Closed file ", path);
 }
 
@@ -205,7 +215,7 @@ void Load_Click(Context& context, const std::string& modelFile)
         if (file.state == ControlFile::Unreadable)
             return;
         if (file.state == ControlFile::Read)
-            fillGrids(context, path, file.bytes);
+            fillGrids(context, modelFile, path, file.bytes);
         context.form.stored.readFiles.insert(path);
     });
 }

@@ -87,6 +87,7 @@ bool mayGenerate(Context& context, std::string& modelFile)
         return true;
     }
     context.form.openModelExtension = GetFileExtension(modelFile);
+    context.form.openModel = modelFile;
     if (context.form.commandLineIsDue)
         renewCommandLine(context, modelFile);
     return true;

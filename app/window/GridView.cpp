@@ -52,13 +52,15 @@ void putOnClipboard(HWND owner, const std::wstring& text)
 
 }  // namespace
 
-GridView::GridView(HWND parent, int id, ParameterGrid& grid, std::function<void(int)> onKey)
+GridView::GridView(HWND parent, int id, ParameterGrid& grid, std::function<void(int)> onKey,
+                   std::function<void()> onSelect)
     : window_(createControl(
           parent, WC_LISTVIEWW, "",
           WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,
           WS_EX_CLIENTEDGE, id)),
       grid_(grid),
-      onKey_(std::move(onKey))
+      onKey_(std::move(onKey)),
+      onSelect_(std::move(onSelect))
 {
     ListView_SetExtendedListViewStyle(
         window_, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES | LVS_EX_DOUBLEBUFFER | LVS_EX_INFOTIP);
@@ -204,6 +206,7 @@ void GridView::selectAll()
     grid_.Row = 1;
     grid_.RowSel = grid_.Rows() - 1;
     showSelection();
+    onSelect_();
 }
 
 void GridView::copySelection()

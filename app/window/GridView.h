@@ -20,7 +20,9 @@ class GridView
 {
 public:
     /// onKey gets the code of each key that is pressed in the grid.
-    GridView(HWND parent, int id, form::ParameterGrid& grid, std::function<void(int)> onKey);
+    /// onSelect is called when the engineer selected other rows.
+    GridView(HWND parent, int id, form::ParameterGrid& grid, std::function<void(int)> onKey,
+             std::function<void()> onSelect);
     ~GridView() { RemoveWindowSubclass(window_, listProcedure, 1); }
     GridView(const GridView&) = delete;
     GridView& operator=(const GridView&) = delete;
@@ -32,6 +34,7 @@ public:
     void setResolution(Pixels pixels);
     /// In the colours of Windows for what can be used, or for what is off.
     void showColours(bool isOn);
+    int selectedCount() const { return shownSelection().count; }
     /// The answer to a notification of the list view or of its header.
     LRESULT notify(const NMHDR& header);
     bool sends(const NMHDR& header) const;
@@ -64,6 +67,7 @@ private:
     HWND window_;
     form::ParameterGrid& grid_;
     std::function<void(int)> onKey_;
+    std::function<void()> onSelect_;
     Pixels pixels_{USER_DEFAULT_SCREEN_DPI};
     SelectedRuns selected_;  // in the list view
     std::wstring cell_;      // lives until the list view has drawn it

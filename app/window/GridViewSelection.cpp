@@ -53,6 +53,7 @@ void GridView::takeSelection()
         grid_.Row = rowOf(std::max(0, ListView_GetNextItem(window_, -1, LVNI_FOCUSED)));
         grid_.RowSel = grid_.Row;
         showSelection();
+        onSelect_();
         return;
     }
     const int first = selected_.first();
@@ -60,6 +61,7 @@ void GridView::takeSelection()
     const bool upwards = ListView_GetSelectionMark(window_) == last;
     grid_.Row = rowOf(upwards ? last : first);
     grid_.RowSel = rowOf(upwards ? first : last);
+    onSelect_();
 }
 
 // An empty grid shows no selection: there is nothing to remove or to copy.

@@ -346,7 +346,8 @@ LRESULT MainWindow::handlePanel(HWND window, UINT message, WPARAM wParam, LPARAM
         return answer;
     }
     case WM_DRAWITEM:
-        status_->draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+        (wParam == idModelLine ? modelLineView_ : status_)
+            ->draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
         return TRUE;
     case WM_CTLCOLORSTATIC: {
         const auto device = reinterpret_cast<HDC>(wParam);

@@ -2,6 +2,7 @@
 // goes to the program, and what changed there is shown afterwards.
 #pragma once
 
+#include "app/ModelLine.h"
 #include "app/Program.h"
 #include "app/window/Controls.h"
 #include "app/window/EventHook.h"
@@ -50,6 +51,8 @@ public:
     void showProgress() override;
     void unload() override;
 
+    static constexpr int idModelLine = 1100;  // beyond those of the form's controls
+
 private:
     static LRESULT CALLBACK frameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     static LRESULT CALLBACK panelProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -83,6 +86,7 @@ private:
     void resolutionChanged(UINT dotsPerInch, const RECT& bounds);
     void resized();
     void layOut();
+    bool place(const form::Control& control, HWND window, int dropDown);
     void layOutScrollBar(const form::ScrollBar& bar, int viewport);
     void scroll(form::ScrollBar& bar, int request);
     void scrollTo(form::ScrollBar& bar, int value);
@@ -107,6 +111,7 @@ private:
     bool isUsable(const form::Control& control) const;
     void showColours();
     void takeColours();
+    void showModelLine();
     void mirrorCombo(const form::ComboBox& box);
     void leaveDisabledControl();
     void restoreFocus();
@@ -133,6 +138,8 @@ private:
     std::map<const form::Control*, Bounds> bounds_;  // of the windows, as they are now
     std::map<const form::ParameterGrid*, std::unique_ptr<GridView>> grids_;
     std::unique_ptr<StatusView> status_;
+    std::unique_ptr<StatusView> modelLineView_;
+    app::ModelLine modelLine_;
     std::unique_ptr<Font> font_;
     Pixels pixels_{USER_DEFAULT_SCREEN_DPI};
     UINT dotsPerInch_ = USER_DEFAULT_SCREEN_DPI;

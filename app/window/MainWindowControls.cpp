@@ -62,6 +62,7 @@ void MainWindow::createControls()
         if (each.as<form::PictureBox>() != nullptr)
             parent = window;
     }
+    modelLineView_ = std::make_unique<StatusView>(parent, idModelLine);
     program_.form().pointersChanged = [this] { showPointer(); };
     addTips();
 }
@@ -101,7 +102,8 @@ HWND MainWindow::createGrid(form::ParameterGrid& grid, HWND parent, int id)
         if (grid.Enabled)
             pressInGrid(grid, key);
     };
-    grids_[&grid] = std::make_unique<GridView>(parent, id, grid, onKey);
+    grids_[&grid] =
+        std::make_unique<GridView>(parent, id, grid, onKey, [this] { showModelLine(); });
     return grids_.at(&grid)->window();
 }
 
@@ -118,6 +120,7 @@ void MainWindow::addTips()
         addTip(tips_, window_, windows_.at(each.control), text);
     }
     status_->addTip(tips_, window_);
+    modelLineView_->addTip(tips_, window_);
 }
 
 }  // namespace window

@@ -225,6 +225,7 @@ void MainWindow::mirror()
     }
     showColours();
     status_->show(form.StatusLine.Caption);
+    showModelLine();
     for (const form::NamedControl& each : form.controls()) {
         if (const auto* const field = each.as<form::TextBox>())
             setWindowText(windows_.at(field), field->Text);
@@ -242,6 +243,14 @@ void MainWindow::mirror()
 bool MainWindow::isUsable(const form::Control& control) const
 {
     return control.Enabled && !starting_;
+}
+
+void MainWindow::showModelLine()
+{
+    int selected = 0;
+    for (const auto& [grid, view] : grids_)
+        selected += view->selectedCount();
+    modelLineView_->show(modelLine_.text(program_.form(), selected));
 }
 
 void MainWindow::showColours()

@@ -16,6 +16,7 @@ void MainWindow::applyResolution(UINT dotsPerInch)
     auto font = std::make_unique<Font>(dotsPerInch);
     for (const auto& [control, window] : windows_)
         setFont(window, *font);
+    setFont(modelLineView_->window(), *font);
     font_ = std::move(font);        // the old one goes when nothing uses it any more
     constexpr int tipWidth = 7500;  // twips
     setTipWidth(tips_, pixels_.fromTwips(tipWidth));
@@ -67,23 +68,30 @@ void MainWindow::layOut()
     for (const form::NamedControl& each : form.controls()) {
         const form::Control& control = *each.control;
         const int dropDown = each.as<form::ComboBox>() != nullptr ? dropDownHeight : 0;
-        const Bounds wanted{pixels_.fromTwips(control.Left), pixels_.fromTwips(control.Top),
-                            pixels_.fromTwips(control.Width),
-                            pixels_.fromTwips(control.Height + dropDown)};
-        Bounds& present = bounds_[&control];
-        if (present == wanted)
-            continue;
-        present = wanted;
-        hasMoved = true;
-        SetWindowPos(windows_.at(&control), nullptr, wanted.left, wanted.top, wanted.width,
-                     wanted.height, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+        hasMoved |= place(control, windows_.at(&control), dropDown);
     }
+    hasMoved |= place(form.modelLine, modelLineView_->window(), 0);
     layOutScrollBar(form.VScroll1, form.pbOuter.Height);
     layOutScrollBar(form.HScroll1, form.pbOuter.Width);
     // Windows does not repaint what shows through a frame when the frame or a neighbour moves.
     if (hasMoved)
         RedrawWindow(windows_.at(&form.pbInner), nullptr, nullptr,
                      RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+// Whether it was elsewhere.
+bool MainWindow::place(const form::Control& control, HWND window, int dropDown)
+{
+    const Bounds wanted{pixels_.fromTwips(control.Left), pixels_.fromTwips(control.Top),
+                        pixels_.fromTwips(control.Width),
+                        pixels_.fromTwips(control.Height + dropDown)};
+    Bounds& present = bounds_[&control];
+    if (present == wanted)
+        return false;
+    present = wanted;
+    SetWindowPos(window, nullptr, wanted.left, wanted.top, wanted.width, wanted.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+    return true;
 }
 
 void MainWindow::layOutScrollBar(const form::ScrollBar& bar, int viewport)

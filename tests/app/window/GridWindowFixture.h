@@ -63,7 +63,8 @@ struct GridWindow : testing::Test
         parent = CreateWindowExW(0, L"GridWindow", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 500,
                                  400, nullptr, nullptr, nullptr, nullptr);
         ASSERT_NE(parent, nullptr);
-        view = std::make_unique<window::GridView>(parent, 1, grid, [](int) {});
+        view = std::make_unique<window::GridView>(
+            parent, 1, grid, [](int) {}, [] {});
         view->setResolution(window::Pixels(USER_DEFAULT_SCREEN_DPI));
         SetWindowSubclass(list(), listen, 2, 0);
         MoveWindow(list(), 0, 0, 480, 350, TRUE);

@@ -1,5 +1,6 @@
 #include "ListViews.h"
 #include "WindowFixture.h"
+#include "app/window/MainWindow.h"
 #include "app/window/PropertyListWindow.h"
 
 #include <gmock/gmock.h>
@@ -99,6 +100,24 @@ TEST_F(Window, TheDialogsListTakesTheSpaceWhenItGrows)
 
     EXPECT_EQ(after.right - after.left, before.right - before.left + 100);
     EXPECT_EQ(after.bottom - after.top, before.bottom - before.top + 50);
+}
+
+TEST_F(Window, ALineNamesTheModelAndCountsTheRows)
+{
+    const HWND content = GetParent(form.control("StatusLine"));
+    const auto line = [&] {
+        return driver::textOf(GetDlgItem(content, window::MainWindow::idModelLine));
+    };
+    const std::string empty = line();
+    addMaterials({"Ex", "Density"});
+    form.selectRows("InputsList", 1, 2);
+    const std::string selected = line();
+    form.press("GenerateButton");
+    form.settle();
+
+    EXPECT_EQ(empty, "panel.neu: no rows");
+    EXPECT_EQ(selected, "panel.neu: 6 rows, 2 selected, 6 not applied");
+    EXPECT_EQ(line(), "panel.neu: 6 rows, 2 selected, all applied");
 }
 
 TEST_F(Window, RemoveSelectedTakesTheSelectedRows)

@@ -1,0 +1,67 @@
+#include "form/AppliedRows.h"
+
+#include <algorithm>
+#include <functional>
+#include <iterator>
+
+namespace form
+{
+
+std::vector<AppliedRows::Row> AppliedRows::rowsOf(const ParameterGrid& inputs,
+                                                  const ParameterGrid& outputs)
+{
+    std::vector<Row> rows;
+    rows.reserve(inputs.rows().size() + outputs.rows().size());
+    std::uint64_t ofGrid = 0;
+    for (const ParameterGrid* const grid : {&inputs, &outputs}) {
+        for (const std::string& text : grid->rows()) {
+            const std::string_view name = cellOf(text, nameColumn);
+            if (!name.empty())
+                rows.push_back({std::hash<std::string_view>()(text) ^ ofGrid,
+                                std::hash<std::string_view>()(name) ^ ofGrid});
+        }
+        ofGrid = ~ofGrid;
+    }
+    std::ranges::sort(rows);
+    return rows;
+}
+
+void AppliedRows::take(const std::string& modelFile, const ParameterGrid& inputs,
+                       const ParameterGrid& outputs)
+{
+    rows_ = rowsOf(inputs, outputs);
+    modelFile_ = modelFile;
+    ++changes_;
+}
+
+RowCounts AppliedRows::compare(const std::string& modelFile, const ParameterGrid& inputs,
+                               const ParameterGrid& outputs) const
+{
+    RowCounts counts;
+    for (const ParameterGrid* const grid : {&inputs, &outputs})
+        for (const std::string& text : grid->rows())
+            if (!cellOf(text, nameColumn).empty() && cellOf(text, valueColumn).empty())
+                ++counts.withoutValue;
+    const std::vector<Row> present = rowsOf(inputs, outputs);
+    counts.rows = present.size();
+    if (modelFile != modelFile_) {
+        counts.notApplied = present.size();
+        return counts;
+    }
+    const auto differing = [](const std::vector<Row>& these, const std::vector<Row>& others) {
+        std::vector<Row> result;
+        std::ranges::set_difference(these, others, std::back_inserter(result));
+        std::vector<std::uint64_t> names(result.size());
+        std::ranges::transform(result, names.begin(), &Row::name);
+        std::ranges::sort(names);
+        return names;
+    };
+    // A row with another value is there under its name: it counts once.
+    const std::vector<std::uint64_t> changed = differing(present, rows_);
+    std::vector<std::uint64_t> gone;
+    std::ranges::set_difference(differing(rows_, present), changed, std::back_inserter(gone));
+    counts.notApplied = changed.size() + gone.size();
+    return counts;
+}
+
+}  // namespace form

@@ -1,0 +1,54 @@
+// Which rows the control file of a model holds, as this run read it whole or wrote it, and how the
+// grids differ from that.
+#pragma once
+
+#include "form/ParameterGrid.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace form
+{
+
+struct RowCounts
+{
+    std::size_t rows = 0;  // with a name, in both grids
+    std::size_t withoutValue = 0;
+    /// Rows that the control file does not hold cell for cell, and rows of it that were taken away.
+    std::size_t notApplied = 0;
+
+    bool operator==(const RowCounts&) const = default;
+};
+
+class AppliedRows
+{
+public:
+    /// The control file of this model holds the rows that are in the grids now.
+    void take(const std::string& modelFile, const ParameterGrid& inputs,
+              const ParameterGrid& outputs);
+    /// Of the grids beside this model, whose control file may not be known. The time taken is that
+    /// of sorting as many numbers as there are rows.
+    RowCounts compare(const std::string& modelFile, const ParameterGrid& inputs,
+                      const ParameterGrid& outputs) const;
+
+    /// Grows with each take.
+    std::uint64_t changes() const { return changes_; }
+
+private:
+    // Hashes: a million rows shall not be kept twice.
+    struct Row
+    {
+        std::uint64_t cells;  // all of the row, and in which grid it is
+        std::uint64_t name;
+        auto operator<=>(const Row&) const = default;
+    };
+    static std::vector<Row> rowsOf(const ParameterGrid& inputs, const ParameterGrid& outputs);
+
+    std::string modelFile_;
+    std::vector<Row> rows_;  // sorted
+    std::uint64_t changes_ = 0;
+};
+
+}  // namespace form
