@@ -96,6 +96,23 @@ std::string signBlank(std::string text)
     return (negative ? "-" : " ") + text;
 }
 
+// Without the blanks around it; the whole text must be the number.
+template <class Number>
+std::optional<Number> parsed(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return std::nullopt;
+    text = text.substr(first, text.find_last_not_of(' ') + 1 - first);
+    if (text.starts_with('+') && !text.starts_with("+-"))
+        text.remove_prefix(1);
+    Number number = 0;
+    const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (problem != std::errc() || end != text.data() + text.size())
+        return std::nullopt;
+    return number;
+}
+
 }  // namespace
 
 std::string numberText(double number)
@@ -130,17 +147,13 @@ std::string signBlankText(std::int64_t number)
 
 std::optional<int> wholeNumber(std::string_view text)
 {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos)
-        return std::nullopt;
-    text = text.substr(first, text.find_last_not_of(' ') + 1 - first);
-    if (text.starts_with('+') && !text.starts_with("+-"))
-        text.remove_prefix(1);
-    int number = 0;
-    const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (problem != std::errc() || end != text.data() + text.size())
-        return std::nullopt;
-    return number;
+    return parsed<int>(text);
+}
+
+std::optional<double> realNumber(std::string_view text)
+{
+    const std::optional<double> number = parsed<double>(text);
+    return number && std::isfinite(*number) ? number : std::nullopt;
 }
 
 }  // namespace femap

@@ -25,4 +25,7 @@ std::string signBlankText(std::int64_t number);
 /// 32 bits.
 std::optional<int> wholeNumber(std::string_view text);
 
+/// A finite number, whole or not, written with a point; blanks around it and a plus sign allowed.
+std::optional<double> realNumber(std::string_view text);
+
 }  // namespace femap

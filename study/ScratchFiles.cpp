@@ -62,6 +62,11 @@ std::unique_ptr<sys::OutputFile> ScratchFiles::openAlone(const std::string& path
     return create(path);
 }
 
+bool ScratchFiles::fileExists(const std::string& path)
+{
+    return written_.contains(path) || real_.fileExists(path);
+}
+
 std::string ScratchFiles::read(const std::string& path)
 {
     const auto found = written_.find(path);

@@ -147,6 +147,12 @@ std::unique_ptr<OutputFile> DiskFiles::openAlone(const std::string& path, const 
     return output;
 }
 
+bool DiskFiles::fileExists(const std::string& path)
+{
+    std::error_code untold;
+    return std::filesystem::is_regular_file(toPath(path), untold);
+}
+
 std::string DiskFiles::read(const std::string& path)
 {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(openFile(path, false), &std::fclose);

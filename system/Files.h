@@ -59,6 +59,8 @@ public:
     /// another process has it.
     virtual std::unique_ptr<OutputFile> openAlone(const std::string& path,
                                                   const LineCheck& mayEmpty) = 0;
+    /// Whether an ordinary file is there, as far as the system tells.
+    virtual bool fileExists(const std::string& path) = 0;
     /// The whole content. Raises RuntimeError (FileNotFound, FileError).
     virtual std::string read(const std::string& path) = 0;
 
@@ -90,6 +92,7 @@ public:
     std::unique_ptr<OutputFile> create(const std::string& path) override;
     std::unique_ptr<OutputFile> openAlone(const std::string& path,
                                           const LineCheck& mayEmpty) override;
+    bool fileExists(const std::string& path) override;
     std::string read(const std::string& path) override;
     TemporaryFile createBeside(const std::string& path) override;
     void demandReplaceable(const std::string& path) override;

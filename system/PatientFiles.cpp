@@ -24,6 +24,11 @@ std::unique_ptr<OutputFile> PatientFiles::openAlone(const std::string& path,
     return retriedWhileDenied(pause_, [&] { return disk_.openAlone(path, mayEmpty); });
 }
 
+bool PatientFiles::fileExists(const std::string& path)
+{
+    return disk_.fileExists(path);
+}
+
 std::string PatientFiles::read(const std::string& path)
 {
     return retriedWhileDenied(pause_, [&] { return disk_.read(path); });

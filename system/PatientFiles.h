@@ -45,6 +45,7 @@ public:
     std::unique_ptr<OutputFile> create(const std::string& path) override;
     std::unique_ptr<OutputFile> openAlone(const std::string& path,
                                           const LineCheck& mayEmpty) override;
+    bool fileExists(const std::string& path) override;
     std::string read(const std::string& path) override;
     TemporaryFile createBeside(const std::string& path) override;
     void demandReplaceable(const std::string& path) override;

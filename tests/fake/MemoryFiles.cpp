@@ -130,6 +130,11 @@ std::unique_ptr<sys::OutputFile> MemoryFiles::openAlone(const std::string& path,
     return std::make_unique<AloneFile>(*this, path);
 }
 
+bool MemoryFiles::fileExists(const std::string& path)
+{
+    return contents.contains(path);
+}
+
 std::string MemoryFiles::read(const std::string& path)
 {
     if (deniedReads > 0 && deniedReads-- > 0)

@@ -38,6 +38,7 @@ public:
     std::unique_ptr<sys::OutputFile> create(const std::string& path) override;
     std::unique_ptr<sys::OutputFile> openAlone(const std::string& path,
                                                const sys::LineCheck& mayEmpty) override;
+    bool fileExists(const std::string& path) override;
     std::string read(const std::string& path) override;
     sys::TemporaryFile createBeside(const std::string& path) override;
     void demandReplaceable(const std::string& path) override;

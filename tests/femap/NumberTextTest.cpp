@@ -13,6 +13,7 @@
 #include <string_view>
 
 using femap::numberText;
+using femap::realNumber;
 using femap::signBlankText;
 using femap::wholeNumber;
 
@@ -200,6 +201,24 @@ TEST(WholeNumber, IsNothingForAnyOtherText)
          {"", " ", "x", "12x", "1 2", "1.5", "1E3", "+", "-", "+-5", "--5", "- 5", "\t12", "0x10",
           "2147483648", "-2147483649", "99999999999999999999"})
         EXPECT_EQ(wholeNumber(text), std::nullopt) << text;
+}
+
+TEST(RealNumber, IsReadInEveryFormThatRowsShow)
+{
+    EXPECT_EQ(realNumber("12"), 12);
+    EXPECT_EQ(realNumber(" .5"), 0.5);
+    EXPECT_EQ(realNumber("-.5 "), -0.5);
+    EXPECT_EQ(realNumber("+7."), 7);
+    EXPECT_EQ(realNumber(numberText(1.5E+20)), 1.5E+20);
+    EXPECT_EQ(realNumber(signBlankText(1E-05)), 1E-05);
+}
+
+TEST(RealNumber, IsNothingForAnyOtherText)
+{
+    for (const std::string_view text : {"", " ", "x", "1.5x", "1 2", "1,5", "True", "X-Y Values",
+                                        "inf", "nan", "1E999", "0x10", "+-5"})
+        EXPECT_EQ(realNumber(text), std::nullopt) << text;
+    EXPECT_EQ(realNumber(numberText(std::numeric_limits<double>::infinity())), std::nullopt);
 }
 
 }  // namespace

@@ -122,6 +122,15 @@ TEST_F(DiskFilesTest, KnowsFoldersFromFiles)
     EXPECT_FALSE(files.folderExists(folder.path("none")));
 }
 
+TEST_F(DiskFilesTest, TellsFilesFromFoldersAndFromWhatIsNotThere)
+{
+    write(folder.path("file"), "");
+
+    EXPECT_TRUE(files.fileExists(folder.path("file")));
+    EXPECT_FALSE(files.fileExists(folder.path()));
+    EXPECT_FALSE(files.fileExists(folder.path("none")));
+}
+
 TEST_F(DiskFilesTest, CreatesOneLevelOfFolders)
 {
     const std::string inner = folder.path("new") + sys::pathSeparator + "inner";
