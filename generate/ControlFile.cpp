@@ -4,7 +4,6 @@
 #include "form/Progress.h"
 #include "generate/ControlFileLines.h"
 #include "generate/LinePieces.h"
-#include "generate/ModelPath.h"
 #include "generate/PreviousSelection.h"
 #include "generate/Targets.h"
 #include "logging/Module1.h"
@@ -149,21 +148,34 @@ void takeAsApplied(form::MainForm& form, const std::string& modelFile)
     form.stored.applied.take(modelFile, form.InputsList, form.OutputsList);
 }
 
+// The text of a control file, without a mark of UTF-8, and whether it has one.
+struct ControlText
+{
+    explicit ControlText(std::string_view bytes, const sys::CodePage& codePage)
+    {
+        constexpr std::string_view mark = "\xEF\xBB\xBF";
+        hasMark = bytes.starts_with(mark);
+        unmarked = bytes.substr(hasMark ? mark.size() : 0);
+        if (!sys::isAscii(unmarked))
+            decoded = codePage.decode(unmarked);
+    }
+    std::string_view text() const { return decoded.empty() ? unmarked : decoded; }
+
+    bool hasMark = false;
+    std::string_view unmarked;
+    std::string decoded;  // empty: as it stands there
+};
+
 // Fills the grids from the bytes of the control file and judges whether nothing of them was lost.
 void fillGrids(Context& context, const std::string& modelFile, const std::string& path,
                std::string_view bytes)
 {
-    constexpr std::string_view mark = "\xEF\xBB\xBF";  // of UTF-8
     Damages damages(context.log);
-    const bool hasMark = bytes.starts_with(mark);
-    const std::string_view unmarked = bytes.substr(hasMark ? mark.size() : 0);
-    const std::string decoded =
-        sys::isAscii(unmarked) ? std::string() : context.system.codePage.decode(unmarked);
-    const std::string_view text = decoded.empty() ? unmarked : decoded;
+    const ControlText file(bytes, context.system.codePage);
     context.error.attempt([&] {
         form::ClearAll_Click(context);
-        judgeText(unmarked, hasMark, text, context.system.codePage, damages);
-        readRows(context, text, damages);
+        judgeText(file.unmarked, file.hasMark, file.text(), context.system.codePage, damages);
+        readRows(context, file.text(), damages);
     });
     if (context.error.isPending())
         logPositionAndClearErrorIfAny(context.log, context.error, "At end of Load_Click");
@@ -198,6 +210,15 @@ void Save_Config(Context& context, form::Progress& progress)
     rememberWrittenControlFile(context, path);
     takeAsApplied(context.form, modelFile);
     logDebug(context.log, "Closed file ", path);
+}
+
+std::optional<std::string> storedSelection(Context& context, const ModelPath& model)
+{
+    const std::string path = targetPath(model, controlFile);
+    if (!context.system.files.fileExists(path))
+        return std::nullopt;
+    const std::string bytes = context.system.files.read(path);
+    return std::string(ControlText(bytes, context.system.codePage).text());
 }
 
 void Load_Click(Context& context, const std::string& modelFile)

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "form/Progress.h"
+#include "generate/ModelPath.h"
 
+#include <optional>
 #include <string>
 
 namespace generate
@@ -11,6 +13,10 @@ namespace generate
 /// Writes both grids into the file. Only tells the engineer when the model has no file yet. What
 /// the file held is kept as a copy, unless this run read it whole or wrote it.
 void Save_Config(form::Context& context, form::Progress& progress);
+
+/// What the control file of a model holds, as text; nothing when there is none. Raises RuntimeError
+/// when it cannot be read.
+std::optional<std::string> storedSelection(form::Context& context, const ModelPath& model);
 
 /// Replaces both grids by what the control file of this model holds, and tells what of it was lost.
 /// Leaves them as they are when there is no file.

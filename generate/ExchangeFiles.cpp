@@ -1,5 +1,6 @@
 #include "generate/ExchangeFiles.h"
 
+#include "generate/ModelPath.h"
 #include "generate/SolverFormat.h"
 #include "generate/Targets.h"
 #include "generate/TextTemplate.h"
@@ -29,10 +30,22 @@ Results File (@solver@) = @model@.@results@
 OutputNameValue = OutputValues.txt
 )text";
 
+constexpr std::string_view referenceStart = "Reference Model (FEMAP) = ";
+static_assert(caeInputHead.substr(1).starts_with(referenceStart));
+static_assert(caeOutputHead.substr(1).starts_with(referenceStart));
+
+constexpr std::string_view placeholderStart = "  !<";
+constexpr std::string_view placeholderEnd = "%f!";
+
 std::string_view trimmed(std::string_view text)
 {
     const std::size_t first = std::min(text.find_first_not_of(' '), text.size());
     return text.substr(first, text.find_last_not_of(' ') + 1 - first);
+}
+
+std::string_view extensionOf(const form::MainForm& form, const std::string& ofFile)
+{
+    return trimmed(form.fileExtension.empty() ? ofFile : form.fileExtension);
 }
 
 void writeExchange(Context& context, form::Progress& progress, const std::string& folder,
@@ -92,7 +105,30 @@ LinePieces nameValueLine(const ParameterRow& row)
 
 LinePieces templateLine(const ParameterRow& row)
 {
-    return {row.name(), "  !<", row.name(), "%f!", row.value(), ">!"};
+    return {row.name(), placeholderStart, row.name(), placeholderEnd, row.value(), ">!"};
+}
+
+std::string_view nameInTemplate(std::string_view line)
+{
+    const std::string_view name = line.substr(0, line.find(placeholderStart));
+    line.remove_prefix(std::min(name.size() + placeholderStart.size(), line.size()));
+    const bool isNamedTwice =
+        line.starts_with(name) && line.substr(name.size()).starts_with(placeholderEnd);
+    return isNamedTwice ? name : std::string_view();
+}
+
+std::string referenceModel(const form::MainForm& form, const std::string& modelFile)
+{
+    const std::string ofFile = GetFileExtension(modelFile);
+    return concatenated({splitModelPath(modelFile).name, ".", extensionOf(form, ofFile)});
+}
+
+std::string_view namedReference(std::string_view description)
+{
+    if (!description.starts_with(referenceStart))
+        return {};
+    description.remove_prefix(referenceStart.size());
+    return description.substr(0, description.find_first_of("\r\n"));
 }
 
 std::string exchangeHead(const Context& context, const ExchangeFormat& format,
@@ -102,10 +138,9 @@ std::string exchangeHead(const Context& context, const ExchangeFormat& format,
     const auto ofSolver = [&](std::string_view SolverFormat::*part) {
         return solver == nullptr ? Lines{} : Lines{solver->*part};
     };
-    const std::string& named = context.form.fileExtension;
-    const std::string& extension = named.empty() ? context.form.openModelExtension : named;
+    const std::string_view extension = extensionOf(context.form, context.form.openModelExtension);
     return fillIn(format.head, {{"model", {modelName}},
-                                {"extension", {trimmed(extension)}},
+                                {"extension", {extension}},
                                 {"solver", ofSolver(&SolverFormat::codeName)},
                                 {"deck", ofSolver(&SolverFormat::deck)},
                                 {"results", ofSolver(&SolverFormat::results)}});

@@ -31,6 +31,15 @@ LinePieces templateLine(const ParameterRow& row);
 extern const ExchangeFormat inputExchange;
 extern const ExchangeFormat outputExchange;
 
+/// The name that a line of a template is for; empty when the line is for none.
+std::string_view nameInTemplate(std::string_view line);
+
+/// The model's file as the first line of both descriptions names it: with the extension of the
+/// start argument, or else that of the file.
+std::string referenceModel(const form::MainForm& form, const std::string& modelFile);
+/// The file that the first line of a description names; empty when it names none.
+std::string_view namedReference(std::string_view description);
+
 /// The head of a description for the chosen solver; each line ends in a line feed.
 std::string exchangeHead(const form::Context& context, const ExchangeFormat& format,
                          const std::string& modelName);

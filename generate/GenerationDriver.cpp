@@ -7,7 +7,6 @@
 #include "generate/ModelPath.h"
 #include "generate/ScanProject.h"
 #include "generate/SolverFormat.h"
-#include "generate/Targets.h"
 #include "generate/TaskDescription.h"
 #include "logging/Module1.h"
 
@@ -98,9 +97,8 @@ std::unique_ptr<sys::FolderLock> prepared(Context& context, const std::string& m
 {
     if (modelFile.empty())
         return nullptr;
-    const Tool* const tool = findTool(context.form.Optimizer.Text);
     return prepareTargets(context, splitModelPath(modelFile),
-                          tool == nullptr ? std::span<const Target>() : tool->files);
+                          filesOfTool(context.form.Optimizer.Text));
 }
 
 // Without a name the command line stays as it is.
@@ -136,6 +134,12 @@ void GenerateButton_Click(Context& context)
     lock.release("Released Femap lock");
     logPositionAndClearErrorIfAny(context.log, context.error, "After Generating supporting files");
     tellFinished(context, progress.finishedFiles());
+}
+
+std::span<const Target> filesOfTool(std::string_view tool)
+{
+    const Tool* const found = findTool(tool);
+    return found == nullptr ? std::span<const Target>() : found->files;
 }
 
 void Solver_Click(Context& context)

@@ -2,8 +2,11 @@
 #pragma once
 
 #include "form/Context.h"
+#include "generate/Targets.h"
 
+#include <span>
 #include <string>
+#include <string_view>
 
 namespace generate
 {
@@ -11,6 +14,9 @@ namespace generate
 /// "Apply": writes all files of the chosen tool, then the control file. Does nothing, with a
 /// message, when the model has no file yet.
 void GenerateButton_Click(form::Context& context);
+
+/// What "Apply" writes for a tool, but for the control file; none for a name that is no tool's.
+std::span<const Target> filesOfTool(std::string_view tool);
 
 /// A choice of solver: sets the command line that runs it on the open model.
 void Solver_Click(form::Context& context);

@@ -4,7 +4,6 @@
 #include "generate/LinePieces.h"
 #include "generate/ModelPath.h"
 #include "generate/Targets.h"
-#include "generate/TextTemplate.h"
 
 #include <string_view>
 
@@ -166,6 +165,9 @@ constexpr std::string_view parameters = R"text(
 'H' 'END'
 )text";
 
+constexpr FixedBounds parameterBounds = {wordBehind(parameters, "@input@        0.00    0.0"),
+                                         wordBehind(parameters, "-9.425e6")};
+
 // Name and value of each row as a parameter record holds them.
 Lines namesAndValues(form::Progress& progress, const ParameterGrid& grid)
 {
@@ -187,6 +189,11 @@ void WriteOmbraProject(Context& context, form::Progress& progress)
     WriteProcessFile(context, progress, folder, name);
     WriteParameterFile(context, progress, folder, name);
     WriteExchangeFiles(context, progress, folder, name);
+}
+
+FixedBounds boundsOfParameters()
+{
+    return parameterBounds;
 }
 
 void WriteProjectFile(Context& context, form::Progress& progress, const std::string& folder,

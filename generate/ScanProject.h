@@ -2,6 +2,7 @@
 #pragma once
 
 #include "form/Progress.h"
+#include "generate/TextTemplate.h"
 
 #include <string>
 
@@ -11,6 +12,9 @@ namespace generate
 /// Writes everything that the tool "Ombra" needs for the open model: the three files of its
 /// project and the exchange files.
 void WriteOmbraProject(form::Context& context, form::Progress& progress);
+
+/// What the parameter file gives to every parameter.
+FixedBounds boundsOfParameters();
 
 // The files of the project. Each lies in the folder and is named after the model.
 void WriteProjectFile(form::Context& context, form::Progress& progress, const std::string& folder,

@@ -12,7 +12,7 @@ namespace
 {
 
 // clang-format off
-constexpr SolverFormat solverFormats[] = {
+constexpr SolverFormat formats[] = {
     {"NENastran", "NastranNE", "nastran nastran.ini ", "nas", "fno", "", "NEiNastran Engine V84"},
     {"NXNastran", "NastranNX", "nastran ",             "dat", "op2", " notify=no", ""},
 };
@@ -23,14 +23,24 @@ constexpr SolverFormat solverFormats[] = {
 const SolverFormat* findSolverFormat(std::string_view solver)
 {
     const auto* const found =
-        std::find_if(std::begin(solverFormats), std::end(solverFormats),
+        std::find_if(std::begin(formats), std::end(formats),
                      [&](const SolverFormat& format) { return format.solver == solver; });
-    return found == std::end(solverFormats) ? nullptr : found;
+    return found == std::end(formats) ? nullptr : found;
+}
+
+std::span<const SolverFormat> solverFormats()
+{
+    return formats;
+}
+
+std::string deckName(const SolverFormat& format, std::string_view modelName)
+{
+    return concatenated({modelName, ".", format.deck});
 }
 
 std::string commandLine(const SolverFormat& format, std::string_view modelName)
 {
-    return concatenated({format.commandStart, modelName, ".", format.deck, format.commandEnd});
+    return concatenated({format.commandStart, deckName(format, modelName), format.commandEnd});
 }
 
 }  // namespace generate

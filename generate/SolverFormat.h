@@ -1,6 +1,7 @@
 // What differs in the generated files from solver to solver.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,12 @@ struct SolverFormat
 
 /// Null when the text names no supported solver. Upper and lower case differ.
 const SolverFormat* findSolverFormat(std::string_view solver);
+
+/// All that are supported.
+std::span<const SolverFormat> solverFormats();
+
+/// The name of the input deck.
+std::string deckName(const SolverFormat& format, std::string_view modelName);
 
 std::string commandLine(const SolverFormat& format, std::string_view modelName);
 

@@ -3,11 +3,8 @@
 #include "generate/BatchFile.h"
 #include "generate/ExchangeFiles.h"
 #include "generate/FunctionDataFile.h"
-#include "generate/LinePieces.h"
 #include "generate/ModelPath.h"
-#include "generate/SolverFormat.h"
 #include "generate/Targets.h"
-#include "generate/TextTemplate.h"
 #include "logging/Module1.h"
 
 #include <string_view>
@@ -77,7 +74,7 @@ constexpr std::string_view simulationCodes = R"text(
                 del @model@.@results@
                 del @model@.Log
                 del @model@.rsf
-                copy "C:\Program Files\@engine folder@\nastran.ini" nastran.ini
+                copy "@settings@" nastran.ini
                 @command line@
             End Script
             ProcessType: transient
@@ -182,7 +179,9 @@ constexpr std::string_view planAndStorage = R"text(
 End Task Task1
 )text";
 
-constexpr std::string_view elementNameStart = "Elem";
+constexpr FixedBounds bounds = {wordBehind(optimisation, "@property input@ LowerBound:"),
+                                wordBehind(optimisation, "LowerBound: 0.01 UpperBound:")};
+static_assert(simulationCodes.find(settingsFile) != std::string_view::npos);
 
 LinePieces inputLine(const ParameterRow& row)
 {
@@ -199,19 +198,9 @@ bool isAny(const ParameterRow& /*row*/)
     return true;
 }
 
-bool isProperty(const ParameterRow& row)
-{
-    return row.cell(form::inputColumn::kind) == form::propertyKind;
-}
-
 bool isFunction(const ParameterRow& row)
 {
     return row.cell(form::inputColumn::kind) == form::functionKind;
-}
-
-bool isElementResponse(const ParameterRow& row)
-{
-    return row.name().starts_with(elementNameStart);
 }
 
 // The names of those rows of a grid that belong in a list.
@@ -234,6 +223,28 @@ std::string pathsOf(const ExchangeFormat& format, const std::string& folder)
 }
 
 }  // namespace
+
+bool isVaried(const ParameterRow& row)
+{
+    return row.cell(form::inputColumn::kind) == form::propertyKind;
+}
+
+FixedBounds boundsOfVariables()
+{
+    return bounds;
+}
+
+bool isConstrained(const ParameterRow& row)
+{
+    return row.name().starts_with(constrainedNameStart);
+}
+
+std::string copiedSettings(const SolverFormat& solver)
+{
+    if (solver.engineFolder.empty())
+        return {};
+    return concatenated({R"(C:\Program Files\)", solver.engineFolder, R"(\)", settingsFile});
+}
 
 void WriteDescFile(Context& context, form::Progress& progress)
 {
@@ -292,12 +303,12 @@ void WriteDescFileTail(Context& context, form::Progress& progress, TextFile& fil
 {
     logDebug(context.log, "Before writing tail of Desc file");
     const SolverFormat* const solver = findSolverFormat(context.form.Solver.Text);
-    const bool copiesSettings = solver != nullptr && !solver->engineFolder.empty();
-    file.write(fillIn(simulationCodes,
-                      {{"model", {name}},
-                       {"results", solver == nullptr ? Lines{} : Lines{solver->results}},
-                       {"engine folder", copiesSettings ? Lines{solver->engineFolder} : Lines{}},
-                       {"command line", {context.form.CommandLine.Text}}}));
+    const std::string settings = solver == nullptr ? "" : copiedSettings(*solver);
+    file.write(
+        fillIn(simulationCodes, {{"model", {name}},
+                                 {"results", solver == nullptr ? Lines{} : Lines{solver->results}},
+                                 {"settings", settings.empty() ? Lines{} : Lines{settings}},
+                                 {"command line", {context.form.CommandLine.Text}}}));
     WriteDescFileOptimize(context, progress, file);
     file.write(fillIn(planAndStorage, {}));
     finish(progress, file);
@@ -309,9 +320,9 @@ void WriteDescFileOptimize(Context& context, form::Progress& progress, TextFile&
     logDebug(context.log, "Before writing optimize of Desc file");
     fillIn(optimisation,
            {{"input", names(progress, context.form.InputsList, isAny)},
-            {"property input", names(progress, context.form.InputsList, isProperty)},
+            {"property input", names(progress, context.form.InputsList, isVaried)},
             {"output", names(progress, context.form.OutputsList, isAny)},
-            {"element output", names(progress, context.form.OutputsList, isElementResponse)}},
+            {"element output", names(progress, context.form.OutputsList, isConstrained)}},
            [&](std::string_view line) { file.line(line); });
     logDebug(context.log, "After writing optimize of Desc file");
 }

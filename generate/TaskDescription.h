@@ -2,7 +2,10 @@
 #pragma once
 
 #include "form/Progress.h"
+#include "generate/LinePieces.h"
+#include "generate/SolverFormat.h"
 #include "generate/TextFile.h"
+#include "generate/TextTemplate.h"
 
 #include <string>
 
@@ -12,6 +15,20 @@ namespace generate
 /// Writes everything that the tool "Velmar" needs for the open model: the task description, the
 /// exchange files without their templates, the batch file and the function data file.
 void WriteDescFile(form::Context& context, form::Progress& progress);
+
+// What the task description says of rows.
+/// Whether it declares the input as a variable; the others only could be one …
+bool isVaried(const ParameterRow& row);
+/// … and the bounds of these.
+FixedBounds boundsOfVariables();
+/// Whether it constrains the output: one whose name begins so.
+bool isConstrained(const ParameterRow& row);
+constexpr std::string_view constrainedNameStart = "Elem";
+
+/// The solver's settings, which its script copies to the file of that name before each run; empty
+/// for a solver without.
+std::string copiedSettings(const SolverFormat& solver);
+constexpr std::string_view settingsFile = "nastran.ini";
 
 // The parts of the task description.
 void WriteDescFileHead(form::Context& context, TextFile& file);

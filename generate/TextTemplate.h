@@ -10,6 +10,22 @@
 namespace generate
 {
 
+/// A range that a generated file gives to a parameter, as it stands there.
+struct FixedBounds
+{
+    std::string_view lower;
+    std::string_view upper;
+};
+
+/// What stands in a text behind a passage of it and the blanks that follow, up to the next blank or
+/// the end of the line; so that others need not repeat what a file says.
+constexpr std::string_view wordBehind(std::string_view text, std::string_view passage)
+{
+    text.remove_prefix(text.find(passage) + passage.size());
+    text.remove_prefix(text.find_first_not_of(' '));
+    return text.substr(0, text.find_first_of(" \n"));
+}
+
 /// Is called with each line.
 using LineSink = std::function<void(std::string_view line)>;
 

@@ -263,6 +263,20 @@ void tidy(form::ParameterGrid& grid)
 
 }  // namespace
 
+std::string_view entityWordIn(std::string_view outputName)
+{
+    constexpr std::string_view at = "At";
+    constexpr std::string_view words[] = {"Node", "Elem"};
+    const std::size_t end = outputName.find_last_not_of("0123456789") + 1;
+    if (end == outputName.size())
+        return {};
+    const std::string_view start = outputName.substr(0, end);
+    for (const std::string_view word : words)
+        if (start.ends_with(word) && start.substr(0, end - word.size()).ends_with(at))
+            return word;
+    return {};
+}
+
 Outcome UpdateOutputList(form::Context& context, const std::string& entityWord,
                          const std::vector<int>* ids, const std::vector<std::string>& chosenEntries,
                          int elementType)

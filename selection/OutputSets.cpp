@@ -15,24 +15,31 @@ namespace
 
 void lookAndTell(form::Context& context)
 {
-    const std::unique_ptr<femap::EntitySet> sets = context.femap().feSet();
-    sets->AddAll(femap::EntityType::OutputSet);
-    const std::vector<int> ids = sets->ids();
-    if (ids.size() < 2)
+    const OutputSets sets = outputSets(context);
+    if (sets.ids.size() < 2)
         return;
-    const int active = context.femap().Info_ActiveID(femap::EntityType::OutputSet);
-    if (active != 0) {
+    if (!sets.severalAndNoneActive()) {
         context.form.status.tellHint("The results are those of the active output set, " +
-                                     std::to_string(active));
+                                     std::to_string(sets.active));
         return;
     }
     const std::string message = "No output set is active. The results are those of the lowest, " +
-                                std::to_string(ids.front());
+                                std::to_string(sets.ids.front());
     logging::logDebug(context.log, message);
     context.form.status.tellHint(message);
 }
 
 }  // namespace
+
+OutputSets outputSets(form::Context& context)
+{
+    const std::unique_ptr<femap::EntitySet> all = context.femap().feSet();
+    all->AddAll(femap::EntityType::OutputSet);
+    OutputSets sets = {all->ids()};
+    if (sets.ids.size() > 1)
+        sets.active = context.femap().Info_ActiveID(femap::EntityType::OutputSet);
+    return sets;
+}
 
 void tellOutputSet(form::Context& context)
 {

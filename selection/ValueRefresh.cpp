@@ -4,14 +4,12 @@
 #include "form/Progress.h"
 #include "logging/Module1.h"
 #include "selection/EntityReading.h"
+#include "selection/FreshValues.h"
 #include "selection/MassQuantities.h"
 #include "selection/Outcome.h"
 #include "selection/OutputSets.h"
-#include "selection/RefreshPlan.h"
 
 #include <cstddef>
-#include <map>
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -21,37 +19,11 @@ namespace selection
 
 using form::Context;
 using form::ParameterGrid;
+using form::ParameterRow;
 using logging::logDebug;
-using sys::ErrorNumber;
-using sys::RuntimeError;
 
 namespace
 {
-
-// One entity object for each kind, made on first use and then told what to prefetch.
-class Entities
-{
-public:
-    Entities(Context& context, const ParameterGrid& grid)
-        : context_(context), plan_(inputsToRead(grid))
-    {}
-
-    femap::Entity& operator[](const std::string& kind)
-    {
-        std::unique_ptr<femap::Entity>& entity = made_[kind];
-        if (entity == nullptr) {
-            entity = context_.femap().entity(kind);
-            const KindReading& reading = plan_[kind];
-            entity->prefetch(reading.ids, reading.members);
-        }
-        return *entity;
-    }
-
-private:
-    Context& context_;
-    std::map<std::string, KindReading> plan_;
-    std::map<std::string, std::unique_ptr<femap::Entity>> made_;
-};
 
 int wholeNumberAt(const ParameterGrid& grid, int row, int column)
 {
@@ -88,7 +60,7 @@ void tellKept(Context& context, const Asked& asked)
                                              : " could not be read again; they keep their values"));
 }
 
-void refreshInput(Context& context, Entities& entities, int row)
+void refreshInput(Context& context, FreshEntities& entities, int row)
 {
     ParameterGrid& grid = context.form.InputsList;
     const std::string kind = grid.text(row, form::inputColumn::kind);
@@ -100,12 +72,7 @@ void refreshInput(Context& context, Entities& entities, int row)
     femap::Entity& entity = entities[kind];
     logDebug(context.log, "Called the entity ", kind, " to update");
     demand(entity, kind, wholeNumberAt(grid, row, form::inputColumn::id));
-    const std::string member = grid.text(row, form::inputColumn::member);
-    const bool isPlain = grid.text(row, form::inputColumn::index).empty();
-    const femap::Value value =
-        isPlain ? entity.member(member)
-                : entity.member(member, wholeNumberAt(grid, row, form::inputColumn::index));
-    grid.setText(row, form::valueColumn, femap::toText(value));
+    grid.setText(row, form::valueColumn, freshValue(entity, ParameterRow(grid.rowText(row))));
 }
 
 void logUpdate(Context& context, int row)
@@ -118,8 +85,7 @@ void refreshOutputValue(Context& context, femap::OutputVector& vector, int row)
     ParameterGrid& grid = context.form.OutputsList;
     demand(vector, wholeNumberAt(grid, row, form::outputColumn::second));
     logUpdate(context, row);
-    const double value = vector.Value(wholeNumberAt(grid, row, form::outputColumn::first));
-    grid.setText(row, form::valueColumn, femap::toText(value));
+    grid.setText(row, form::valueColumn, freshValue(vector, ParameterRow(grid.rowText(row))));
 }
 
 // Each row is measured anew, however many there are.
@@ -127,14 +93,7 @@ void refreshMassProperty(Context& context, int row)
 {
     ParameterGrid& grid = context.form.OutputsList;
     const femap::MassProperties measured = measure(context, *allElements(context));
-
-    const std::string tag = grid.text(row, form::outputColumn::first);
-    const MassQuantity* const quantity = findMassQuantity(tag);
-    if (quantity == nullptr)
-        throw RuntimeError(ErrorNumber::InvalidCall, "There is no mass quantity \"" + tag + "\"");
-    const int component =
-        quantity->isScalar() ? 0 : wholeNumberAt(grid, row, form::outputColumn::second);
-    grid.setText(row, form::valueColumn, femap::toText(massValue(*quantity, measured, component)));
+    grid.setText(row, form::valueColumn, freshValue(measured, ParameterRow(grid.rowText(row))));
     logUpdate(context, row);
 }
 
@@ -142,8 +101,7 @@ void refreshOutputMember(Context& context, femap::OutputVector& vector, int row)
 {
     ParameterGrid& grid = context.form.OutputsList;
     demand(vector, wholeNumberAt(grid, row, form::outputColumn::second));
-    const femap::Value value = vector.member(grid.text(row, form::outputColumn::kind));
-    grid.setText(row, form::valueColumn, femap::toText(value));
+    grid.setText(row, form::valueColumn, freshValue(vector, ParameterRow(grid.rowText(row))));
     logUpdate(context, row);
 }
 
@@ -171,7 +129,7 @@ void RefreshInputs_Click(Context& context)
     const ParameterGrid& grid = context.form.InputsList;
     logDebug(context.log, "Number of rowsto refresh  in input list = ", grid.Rows());  // sic
 
-    Entities entities(context, grid);
+    FreshEntities entities(context, grid);
     const Asked asked = refreshRows(
         context, grid, "Refreshing inputs",
         [&](int row) { return isRefreshed(grid.text(row, form::inputColumn::kind)); },

@@ -43,6 +43,30 @@ TEST(ExchangeLines, KeepTheGapsAroundEmptyCells)
     EXPECT_EQ(templateLine(output), "name  !<name%f!>!");
 }
 
+TEST(TemplateLines, TellTheNameThatTheyAreFor)
+{
+    const std::string row = "T1\t0.25\tProp\t1";
+
+    EXPECT_EQ(nameInTemplate(concatenated(templateLine(ParameterRow(row)))), "T1");
+    EXPECT_EQ(nameInTemplate("T1  !<T2%f!0.25>!"), "");
+    EXPECT_EQ(nameInTemplate("T1  0.25"), "");
+    EXPECT_EQ(nameInTemplate(""), "");
+}
+
+TEST(ExchangeHead, NamesTheModelThatIsReadBackFromIt)
+{
+    GenerateFixture f;
+    f.form.fileExtension = " modfem ";
+
+    const std::string head = exchangeHead(f.context, inputExchange, "beam");
+
+    EXPECT_EQ(namedReference(head), "beam.modfem");
+    EXPECT_EQ(referenceModel(f.form, f.femap.modelName), "beam.modfem");
+    f.form.fileExtension.clear();
+    EXPECT_EQ(referenceModel(f.form, f.femap.modelName), "beam.neu");
+    EXPECT_EQ(namedReference("NameValue = InputValues.txt"), "");
+}
+
 TEST(ExchangeFiles, AreSixForTheInputsAndTheOutputs)
 {
     GenerateFixture f;

@@ -8,6 +8,12 @@
 namespace generate
 {
 
+TEST(WordBehind, IsThatOfTheLine)
+{
+    EXPECT_EQ(wordBehind("low: 0.01  high:   5.0 x\n", "low:"), "0.01");
+    EXPECT_EQ(wordBehind("low: 0.01  high:   5.0\nx", "high:"), "5.0");
+}
+
 TEST(FillIn, KeepsTextWithoutSlotsAsItIs)
 {
     EXPECT_EQ(fillIn("one\n\n    two\n", {}), "one\n\n    two\n");
