@@ -3,6 +3,7 @@
 #include "app/FemapEvents.h"
 #include "app/StartUp.h"
 #include "app/WhichFemap.h"
+#include "findings/Findings.h"
 #include "form/FormProcedures.h"
 #include "system/RuntimeError.h"
 
@@ -149,6 +150,14 @@ void Program::closeByHand()
     }
     unsavedIsTold_ = true;
     runWaiting();
+}
+
+std::vector<findings::Finding> Program::check()
+{
+    std::vector<findings::Finding> found;
+    if (!closed_)
+        dispatcher_.run("Check", [&] { found = findings::allFindings(session_.context); });
+    return found;
 }
 
 void Program::close()

@@ -6,6 +6,7 @@
 #include "app/Bindings.h"
 #include "app/EventDispatcher.h"
 #include "app/Session.h"
+#include "findings/Finding.h"
 
 #include <cstdint>
 #include <functional>
@@ -73,6 +74,11 @@ public:
     /// The engineer closes the form. With such changes it stays open until that is done again while
     /// they are told.
     void closeByHand();
+
+    /// What of the study as it stands would fail or mislead in the loop, files and FEMAP looked at.
+    /// Changes nothing. Nothing while a procedure runs, or when FEMAP is lost meanwhile.
+    std::vector<findings::Finding> check();
+
     /// Unloads both forms; while a procedure runs, as soon as it has ended.
     void close();
     bool isClosed() const { return closed_; }

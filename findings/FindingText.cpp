@@ -1,0 +1,102 @@
+#include "findings/FindingText.h"
+
+#include <algorithm>
+
+namespace findings
+{
+
+namespace
+{
+
+constexpr std::size_t mostRanges = 10;  // of rows in a line, for each grid
+
+std::vector<int> rowsIn(const Finding& finding, Grid grid)
+{
+    std::vector<int> rows;
+    for (const Place& place : finding.places)
+        if (place.grid == grid)
+            rows.push_back(place.row);
+    std::ranges::sort(rows);
+    return rows;
+}
+
+// "3-5,9"; further ranges are cut.
+std::string rangesOf(std::span<const int> rows)
+{
+    std::string text;
+    std::size_t ranges = 0;
+    while (!rows.empty()) {
+        if (ranges++ == mostRanges)
+            return text + ",…";
+        std::size_t length = 1;
+        while (length < rows.size() && rows[length] == rows[length - 1] + 1)
+            ++length;
+        text.append(text.empty() ? "" : ",").append(std::to_string(rows.front()));
+        if (length > 1)
+            text.append("-").append(std::to_string(rows[length - 1]));
+        rows = rows.subspan(length);
+    }
+    return text;
+}
+
+std::string quotedJson(std::string_view text)
+{
+    constexpr char digits[] = "0123456789abcdef";
+    std::string quoted = "\"";
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '"' || c == '\\')
+            quoted.append(1, '\\').append(1, c);
+        else if (byte < 0x20)
+            quoted.append("\\u00").append(1, digits[byte / 16]).append(1, digits[byte % 16]);
+        else
+            quoted += c;
+    }
+    return quoted + '"';
+}
+
+std::string rowsJson(const Finding& finding, Grid grid)
+{
+    std::string text;
+    for (const int row : rowsIn(finding, grid))
+        text.append(text.empty() ? "" : ",").append(std::to_string(row));
+    return quotedJson(wordOf(grid)) + ":[" + text + "]";
+}
+
+std::string jsonOf(const Finding& finding)
+{
+    return R"({"severity":)" + quotedJson(wordOf(finding.severity)) + R"(,"code":)" +
+           quotedJson(finding.code) + ',' + rowsJson(finding, Grid::Inputs) + ',' +
+           rowsJson(finding, Grid::Outputs) + R"(,"name":)" + quotedJson(finding.name) +
+           R"(,"sentence":)" + quotedJson(finding.sentence) + R"(,"cure":)" +
+           quotedJson(finding.cure) + '}';
+}
+
+}  // namespace
+
+std::string lineOf(const Finding& finding)
+{
+    std::string line(wordOf(finding.severity));
+    line.append(" ").append(finding.code);
+    for (const Grid grid : {Grid::Inputs, Grid::Outputs})
+        if (const std::vector<int> rows = rowsIn(finding, grid); !rows.empty())
+            line.append(" ").append(wordOf(grid)).append(":").append(rangesOf(rows));
+    if (!finding.name.empty())
+        line.append(" ").append(finding.name);
+    return line + ": " + finding.sentence + " Cure: " + std::string(finding.cure);
+}
+
+std::string jsonOf(std::span<const Finding> found)
+{
+    const Count count = counted(found);
+    std::string text = R"({"errors":)" + std::to_string(count.errors) + R"(,"warnings":)" +
+                       std::to_string(count.warnings) + R"(,"hints":)" +
+                       std::to_string(count.hints) + R"(,"findings":[)";
+    for (const Finding& finding : found) {
+        text += &finding == &found.front() ? "" : ",";
+        text += jsonOf(finding);
+    }
+    return text + "]}";
+}
+
+}  // namespace findings

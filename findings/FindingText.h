@@ -1,0 +1,16 @@
+// Findings as text: a line for each, or JSON.
+#pragma once
+
+#include "findings/Finding.h"
+
+namespace findings
+{
+
+/// "warning outside-bounds inputs:3-5,9: Sentence Cure: …", with the name behind the rows where
+/// there is one.
+std::string lineOf(const Finding& finding);
+
+/// All of them and their count as one line of JSON.
+std::string jsonOf(std::span<const Finding> found);
+
+}  // namespace findings

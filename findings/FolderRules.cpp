@@ -1,0 +1,233 @@
+// Rules about the files beside the model that the loop uses or "Apply" replaces.
+#include "femap/Names.h"
+#include "findings/Rules.h"
+#include "findings/Text.h"
+#include "generate/ControlFile.h"
+#include "generate/ControlFileLines.h"
+#include "generate/ExchangeFiles.h"
+#include "generate/GenerationDriver.h"
+#include "generate/TaskDescription.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace findings
+{
+
+using generate::Target;
+
+namespace
+{
+
+struct TemplateOfGrid
+{
+    Target target;
+    Grid grid;
+};
+constexpr TemplateOfGrid templates[] = {{generate::inputTemplate, Grid::Inputs},
+                                        {generate::outputTemplate, Grid::Outputs}};
+
+// FEMAP's own files; a neutral file beside them is mostly a copy.
+constexpr std::string_view modelExtensions[] = {"modfem", "mod"};
+
+sys::Files& filesOf(const Study& study)
+{
+    return study.context().system.files;
+}
+
+std::string besideModel(const Study& study, std::string_view fileName)
+{
+    return generate::targetPath(*study.model(), fileName);
+}
+
+// The text of a file in the model's folder; nothing when there is none.
+std::optional<std::string> textBesideModel(const Study& study, std::string_view fileName)
+{
+    const std::string path = besideModel(study, fileName);
+    if (!filesOf(study).fileExists(path))
+        return std::nullopt;
+    return study.context().system.codePage.decode(filesOf(study).read(path));
+}
+
+// The tool goes by templates that somebody else makes.
+bool needsTemplates(const Study& study)
+{
+    return study.model() && study.writes(generate::taskFile) &&
+           !study.writes(generate::inputTemplate);
+}
+
+std::vector<std::string> namesInTemplate(std::string_view text)
+{
+    std::vector<std::string> names;
+    for (generate::LineReader lines(text); !lines.atEnd();)
+        if (const std::string_view name = generate::nameInTemplate(lines.next()); !name.empty())
+            names.emplace_back(name);
+    std::ranges::sort(names);
+    return names;
+}
+
+// The names of a grid; those of functions, which have no value, may be in a template or not.
+struct NamesOfGrid
+{
+    std::vector<std::string_view> all;
+    std::vector<std::string_view> needed;
+};
+
+NamesOfGrid namesOfGrid(const Study& study, Grid grid)
+{
+    NamesOfGrid names;
+    forEachNamedRow(study, grid, [&](const form::ParameterRow& row, Place) {
+        names.all.push_back(row.name());
+        if (grid == Grid::Outputs || row.cell(form::inputColumn::kind) != form::functionKind)
+            names.needed.push_back(row.name());
+    });
+    std::ranges::sort(names.all);
+    std::ranges::sort(names.needed);
+    return names;
+}
+
+// Empty when all of some names are among others, which are sorted.
+template <class Names, class Others>
+std::string firstMissing(const Names& names, const Others& others)
+{
+    for (const std::string_view name : names)
+        if (!std::ranges::binary_search(others, name))
+            return std::string(name);
+    return {};
+}
+
+// A row by what it is: all but its value, without empty cells at the end.
+using RowKey = std::pair<std::string_view, std::string_view>;
+
+RowKey keyOf(std::string_view row)
+{
+    const std::string_view name = form::cellOf(row, form::nameColumn);
+    const std::string_view place = row.substr(
+        static_cast<std::size_t>(form::cellOf(row, form::valueColumn + 1).data() - row.data()));
+    return {name, place.substr(0, place.find_last_not_of(form::cellSeparator) + 1)};
+}
+
+}  // namespace
+
+void templateIsMissing(const Study& study, Report& report)
+{
+    if (!needsTemplates(study))
+        return;
+    for (const TemplateOfGrid& each : templates)
+        if (!filesOf(study).fileExists(besideModel(study, each.target)))
+            report.add(each.target);
+}
+
+void templateIsOfAnotherStudy(const Study& study, Report& report)
+{
+    if (!needsTemplates(study))
+        return;
+    for (const TemplateOfGrid& each : templates) {
+        const std::optional<std::string> text = textBesideModel(study, each.target);
+        if (!text)
+            continue;
+        const std::vector<std::string> there = namesInTemplate(*text);
+        const NamesOfGrid names = namesOfGrid(study, each.grid);
+        const std::string lacking = firstMissing(names.needed, there);
+        const std::string strange = firstMissing(there, names.all);
+        if (!lacking.empty())
+            report.add(each.target, "it lacks " + lacking);
+        else if (!strange.empty())
+            report.add(each.target, "it has " + strange);
+    }
+}
+
+void folderServesAnotherModel(const Study& study, Report& report)
+{
+    if (!study.model() || !study.writes(generate::inputDescription))
+        return;
+    const auto text = textBesideModel(study, generate::inputDescription);
+    const std::string_view named = text ? generate::namedReference(*text) : std::string_view();
+    if (!named.empty() &&
+        !femap::isSameName(named.substr(0, named.rfind('.')), study.model()->name))
+        report.add(generate::inputDescription, named);
+}
+
+void controlFileIsShared(const Study& study, Report& report)
+{
+    if (!study.model())
+        return;
+    const std::string_view own = fileNameOf(study.modelFile(), sys::pathSeparators);
+    for (const std::string_view extension : modelExtensions) {
+        const std::string other = study.model()->name + "." + std::string(extension);
+        if (!femap::isSameName(other, own) && filesOf(study).fileExists(besideModel(study, other)))
+            report.add(other);
+    }
+}
+
+void modelWouldBeOverwritten(const Study& study, Report& report)
+{
+    if (!study.model())
+        return;
+    const auto demand = [&](Target target) {
+        if (femap::isSameName(besideModel(study, target), study.modelFile()))
+            report.add(fileNameOf(study.modelFile(), sys::pathSeparators));
+    };
+    std::ranges::for_each(generate::filesOfTool(study.form().Optimizer.Text), demand);
+    demand(generate::controlFile);
+}
+
+void storedRowsWouldBeLost(const Study& study, Report& report)
+{
+    if (!study.model())
+        return;
+    const auto stored = generate::storedSelection(study.context(), *study.model());
+    if (!stored)
+        return;
+    std::vector<RowKey> keys;
+    forEachNamedRow(
+        study, [&](const form::ParameterRow& row, Place) { keys.push_back(keyOf(row.text())); });
+    std::ranges::sort(keys);
+    for (generate::LineReader lines(*stored); !lines.atEnd();) {
+        const std::string_view line = lines.next();
+        if (const RowKey key = keyOf(line);
+            !key.first.empty() && !std::ranges::binary_search(keys, key))
+            report.add(key.first);
+    }
+}
+
+void settingsWouldBeOverwritten(const Study& study, Report& report)
+{
+    if (!study.model() || study.solver() == nullptr || !study.writes(generate::taskFile))
+        return;
+    const std::string source = generate::copiedSettings(*study.solver());
+    if (source.empty())
+        return;
+    const auto there = textBesideModel(study, generate::settingsFile);
+    const bool isCopy =
+        there && filesOf(study).fileExists(source) &&
+        study.context().system.codePage.decode(filesOf(study).read(source)) == *there;
+    if (there && !isCopy)
+        report.add(generate::settingsFile, source);
+}
+
+void storedCommandLineWouldBeLost(const Study& study, Report& report)
+{
+    if (!study.model() || !study.writes(generate::batchFile))
+        return;
+    const auto text = textBesideModel(study, generate::batchFile);
+    if (!text)
+        return;
+    const std::string there = text->substr(0, text->find_first_of("\r\n"));
+    const sys::CodePage& codePage = study.context().system.codePage;
+    std::string bytes;
+    codePage.encode(study.command(), bytes);
+    if (!there.empty() && there != codePage.decode(bytes))
+        report.add(generate::batchFile, there);
+}
+
+void deckIsMissing(const Study& study, Report& report)
+{
+    if (!study.model() || study.solver() == nullptr || !study.writes(generate::inputDescription))
+        return;
+    const std::string deck = generate::deckName(*study.solver(), study.model()->name);
+    if (!filesOf(study).fileExists(besideModel(study, deck)))
+        report.add(deck);
+}
+
+}  // namespace findings
