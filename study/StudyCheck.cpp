@@ -5,6 +5,13 @@
 namespace study
 {
 
+namespace
+{
+
+constexpr std::string_view applyButton = "GenerateButton";
+
+}  // namespace
+
 std::vector<ScriptError> StudyCheck::problemsIn(StudyScript& script)
 {
     for (bool isAtEnd = false; !isAtEnd;)
@@ -14,6 +21,8 @@ std::vector<ScriptError> StudyCheck::problemsIn(StudyScript& script)
             if (line)
                 perform(*line);
         });
+    if (studies_.empty())
+        look(lastLine_);
     attempt([&] { dialogs_.checkNothingIsLeft(); });
     attempt([&] { runner_.unload(); });
     // A wrong answer is found only when its dialog opens, at a later line.
@@ -43,6 +52,10 @@ void StudyCheck::perform(const ScriptLine& line)
 {
     const bool isClick = line.action == "click";
     const bool isAnswer = line.action == "pick" || line.action == "choose";
+    const bool isApply = isClick && line.argument == applyButton;
+    if (isApply || (line.action == "close" && studies_.empty()))
+        look(line.number);
+    lastLine_ = line.number;
     const bool isDone = (isClick && isSpoiled_) || attempt([&] { runner_.perform(line); });
     if (isClick && (isSpoiled_ || !isDone))
         dialogs_.forget();
@@ -51,6 +64,12 @@ void StudyCheck::perform(const ScriptLine& line)
         isBroken_ = false;
     isBroken_ = isBroken_ || (!isDone && (!runner_.isStarted() || bringsModel));
     isSpoiled_ = !isClick && (isSpoiled_ || (isAnswer && !isDone));
+}
+
+void StudyCheck::look(int line)
+{
+    if (runner_.isOpen())
+        studies_.push_back({line, runner_.findings()});
 }
 
 }  // namespace study

@@ -12,6 +12,7 @@
 #include <iterator>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace study
 {
@@ -22,10 +23,12 @@ namespace
 constexpr int exitOk = 0;
 constexpr int exitStopped = 1;
 constexpr int exitWrongCall = 2;
+constexpr int exitFoundErrors = 3;
 
 constexpr std::string_view usage =
-    R"text(usage: velmar-study [--femap=embedded|running] [--quiet] SCRIPT
-       velmar-study [--femap=embedded|running] [--quiet] --check SCRIPT
+    R"text(usage: velmar-study [--femap=embedded|running] [--quiet] [--findings text|json] [--strict] SCRIPT
+       velmar-study [--femap=embedded|running] [--quiet] [--findings text|json] [--strict]
+                    --check SCRIPT
        velmar-study --record SCRIPT [ARGUMENTS]
        velmar-study --probe [--ask] [--events SECONDS] [--write COPY] [--no-names] REPORT
        velmar-study --help | --version
@@ -34,10 +37,13 @@ Replays a study script without a window. SCRIPT "-" reads standard input.
 
   --record          show the form, started with the argument string, and write what is done
                     in it as a script (Windows)
-  --check           try the script on the model, tell every problem and write nothing
+  --check           try the script on the model, tell every problem and write nothing; end
+                    with what would fail or mislead in the loop
   --femap=embedded  load the model into the model host of the program itself
   --femap=running   use the FEMAP that runs on this machine (Windows)
   --quiet           no progress on standard error
+  --findings json   write the findings of --check, and of lines "check", as JSON
+  --strict          exit code 3 when there are errors among these findings
   --probe           write a report of what the running FEMAP does otherwise than the tool
                     believes (Windows); it changes nothing, but for a copy of a model with --write
   --ask             show selection dialogs as well
@@ -46,7 +52,7 @@ Replays a study script without a window. SCRIPT "-" reads standard input.
   --no-names        put marks for titles and paths
 
 Exit code 0: the whole script ran, or --check found no problem. 1: it was stopped, or there are
-problems. 2: wrong arguments.
+problems. 2: wrong arguments. 3: with --strict, errors were found.
 )text";
 
 struct Call
@@ -56,17 +62,30 @@ struct Call
     bool isQuiet = false;
     bool isCheck = false;
     bool isRecording = false;
+    bool isStrict = false;
+    FindingsForm findingsForm = FindingsForm::Text;
     std::optional<bool> isEmbedded;  // none: the call does not say
     std::optional<std::string> script;
     std::string formArguments;  // of the form that is recorded
     std::string problem;        // empty: none
 };
 
+void takeFindingsForm(Call& call, const std::string& word)
+{
+    if (word == "json")
+        call.findingsForm = FindingsForm::Json;
+    else if (word != "text")
+        call.problem = "--findings takes text or json";
+}
+
 Call parseCall(const std::vector<std::string>& arguments)
 {
     Call call;
+    bool findingsFormIsNext = false;
     for (const std::string& argument : arguments) {
-        if (call.isRecording && call.script)
+        if (std::exchange(findingsFormIsNext, false))
+            takeFindingsForm(call, argument);
+        else if (call.isRecording && call.script)
             call.formArguments += (call.formArguments.empty() ? "" : " ") + argument;
         else if (argument == "--help")
             call.wantsHelp = true;
@@ -74,6 +93,10 @@ Call parseCall(const std::vector<std::string>& arguments)
             call.wantsVersion = true;
         else if (argument == "--quiet")
             call.isQuiet = true;
+        else if (argument == "--strict")
+            call.isStrict = true;
+        else if (argument == "--findings")
+            findingsFormIsNext = true;
         else if (argument == "--check")
             call.isCheck = true;
         else if (argument == "--record")
@@ -89,6 +112,8 @@ Call parseCall(const std::vector<std::string>& arguments)
         else
             call.script = argument;
     }
+    if (findingsFormIsNext)
+        takeFindingsForm(call, {});
     if (call.problem.empty() && call.isCheck && call.isRecording)
         call.problem = "a script is either checked or recorded";
     if (call.problem.empty() && !call.script)
@@ -141,6 +166,28 @@ int tellProblems(const std::vector<ScriptError>& problems, const std::string& na
     return problems.empty() ? exitOk : exitStopped;
 }
 
+// What was found in the studies of a script that has no problems. Returns the exit code.
+int tellStudies(const std::vector<StudyCheck::Found>& studies, const Call& call,
+                const Environment& environment)
+{
+    int code = exitOk;
+    for (const StudyCheck::Found& study : studies) {
+        environment.output << findingsText(study.findings, call.findingsForm,
+                                           *call.script + ':' + std::to_string(study.line) + ": ");
+        if (call.isStrict && findings::counted(study.findings).errors != 0)
+            code = exitFoundErrors;
+    }
+    return code;
+}
+
+int check(StudyRunner& runner, StudyDialogs& dialogs, StudyScript& script, const Call& call,
+          const Environment& environment)
+{
+    StudyCheck checked(runner, dialogs);
+    const int code = tellProblems(checked.problemsIn(script), *call.script, environment);
+    return code == exitOk ? tellStudies(checked.studies(), call, environment) : code;
+}
+
 int runScript(const Call& call, const Environment& environment)
 {
     StudyScript script(readScript(*call.script, environment));
@@ -172,10 +219,12 @@ int runScript(const Call& call, const Environment& environment)
     StudyConnector connector(running ? *running : host, running ? environment.output : nowhere);
     StudyRunner runner({call.isCheck ? dry : environment.system, connector, dialogs,
                         running ? nullptr : &host, call.isCheck ? nowhere : environment.output,
-                        environment.errors, call.isQuiet ? nowhere : environment.errors});
-    if (!call.isCheck)
-        return replay(runner, *call.script, script, environment);
-    return tellProblems(StudyCheck(runner, dialogs).problemsIn(script), *call.script, environment);
+                        environment.errors, call.isQuiet ? nowhere : environment.errors,
+                        call.findingsForm});
+    if (call.isCheck)
+        return check(runner, dialogs, script, call, environment);
+    const int code = replay(runner, *call.script, script, environment);
+    return code == exitOk && call.isStrict && runner.foundErrors() ? exitFoundErrors : code;
 }
 
 int record(const Call& call, const Environment& environment)

@@ -34,7 +34,7 @@ struct Environment
 };
 
 /// Arguments are UTF-8. Returns the exit code: 0 the whole script ran or can be run, 1 it was
-/// stopped or has problems, 2 wrong arguments.
+/// stopped or has problems, 2 wrong arguments, 3 errors were found in the study, when asked for.
 int runStudy(const std::vector<std::string>& arguments, const Environment& environment);
 
 /// The same with the things of this machine around it; in Main.cpp.

@@ -3,6 +3,7 @@
 #include "app/StartUp.h"
 #include "app/WhichFemap.h"
 #include "femap/NumberText.h"
+#include "findings/FindingText.h"
 
 #include <algorithm>
 #include <iterator>
@@ -91,6 +92,17 @@ int numberIn(const std::string& text, const std::string& what, const ScriptLine&
 
 }  // namespace
 
+std::string findingsText(const std::vector<findings::Finding>& found, FindingsForm form,
+                         const std::string& where)
+{
+    if (form == FindingsForm::Json)
+        return findings::jsonOf(found) + '\n';
+    std::string text;
+    for (const findings::Finding& finding : found)
+        text += findings::lineOf(finding) + '\n';
+    return text + where + findings::summary(findings::counted(found)) + '\n';
+}
+
 // clang-format off
 const StudyRunner::Action StudyRunner::actions[] = {
     {"start",      &StudyRunner::start},
@@ -106,6 +118,7 @@ const StudyRunner::Action StudyRunner::actions[] = {
     {"put",        &StudyRunner::put},
     {"activate",   &StudyRunner::activate},
     {"print",      &StudyRunner::print},
+    {"check",      &StudyRunner::check},
     {"close",      &StudyRunner::close},
 };
 // clang-format on
@@ -278,6 +291,20 @@ void StudyRunner::print(const ScriptLine& line)
                           {kindOf<form::Frame>, kindOf<form::Label>, kindOf<form::Button>}});
     world_.output << textOf(
         form, rowNamed(printables, line.argument, "cannot be printed; print takes", line));
+}
+
+void StudyRunner::check(const ScriptLine& line)
+{
+    if (!line.argument.empty())
+        throw ScriptError(line.number, "check takes nothing after it");
+    const std::vector<findings::Finding> found = findings();
+    foundErrors_ = foundErrors_ || findings::counted(found).errors != 0;
+    world_.output << findingsText(found, world_.findingsForm);
+}
+
+std::vector<findings::Finding> StudyRunner::findings()
+{
+    return program_.check();
 }
 
 void StudyRunner::close(const ScriptLine& line)

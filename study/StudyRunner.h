@@ -3,6 +3,7 @@
 
 #include "app/Program.h"
 #include "femap/embedded/Host.h"
+#include "findings/Finding.h"
 #include "study/ModelChange.h"
 #include "study/StudyDialogs.h"
 #include "study/StudyScript.h"
@@ -10,9 +11,17 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace study
 {
+
+/// How findings are written.
+enum class FindingsForm
+{
+    Text,  // a line for each, then their count
+    Json,  // one line
+};
 
 /// What a study runs on; everything must outlive the runner.
 struct StudyWorld
@@ -24,6 +33,7 @@ struct StudyWorld
     std::ostream& output;
     std::ostream& problems;
     std::ostream& progress;
+    FindingsForm findingsForm = FindingsForm::Text;
 };
 
 /// Stands in for the form's window and writes the progress to a stream.
@@ -47,6 +57,10 @@ private:
     std::ostream& progress_;
 };
 
+/// As "check" writes them; the line of their count begins with where they were found.
+std::string findingsText(const std::vector<findings::Finding>& found, FindingsForm form,
+                         const std::string& where = {});
+
 class StudyRunner
 {
 public:
@@ -59,6 +73,13 @@ public:
     void perform(const ScriptLine& line);
     /// Whether a line started the form, well or not.
     bool isStarted() const { return isStarted_; }
+    /// Whether the form is there.
+    bool isOpen() const { return isStarted_ && !program_.isClosed(); }
+
+    /// What is found in the study as it stands.
+    std::vector<findings::Finding> findings();
+    /// Whether an action "check" met an error.
+    bool foundErrors() const { return foundErrors_; }
 
     /// Unloads the form, if it is loaded.
     void unload();
@@ -84,6 +105,7 @@ private:
     void put(const ScriptLine& line);
     void activate(const ScriptLine& line);
     void print(const ScriptLine& line);
+    void check(const ScriptLine& line);
     void close(const ScriptLine& line);
 
     femap::embedded::Host& requireHost(const ScriptLine& line) const;
@@ -100,6 +122,7 @@ private:
     std::string told_;   // the latest problem of the status line that was told
     OpenModels behind_;  // open as well, behind the current one; the last becomes current next
     bool logFailureIsTold_ = false;
+    bool foundErrors_ = false;
 };
 
 }  // namespace study

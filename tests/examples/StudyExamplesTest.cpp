@@ -1,5 +1,6 @@
 #include "fake/Golden.h"
 #include "fake/MemoryMachine.h"
+#include "findings/Rules.h"
 #include "form/MainForm.h"
 #include "study/StudyProgram.h"
 #include "system/CodePage.h"
@@ -9,6 +10,7 @@
 
 #include <filesystem>
 #include <iterator>
+#include <regex>
 #include <set>
 #include <sstream>
 
@@ -43,10 +45,12 @@ public:
     int run(const std::string& script, const std::string& content)
     {
         files.contents[script] = content;
-        std::istringstream noInput;
-        output.str("");
-        return study::runStudy({"--quiet", "--femap=embedded", script},
-                               {noInput, output, errors, system, {}});
+        return call({"--quiet", "--femap=embedded", script});
+    }
+    int check(const std::string& script)
+    {
+        files.contents[script] = readExample(script);
+        return call({"--quiet", "--femap=embedded", "--strict", "--check", script});
     }
 
     /// What the study wrote beside the model.
@@ -61,6 +65,13 @@ public:
     std::ostringstream errors;
 
 private:
+    int call(const std::vector<std::string>& arguments)
+    {
+        std::istringstream noInput;
+        output.str("");
+        return study::runStudy(arguments, {noInput, output, errors, system, {}});
+    }
+
     const std::filesystem::path folderBefore_ = std::filesystem::current_path();
 };
 
@@ -81,6 +92,39 @@ TEST_P(ExampleStudies, WriteTheGoldenFiles)
 
     EXPECT_EQ(0, exitCode) << replay.errors.str();
     EXPECT_THAT(replay.differencesFromGolden("example/" + GetParam()), IsEmpty());
+}
+
+// What a check tells of an example, by its codes.
+std::set<std::string> codesIn(const std::string& output)
+{
+    std::set<std::string> codes;
+    std::istringstream lines(output);
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream words(line);
+        std::string severity;
+        std::string code;
+        words >> severity >> code;
+        if (severity == "warning" || severity == "hint")
+            codes.insert(code.substr(0, code.find(':')));
+    }
+    return codes;
+}
+
+TEST_P(ExampleStudies, HaveNoErrorAndTellTheirWarningsInComments)
+{
+    Replay replay;
+
+    const int exitCode = replay.check(GetParam() + ".study");
+
+    EXPECT_EQ(0, exitCode) << replay.output.str();
+    const std::set<std::string> codes = codesIn(replay.output.str());
+    EXPECT_THAT(codes, testing::Contains("name-special"));
+    const std::string script = readExample(GetParam() + ".study");
+    for (const findings::Rule& rule : findings::rules()) {
+        const bool isInComment =
+            std::regex_search(script, std::regex("#[^\n]*\\b" + std::string(rule.code) + "\\b"));
+        EXPECT_EQ(codes.contains(std::string(rule.code)), isInComment) << rule.code;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ExampleStudies, testing::Values("panel", "ombra"),

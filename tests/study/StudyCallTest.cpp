@@ -27,7 +27,7 @@ TEST(StudyCall, TellsItsUsage)
     EXPECT_EQ(f.call({"--help"}), 0);
 
     EXPECT_THAT(f.output.str(), StartsWith("usage: velmar-study [--femap=embedded|running] "
-                                           "[--quiet] SCRIPT\n"));
+                                           "[--quiet] [--findings text|json] [--strict] SCRIPT\n"));
     EXPECT_EQ(f.errors.str(), "");
 }
 
@@ -70,6 +70,8 @@ INSTANTIATE_TEST_SUITE_P(
                     WrongCallExample{{"a.study", "b.study"},
                                      "one script at a time, not also b.study"},
                     WrongCallExample{{"--record"}, "no script is named"},
+                    WrongCallExample{{"--findings", "a.study"}, "--findings takes text or json"},
+                    WrongCallExample{{"a.study", "--findings"}, "--findings takes text or json"},
                     WrongCallExample{{"--check", "--record", "a.study"},
                                      "a script is either checked or recorded"}));
 

@@ -37,7 +37,7 @@ TEST_P(StudyStops, AtTheLineThatCannotBeDone)
 const char* const actionNames =
     "4: \"stop\" is no action; the actions are start, set, pick, choose, click, select, key, "
     "event, "
-    "open, closemodel, put, activate, print, close";
+    "open, closemodel, put, activate, print, check, close";
 const char* const boxNames =
     "2: \"InputsList\" cannot be set; set takes InputSelection, OutputSelection, Solver, "
     "Optimizer, "
@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(
         Stop{"key Solver 46\n", "2: \"Solver\" is no grid; the grids are InputsList, OutputsList"},
         Stop{"CLOSE\n",
              "2: \"CLOSE\" is no action; the actions are start, set, pick, choose, click, "
-             "select, key, event, open, closemodel, put, activate, print, close"}));
+             "select, key, event, open, closemodel, put, activate, print, check, close"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Numbers, StudyStops,
