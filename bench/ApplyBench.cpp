@@ -1,5 +1,6 @@
 #include "bench/BenchForm.h"
 #include "bench/TimeStep.h"
+#include "findings/Findings.h"
 #include "generate/ControlFile.h"
 #include "generate/GenerationDriver.h"
 
@@ -146,6 +147,16 @@ void loadControlFileBaseline(benchmark::State& state)
         });
 }
 
+// What follows each action, beside the reading of the same rows from their control file.
+void findFaults(benchmark::State& state)
+{
+    timeStep(
+        state, [&] { return filledForm(state, "Velmar"); },
+        [](BenchForm& world) {
+            benchmark::DoNotOptimize(findings::quickFindings(world.context, world.femap.modelName));
+        });
+}
+
 void sizes(benchmark::internal::Benchmark* benchmark)
 {
     benchmark->Arg(1000)->Arg(250'000)->Arg(1'000'000)->Iterations(1)->Unit(
@@ -158,6 +169,7 @@ BENCHMARK_CAPTURE(applyBaseline, Ombra, "Ombra")->Apply(sizes);
 BENCHMARK_CAPTURE(apply, Ombra, "Ombra")->Apply(sizes);
 BENCHMARK(loadControlFileBaseline)->Apply(sizes);
 BENCHMARK(loadControlFile)->Apply(sizes);
+BENCHMARK(findFaults)->Apply(sizes);
 
 }  // namespace
 }  // namespace bench

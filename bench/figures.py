@@ -38,6 +38,7 @@ RATIOS = [
     ("Apply, Velmar", "apply/Velmar", "applyBaseline/Velmar", None),
     ("Apply, Ombra", "apply/Ombra", "applyBaseline/Ombra", None),
     ("Load the control file", "loadControlFile", "loadControlFileBaseline", 1.5),
+    ("Quick findings", "findFaults", "loadControlFile", 4),
     ("Open the model", "openModel", "openModelBaseline", None),
 ]
 # The same work on four times the rows: linear work takes four times as long, and somewhat longer
@@ -51,6 +52,7 @@ GROWING = [
     ("Apply, Velmar", "apply/Velmar"),
     ("Apply, Ombra", "apply/Ombra"),
     ("Load the control file", "loadControlFile"),
+    ("Quick findings", "findFaults"),
 ]
 MOST_GROWTH = 6
 # title, benchmark, at least so many MB/s
