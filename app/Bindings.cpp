@@ -18,6 +18,7 @@ namespace
 using form::Context;
 using selection::frmPropertyList;
 using enum form::What;
+using enum WithRows;
 
 // The three shapes of procedures.
 template <void (*procedure)(Context&)>
@@ -40,18 +41,18 @@ void withKey(Session& session, int keyCode)
 
 // clang-format off
 constexpr Binding table[] = {
-    // event                          procedure                                   needsFemap
-    {{"InputsButton", Click},         withDialog<selection::InputsButton_Click>,  true},
-    {{"RefreshInputs", Click},        plain<selection::RefreshInputs_Click>,      true},
-    {{"ClearInputSelection", Click},  plain<form::ClearInputSelection_Click>,     false},
-    {{"InputsList", KeyDown},         withKey<form::InputsList_KeyDown>,          false},
-    {{"OutputsButton", Click},        withDialog<selection::OutputsButton_Click>, true},
-    {{"RefreshOutputs", Click},       plain<selection::RefreshOutputs_Click>,     true},
-    {{"ClearOutputSelection", Click}, plain<form::ClearOutputSelection_Click>,    false},
-    {{"OutputsList", KeyDown},        withKey<form::OutputsList_KeyDown>,         false},
+    // event                          procedure                                   needsFemap, withRows
+    {{"InputsButton", Click},         withDialog<selection::InputsButton_Click>,  true,  TakesAwayAndAdds},
+    {{"RefreshInputs", Click},        plain<selection::RefreshInputs_Click>,      true,  ReadsAgain},
+    {{"ClearInputSelection", Click},  plain<form::ClearInputSelection_Click>,     false, TakesAway},
+    {{"InputsList", KeyDown},         withKey<form::InputsList_KeyDown>,          false, TakesAway},
+    {{"OutputsButton", Click},        withDialog<selection::OutputsButton_Click>, true,  TakesAwayAndAdds},
+    {{"RefreshOutputs", Click},       plain<selection::RefreshOutputs_Click>,     true,  ReadsAgain},
+    {{"ClearOutputSelection", Click}, plain<form::ClearOutputSelection_Click>,    false, TakesAway},
+    {{"OutputsList", KeyDown},        withKey<form::OutputsList_KeyDown>,         false, TakesAway},
     {{"Solver", Click},               plain<generate::Solver_Click>,              true},
     {{"Optimizer", Click},            plain<generate::Optimizer_Click>,           true},
-    {{"ClearAll", Click},             plain<form::ClearAll_Click>,                false},
+    {{"ClearAll", Click},             plain<form::ClearAll_Click>,                false, TakesAway},
     {{"GenerateButton", Click},       plain<generate::GenerateButton_Click>,      true},
     {{"HScroll1", Change},            plain<form::HScroll1_Change>,               false},
     {{"VScroll1", Change},            plain<form::VScroll1_Change>,               false},

@@ -9,6 +9,15 @@
 namespace app
 {
 
+/// What a procedure that the engineer starts may do with rows.
+enum class WithRows
+{
+    Nothing,
+    TakesAway,
+    TakesAwayAndAdds,
+    ReadsAgain,
+};
+
 struct Binding
 {
     form::Event event;
@@ -16,6 +25,7 @@ struct Binding
     void (*procedure)(Session& session, int argument) = nullptr;
     /// The procedure can do nothing without FEMAP.
     bool needsFemap = false;
+    WithRows withRows = WithRows::Nothing;
 };
 
 std::span<const Binding> bindings();

@@ -8,6 +8,8 @@
 #include "system/RuntimeError.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <optional>
 #include <stdexcept>
 
 namespace app
@@ -189,10 +191,68 @@ Ended Program::run(const Binding& binding, int argument)
     }
     if (endsMessages(binding.event, argument))
         forgetMessages();
-    const Ended ended =
-        perform({binding.event, argument}, [&] { binding.procedure(session_, argument); });
+    const Ended ended = performOnRows(binding, argument);
     runWaiting();
+    forgetStepOfAnotherModel();
     return ended;
+}
+
+// Watches what becomes of the rows, so that it can be taken back.
+Ended Program::performOnRows(const Binding& binding, int argument)
+{
+    const auto procedure = [&] {
+        return perform({binding.event, argument}, [&] { binding.procedure(session_, argument); });
+    };
+    const bool isOtherKey = binding.event.what == What::KeyDown && argument != form::deleteKey;
+    if (binding.withRows == WithRows::Nothing || isOtherKey)
+        return procedure();
+    if (binding.withRows == WithRows::ReadsAgain) {
+        isReadAgainSince_ = true;
+        return procedure();
+    }
+    stepBack_.begin(binding.withRows == WithRows::TakesAwayAndAdds);
+    const Ended ended = procedure();
+    if (stepBack_.end()) {
+        modelOfStep_ = form().openModel.value_or("");
+        isReadAgainSince_ = false;
+    }
+    return ended;
+}
+
+// A model that got its first name is the same one.
+void Program::forgetStepOfAnotherModel()
+{
+    const std::optional<std::string>& model = form().openModel;
+    if (!model || *model == modelOfStep_)
+        return;
+    if (!modelOfStep_.empty())
+        stepBack_.forget();
+    modelOfStep_ = *model;
+}
+
+void Program::stepBack()
+{
+    if (closed_ || dispatcher_.isBusy())
+        return;
+    forgetMessages();
+    form::Status& status = form().status;
+    if (!stepBack_.isThere()) {
+        status.tellResult("There is nothing to bring back");
+        return;
+    }
+    const form::StepBack::Result result = stepBack_.goBack();
+    const auto rows = [](std::size_t count, std::string_view one, std::string_view several) {
+        return std::to_string(count).append(count == 1 ? one : several);
+    };
+    status.tellResult(rows(result.back, " row is back", " rows are back"));
+    if (result.takenOut > 0)
+        status.tellHint(rows(result.takenOut, " row that came with the action is taken out",
+                             " rows that came with the action are taken out"));
+    if (result.alreadyThere > 0)
+        status.tellHint(rows(result.alreadyThere, " name was there again and stays as it is",
+                             " names were there again and stay as they are"));
+    if (isReadAgainSince_)
+        status.tellHint("Their values were read before the latest \"Refresh Values\"");
 }
 
 void Program::forgetMessages()

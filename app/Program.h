@@ -7,6 +7,7 @@
 #include "app/EventDispatcher.h"
 #include "app/Session.h"
 #include "findings/Finding.h"
+#include "form/StepBack.h"
 
 #include <cstdint>
 #include <functional>
@@ -54,6 +55,9 @@ public:
     /// was when the procedure cannot start.
     Ended chooseItem(form::ComboBox& box, int index);
     Ended enterText(form::ComboBox& box, const std::string& text);
+    /// Brings back the rows that the latest removal, "Clear All" or selection took away, and tells
+    /// how many. Runs no procedure and logs nothing; does nothing while a procedure runs.
+    void stepBack();
     /// FEMAP's event message. Other codes do nothing.
     Ended raiseFemapEvent(std::intptr_t code);
 
@@ -109,11 +113,16 @@ private:
     std::unique_ptr<femap::Application> livingFemap();
     Ended perform(const Action& action, const std::function<void()>& procedure);
     void runWaiting();
+    Ended performOnRows(const Binding& binding, int argument);
+    void forgetStepOfAnotherModel();
     void forgetMessages();
 
     ObservedDialog observedDialog_;
     Session session_;
     EventDispatcher dispatcher_{session_};
+    form::StepBack stepBack_{{&session_.form.InputsList, &session_.form.OutputsList}};
+    std::string modelOfStep_;        // its file, empty while never saved
+    bool isReadAgainSince_ = false;  // the rows, since the step
     std::vector<Waiting> waiting_;
     bool closed_ = false;
     bool unsavedIsTold_ = false;

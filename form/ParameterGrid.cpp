@@ -146,6 +146,7 @@ void ParameterGrid::removeRows(RowRange rows)
                            "The last parameter row cannot be removed");
     forgetNames();
     const auto begin = slots_.begin() + static_cast<std::ptrdiff_t>(first);
+    letGo(first, first + static_cast<std::size_t>(rows.count));
     slots_.erase(begin, begin + rows.count);
     ++changes_;
     keepSelectionInside();
@@ -156,9 +157,29 @@ void ParameterGrid::setRows(int rows)
     ++changes_;
     closeGaps();
     forgetNames();
+    letGo(std::min(static_cast<std::size_t>(std::max(rows, 2) - 1), slots_.size()), slots_.size());
     const std::string blank(static_cast<std::size_t>(columns_ - 1), cellSeparator);
     slots_.resize(static_cast<std::size_t>(std::max(rows, 2) - 1), blank);
     keepSelectionInside();
+}
+
+void ParameterGrid::replaceRows(std::vector<std::string> texts)
+{
+    ++changes_;
+    forgetNames();
+    removed_ = 0;
+    slots_ = std::move(texts);
+    if (slots_.empty())
+        AddItem("");
+    keepSelectionInside();
+}
+
+void ParameterGrid::letGo(std::size_t first, std::size_t end)
+{
+    if (gone_ == nullptr)
+        return;
+    for (std::size_t place = first; place < end; ++place)
+        gone_->push_back({place, std::move(slots_[place])});
 }
 
 void ParameterGrid::sortByName()

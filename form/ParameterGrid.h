@@ -23,6 +23,13 @@ struct RowRange
     int count = 0;
 };
 
+/// A row that was removed, and where it was, counted from 0.
+struct GoneRow
+{
+    std::size_t place = 0;
+    std::string text;
+};
+
 class ParameterGrid : public Control
 {
 public:
@@ -58,6 +65,12 @@ public:
     /// stay keep their cells.
     void setRows(int rows);
 
+    /// All rows at once, as their texts; none leaves a blank one.
+    void replaceRows(std::vector<std::string> texts);
+    /// From now on rows that removeRows, RemoveItem and setRows take away are moved there; null
+    /// ends that.
+    void keepWhatGoes(std::vector<GoneRow>* rows) { gone_ = rows; }
+
     /// Sorts the parameter rows by the bytes of column 0; equal names keep their order.
     void sortByName();
 
@@ -85,6 +98,7 @@ public:
     RowRange selectedRows() const;
 
 private:
+    void letGo(std::size_t first, std::size_t end);
     void keepSelectionInside();
     void closeGaps() const;
     void popRemovedTail();
@@ -94,6 +108,7 @@ private:
     std::size_t slotOf(int row) const;
 
     int columns_;
+    std::vector<GoneRow>* gone_ = nullptr;
     std::uint64_t changes_ = 0;
     // The texts of the parameter rows. A row removed by name leaves an empty text until the next
     // access by row number, so that removing many rows moves each remaining row at most once.

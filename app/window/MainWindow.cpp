@@ -150,13 +150,25 @@ void MainWindow::setStartBounds(UINT dotsPerInch)
     moveTo(window_, form::keptWithin(wanted, workAreaOf(window_)));
 }
 
+bool MainWindow::takeStepBack(const MSG& message)
+{
+    if (!isStepBack(message))
+        return false;
+    guarded([this] {
+        program_.stepBack();
+        afterEvent();
+    });
+    return true;
+}
+
 int MainWindow::run()
 {
     const AccessKeys accessKeys;
     MSG message{};
     while (mistake_ == nullptr && GetMessageW(&message, nullptr, 0, 0) > 0) {
-        const bool isDone = window_ != nullptr && (accessKeys.translate(window_, message) ||
-                                                   IsDialogMessageW(window_, &message) != FALSE);
+        const bool isDone = window_ != nullptr &&
+                            (accessKeys.translate(window_, message) || takeStepBack(message) ||
+                             IsDialogMessageW(window_, &message) != FALSE);
         if (!isDone) {
             TranslateMessage(&message);
             DispatchMessageW(&message);

@@ -96,6 +96,8 @@ private:
     void command(int id, int notification);
     void pressKey(int id);
     void pressEnter();
+    bool isStepBack(const MSG& message) const;
+    bool takeStepBack(const MSG& message);
     void press(const form::NamedControl& button);
     void comboCommand(form::ComboBox& box, int notification);
     void commitTexts(HWND entered = nullptr);

@@ -6,6 +6,7 @@
 #include "form/FormProcedures.h"
 
 #include <algorithm>
+#include <iterator>
 #include <windowsx.h>
 
 namespace window
@@ -58,6 +59,19 @@ void MainWindow::pressKey(int id)
         press(*which);
     else
         SetFocus(windows_.at(which->control));
+}
+
+// Ctrl+Z; in a field it is Windows' own key.
+bool MainWindow::isStepBack(const MSG& message) const
+{
+    const auto isDown = [](int key) { return GetKeyState(key) < 0; };
+    if (message.message != WM_KEYDOWN || message.wParam != 'Z' || !isDown(VK_CONTROL) ||
+        isDown(VK_SHIFT) || isDown(VK_MENU) || !ready_ || starting_ ||
+        IsChild(window_, message.hwnd) == FALSE)
+        return false;
+    wchar_t kind[8]{};
+    GetClassNameW(message.hwnd, kind, static_cast<int>(std::size(kind)));
+    return CompareStringOrdinal(kind, -1, L"Edit", -1, TRUE) != CSTR_EQUAL;
 }
 
 // Presses the button that has the focus, or takes over the text of a box, changed or not.
