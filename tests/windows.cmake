@@ -50,6 +50,7 @@ velmar_test(app/window LOCK femap.model
         SelectedRunsTest.cpp
         SentMessagesTest.cpp
         StartWindowTest.cpp
+        StepBackKeyTest.cpp
         StudyByHandTest.cpp
         WheelTest.cpp
         WindowPlacesTest.cpp
