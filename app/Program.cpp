@@ -64,14 +64,17 @@ Ended Program::raise(const form::Event& event, int argument)
     return run(*binding, argument);
 }
 
-Ended Program::chooseItem(form::ComboBox& box, int index)
-{
-    return runChoice(box, [&] { box.setListIndex(index); });
-}
-
 Ended Program::enterText(form::ComboBox& box, const std::string& text)
 {
-    return runChoice(box, [&] { box.enterText(text); });
+    if (closed_)
+        return Ended::NotStarted;
+    if (!dispatcher_.isBusy())
+        forgetMessages();
+    const Ended ended =
+        perform({form::click(form().named(box).name), 0, &box}, [&] { box.enterText(text); });
+    if (ended != Ended::NotStarted)
+        runWaiting();
+    return ended;
 }
 
 Ended Program::raiseFemapEvent(std::intptr_t code)
@@ -259,18 +262,6 @@ void Program::forgetMessages()
 {
     form().status.clear();
     unsavedIsTold_ = false;
-}
-
-Ended Program::runChoice(const form::ComboBox& box, const std::function<void()>& choice)
-{
-    if (closed_)
-        return Ended::NotStarted;
-    if (!dispatcher_.isBusy())
-        forgetMessages();
-    const Ended ended = perform({form::click(form().named(box).name), 0, &box}, choice);
-    if (ended != Ended::NotStarted)
-        runWaiting();
-    return ended;
 }
 
 void Program::ObservedDialog::showModal(selection::frmPropertyList& dialog)

@@ -51,9 +51,8 @@ public:
     /// An event of the form or of a control. Anything that is not bound is a mistake of the shell
     /// and raises std::logic_error.
     Ended raise(const form::Event& event, int argument = 0);
-    /// A choice in the drop-down list of a combo box, or a text typed into it. The box stays as it
-    /// was when the procedure cannot start.
-    Ended chooseItem(form::ComboBox& box, int index);
+    /// A text typed into a combo box or chosen from its list. The box stays as it was when the
+    /// procedure cannot start.
     Ended enterText(form::ComboBox& box, const std::string& text);
     /// Brings back the rows that the latest removal, "Clear All" or selection took away, and tells
     /// how many. Runs no procedure and logs nothing; does nothing while a procedure runs.
@@ -109,7 +108,6 @@ private:
     };
 
     Ended run(const Binding& binding, int argument);
-    Ended runChoice(const form::ComboBox& box, const std::function<void()>& choice);
     std::unique_ptr<femap::Application> livingFemap();
     Ended perform(const Action& action, const std::function<void()>& procedure);
     void runWaiting();

@@ -32,6 +32,7 @@ velmar_test(standin LOCK femap.model
     LINK form_driver controlled_standin)
 velmar_test(app/window LOCK femap.model
     SOURCES
+        BoxesTest.cpp
         BusyFormTest.cpp
         ColoursTest.cpp
         DialogPlaceTest.cpp

@@ -100,6 +100,7 @@ void MainWindow::createWindow()
     // These belonged to the controls of a window before this one.
     typing_ = nullptr;
     focusBefore_ = nullptr;
+    choosing_ = nullptr;
     focusSeen_ = nullptr;
     createControls();
     isShown_ = false;

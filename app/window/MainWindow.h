@@ -130,6 +130,8 @@ private:
     static constexpr const wchar_t* panelClass = L"VelmarFemapInterfacePanel";
 
     std::exception_ptr mistake_;  // rethrown by run(): it must not pass through Windows' code
+    void listClosed(form::ComboBox& box);
+    void listLeft(const form::ComboBox& box);
     PropertyListWindow propertyList_;
     app::Program program_;
     EventHook hook_;
@@ -145,10 +147,11 @@ private:
     std::unique_ptr<Font> font_;
     Pixels pixels_{USER_DEFAULT_SCREEN_DPI};
     UINT dotsPerInch_ = USER_DEFAULT_SCREEN_DPI;
-    bool resolutionIsTold_ = false;           // by the message that is handled now
-    SIZE sizeSeen_{};                         // of the window's inside
-    const form::ComboBox* typing_ = nullptr;  // the box whose typed text is not taken over yet
-    HWND focusBefore_ = nullptr;              // had the focus before another program took it
+    bool resolutionIsTold_ = false;             // by the message that is handled now
+    SIZE sizeSeen_{};                           // of the window's inside
+    const form::ComboBox* typing_ = nullptr;    // the box whose typed text is not taken over yet
+    const form::ComboBox* choosing_ = nullptr;  // the box in whose list an item was gone to
+    HWND focusBefore_ = nullptr;                // had the focus before another program took it
     HWND focusSeen_ = nullptr;
     std::optional<InputBlock> block_;  // while a procedure runs
     bool mirroring_ = false;

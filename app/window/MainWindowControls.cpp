@@ -1,5 +1,6 @@
 // MainWindow: creates the windows of the controls, and their tips.
 #include "app/window/AccessKeys.h"
+#include "app/window/BoxHabits.h"
 #include "app/window/MainWindow.h"
 #include "app/window/Tips.h"
 #include "windows/Text.h"
@@ -86,6 +87,8 @@ HWND MainWindow::create(const form::NamedControl& control, HWND parent)
         SendMessageW(window, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(item).c_str()));
     if (control.as<form::TextBox>() != nullptr)
         SendMessageW(window, EM_SETLIMITTEXT, 0, 0);  // as long as Windows can
+    if (control.as<form::ComboBox>() != nullptr)
+        giveHabits(window);
     return window;
 }
 

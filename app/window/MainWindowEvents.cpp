@@ -96,15 +96,19 @@ void MainWindow::press(const form::NamedControl& button)
 
 void MainWindow::comboCommand(form::ComboBox& box, int notification)
 {
-    const HWND window = windows_.at(&box);
     switch (notification) {
     case CBN_EDITCHANGE:
         typing_ = &box;
         break;
     case CBN_SELCHANGE:
-        typing_ = nullptr;
-        beforeEvent(eventOf(box, What::Click));
-        carryOut([&] { return program_.chooseItem(box, ComboBox_GetCurSel(window)); });
+        typing_ = &box;
+        choosing_ = &box;
+        break;
+    case CBN_SELENDOK:
+        listClosed(box);
+        break;
+    case CBN_SELENDCANCEL:
+        listLeft(box);
         break;
     case CBN_KILLFOCUS:
         if (senderWaits())
@@ -117,7 +121,30 @@ void MainWindow::comboCommand(form::ComboBox& box, int notification)
     }
 }
 
-// Takes over what was typed into the combo boxes, and the text of the one with this window.
+// By a click or a key. Enter chooses also where no item was gone to. Windows shows the item after
+// this only, and may tell only then that it was gone to; so the choice is taken over later.
+void MainWindow::listClosed(form::ComboBox& box)
+{
+    if (GetKeyState(VK_RETURN) < 0)
+        choosing_ = &box;
+    PostMessageW(window_, takeTextsMessage, 0, 0);
+}
+
+// Esc, or the focus went elsewhere. Tab takes over what the box shows; else the old choice comes
+// back when an item was gone to or, with Esc, in any case.
+void MainWindow::listLeft(const form::ComboBox& box)
+{
+    const bool isEscape = GetKeyState(VK_ESCAPE) < 0;
+    const bool isTab = GetKeyState(VK_TAB) < 0 && GetKeyState(VK_MENU) >= 0;
+    if (!isEscape && (isTab || choosing_ != &box))
+        return;
+    typing_ = nullptr;
+    choosing_ = nullptr;
+    mirrorCombo(box);
+}
+
+// Takes over what was typed into the combo boxes or chosen from their lists, and the text of the
+// one with this window.
 void MainWindow::commitTexts(HWND entered)
 {
     for (const form::NamedControl& each : program_.form().controls()) {
@@ -129,13 +156,16 @@ void MainWindow::commitTexts(HWND entered)
         const HWND window = windows_.at(box);
         const std::string typed = windowText(window);
         const bool isEntered =
-            entered != nullptr && (window == entered || IsChild(window, entered) != FALSE);
+            choosing_ == box ||
+            (entered != nullptr && (window == entered || IsChild(window, entered) != FALSE));
         if (typing_ == box)
             typing_ = nullptr;
         if (isEntered || typed != box->Text)
             takeText(*box, typed);
     }
 }
+        if (choosing_ == box)
+            choosing_ = nullptr;
 
 void MainWindow::takeText(form::ComboBox& box, const std::string& typed)
 {

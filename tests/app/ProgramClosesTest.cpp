@@ -98,7 +98,7 @@ TEST(Program, ClosesAfterAChoiceDuringWhichThatWasWanted)
     StartedProgram f;
     f.connector.beforeCall = [&](const std::string&) { f.program.close(); };
 
-    EXPECT_EQ(f.program.chooseItem(f.form.Solver, 0), Ended::Normally);
+    EXPECT_EQ(f.program.enterText(f.form.Solver, "NENastran"), Ended::Normally);
 
     EXPECT_TRUE(f.program.isClosed());
 }

@@ -123,7 +123,7 @@ TEST(Program, RunsTheHandlerOfABoxOnce)
 {
     StartedProgram f;
 
-    EXPECT_EQ(f.program.chooseItem(f.form.Solver, 0), Ended::Normally);
+    EXPECT_EQ(f.program.enterText(f.form.Solver, "NENastran"), Ended::Normally);
     EXPECT_EQ(f.form.CommandLine.Text, "nastran nastran.ini beam.nas");
 
     EXPECT_EQ(f.program.enterText(f.form.Solver, "NXNastran"), Ended::Normally);
@@ -135,7 +135,7 @@ TEST(Program, PutsTextIntoABoxWithoutAHandler)
     StartedProgram f;
 
     EXPECT_EQ(f.program.enterText(f.form.InputSelection, "Elements"), Ended::Normally);
-    EXPECT_EQ(f.program.chooseItem(f.form.OutputSelection, 4), Ended::Normally);
+    EXPECT_EQ(f.program.enterText(f.form.OutputSelection, "Mass Properties"), Ended::Normally);
 
     EXPECT_EQ(f.form.InputSelection.ListIndex, 1);
     EXPECT_EQ(f.form.OutputSelection.Text, "Mass Properties");
@@ -145,7 +145,7 @@ TEST(Program, RunsAHandlerWithinAHandlerForAChoiceThatAProcedureMakes)
 {
     StartedProgram f;
 
-    const Ended ended = f.program.chooseItem(f.form.Optimizer, 1);
+    const Ended ended = f.program.enterText(f.form.Optimizer, "KORVA");
 
     EXPECT_EQ(ended, Ended::Normally);
     EXPECT_EQ(f.form.Optimizer.Text, "Velmar");
@@ -186,7 +186,7 @@ TEST(Program, LeavesABoxAsItIsWhileAProcedureRuns)
     StartedProgram f;
 
     f.duringApply([&] {
-        EXPECT_EQ(f.program.chooseItem(f.form.Solver, 0), Ended::NotStarted);
+        EXPECT_EQ(f.program.enterText(f.form.Solver, "NENastran"), Ended::NotStarted);
         EXPECT_EQ(f.program.enterText(f.form.InputSelection, "Elements"), Ended::NotStarted);
     });
 

@@ -170,8 +170,10 @@ void FormDriver::choose(std::string_view box, const std::string& item)
                                        reinterpret_cast<LPARAM>(wide.c_str()));
     ASSERT_GE(place, 0) << item;
     SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(place), 0);
-    SendMessageW(GetParent(combo), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(combo), CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(combo));
+    for (const int notification : {CBN_SELCHANGE, CBN_SELENDOK})
+        SendMessageW(GetParent(combo), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(combo), notification),
+                     reinterpret_cast<LPARAM>(combo));
+    settle();
 }
 
 void FormDriver::type(std::string_view box, const std::wstring& text)
