@@ -160,12 +160,12 @@ void MainWindow::commitTexts(HWND entered)
             (entered != nullptr && (window == entered || IsChild(window, entered) != FALSE));
         if (typing_ == box)
             typing_ = nullptr;
+        if (choosing_ == box)
+            choosing_ = nullptr;
         if (isEntered || typed != box->Text)
             takeText(*box, typed);
     }
 }
-        if (choosing_ == box)
-            choosing_ = nullptr;
 
 void MainWindow::takeText(form::ComboBox& box, const std::string& typed)
 {
