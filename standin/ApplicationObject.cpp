@@ -31,6 +31,15 @@ Variant make(App& application, Arguments&)
     return Variant::owning(new Made(application.server()));
 }
 
+// A handle as a 64-bit number.
+Variant numberOf(HWND window)
+{
+    Variant result;
+    result.raw()->vt = VT_I8;
+    result.raw()->llVal = reinterpret_cast<INT_PTR>(window);
+    return result;
+}
+
 // clang-format off
 constexpr Member<ApplicationObject> applicationMembers[] = {
     {"feSet",            make<SetObject>},
@@ -45,6 +54,7 @@ constexpr Member<ApplicationObject> applicationMembers[] = {
     {"feResults",        make<ResultsObject>},
 
     {"Info_Version",                          serve<&App::version>},
+    {"hMainWnd",                              serve<&App::mainWindow>},
     {"ModelName",                             serve<&App::modelName>},
     {"Info_Count",                            serve<&App::countOf>},
     {"Info_NextID",                           serve<&App::nextIDOf>},
@@ -55,6 +65,7 @@ constexpr Member<ApplicationObject> applicationMembers[] = {
     {"feAppLock",                             serve<&App::lock>},
     {"feAppUnlock",                           serve<&App::unlock>},
     {"feFileOpen",                            serve<&App::fileOpen>},
+    {"feFileIsModified",                      serve<&App::isFileModified>},
     {"feMeasureMeshMassProp",                 serve<&App::measure>},
     {"feAppVisible",                          serve<&App::visible>},
     {"feAppGetAllModels",                     serve<&App::allModels>},
@@ -112,6 +123,11 @@ ULONG ApplicationObject::Release()
     return left;
 }
 
+Variant ApplicationObject::mainWindow()
+{
+    return numberOf(window_.handle());
+}
+
 std::string ApplicationObject::modelName()
 {
     if (!server().host.model && server().modes[Mode::NoModelNoName])
@@ -158,6 +174,11 @@ int ApplicationObject::fileOpen(bool useDialog, const std::string& path)
         message(static_cast<int>(MessageColour::Error), error.description());
         return failed;
     }
+}
+
+int ApplicationObject::isFileModified()
+{
+    return femap_->feFileIsModified() ? ok : failed;
 }
 
 int ApplicationObject::allModels(Arguments& arguments)

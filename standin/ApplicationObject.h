@@ -2,6 +2,7 @@
 #pragma once
 
 #include "femap/Application.h"
+#include "standin/MainWindow.h"
 #include "standin/Object.h"
 
 #include <memory>
@@ -22,6 +23,7 @@ public:
     void endWithLastClient() { endsWithLastClient_ = true; }
     ULONG STDMETHODCALLTYPE Release() override;
 
+    Variant mainWindow();
     std::string modelName();
     double version();
     int activeID(EntityType type);
@@ -29,6 +31,7 @@ public:
     int nextIDOf(EntityType type);
     int visible(bool show);
     int fileOpen(bool useDialog, const std::string& path);
+    int isFileModified();
     int allModels(Arguments& arguments);
     int lock();
     int unlock();
@@ -46,6 +49,7 @@ protected:
 
 private:
     std::unique_ptr<femap::Application> femap_;  // the model host's
+    MainWindow window_;
     bool endsWithLastClient_ = false;
 };
 

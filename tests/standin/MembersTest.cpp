@@ -1,5 +1,6 @@
 #include "femap/TypeLibrary.h"
 #include "femap/com/Apartment.h"
+#include "femap/com/FemapProcesses.h"
 #include "standin/Generations.h"
 #include "standin/Letters.h"
 #include "standin/StartedStandin.h"
@@ -271,6 +272,18 @@ TEST_P(MembersOf, FemapTakeAWholeRealForAnIndex)
     EXPECT_THROW(properties.call("pval", 0.5), sys::RuntimeError);
 }
 
+TEST_P(MembersOf, FemapNameAWindowOfItsProcess)
+{
+    const auto window = static_cast<long long>(standin.control().call("hMainWnd").real());
+
+    EXPECT_EQ(femap::com::processOfWindow(window), standin.processID());
+}
+
+TEST_P(MembersOf, FemapTellThatAllIsSaved)
+{
+    EXPECT_EQ(standin.control().call("feFileIsModified").number(), 0);
+}
+
 TEST_P(MembersOf, ElementsTakeTwoIndicesForAnOffset)
 {
     Dispatch element = standin.control().object("feElem");
@@ -281,6 +294,14 @@ TEST_P(MembersOf, ElementsTakeTwoIndicesForAnOffset)
     EXPECT_THROW(element.call("offset", 0), sys::RuntimeError);
     EXPECT_THROW(element.call("offset", 0, 3), sys::RuntimeError);
     EXPECT_THROW(element.call("offset", 2, 0), sys::RuntimeError);
+}
+
+TEST(StandinWithChanges, TellsThatTheyAreNotSaved)
+{
+    const femap::com::Apartment apartment;
+    StartedStandin standin("--modified");
+
+    EXPECT_EQ(standin.control().call("feFileIsModified").number(), -1);
 }
 
 }  // namespace comtest

@@ -25,7 +25,7 @@ using windows::fromWide;
 
 constexpr const char* usage =
     R"text(usage: test-standin [--classic|--modern] [--model FILE] [--calls FILE]
-                    [--no-rot|--late MILLISECONDS] [--MODE]...
+                    [--no-rot|--late MILLISECONDS] [--modified] [--MODE]...
        test-standin /regserver | /unregserver
 
 Takes the place of FEMAP ("femap.model") until it is told to quit.
@@ -36,6 +36,7 @@ Takes the place of FEMAP ("femap.model") until it is told to quit.
   --calls FILE    write each call to this file
   --no-rot        run without being found by those who attach
   --late TIME     be found only after that time
+  --modified      have changes that are not saved
   /regserver      register for good, so that COM can start it
   /unregserver    take the registration away
 
@@ -48,6 +49,7 @@ struct Options
     bool isClassic = false;
     bool registers = false;
     bool unregisters = false;
+    bool isModified = false;
     std::string model;
     std::string calls;
     Modes modes;
@@ -65,6 +67,8 @@ bool readSwitch(const std::string& text, std::istream& more, Options& options)
         options.isClassic = false;
     else if (text == "--no-rot")
         options.offer.isFound = false;
+    else if (text == "--modified")
+        options.isModified = true;
     else if (text == "-Embedding" || text == "/Embedding")
         options.offer.wasStartedByCOM = true;
     else if (text == "/regserver")
@@ -112,6 +116,7 @@ void serve(const Options& options)
         server.recordTo(options.calls);
     if (!options.model.empty())
         server.host.openNeutralFile(options.model);
+    server.host.isModified = options.isModified;
     const standin::IncomingCallFilter callFilter(server);
     standin::ControlledApplication application(server);
     standin::Offer offer = options.offer;
