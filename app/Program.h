@@ -43,6 +43,8 @@ public:
     Started start(const std::string& arguments);
     /// Why the model of the command line could not be opened; empty when it was.
     const std::string& openFailure() const { return session_.openFailure; }
+    /// Which of several FEMAPs is used; empty where there is one.
+    const std::string& femapInUse() const { return session_.femapInUse; }
     /// Why FEMAP was neither found nor started; empty when it was.
     const std::string& femapFailure() const { return session_.femapFailure; }
     /// Why there is no log, or none any more; empty while all is well or none was wanted.

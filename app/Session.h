@@ -50,6 +50,8 @@ struct Session
 
     /// Whether the tool started the FEMAP that it uses.
     bool femapWasStarted = false;
+    /// Which one of several FEMAPs it is, as was told last; empty where there was one.
+    std::string femapInUse;
 
     /// Set by a procedure that wants both forms unloaded; that is done when it has ended.
     bool closeWanted = false;

@@ -25,13 +25,14 @@ void tellWhichFemap(Session& session)
 {
     Context& context = session.context;
     const femap::RunningFemaps running = session.connector.running();
+    session.femapInUse.clear();
     if (running.count > 1) {
         std::string model;
         sys::PendingError noModel;
         noModel.attempt([&] { model = context.femap().ModelName(); });
-        const std::string text = describe(running, model);
-        context.form.status.tellHint(text);
-        logging::logDebug(context.log, text);
+        session.femapInUse = describe(running, model);
+        context.form.status.tellHint(session.femapInUse);
+        logging::logDebug(context.log, session.femapInUse);
     }
     if (running.isOneHidden) {
         context.form.status.tellProblem(femapIsHidden);

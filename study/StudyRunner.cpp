@@ -179,6 +179,8 @@ void StudyRunner::start(const ScriptLine& line)
     if (started == Started::FemapNotFound)
         throw ScriptError(
             line.number, "FEMAP does not run and could not be started: " + program_.femapFailure());
+    if (!program_.femapInUse().empty())
+        world_.problems << program_.femapInUse() << '\n';
     if (!program_.openFailure().empty())
         throw ScriptError(line.number, program_.openFailure());
     if (started == Started::ByError)

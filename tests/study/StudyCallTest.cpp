@@ -211,6 +211,7 @@ public:
             auto connector = std::make_unique<fake::FakeConnector>(*host);
             connector->attachRaises = isMissing || isStarted;
             connector->createRaises = isMissing;
+            connector->femaps.count = count;
             connector->attachFindsNothing = connector->createGivesNothing = findsNothing;
             return connector;
         };
@@ -221,6 +222,7 @@ public:
     bool isStarted = false;  // by the program
     bool findsNothing = false;
     bool isModified = false;
+    int count = 1;  // of all that run
 };
 
 TEST(StudyOnARunningFemap, IsTheUsualWayWhereThereCanBeOne)
@@ -251,6 +253,17 @@ TEST(StudyOnARunningFemap, SaysNothingOfChangesInOneThatStays)
     EXPECT_EQ(f.runScript("start\n"), 0);
 
     EXPECT_EQ(f.errors.str(), "");
+}
+
+TEST(StudyOnARunningFemap, TellsOnceWhichOneOfSeveralItIs)
+{
+    RunningFixture f;
+    f.count = 2;
+
+    EXPECT_EQ(f.runScript("start\nevent 2\n"), 0);
+
+    EXPECT_EQ(f.errors.str(),
+              "2 FEMAPs are running: one with \"" + f.folder.path("running.mod") + "\" is used\n");
 }
 
 TEST(StudyOnARunningFemap, CanBeAskedFor)
