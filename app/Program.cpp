@@ -32,6 +32,14 @@ bool endsMessages(const form::Event& event, int argument)
     return isByHand(event) && (event.what == What::Click || argument == form::deleteKey);
 }
 
+const Binding& bindingOf(const form::Event& event)
+{
+    const Binding* const binding = findBinding(event);
+    if (binding == nullptr)
+        throw std::logic_error("No procedure is bound to " + event.text());
+    return *binding;
+}
+
 }  // namespace
 
 Program::Program(femap::Connector& connector, form::FormHost& host,
@@ -58,10 +66,12 @@ Started Program::start(const std::string& arguments)
 
 Ended Program::raise(const form::Event& event, int argument)
 {
-    const Binding* const binding = findBinding(event);
-    if (binding == nullptr)
-        throw std::logic_error("No procedure is bound to " + event.text());
-    return run(*binding, argument);
+    return run(bindingOf(event), argument);
+}
+
+Ended Program::raiseFurther(const form::Event& event)
+{
+    return run(bindingOf(event), 0, true);
 }
 
 Ended Program::enterText(form::ComboBox& box, const std::string& text)
@@ -180,7 +190,7 @@ void Program::close()
     session_.context.host.unload();
 }
 
-Ended Program::run(const Binding& binding, int argument)
+Ended Program::run(const Binding& binding, int argument, bool isFurther)
 {
     if (closed_)
         return Ended::NotStarted;
@@ -192,7 +202,7 @@ Ended Program::run(const Binding& binding, int argument)
             waiting_.push_back({&binding, argument});
         return Ended::NotStarted;
     }
-    if (endsMessages(binding.event, argument))
+    if (!isFurther && endsMessages(binding.event, argument))
         forgetMessages();
     const Ended ended = performOnRows(binding, argument);
     runWaiting();

@@ -49,10 +49,14 @@ public:
     const std::string& femapFailure() const { return session_.femapFailure; }
     /// Why there is no log, or none any more; empty while all is well or none was wanted.
     const std::string& logFailure() const { return session_.context.log.failure(); }
+    /// Full path of the log; empty while there is none.
+    std::string logPath() const { return session_.context.log.path(); }
 
     /// An event of the form or of a control. Anything that is not bound is a mistake of the shell
     /// and raises std::logic_error.
     Ended raise(const form::Event& event, int argument = 0);
+    /// The same for a further event of one action: what was told so far stays.
+    Ended raiseFurther(const form::Event& event);
     /// A text typed into a combo box or chosen from its list. The box stays as it was when the
     /// procedure cannot start.
     Ended enterText(form::ComboBox& box, const std::string& text);
@@ -109,7 +113,7 @@ private:
         ActionObserver* observer = nullptr;
     };
 
-    Ended run(const Binding& binding, int argument);
+    Ended run(const Binding& binding, int argument, bool isFurther = false);
     std::unique_ptr<femap::Application> livingFemap();
     Ended perform(const Action& action, const std::function<void()>& procedure);
     void runWaiting();

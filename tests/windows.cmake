@@ -35,6 +35,7 @@ velmar_test(app/window LOCK femap.model
         BoxesTest.cpp
         BusyFormTest.cpp
         ColoursTest.cpp
+        CommandsTest.cpp
         DialogPlaceTest.cpp
         EventHookTest.cpp
         FormThatIsOffTest.cpp

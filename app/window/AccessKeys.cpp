@@ -4,7 +4,6 @@
 #include "form/ControlTable.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace window
 {
@@ -21,9 +20,8 @@ std::string withAccessKey(std::string_view caption, char key)
     return result;
 }
 
-AccessKeys::AccessKeys()
+AccessKeys::AccessKeys(std::vector<ACCEL> entries)
 {
-    std::vector<ACCEL> entries;
     for (const form::ControlRow& each : form::controlTable)
         if (each.accessKey != 0)
             entries.push_back(

@@ -1,10 +1,12 @@
-// The access keys of the main window: with Alt, a key presses a button or goes to a field.
+// The access keys of the main window: with Alt, a key presses a button or goes to a field. Keys
+// without Alt are commands of the form.
 #pragma once
 
 #include <windows.h>
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace window
 {
@@ -16,8 +18,8 @@ std::string withAccessKey(std::string_view caption, char key);
 class AccessKeys
 {
 public:
-    /// Of the form's controls.
-    AccessKeys();
+    /// Of the form's controls, and others.
+    explicit AccessKeys(std::vector<ACCEL> entries);
     ~AccessKeys() { DestroyAcceleratorTable(table_); }
     AccessKeys(const AccessKeys&) = delete;
     AccessKeys& operator=(const AccessKeys&) = delete;

@@ -63,4 +63,13 @@ form::ScreenPlace workAreaOf(HWND window)
     return {area.left, area.top, area.right, area.bottom};
 }
 
+SIZE windowSize(HWND window, int width, int height, UINT dotsPerInch)
+{
+    const Pixels pixels(dotsPerInch);
+    RECT frame{0, 0, pixels.fromTwips(width), pixels.fromTwips(height)};
+    AdjustWindowRectExForDpi(&frame, static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE)), FALSE,
+                             static_cast<DWORD>(GetWindowLongW(window, GWL_EXSTYLE)), dotsPerInch);
+    return {frame.right - frame.left, frame.bottom - frame.top};
+}
+
 }  // namespace window

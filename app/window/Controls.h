@@ -27,6 +27,8 @@ void setFont(HWND window, const Font& font);
 
 form::ScreenPlace placeOf(HWND window);
 void moveTo(HWND window, const form::ScreenPlace& place);
+/// The size, frame included, of a window whose inside is so large, in twips.
+SIZE windowSize(HWND window, int width, int height, UINT dotsPerInch);
 /// What windows may use of the monitor that this one is on.
 form::ScreenPlace workAreaOf(HWND window);
 

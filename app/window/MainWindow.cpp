@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <stdexcept>
 #include <utility>
+#include <windowsx.h>
 
 namespace window
 {
@@ -99,10 +100,13 @@ void MainWindow::createWindow()
         throw std::runtime_error("Windows refused the main window");
     // These belonged to the controls of a window before this one.
     typing_ = nullptr;
-    focusBefore_ = nullptr;
     choosing_ = nullptr;
+    focusBefore_ = nullptr;
     focusSeen_ = nullptr;
     createControls();
+    const HMENU menu = GetSystemMenu(window_, FALSE);
+    AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+    addCommands(menu);
     isShown_ = false;
     ready_ = true;
 
@@ -164,7 +168,7 @@ bool MainWindow::takeStepBack(const MSG& message)
 
 int MainWindow::run()
 {
-    const AccessKeys accessKeys;
+    const AccessKeys accessKeys(keysOfCommands());
     MSG message{};
     while (mistake_ == nullptr && GetMessageW(&message, nullptr, 0, 0) > 0) {
         const bool isDone = window_ != nullptr &&
@@ -204,6 +208,7 @@ void MainWindow::showStatus(const std::string& text)
 void MainWindow::unload()
 {
     propertyList_.cancel();
+    about_.cancel();
     if (window_ != nullptr)
         DestroyWindow(window_);
 }
@@ -254,18 +259,17 @@ LRESULT MainWindow::handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM
         return wParam == SIZE_MINIMIZED ? 0 : guarded([&] { resized(); });
     case WM_COMMAND:
         return guarded([&] { pressKey(LOWORD(wParam)); });
+    case WM_SYSCOMMAND:
+        if (isCommand(wParam))
+            return guarded([&] { runCommand(wParam); });
+        break;
     case WM_HSCROLL:
         return guarded([&] { scroll(form.HScroll1, LOWORD(wParam)); });
     case WM_VSCROLL:
         return guarded([&] { scroll(form.VScroll1, LOWORD(wParam)); });
     case WM_MOUSEWHEEL:
-        return guarded([&] {
-            turnWheel(form.VScroll1, -GET_WHEEL_DELTA_WPARAM(wParam), SPI_GETWHEELSCROLLLINES);
-        });
     case WM_MOUSEHWHEEL:
-        return guarded([&] {
-            turnWheel(form.HScroll1, GET_WHEEL_DELTA_WPARAM(wParam), SPI_GETWHEELSCROLLCHARS);
-        });
+        return guarded([&] { turnWheel(message, GET_WHEEL_DELTA_WPARAM(wParam)); });
     case WM_SETCURSOR:
         // The content passes this on to the frame before it looks at the pointer itself.
         if (LOWORD(lParam) == HTCLIENT && isBusy()) {
@@ -326,6 +330,7 @@ void MainWindow::destroyed()
     ready_ = false;
     hook_.restore();
     propertyList_.cancel();
+    about_.cancel();
     if (program_.isClosed())
         PostQuitMessage(EXIT_SUCCESS);
     else
@@ -350,6 +355,10 @@ LRESULT MainWindow::handlePanel(HWND window, UINT message, WPARAM wParam, LPARAM
     switch (message) {
     case WM_COMMAND:
         return guarded([&] { command(LOWORD(wParam), HIWORD(wParam)); });
+    case WM_CONTEXTMENU:
+        return guarded([&] {
+            showMenu(reinterpret_cast<HWND>(wParam), {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+        });
     case WM_NOTIFY: {
         const NMHDR& header = *reinterpret_cast<const NMHDR*>(lParam);
         LRESULT answer = 0;

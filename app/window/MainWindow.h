@@ -4,6 +4,7 @@
 
 #include "app/ModelLine.h"
 #include "app/Program.h"
+#include "app/window/AboutWindow.h"
 #include "app/window/Controls.h"
 #include "app/window/EventHook.h"
 #include "app/window/GridView.h"
@@ -11,6 +12,7 @@
 #include "app/window/PaneOwner.h"
 #include "app/window/PropertyListWindow.h"
 #include "app/window/StatusView.h"
+#include "app/window/Viewer.h"
 
 #include <windows.h>
 
@@ -20,6 +22,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace window
 {
@@ -27,6 +31,14 @@ namespace window
 class MainWindow : public form::FormHost
 {
 public:
+    // Fixed numbers of what the form does beyond its controls. They are none of a control's, and of
+    // those in its menu Windows keeps the last four bits to itself.
+    static constexpr int idRefresh = 0x800;
+    static constexpr int idGuide = 0x810;
+    static constexpr int idFolder = 0x820;
+    static constexpr int idLog = 0x830;
+    static constexpr int idAbout = 0x840;
+
     /// Everything given here must outlive the window.
     MainWindow(femap::Connector& connector, sys::System& system);
     ~MainWindow() override;
@@ -40,6 +52,9 @@ public:
     int run();
     /// Tells the observer what is done with the form; it must outlive the window.
     void observe(app::ActionObserver& observer) { program_.observe(observer); }
+    /// Guide, folder and log are opened by this one, which must outlive the window, in place of
+    /// Windows' viewer.
+    void viewWith(Viewer& viewer) { viewer_ = &viewer; }
     const form::MainForm& form() { return program_.form(); }
     /// Shows this text while a procedure waits for FEMAP.
     void showStatus(const std::string& text);
@@ -90,8 +105,30 @@ private:
     void layOutScrollBar(const form::ScrollBar& bar, int viewport);
     void scroll(form::ScrollBar& bar, int request);
     void scrollTo(form::ScrollBar& bar, int value);
-    void turnWheel(form::ScrollBar& bar, int delta, UINT setting);
+    void turnWheel(UINT message, int delta);
     void followFocus();
+
+    // What the form does beyond its controls.
+    struct Command
+    {
+        int id;
+        WORD key;                  // 0: none
+        std::string_view caption;  // in the menu of the window; empty: not there
+        void (MainWindow::*run)();
+    };
+    static const Command commands[];
+    static std::vector<ACCEL> keysOfCommands();
+    static void addCommands(HMENU menu);
+    static bool isCommand(WPARAM id);
+    void runCommand(WPARAM id);
+    void showMenu(HWND where, POINT place);
+    void refreshBoth();
+    void openGuide();
+    void openFolder();
+    void openLog();
+    void view(const std::string& path, std::string_view failure, std::string_view cure);
+    void tellNotOpened(const std::string& text);
+    void showAbout();
 
     void command(int id, int notification);
     void pressKey(int id);
@@ -100,6 +137,8 @@ private:
     bool takeStepBack(const MSG& message);
     void press(const form::NamedControl& button);
     void comboCommand(form::ComboBox& box, int notification);
+    void listClosed(form::ComboBox& box);
+    void listLeft(const form::ComboBox& box);
     void commitTexts(HWND entered = nullptr);
     void takeText(form::ComboBox& box, const std::string& typed);
     void carryOut(const std::function<app::Ended()>& start);
@@ -130,9 +169,11 @@ private:
     static constexpr const wchar_t* panelClass = L"VelmarFemapInterfacePanel";
 
     std::exception_ptr mistake_;  // rethrown by run(): it must not pass through Windows' code
-    void listClosed(form::ComboBox& box);
-    void listLeft(const form::ComboBox& box);
     PropertyListWindow propertyList_;
+    AboutWindow about_;
+    WindowsViewer windowsViewer_;
+    Viewer* viewer_ = &windowsViewer_;
+    std::string notOpened_;  // what was told of it
     app::Program program_;
     EventHook hook_;
     PaneOwner paneOwner_;

@@ -43,13 +43,17 @@ void MainWindow::command(int id, int notification)
         press(*which);
 }
 
-// Enter, or an access key: presses a button or goes to a field.
+// Enter, an access key, which presses a button or goes to a field, or another key of the form.
 void MainWindow::pressKey(int id)
 {
     if (!ready_)
         return;
     if (id == IDOK) {
         pressEnter();
+        return;
+    }
+    if (isCommand(static_cast<WPARAM>(id))) {
+        runCommand(static_cast<WPARAM>(id));
         return;
     }
     const form::NamedControl* const which = controlWithID(id);

@@ -158,16 +158,21 @@ void MainWindow::scrollTo(form::ScrollBar& bar, int value)
 
 // Wheels are set to a number of lines or characters for each notch, or to pages, which is a number
 // that no page holds. One notch of an ordinary wheel is WHEEL_DELTA; fine wheels give less at a
-// time.
-void MainWindow::turnWheel(form::ScrollBar& bar, int delta, UINT setting)
+// time; away from the engineer is up.
+void MainWindow::turnWheel(UINT message, int delta)
 {
+    const bool isSideways = message == WM_MOUSEHWHEEL;
+    form::MainForm& form = program_.form();
+    form::ScrollBar& bar =
+        isSideways ? static_cast<form::ScrollBar&>(form.HScroll1) : form.VScroll1;
     if (!bar.Visible)
         return;
     UINT steps = 3;
-    SystemParametersInfoW(setting, 0, &steps, 0);
+    SystemParametersInfoW(isSideways ? SPI_GETWHEELSCROLLCHARS : SPI_GETWHEELSCROLLLINES, 0, &steps,
+                          0);
     const int page = bar.LargeChange / bar.SmallChange;
     const int notch = static_cast<int>(std::min(steps, static_cast<UINT>(page))) * bar.SmallChange;
-    scrollTo(bar, bar.Value + MulDiv(delta, notch, WHEEL_DELTA));
+    scrollTo(bar, bar.Value + MulDiv(isSideways ? delta : -delta, notch, WHEEL_DELTA));
 }
 
 // Brings the control that has the focus into view, however it got it.

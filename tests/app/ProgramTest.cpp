@@ -130,6 +130,19 @@ TEST(Program, RunsTheHandlerOfABoxOnce)
     EXPECT_EQ(f.form.CommandLine.Text, "nastran beam.dat notify=no");
 }
 
+TEST(Program, KeepsWhatWasToldForAFurtherEventOfTheSameAction)
+{
+    StartedProgram f;
+    f.form.status.tellProblem("Of the inputs.");
+
+    EXPECT_EQ(f.program.raiseFurther(form::click("RefreshOutputs")), Ended::Normally);
+    const std::string afterFurther = f.form.StatusLine.Caption;
+    EXPECT_EQ(f.program.raise(form::click("RefreshOutputs")), Ended::Normally);
+
+    EXPECT_EQ(afterFurther, "Of the inputs.");
+    EXPECT_EQ(f.form.StatusLine.Caption, "");
+}
+
 TEST(Program, PutsTextIntoABoxWithoutAHandler)
 {
     StartedProgram f;

@@ -60,6 +60,7 @@ INSTANTIATE_TEST_SUITE_P(Of, Program,
 
 }  // namespace
 
+// Windows' own viewer is asked for by hand only, and its library is not loaded before.
 TEST_P(Program, StartsNoOther)
 {
     EXPECT_THAT(functionsThatBeginWith(startsPrograms), IsEmpty());
