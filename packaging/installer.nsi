@@ -81,7 +81,7 @@ Section
     WriteUninstaller "$INSTDIR\uninstall.exe"
 
     CreateDirectory "${MENU}"
-    CreateShortCut "${MENU}\${NAME}.lnk" "$INSTDIR\${PROGRAM}"
+    CreateShortCut "${MENU}\${NAME}.lnk" "$INSTDIR\${PROGRAM}" "$$$$ALWAYS"  ; keeps a log
     CreateShortCut "${MENU}\Guide.lnk" "$INSTDIR\guide.html"
     SetOutPath "$INSTDIR\try-it"
     CreateShortCut "${MENU}\Try it without FEMAP.lnk" "$INSTDIR\try-it\try-it.cmd" "" \

@@ -89,6 +89,9 @@ for link in 'Velmar-Femap Interface' 'Guide' 'Try it without FEMAP'; do
     [[ -f "$menu/Velmar-Femap Interface/$link.lnk" ]] || fail "the Start menu lacks $link"
 done
 
+grep -qaP '\$\0\$\0A\0L\0W\0A\0Y\0S' "$menu/Velmar-Femap Interface/Velmar-Femap Interface.lnk" ||
+    fail "the form of the Start menu keeps no log"
+
 says "It installs over itself"
 install || fail "the second setup ended with code $?"
 diff -r --exclude=uninstall.exe "$packed" "$folder" || fail "the second setup left something else"
