@@ -60,6 +60,8 @@ public:
 
     /// Called before the server dies, to take back what is registered with COM.
     std::function<void()> beforeDeath;
+    /// From now on nobody who wants a new FEMAP gets this one.
+    std::function<void()> withdrawClass;
 
     /// Counts a call. Does not return from the one that the server dies at.
     Admission admit();

@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <oleauto.h>
 #include <string>
+#include <utility>
 
 namespace standin
 {
@@ -86,7 +87,13 @@ public:
     {
         if (active_ != 0)
             RevokeActiveObject(active_, nullptr);
-        CoRevokeClassObject(class_);
+        withdrawClass();
+    }
+
+    void withdrawClass()
+    {
+        if (class_ != 0)
+            CoRevokeClassObject(std::exchange(class_, 0));
     }
 
 private:
@@ -130,6 +137,7 @@ void serve(Server& server, ApplicationObject& application, const Offer& offer)
         announcement.revoke();
         registration.remove();
     };
+    server.withdrawClass = [&] { announcement.withdrawClass(); };
     if (offer.wasStartedByCOM)
         application.endWithLastClient();
     std::puts("ready");

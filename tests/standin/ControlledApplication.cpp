@@ -28,6 +28,7 @@ constexpr Member<ControlledApplication> controlMembers[] = {
     {"standinPick",          serve<&Control::queueSelection>},
     {"standinModel",         serve<&Control::modelState>},
     {"standinQuit",          serve<&Control::quit>},
+    {"standinWithdraw",      serve<&Control::withdraw>},
     {"standinRecord",        serve<&Control::recordTo>},
     {"standinFault",         serve<&Control::fault>},
     {"standinReject",        serve<&Control::reject>},
@@ -50,6 +51,7 @@ constexpr library::Member controls[] = {
     {"standinPick",          Kind::Method,   90004, "s",  'i', library::all},
     {"standinModel",         Kind::Method,   90005, "s",  'i', library::all},
     {"standinQuit",          Kind::Method,   90006, "",   'i', library::all},
+    {"standinWithdraw",      Kind::Method,   90019, "",   'i', library::all},
     {"standinRecord",        Kind::Method,   90007, "s",  'i', library::all},
     {"standinFault",         Kind::Method,   90008, "ss", 'i', library::all},
     {"standinReject",        Kind::Method,   90009, "i",  'i', library::all},
@@ -240,6 +242,12 @@ std::string ControlledApplication::registrations()
                   std::to_string(pane.bPreventHide) + ' ' + std::to_string(pane.location) + ' ' +
                   std::to_string(pane.neighborID) + '\n';
     return result;
+}
+
+int ControlledApplication::withdraw()
+{
+    server().withdrawClass();
+    return ok;
 }
 
 // Not at once: the answer to this call is still on its way through COM's own threads, and the end

@@ -35,6 +35,7 @@ public:
     std::string messages();
     std::string registrations();
     int quit();
+    int withdraw();
 
 protected:
     std::span<const library::Member> declared() const override;

@@ -213,8 +213,15 @@ void StartedStandin::quit()
     }
 }
 
+// Windows forgets the class of a program that was killed. Wine keeps it, and starts no other one.
 void StartedStandin::kill()
 {
+    try {
+        control_->call("standinWithdraw");
+    }
+    catch (const std::exception&) {
+        // It is killed because it does not answer.
+    }
     TerminateProcess(process_.handle, EXIT_FAILURE);
     WaitForSingleObject(process_.handle, 5000);
 }
