@@ -55,6 +55,7 @@ velmar_test(app/window LOCK femap.model
         StepBackKeyTest.cpp
         StudyByHandTest.cpp
         WheelTest.cpp
+        WhichFemapTest.cpp
         WindowPlacesTest.cpp
         WindowTest.cpp
     LINK form_driver)

@@ -25,19 +25,19 @@ public:
         file->write(script);
         file->close();
         SetEnvironmentVariableW(L"TEMP", windows::toWide(own_.path()).c_str());
-        SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-        const HANDLE errors =
-            CreateFileW(windows::toWide(own_.path("errors")).c_str(), GENERIC_WRITE,
-                        FILE_SHARE_READ, &inherited, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+        const HANDLE output = created("output");
+        const HANDLE errors = created("errors");
         STARTUPINFOW start{};
         start.cb = sizeof start;
         start.dwFlags = STARTF_USESTDHANDLES;
+        start.hStdOutput = output;
         start.hStdError = errors;
         std::wstring line =
             windows::toWide("\"" PROGRAM_FOLDER "/velmar-study.exe\" --quiet --femap=" + femap +
                             " \"" + own_.path("script") + "\"");
         EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr,
                                    nullptr, &start, &process_));
+        CloseHandle(output);
         CloseHandle(errors);
     }
     ~StudyProcess()
@@ -73,9 +73,22 @@ public:
         GetExitCodeProcess(process_.hProcess, &code);
         return code;
     }
-    std::string errors() const { return sys::DiskFiles().read(own_.path("errors")); }
+    std::string errors() const { return read("errors"); }
+    /// A file of its folder.
+    std::string read(const std::string& name) const
+    {
+        return sys::DiskFiles().read(own_.path(name));
+    }
 
 private:
+    // A file for what the program says.
+    HANDLE created(const std::string& name) const
+    {
+        SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+        return CreateFileW(windows::toWide(own_.path(name)).c_str(), GENERIC_WRITE, FILE_SHARE_READ,
+                           &inherited, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    }
+
     fake::TemporaryFolder own_;
     PROCESS_INFORMATION process_{};
 };

@@ -130,6 +130,15 @@ void Process::kill()
     WaitForSingleObject(info_.hProcess, INFINITE);
 }
 
+// A program that just begins cannot be told yet.
+void Process::quit()
+{
+    EXPECT_TRUE(waitUntil([this] {
+        PostThreadMessageW(info_.dwThreadId, WM_QUIT, 0, 0);
+        return !isRunning();
+    }));
+}
+
 HWND FormDriver::window()
 {
     if (window_ == nullptr) {

@@ -46,6 +46,8 @@ public:
     /// Its exit code; fails the test when it does not end.
     DWORD exitCode();
     void kill();
+    /// Ends it as it ends itself, for a program without a window that could be closed.
+    void quit();
 
 private:
     PROCESS_INFORMATION info_{};

@@ -1,5 +1,5 @@
 #include "femap/com/Apartment.h"
-#include "standin/StartedStandin.h"
+#include "standin/InstalledStandin.h"
 #include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
@@ -33,15 +33,6 @@ struct Connector : testing::Test
     }
 };
 
-// Registered for good, as long as it lives.
-struct Installed
-{
-    Installed() { EXPECT_EQ(runStandin("/regserver"), 0U); }
-    ~Installed() { EXPECT_EQ(runStandin("/unregserver"), 0U); }
-    Installed(const Installed&) = delete;
-    Installed& operator=(const Installed&) = delete;
-};
-
 }  // namespace
 
 TEST_F(Connector, FindsNoneWhereFemapIsNotInstalled)
@@ -54,7 +45,7 @@ TEST_F(Connector, FindsNoneWhereFemapIsNotInstalled)
 
 TEST_F(Connector, FindsNoneWhereNoneRuns)
 {
-    const Installed installed;
+    const InstalledStandin installed;
 
     EXPECT_THAT(raisedBy([&] { connector.attach(); }),
                 HasSubstr("No FEMAP is running: 0x800401E3"));
@@ -81,8 +72,7 @@ TEST_F(Connector, AttachesToTheOneThatRuns)
 
 TEST_F(Connector, StartsFemapAndLetsItEndWithTheLastReference)
 {
-    const Installed installed;
-    SetEnvironmentVariableA("FEMAP_STANDIN_SWITCHES", ("--model\n" + panelModel()).c_str());
+    const InstalledStandin installed("--model\n" + panelModel());
 
     std::unique_ptr<femap::Application> femap = connector.create();
 
