@@ -186,6 +186,7 @@ Lines ofApplication(Application& femap)
     for (const EntityType type : {EntityType::LoadSet, EntityType::OutputSet})
         writer.ask("active " + shown(static_cast<int>(type)),
                    [&] { return femap.Info_ActiveID(type); });
+    writer.ask("modified", [&] { return femap.feFileIsModified(); });
     writer.ask("pane", [&] { return femap.feAppRegisterAddInPane({}); });
     writer.ask("a word that FEMAP lacks", [&] { return femap.entity("Nothing")->Type(); });
     return writer.lines;
