@@ -173,6 +173,7 @@ std::string FormDriver::text(std::string_view name)
 
 void FormDriver::choose(std::string_view box, const std::string& item)
 {
+    settle();  // what a procedure that is just ending shows would undo the choice
     const HWND combo = control(box);
     const std::wstring wide = toWide(item);
     const LRESULT place = SendMessageW(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
