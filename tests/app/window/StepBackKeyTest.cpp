@@ -47,6 +47,7 @@ TEST_F(StepBackKey, IsWindowsOwnInAField)
 {
     hand.key({"alt+l"});
     EXPECT_TRUE(rowsBecome(0));
+    form.settle();
     const std::string before = form.text("CommandLine");
     hand.key({"alt+d", "End"});
     hand.type("x");

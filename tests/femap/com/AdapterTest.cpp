@@ -61,7 +61,7 @@ TEST_P(Adapter, AnswersForTheApplicationAsTheEmbeddedHostDoes)
     const Lines lines = ofApplication(*com);
 
     EXPECT_EQ(lines, ofApplication(*inProcess));
-    EXPECT_THAT(lines, SizeIs(6));
+    EXPECT_THAT(lines, SizeIs(7));
 }
 
 TEST_P(Adapter, FillsSetsAsTheEmbeddedHostDoes)
