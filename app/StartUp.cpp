@@ -93,12 +93,30 @@ bool reachFemap(Session& session)
     return true;
 }
 
+// FEMAP's own reasons do not tell that a path is wrong.
+void demandFile(Context& context, const std::string& path)
+{
+    if (!context.system.files.isMissing(path))
+        return;
+    std::string open;
+    sys::PendingError notTold;
+    notTold.attempt([&] { open = context.femap().ModelName(); });
+    throw RuntimeError(ErrorNumber::FileNotFound,
+                       "There is no file " + path +
+                           (open.empty() ? ". FEMAP has no model open that has a file"
+                                         : ". FEMAP has this one open instead: " + open));
+}
+
 // Raises RuntimeError that names the file.
 void openInFemap(Context& context, const std::string& path)
 {
     femap::ReturnCode status = femap::ReturnCode::Fail;
     sys::PendingError reason;
-    if (!reason.attempt([&] { status = context.femap().feFileOpen(false, path); }))
+    const bool isAnswered =
+        reason.attempt([&] { status = context.femap().feFileOpen(false, path); });
+    if (status != femap::ReturnCode::Ok)
+        demandFile(context, path);
+    if (!isAnswered)
         throw RuntimeError(ErrorNumber::FileError,
                            "FEMAP could not open the model: " + reason.description() + ": " + path);
     if (status != femap::ReturnCode::Ok)

@@ -35,6 +35,11 @@ bool ScratchFiles::folderExists(const std::string& path)
     return folders_.contains(path) || real_.folderExists(path);
 }
 
+bool ScratchFiles::isMissing(const std::string& path)
+{
+    return !written_.contains(path) && !folders_.contains(path) && real_.isMissing(path);
+}
+
 void ScratchFiles::createFolder(const std::string& path)
 {
     demandFolderOf(path);

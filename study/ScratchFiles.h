@@ -18,6 +18,7 @@ public:
     explicit ScratchFiles(sys::Files& real) : real_(real) {}
 
     bool folderExists(const std::string& path) override;
+    bool isMissing(const std::string& path) override;
     void createFolder(const std::string& path) override;
     std::unique_ptr<sys::OutputFile> create(const std::string& path) override;
     std::unique_ptr<sys::OutputFile> openAlone(const std::string& path,

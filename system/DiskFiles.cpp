@@ -113,6 +113,13 @@ bool DiskFiles::folderExists(const std::string& path)
     return isFolder(path);
 }
 
+bool DiskFiles::isMissing(const std::string& path)
+{
+    std::error_code cannotBeSeen;
+    return std::filesystem::status(toPath(path), cannotBeSeen).type() ==
+           std::filesystem::file_type::not_found;
+}
+
 void DiskFiles::createFolder(const std::string& path)
 {
     std::error_code reason;

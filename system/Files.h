@@ -48,6 +48,8 @@ public:
     virtual ~Files() = default;
 
     virtual bool folderExists(const std::string& path) = 0;
+    /// Whether nothing has that name, as far as can be seen.
+    virtual bool isMissing(const std::string& path) = 0;
     /// Creates one level only. Raises RuntimeError when the folder cannot be created.
     virtual void createFolder(const std::string& path) = 0;
 
@@ -88,6 +90,7 @@ class DiskFiles : public Files
 {
 public:
     bool folderExists(const std::string& path) override;
+    bool isMissing(const std::string& path) override;
     void createFolder(const std::string& path) override;
     std::unique_ptr<OutputFile> create(const std::string& path) override;
     std::unique_ptr<OutputFile> openAlone(const std::string& path,

@@ -8,6 +8,11 @@ bool PatientFiles::folderExists(const std::string& path)
     return disk_.folderExists(path);
 }
 
+bool PatientFiles::isMissing(const std::string& path)
+{
+    return disk_.isMissing(path);
+}
+
 void PatientFiles::createFolder(const std::string& path)
 {
     retriedWhileDenied(pause_, [&] { disk_.createFolder(path); });

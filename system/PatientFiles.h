@@ -41,6 +41,7 @@ public:
     PatientFiles(Files& disk, Pause pause) : disk_(disk), pause_(std::move(pause)) {}
 
     bool folderExists(const std::string& path) override;
+    bool isMissing(const std::string& path) override;
     void createFolder(const std::string& path) override;
     std::unique_ptr<OutputFile> create(const std::string& path) override;
     std::unique_ptr<OutputFile> openAlone(const std::string& path,

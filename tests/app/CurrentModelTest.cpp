@@ -129,6 +129,7 @@ TEST_F(CurrentModel, GivesTheFileExtensionWhenTheStartArgumentNamesNone)
 
 TEST_F(CurrentModel, EndsTheMessageOfTheOneThatCouldNotBeOpened)
 {
+    f.files.contents["/models/beam.neu"];
     f.connector.answers["feFileOpen"] = femap::ReturnCode::Fail;
     Form_Load(f.session, allArguments);
     ASSERT_THAT(f.form.StatusLine.Caption, HasSubstr("could not open the model: "));

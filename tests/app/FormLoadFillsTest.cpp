@@ -90,6 +90,7 @@ TEST(FormLoad, LeavesTheReasonOnTheStatusLineWhenTheOnlyModelCouldNotBeOpened)
 {
     SessionFixture f;
     f.femap.model.reset();
+    f.files.contents["/models/beam.neu"];
     f.connector.answers["feFileOpen"] = femap::ReturnCode::Fail;
 
     Form_Load(f.session, allArguments);

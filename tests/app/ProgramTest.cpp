@@ -95,6 +95,7 @@ TEST(Program, KeepsWhyTheModelWasNotOpenedAndWhyThereIsNoLog)
 TEST(Program, TellsWhyThereIsNoLogBehindWhatElseStartUpTells)
 {
     ProgramFixture f;
+    f.files.contents["/models/beam.neu"];
     f.connector.answers["feFileOpen"] = femap::ReturnCode::Fail;
 
     f.program.start("/models/beam.neu$beam.log$DEBUG ");

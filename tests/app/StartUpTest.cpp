@@ -237,6 +237,7 @@ TEST(FormLoad, OpensTheModelWithoutADialog)
 TEST(FormLoad, KeepsWhyTheModelCouldNotBeOpened)
 {
     SessionFixture f;
+    f.files.contents["/models/beam.neu"];
     f.connector.failAt("feFileOpen");
     const std::string reason =
         "FEMAP could not open the model: feFileOpen failed: /models/beam.neu";
@@ -254,11 +255,37 @@ TEST(FormLoad, KeepsWhyTheModelCouldNotBeOpened)
     EXPECT_THAT(f.log(), Each(Not(HasSubstr("Opened file: "))));
 }
 
+TEST(FormLoad, TellsThatTheModelIsNotThereAndWhichOneIsOpen)
+{
+    SessionFixture f;
+    f.femap.modelName = "/models/other.modfem";
+    f.connector.answers["feFileOpen"] = femap::ReturnCode::Fail;
+
+    Form_Load(f.session, allArguments);
+
+    EXPECT_EQ(f.form.StatusLine.Caption,
+              "There is no file /models/beam.neu. FEMAP has this one open instead: "
+              "/models/other.modfem");
+}
+
+TEST(FormLoad, TellsThatTheModelIsNotThereAndNoneIsOpen)
+{
+    SessionFixture f;
+    f.femap.modelName.clear();
+    f.connector.failAt("feFileOpen");
+
+    Form_Load(f.session, allArguments);
+
+    EXPECT_EQ(f.session.openFailure,
+              "There is no file /models/beam.neu. FEMAP has no model open that has a file");
+}
+
 TEST(FormLoad, TakesEveryStatusButOkForAFailureToOpen)
 {
     for (const auto status :
          {femap::ReturnCode::Fail, femap::ReturnCode::Cancel, femap::ReturnCode::NotExist}) {
         SessionFixture f;
+        f.files.contents["/models/beam.neu"];
         f.connector.answers["feFileOpen"] = status;
 
         Form_Load(f.session, allArguments);

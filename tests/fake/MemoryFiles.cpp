@@ -87,6 +87,11 @@ bool MemoryFiles::folderExists(const std::string& path)
     return !missingFolders.contains(path);
 }
 
+bool MemoryFiles::isMissing(const std::string& path)
+{
+    return !contents.contains(path);
+}
+
 void MemoryFiles::createFolder(const std::string& path)
 {
     if (missingFolders.contains(folderOf(path)))

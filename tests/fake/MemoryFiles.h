@@ -34,6 +34,7 @@ public:
     std::vector<std::string> locked;    // folders, with "-" before those that were let go
 
     bool folderExists(const std::string& path) override;
+    bool isMissing(const std::string& path) override;
     void createFolder(const std::string& path) override;
     std::unique_ptr<sys::OutputFile> create(const std::string& path) override;
     std::unique_ptr<sys::OutputFile> openAlone(const std::string& path,
