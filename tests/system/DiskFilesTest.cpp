@@ -122,6 +122,16 @@ TEST_F(DiskFilesTest, KnowsFoldersFromFiles)
     EXPECT_FALSE(files.folderExists(folder.path("none")));
 }
 
+TEST_F(DiskFilesTest, MissesWhatIsNotThereOnly)
+{
+    write(folder.path("file"), "");
+
+    EXPECT_TRUE(files.isMissing(folder.path("none")));
+    EXPECT_TRUE(files.isMissing(folder.path("none") + sys::pathSeparator + "file"));
+    EXPECT_FALSE(files.isMissing(folder.path("file")));
+    EXPECT_FALSE(files.isMissing(folder.path()));
+}
+
 TEST_F(DiskFilesTest, TellsFilesFromFoldersAndFromWhatIsNotThere)
 {
     write(folder.path("file"), "");
