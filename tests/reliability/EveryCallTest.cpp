@@ -159,7 +159,9 @@ TEST_P(EveryCallOfFemap, MayBringAnyMessageAndNoOtherProcedureStartsMeanwhile)
             if (binding.event != app::femapEvent)
                 started += world.program.raise(binding.event, 46) == app::Ended::NotStarted ? 0 : 1;
         started += world.program.raiseFemapEvent(2) == app::Ended::NotStarted ? 0 : 1;
-        started += world.program.enterText(world.form.Solver, "NXNastran") == app::Ended::NotStarted ? 0 : 1;
+        started += world.program.enterText(world.form.Solver, "NXNastran") == app::Ended::NotStarted
+                       ? 0
+                       : 1;
         EXPECT_TRUE(world.program.isBusy());
     };
 
