@@ -22,7 +22,7 @@ std::vector<AppliedRows::Row> AppliedRows::rowsOf(const ParameterGrid& inputs,
         }
         ofGrid = ~ofGrid;
     }
-    std::ranges::sort(rows);
+    std::sort(rows.begin(), rows.end());
     return rows;
 }
 
@@ -50,7 +50,8 @@ RowCounts AppliedRows::compare(const std::string& modelFile, const ParameterGrid
     }
     const auto differing = [](const std::vector<Row>& these, const std::vector<Row>& others) {
         std::vector<Row> result;
-        std::ranges::set_difference(these, others, std::back_inserter(result));
+        std::set_difference(these.begin(), these.end(), others.begin(), others.end(),
+                            std::back_inserter(result));
         std::vector<std::uint64_t> names(result.size());
         std::ranges::transform(result, names.begin(), &Row::name);
         std::ranges::sort(names);

@@ -42,7 +42,10 @@ private:
     {
         std::uint64_t cells;  // all of the row, and in which grid it is
         std::uint64_t name;
-        auto operator<=>(const Row&) const = default;
+        bool operator<(const Row& other) const
+        {
+            return cells != other.cells ? cells < other.cells : name < other.name;
+        }
     };
     static std::vector<Row> rowsOf(const ParameterGrid& inputs, const ParameterGrid& outputs);
 
