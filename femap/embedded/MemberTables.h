@@ -190,12 +190,21 @@ constexpr std::span<const Member<ElementalTemperature>> membersOf(Kind<Elemental
     return elementalTemperatureMembers;
 }
 
-template <class Held>
-constexpr int lengthOf = 0;  // no array
-template <class Number, std::size_t size>
-constexpr int lengthOf<std::array<Number, size>> = static_cast<int>(size);
-template <>
-constexpr int lengthOf<std::vector<double>> = static_cast<int>(numbersLength);
+template <class Pointer>
+constexpr int lengthOf(Pointer /*pointer*/)
+{
+    return 0;  // no array
+}
+template <class Data, class Number, std::size_t size>
+constexpr int lengthOf(std::array<Number, size> Data::* /*pointer*/)
+{
+    return static_cast<int>(size);
+}
+template <class Data>
+constexpr int lengthOf(std::vector<double> Data::* /*pointer*/)
+{
+    return static_cast<int>(numbersLength);
+}
 
 /// The length of the array that the member's index counts in; 0 for a member without an index.
 template <class Data>
@@ -203,8 +212,7 @@ constexpr int arrayLength(const Member<Data>& member)
 {
     if (member.element >= 0)
         return 0;
-    return std::visit([]<class Held>(Held Data::*const&) { return lengthOf<Held>; },
-                      member.pointer);
+    return std::visit([](auto pointer) { return lengthOf(pointer); }, member.pointer);
 }
 
 }  // namespace femap::embedded
