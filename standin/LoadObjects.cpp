@@ -22,6 +22,8 @@ namespace
 template <class Data>
 constexpr bool hasValues = std::is_base_of_v<neutral::Load, Data>;
 
+constexpr std::size_t valuesOfLoad = std::tuple_size_v<decltype(neutral::Load::load)>;
+
 // A load of a definition: a load of the model host's.
 template <class Data>
 class LoadObject : public ObjectOf<LoadObject<Data>>
@@ -46,7 +48,7 @@ public:
     /// The whole of "load".
     Variant values(Arguments&)
     {
-        std::vector<double> all(std::tuple_size_v<decltype(neutral::Load::load)>);
+        std::vector<double> all(valuesOfLoad);
         for (std::size_t i = 0; i < all.size(); ++i)
             all[i] = std::get<double>(load_.load->member("load", static_cast<int>(i)));
         return all;

@@ -23,10 +23,11 @@ std::optional<DWORD> sessionOf(DWORD process)
 std::string classValue(const std::wstring& key)
 {
     for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE})
-        for (const REGSAM width : {KEY_WOW64_64KEY, KEY_WOW64_32KEY}) {
+        for (const int width : {KEY_WOW64_64KEY, KEY_WOW64_32KEY}) {
             HKEY opened = nullptr;
             if (RegOpenKeyExW(root, (L"Software\\Classes\\" + key).c_str(), 0,
-                              KEY_QUERY_VALUE | width, &opened) != ERROR_SUCCESS)
+                              static_cast<REGSAM>(KEY_QUERY_VALUE | width),
+                              &opened) != ERROR_SUCCESS)
                 continue;
             std::array<wchar_t, 2048> text{};
             DWORD size = sizeof text - sizeof(wchar_t);

@@ -8,6 +8,20 @@
 namespace window
 {
 
+namespace
+{
+
+HACCEL createTable(std::vector<ACCEL> entries)
+{
+    for (const form::ControlRow& each : form::controlTable)
+        if (each.accessKey != 0)
+            entries.push_back(
+                {FALT | FVIRTKEY, static_cast<WORD>(each.accessKey), static_cast<WORD>(each.id)});
+    return CreateAcceleratorTableW(entries.data(), static_cast<int>(entries.size()));
+}
+
+}  // namespace
+
 std::string withAccessKey(std::string_view caption, char key)
 {
     std::string result(caption);
@@ -20,14 +34,7 @@ std::string withAccessKey(std::string_view caption, char key)
     return result;
 }
 
-AccessKeys::AccessKeys(std::vector<ACCEL> entries)
-{
-    for (const form::ControlRow& each : form::controlTable)
-        if (each.accessKey != 0)
-            entries.push_back(
-                {FALT | FVIRTKEY, static_cast<WORD>(each.accessKey), static_cast<WORD>(each.id)});
-    table_ = CreateAcceleratorTableW(entries.data(), static_cast<int>(entries.size()));
-}
+AccessKeys::AccessKeys(const std::vector<ACCEL>& others) : table_(createTable(others)) {}
 
 bool AccessKeys::translate(HWND window, MSG& message) const
 {

@@ -19,7 +19,7 @@ class AccessKeys
 {
 public:
     /// Of the form's controls, and others.
-    explicit AccessKeys(std::vector<ACCEL> entries);
+    explicit AccessKeys(const std::vector<ACCEL>& others);
     ~AccessKeys() { DestroyAcceleratorTable(table_); }
     AccessKeys(const AccessKeys&) = delete;
     AccessKeys& operator=(const AccessKeys&) = delete;

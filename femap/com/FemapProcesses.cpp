@@ -55,12 +55,10 @@ RunningFemaps runningAmong(std::span<const FemapProcess> processes, std::optiona
 
 std::string whyNoneIsFound(const RunningFemaps& running)
 {
-    const std::string problem =
-        running.isOneHidden
-            ? "FEMAP is running, but it and this program cannot see each other: only one of the "
-              "two was started as administrator. Start both the same way"
-            : "No FEMAP is running";
-    return problem;
+    return running.isOneHidden
+               ? "FEMAP is running, but it and this program cannot see each other: only one of the "
+                 "two was started as administrator. Start both the same way"
+               : "No FEMAP is running";
 }
 
 DWORD processOfWindow(long long window)

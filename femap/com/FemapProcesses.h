@@ -16,7 +16,7 @@ namespace femap::com
 
 struct FemapProcess
 {
-    DWORD number;
+    DWORD number = 0;
     std::optional<bool> isElevated;  // none: it does not let itself be looked at
 };
 
