@@ -15,8 +15,10 @@ constexpr int margin = 150;         // around frames, and between a frame's edge
 constexpr int gap = 105;            // between neighbours
 constexpr int captionHeight = 270;  // of a frame, above its first line
 constexpr int lineHeight = 375;
-constexpr int statusHeight = 510;  // two lines of text
-constexpr int modelLineHeight = 240;
+constexpr int textLineHeight = 285;
+constexpr int leastFieldWidth = 1320;
+constexpr int labelWidth = 1350;  // of one that begins a row, so that fields are aligned
+constexpr int leastGridHeight = 1260;
 
 struct KindHeight
 {
@@ -28,34 +30,109 @@ constexpr KindHeight heights[] = {
     {kindOf<Button>, lineHeight},
     {kindOf<ComboBox>, 330},
     {kindOf<TextBox>, 330},
-    {kindOf<Label>, 225},
+    {kindOf<Label>, textLineHeight},
+};
+
+// How many lines of text there is room for below the frames; a narrow form breaks them.
+struct TextLines
+{
+    int belowWidth;
+    int ofModel;
+    int ofStatus;
+};
+
+constexpr TextLines textLines[] = {
+    {5250, 3, 4},
+    {smallestWideContent, 2, 3},
+    {1'000'000, 1, 2},
 };
 
 using Entries = std::span<const NamedControl>;
 
-struct FrameEntries
+// What stands side by side: a line of the table, or what of it a narrow form has room for.
+struct Row
+{
+    Entries entries;
+    bool isBroken = false;  // a part of a line
+};
+
+struct FrameRows
 {
     Control& frame;
-    Entries content;  // line by line
+    std::vector<Row> rows;
 
-    bool hasGrid() const { return content.back().as<ParameterGrid>() != nullptr; }
-    // Of one without a grid.
-    int height() const
+    bool hasGrid() const { return rows.back().entries.front().as<ParameterGrid>() != nullptr; }
+    int leastHeight() const
     {
-        return captionHeight + content.back().line * (lineHeight + gap) - gap + margin;
+        const int count = static_cast<int>(rows.size());
+        return captionHeight + count * (lineHeight + gap) - gap + margin +
+               (hasGrid() ? leastGridHeight - lineHeight : 0);
     }
 };
 
-std::vector<FrameEntries> framesOf(const MainForm& form)
+// A field stands close to its label, and a label apart from the field before.
+int gapBetween(const NamedControl& one, const NamedControl& next)
 {
-    std::vector<FrameEntries> frames;
-    Entries rest = form.controls();
-    for (; !rest.empty(); rest = rest.subspan(1)) {
-        if (rest.front().as<Frame>() == nullptr)
-            continue;
-        const Entries after = rest.subspan(1);
-        const auto end = std::ranges::find(after, 0, &NamedControl::line);
-        frames.push_back({*rest.front().control, {after.begin(), end}});
+    if (one.as<Label>() != nullptr)
+        return 0;
+    return next.as<Label>() != nullptr ? 2 * gap : gap;
+}
+
+// Of an entry of a row; 0: a share of what the row has to spare.
+int widthOf(Entries row, std::size_t i)
+{
+    const bool isFirst = i == 0;
+    return isFirst && row[i].as<Label>() != nullptr ? labelWidth : row[i].width;
+}
+
+int leastWidth(Entries row)
+{
+    int width = 0;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+        const int own = widthOf(row, i);
+        width += (own > 0 ? own : leastFieldWidth) + (i > 0 ? gapBetween(row[i - 1], row[i]) : 0);
+    }
+    return width;
+}
+
+// The longest part from the front that fits; a label is not parted from its field. Buttons behind
+// fields have a row of their own.
+Entries fittingPart(Entries line, int width)
+{
+    const auto button = std::ranges::find(line, kindOf<Button>, &NamedControl::kind);
+    const auto fields = static_cast<std::size_t>(button - line.begin());
+    std::size_t count = fields > 0 ? fields : line.size();
+    const auto canEndAfter = [&](std::size_t entries) {
+        return line[entries - 1].as<Label>() == nullptr && leastWidth(line.first(entries)) <= width;
+    };
+    while (count > 1 && !canEndAfter(count))
+        --count;
+    return line.first(count);
+}
+
+void addLine(std::vector<Row>& rows, Entries line, int width)
+{
+    const bool isBroken = leastWidth(line) > width;
+    while (!line.empty()) {
+        const Entries part = isBroken ? fittingPart(line, width) : line;
+        rows.push_back({part, isBroken});
+        line = line.subspan(part.size());
+    }
+}
+
+std::vector<FrameRows> framesOf(const MainForm& form, int lineWidth)
+{
+    std::vector<FrameRows> frames;
+    for (Entries rest = form.controls(); !rest.empty();) {
+        const int number = rest.front().line;
+        const auto end = std::ranges::find_if(
+            rest, [number](const NamedControl& each) { return each.line != number; });
+        const Entries line(rest.begin(), end);
+        if (number > 0)
+            addLine(frames.back().rows, line, lineWidth);
+        else if (line.back().as<Frame>() != nullptr)
+            frames.push_back({*line.back().control, {}});
+        rest = rest.subspan(line.size());
     }
     return frames;
 }
@@ -68,51 +145,45 @@ void setBounds(Control& control, int left, int top, int width, int height)
     control.Height = height;
 }
 
-// A field stands close to its label, and a label apart from the field before.
-int gapBetween(const NamedControl& one, const NamedControl& next)
-{
-    if (one.as<Label>() != nullptr)
-        return 0;
-    return next.as<Label>() != nullptr ? 2 * gap : gap;
-}
-
 // A grid reaches down to the bottom; all else is as high as its kind, amid the line.
-void layOutLine(Entries line, int left, int right, int top, int bottom)
+void layOutRow(const Row& row, int left, int right, int top, int bottom)
 {
+    const Entries entries = row.entries;
     int spare = right - left;
     int sharers = 0;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        spare -= line[i].width + (i > 0 ? gapBetween(line[i - 1], line[i]) : 0);
-        sharers += line[i].width == 0 ? 1 : 0;
+    // In a part of a line a box takes its share as well.
+    const auto fixedWidth = [&](std::size_t i) {
+        return row.isBroken && entries[i].as<ComboBox>() != nullptr ? 0 : widthOf(entries, i);
+    };
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const int width = fixedWidth(i);
+        spare -= width + (i > 0 ? gapBetween(entries[i - 1], entries[i]) : 0);
+        sharers += width == 0 ? 1 : 0;
     }
-    const int share = sharers > 0 ? spare / sharers : 0;
-    const int remainder = spare - sharers * share;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        const NamedControl& each = line[i];
-        left += i > 0 ? gapBetween(line[i - 1], each) : 0;
-        const auto* const row = std::ranges::find(heights, each.kind(), &KindHeight::kind);
-        const bool isGrid = row == std::end(heights);
-        const int height = isGrid ? bottom - top : row->height;
-        const int width = each.width > 0 ? each.width : share;
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const NamedControl& each = entries[i];
+        left += i > 0 ? gapBetween(entries[i - 1], each) : 0;
+        const auto* const kind = std::ranges::find(heights, each.kind(), &KindHeight::kind);
+        const bool isGrid = kind == std::end(heights);
+        const int height = isGrid ? bottom - top : kind->height;
+        int width = fixedWidth(i);
+        if (width == 0) {
+            width = spare / sharers--;
+            spare -= width;
+        }
         setBounds(*each.control, left, isGrid ? top : top + (lineHeight - height) / 2, width,
                   height);
         left += width;
-        if (each.width == 0 && --sharers == 0)
-            left += remainder;
     }
 }
 
-void layOutFrame(const FrameEntries& part, int top, int width, int height)
+void layOutFrame(const FrameRows& part, int top, int width, int height)
 {
     setBounds(part.frame, margin, top, width, height);
-    for (Entries rest = part.content; !rest.empty();) {
-        const int number = rest.front().line;
-        const auto end = std::ranges::find_if(
-            rest, [number](const NamedControl& each) { return each.line != number; });
-        const Entries line(rest.begin(), end);
-        layOutLine(line, 2 * margin, width, top + captionHeight + (number - 1) * (lineHeight + gap),
-                   top + height - margin);
-        rest = rest.subspan(line.size());
+    int rowTop = top + captionHeight;
+    for (const Row& row : part.rows) {
+        layOutRow(row, 2 * margin, width, rowTop, top + height - margin);
+        rowTop += lineHeight + gap;
     }
 }
 
@@ -121,28 +192,34 @@ void layOutFrame(const FrameEntries& part, int top, int width, int height)
 void layOutContent(MainForm& form)
 {
     const int width = std::max(form.ScaleWidth - scrollBarThickness, smallestContentWidth);
-    const int height = std::max(form.ScaleHeight - scrollBarThickness, smallestContentHeight);
+    const int frameWidth = width - 2 * margin;
+    const int lineWidth = frameWidth - 2 * margin;
+    const std::vector<FrameRows> frames = framesOf(form, lineWidth);
+    const TextLines& lines = *std::ranges::find_if(
+        textLines, [width](const TextLines& each) { return width < each.belowWidth; });
+    const int modelHeight = lines.ofModel * textLineHeight;
+    const int statusHeight = lines.ofStatus * textLineHeight;
+
+    int least = gap + modelHeight + statusHeight + margin;
+    int sharers = 0;
+    for (const FrameRows& each : frames) {
+        least += margin + each.leastHeight();
+        sharers += each.hasGrid() ? 1 : 0;
+    }
+    const int height = std::max(form.ScaleHeight - scrollBarThickness, least);
     form.pbInner.Width = width;
     form.pbInner.Height = height;
 
-    // The frames with grids share what the others and the status line leave.
-    const std::vector<FrameEntries> frames = framesOf(form);
-    const int frameWidth = width - 2 * margin;
-    int spare = height - gap - modelLineHeight - statusHeight - margin;
-    int sharers = 0;
-    for (const FrameEntries& each : frames) {
-        spare -= margin + (each.hasGrid() ? 0 : each.height());
-        sharers += each.hasGrid() ? 1 : 0;
-    }
+    // The grids share what is to spare.
     int bottom = 0;
-    for (const FrameEntries& each : frames) {
-        const int frameHeight = each.hasGrid() ? spare / sharers : each.height();
+    for (const FrameRows& each : frames) {
+        const int frameHeight =
+            each.leastHeight() + (each.hasGrid() ? (height - least) / sharers : 0);
         layOutFrame(each, bottom + margin, frameWidth, frameHeight);
         bottom += margin + frameHeight;
     }
-    const int lineWidth = frameWidth - 2 * margin;
-    setBounds(form.modelLine, 2 * margin, bottom + gap, lineWidth, modelLineHeight);
-    setBounds(form.StatusLine, 2 * margin, bottom + gap + modelLineHeight, lineWidth, statusHeight);
+    setBounds(form.modelLine, 2 * margin, bottom + gap, lineWidth, modelHeight);
+    setBounds(form.StatusLine, 2 * margin, bottom + gap + modelHeight, lineWidth, statusHeight);
 }
 
 }  // namespace form

@@ -1,5 +1,6 @@
 // Lays out the main form. The content (pbInner) is as large as the viewport, but never smaller than
-// its smallest size; what is to spare goes to the grids. Lengths are in twips from its corner.
+// its smallest size; what is to spare goes to the grids. Where a line does not fit, as in a narrow
+// pane of FEMAP, it is broken between its controls. Lengths are in twips from the corner.
 #pragma once
 
 #include "form/MainForm.h"
@@ -7,9 +8,11 @@
 namespace form
 {
 
-/// The smallest content, in twips; a smaller window scrolls.
-constexpr int smallestContentWidth = 9000;
-constexpr int smallestContentHeight = 8400;
+/// The smallest width of the content, in twips; a window narrower than 280 pixels of an ordinary
+/// screen scrolls sideways. The smallest height follows from how many lines are broken.
+constexpr int smallestContentWidth = 3945;
+/// From here on no line is broken.
+constexpr int smallestWideContent = 9000;
 
 /// Size of a fresh window's inside, in twips.
 constexpr int startWidth = 12600;

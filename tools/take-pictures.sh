@@ -3,7 +3,7 @@
 # nobody sees, beside a stand-in for FEMAP with the example model open.
 #
 #   tools/take-pictures.sh              all of them
-#   tools/take-pictures.sh SCENE...     only these: empty filled small large input output busy
+#   tools/take-pictures.sh SCENE...     only these: empty filled small large contrast input output busy
 #
 # Look at each before it is committed.
 set -euo pipefail
@@ -13,6 +13,7 @@ build=build/windows-release
 
 declare -A pictureOf=(
     [empty]=form-empty [filled]=form-filled [small]=form-small [large]=form-150-percent
+    [contrast]=form-contrast
     [input]=dialog-inputs [output]=dialog-outputs [busy]=form-busy)
 
 # Runs one scene on the screen that is there and takes its picture.
@@ -25,6 +26,11 @@ take()
     [[ $scene == large ]] && dots=144
     wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dots" /f \
         >/dev/null 2>&1 </dev/null
+    # What a theme draws here does not follow the colours.
+    local theme=1
+    [[ $scene == contrast ]] && theme=0
+    wine reg add 'HKCU\Software\Microsoft\Windows\CurrentVersion\ThemeManager' /v ThemeActive \
+        /d "$theme" /f >/dev/null 2>&1 </dev/null
     wineserver -k || true
     wineserver -w
     wineserver -p >/dev/null 2>&1  # it would keep what reads this script's output waiting
@@ -59,7 +65,7 @@ if [[ ${1-} == --on-this-screen ]]; then
 fi
 
 scenes=("$@")
-((${#scenes[@]})) || scenes=(empty filled small large input output busy)
+((${#scenes[@]})) || scenes=(empty filled small large contrast input output busy)
 for scene in "${scenes[@]}"; do
     if [[ ! -v pictureOf[$scene] ]]; then
         echo "There is no scene $scene." >&2

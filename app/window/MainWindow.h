@@ -101,7 +101,10 @@ private:
     void resolutionChanged(UINT dotsPerInch, const RECT& bounds);
     void resized();
     void layOut();
-    bool place(const form::Control& control, HWND window, int dropDown);
+    Bounds pixelsOf(const form::Control& control) const;
+    bool placeBox(const form::Control& control, HWND window, const Bounds& bounds, int dropDown);
+    static Bounds centred(const Bounds& bounds, int height);
+    bool place(const form::Control& control, HWND window, const Bounds& wanted);
     void layOutScrollBar(const form::ScrollBar& bar, int viewport);
     void scroll(form::ScrollBar& bar, int request);
     void scrollTo(form::ScrollBar& bar, int value);
@@ -188,6 +191,7 @@ private:
     std::unique_ptr<Font> font_;
     Pixels pixels_{USER_DEFAULT_SCREEN_DPI};
     UINT dotsPerInch_ = USER_DEFAULT_SCREEN_DPI;
+    int boxHeight_ = 0;                         // of a closed combo box, in pixels
     bool resolutionIsTold_ = false;             // by the message that is handled now
     SIZE sizeSeen_{};                           // of the window's inside
     const form::ComboBox* typing_ = nullptr;    // the box whose typed text is not taken over yet

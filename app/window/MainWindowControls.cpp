@@ -30,7 +30,8 @@ struct WindowOfKind
 // clang-format off
 constexpr WindowOfKind windowsOfKinds[] = {
     {kindOf<form::Frame>,      L"BUTTON",    BS_GROUPBOX, WS_EX_TRANSPARENT, true},
-    {kindOf<form::Label>,      L"STATIC",    SS_LEFT | SS_ENDELLIPSIS, 0, true},
+    {kindOf<form::Label>,      L"STATIC",    SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS, 0,
+     true},
     {kindOf<form::Button>,     L"BUTTON",    WS_TABSTOP | BS_PUSHBUTTON, 0, true},
     {kindOf<form::TextBox>,    L"EDIT",      WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, true},
     {kindOf<form::ComboBox>,   L"COMBOBOX",

@@ -66,11 +66,17 @@ void MainWindow::layOut()
     const form::MainForm& form = program_.form();
     bool hasMoved = false;
     for (const form::NamedControl& each : form.controls()) {
-        const form::Control& control = *each.control;
-        const int dropDown = each.as<form::ComboBox>() != nullptr ? dropDownHeight : 0;
-        hasMoved |= place(control, windows_.at(&control), dropDown);
+        const HWND window = windows_.at(each.control);
+        Bounds bounds = pixelsOf(*each.control);
+        if (each.as<form::ComboBox>() != nullptr) {
+            hasMoved |= placeBox(*each.control, window, bounds, pixels_.fromTwips(dropDownHeight));
+            continue;
+        }
+        if (each.as<form::TextBox>() != nullptr)
+            bounds = centred(bounds, boxHeight_);
+        hasMoved |= place(*each.control, window, bounds);
     }
-    hasMoved |= place(form.modelLine, modelLineView_->window(), 0);
+    hasMoved |= place(form.modelLine, modelLineView_->window(), pixelsOf(form.modelLine));
     layOutScrollBar(form.VScroll1, form.pbOuter.Height);
     layOutScrollBar(form.HScroll1, form.pbOuter.Width);
     // Windows does not repaint what shows through a frame when the frame or a neighbour moves.
@@ -79,12 +85,41 @@ void MainWindow::layOut()
                      RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
-// Whether it was elsewhere.
-bool MainWindow::place(const form::Control& control, HWND window, int dropDown)
+// Edges that meet in twips meet in pixels, at every resolution.
+MainWindow::Bounds MainWindow::pixelsOf(const form::Control& control) const
 {
-    const Bounds wanted{pixels_.fromTwips(control.Left), pixels_.fromTwips(control.Top),
-                        pixels_.fromTwips(control.Width),
-                        pixels_.fromTwips(control.Height + dropDown)};
+    const int left = pixels_.fromTwips(control.Left);
+    const int top = pixels_.fromTwips(control.Top);
+    return {left, top, pixels_.fromTwips(control.Left + control.Width) - left,
+            pixels_.fromTwips(control.Top + control.Height) - top};
+}
+
+// Windows gives a combo box the height of its font.
+bool MainWindow::placeBox(const form::Control& control, HWND window, const Bounds& bounds,
+                          int dropDown)
+{
+    if (bounds_[&control] == bounds)
+        return false;
+    const Bounds opened{bounds.left, bounds.top, bounds.width, bounds.height + dropDown};
+    place(control, window, opened);
+    RECT closed{};
+    GetWindowRect(window, &closed);
+    boxHeight_ = closed.bottom - closed.top;
+    const Bounds amid = centred(bounds, boxHeight_);
+    place(control, window, {amid.left, amid.top, amid.width, opened.height});
+    bounds_[&control] = bounds;
+    return true;
+}
+
+// As high as a box, amid the line.
+MainWindow::Bounds MainWindow::centred(const Bounds& bounds, int height)
+{
+    return {bounds.left, bounds.top + (bounds.height - height) / 2, bounds.width, height};
+}
+
+// Whether it was elsewhere.
+bool MainWindow::place(const form::Control& control, HWND window, const Bounds& wanted)
+{
     Bounds& present = bounds_[&control];
     if (present == wanted)
         return false;

@@ -34,7 +34,7 @@ std::vector<form::NamedControl> contents(const form::MainForm& form)
 
 TEST(LayOutContent, NoControlCoversAnotherOrLeavesTheContent)
 {
-    for (const int width : {0, 9000, 12600, 40000})
+    for (const int width : {0, 4200, 5000, 7500, 9000, 9255, 12600, 40000})
         for (const int height : {0, 8400, 10200, 30000}) {
             form::MainForm form;
             layOut(form, width, height);
@@ -92,7 +92,87 @@ TEST(LayOutContent, ASmallWindowHasTheSmallestContent)
     layOut(form, 100, 100);
 
     EXPECT_EQ(form.pbInner.Width, form::smallestContentWidth);
-    EXPECT_EQ(form.pbInner.Height, form::smallestContentHeight);
+    EXPECT_LT(form.pbInner.Height, 13'000);
+}
+
+TEST(LayOutContent, FromTwoHundredAndEightyPixelsOnNothingScrollsSideways)
+{
+    constexpr int twipsOfAPixel = 15;
+    for (int pixels = 280; pixels < 1000; pixels += 7) {
+        form::MainForm form;
+        layOut(form, pixels * twipsOfAPixel, 100);
+
+        EXPECT_EQ(form.pbInner.Width, form.ScaleWidth - form::scrollBarThickness) << pixels;
+    }
+}
+
+TEST(LayOutContent, ANarrowFormBreaksItsLinesInTheOrderOfTheControls)
+{
+    form::MainForm form;
+    layOut(form, 4200, 12'000);
+
+    int top = 0;
+    for (const form::Control* const each : {static_cast<form::Control*>(&form.InputSelection),
+                                            static_cast<form::Control*>(&form.InputsButton),
+                                            static_cast<form::Control*>(&form.ClearInputSelection),
+                                            static_cast<form::Control*>(&form.InputsList)}) {
+        EXPECT_GT(each->Top, top);
+        top = each->Top;
+    }
+    EXPECT_GT(form.Label3.Top, form.Solver.Top);
+}
+
+TEST(LayOutContent, AFieldStaysBesideItsLabel)
+{
+    const struct
+    {
+        form::Label form::FormControls::*label;
+        form::Control& (*field)(form::MainForm&);
+    } pairs[] = {
+        {&form::FormControls::Label1,
+         [](form::MainForm& form) -> form::Control& { return form.CommandLine; }},
+        {&form::FormControls::Label2,
+         [](form::MainForm& form) -> form::Control& { return form.Solver; }},
+        {&form::FormControls::Label3,
+         [](form::MainForm& form) -> form::Control& { return form.Optimizer; }},
+    };
+    for (int width = 4000; width < 14'000; width += 250) {
+        form::MainForm form;
+        layOut(form, width, 10'000);
+
+        for (const auto& each : pairs) {
+            const form::Control& label = form.*each.label;
+            const form::Control& field = each.field(form);
+            EXPECT_EQ(label.Left + label.Width, field.Left) << width;
+            EXPECT_LT(label.Top, field.Top + field.Height) << width;
+            EXPECT_LT(field.Top, label.Top + label.Height) << width;
+        }
+    }
+}
+
+TEST(LayOutContent, AWideFormBreaksNoLine)
+{
+    form::MainForm form;
+    layOut(form, form::smallestWideContent + form::scrollBarThickness, 10'000);
+
+    EXPECT_EQ(form.InputsButton.Top, form.ClearInputSelection.Top);
+    EXPECT_EQ(form.ClearAll.Top, form.GenerateButton.Top);
+    EXPECT_NEAR(form.Solver.Top, form.GenerateButton.Top, 50);
+}
+
+TEST(LayOutContent, TheLowerTheFormTheLowerTheGridsAndNothingElse)
+{
+    form::MainForm form;
+    layOut(form, 12'600, 12'000);
+    const int frameBefore = form.Execution.Height;
+    const int statusBefore = form.StatusLine.Height;
+    const int gridBefore = form.InputsList.Height;
+
+    layOut(form, 12'600, 10'000);
+
+    EXPECT_EQ(form.Execution.Height, frameBefore);
+    EXPECT_EQ(form.StatusLine.Height, statusBefore);
+    EXPECT_EQ(form.InputsList.Height, gridBefore - 1000);
 }
 
 }  // namespace

@@ -1,15 +1,17 @@
 #include "Hand.h"
 #include "RemoteMemory.h"
+#include "TextExtent.h"
 #include "WindowFixture.h"
-#include "app/window/Controls.h"
+#include "app/window/Pixels.h"
 #include "app/window/PropertyListWindow.h"
 #include "form/ControlTable.h"
-#include "windows/Text.h"
+#include "form/Layout.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
 
+using driver::extent;
 using driver::Window;
 using window::PropertyListWindow;
 
@@ -18,6 +20,7 @@ namespace
 
 constexpr UINT ordinary = 96;
 constexpr UINT fine = 144;
+constexpr UINT finest = 192;
 
 // What lies in a frame, and the status line.
 bool isContent(const form::ControlRow& row)
@@ -30,18 +33,29 @@ SIZE sizeOf(const RECT& place)
     return {place.right - place.left, place.bottom - place.top};
 }
 
-// How much room a text takes in the form's font.
-SIZE extent(const std::string& text, UINT dotsPerInch)
+// Beside its text a button has an edge and some air.
+int leastWidth(const form::ControlRow& row, UINT dotsPerInch)
 {
-    const window::Font font(dotsPerInch);
-    const HDC screen = GetDC(nullptr);
-    const HGDIOBJ before = SelectObject(screen, font.handle());
-    const std::wstring wide = windows::toWide(text);
-    SIZE size{};
-    GetTextExtentPoint32W(screen, wide.c_str(), static_cast<int>(wide.size()), &size);
-    SelectObject(screen, before);
-    ReleaseDC(nullptr, screen);
-    return size;
+    const int air = row.kind() == form::kindOf<form::Button> ? 12 : 0;
+    return static_cast<int>(extent(row.caption, dotsPerInch).cx) +
+           MulDiv(air, static_cast<int>(dotsPerInch), ordinary);
+}
+
+TEST(Captions, FitAtEveryWidthAndResolution)
+{
+    constexpr int twipsOfAPixel = 15;
+    for (const int width : {280, 600, 900})
+        for (const UINT dotsPerInch : {ordinary, fine, finest}) {
+            const window::Pixels pixels(dotsPerInch);
+            form::MainForm form;
+            form.ScaleWidth = width * twipsOfAPixel;
+            form.ScaleHeight = form::startHeight;
+            form::layOutContent(form);
+
+            for (const form::NamedControl& each : form.controls())
+                EXPECT_GE(pixels.fromTwips(each.control->Width), leastWidth(each, dotsPerInch))
+                    << each.name << " at " << width << ", " << dotsPerInch;
+        }
 }
 
 struct Resolution : Window
@@ -59,6 +73,35 @@ struct Resolution : Window
         const SIZE size = sizeOf(place);
         return {place.left, place.top, place.left + MulDiv(size.cx, fine, ordinary),
                 place.top + MulDiv(size.cy, fine, ordinary)};
+    }
+    // Of what the form shows, at this resolution.
+    void expectNothingIsCutOrCovered(UINT dotsPerInch)
+    {
+        const auto now = places();
+        const RECT inner = form.placeOf("pbInner");
+        for (const auto& [name, place] : now) {
+            EXPECT_GE(place.left, inner.left) << name;
+            EXPECT_LE(place.right, inner.right) << name;
+            EXPECT_LE(place.bottom, inner.bottom) << name;
+            for (const auto& [other, otherPlace] : now) {
+                RECT common{};
+                const bool overlaps = IntersectRect(&common, &place, &otherPlace) != FALSE;
+                EXPECT_FALSE(name != other && overlaps) << name << " and " << other;
+            }
+        }
+        for (const form::ControlRow& row : form::controlTable) {
+            if (!isContent(row) || row.caption.empty())
+                continue;
+            const std::string name(row.name);
+            const SIZE room = sizeOf(now.at(name));
+            const SIZE text = extent(form.text(name), dotsPerInch);
+            EXPECT_GE(room.cx, text.cx) << name;
+            EXPECT_GE(room.cy, text.cy) << name;
+        }
+        const int arrow = GetSystemMetricsForDpi(SM_CXVSCROLL, dotsPerInch);
+        EXPECT_GE(sizeOf(now.at("OutputSelection")).cx,
+                  extent("Elements Min/Max", dotsPerInch).cx + arrow);
+        EXPECT_GE(sizeOf(now.at("Solver")).cx, extent("NXNastran", dotsPerInch).cx + arrow);
     }
     std::map<std::string, RECT> places()
     {
@@ -107,30 +150,53 @@ TEST_F(Resolution, NothingIsCutOrCoveredAfterwards)
 
     moveToScreenOf(form.window(), fine, larger(frame));
 
-    const auto now = places();
-    const RECT inner = form.placeOf("pbInner");
-    for (const auto& [name, place] : now) {
-        EXPECT_GE(place.left, inner.left) << name;
-        EXPECT_LE(place.right, inner.right) << name;
-        EXPECT_LE(place.bottom, inner.bottom) << name;
-        for (const auto& [other, otherPlace] : now) {
-            RECT common{};
-            const bool overlaps = IntersectRect(&common, &place, &otherPlace) != FALSE;
-            EXPECT_FALSE(name != other && overlaps) << name << " and " << other;
-        }
+    expectNothingIsCutOrCovered(fine);
+}
+
+TEST_F(Resolution, ANarrowPaneShowsEverythingWithoutScrollingSideways)
+{
+    const auto style = static_cast<DWORD>(GetWindowLongW(form.window(), GWL_STYLE));
+    for (const UINT dotsPerInch : {ordinary, fine, finest}) {
+        RECT frame{0, 0, MulDiv(280, static_cast<int>(dotsPerInch), ordinary), 900};
+        AdjustWindowRectEx(&frame, style, FALSE, 0);
+
+        moveToScreenOf(form.window(), dotsPerInch, frame);
+        form.settle();
+
+        RECT inside{};
+        GetClientRect(form.window(), &inside);
+        EXPECT_EQ(inside.right, MulDiv(280, static_cast<int>(dotsPerInch), ordinary));
+        EXPECT_FALSE(IsWindowVisible(form.control("HScroll1"))) << dotsPerInch;
+        expectNothingIsCutOrCovered(dotsPerInch);
     }
-    for (const form::ControlRow& row : form::controlTable) {
-        if (!isContent(row) || row.caption.empty())
-            continue;
-        const std::string name(row.name);
-        const SIZE room = sizeOf(now.at(name));
-        const SIZE text = extent(form.text(name), fine);
-        EXPECT_GE(room.cx, text.cx) << name;
-        EXPECT_GE(room.cy, text.cy) << name;
+}
+
+// Edges that ought to meet do, at every resolution.
+TEST_F(Resolution, NothingIsOffItsLine)
+{
+    RECT frame{};
+    GetWindowRect(form.window(), &frame);
+    for (const UINT dotsPerInch : {ordinary, 120U, fine, 168U, finest}) {
+        moveToScreenOf(form.window(), dotsPerInch, larger(frame));
+
+        const auto now = places();
+        const auto middle = [&](const char* name) {
+            return (now.at(name).top + now.at(name).bottom) / 2;
+        };
+        for (const auto& [one, other] : {std::pair("InputSelection", "InputsButton"),
+                                         {"OutputSelection", "RefreshOutputs"},
+                                         {"Label1", "CommandLine"},
+                                         {"Label2", "Solver"},
+                                         {"Label3", "Optimizer"},
+                                         {"Optimizer", "GenerateButton"}})
+            EXPECT_NEAR(middle(one), middle(other), 1) << one << " at " << dotsPerInch;
+        for (const char* const left :
+             {"InputsList", "OutputSelection", "OutputsList", "Label1", "Label2", "StatusLine"})
+            EXPECT_EQ(now.at(left).left, now.at("InputSelection").left) << left;
+        for (const char* const right : {"OutputsList", "CommandLine", "GenerateButton"})
+            EXPECT_EQ(now.at(right).right, now.at("InputsList").right)
+                << right << " at " << dotsPerInch;
     }
-    const int arrow = GetSystemMetricsForDpi(SM_CXVSCROLL, fine);
-    EXPECT_GE(sizeOf(now.at("OutputSelection")).cx, extent("Elements Min/Max", fine).cx + arrow);
-    EXPECT_GE(sizeOf(now.at("Solver")).cx, extent("NXNastran", fine).cx + arrow);
 }
 
 TEST_F(Resolution, TheStatusLineHasTwoLines)

@@ -1,5 +1,6 @@
 // Brings the form into the states that the pictures of the documentation show. Each scene leaves a
 // file NAME.shown with the window's place on the screen and goes on when the file is gone.
+#include "ContrastColours.h"
 #include "FormDriver.h"
 #include "FormFiles.h"
 #include "app/window/PropertyListWindow.h"
@@ -64,7 +65,7 @@ struct Scene : testing::Test
 
     void show()
     {
-        constexpr std::chrono::milliseconds untilPainted(500);
+        constexpr std::chrono::milliseconds untilPainted(2000);
         std::this_thread::sleep_for(untilPainted);
         RECT place{};
         GetWindowRect(form.window(), &place);
@@ -97,7 +98,16 @@ TEST_F(Scene, filled)
 TEST_F(Scene, small)
 {
     fill();
-    resize(430, 420);
+    resize(296, 700);
+
+    show();
+}
+
+TEST_F(Scene, contrast)
+{
+    const driver::ContrastColours contrast;
+    fill();
+    resize(600, 700);
 
     show();
 }
