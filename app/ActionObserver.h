@@ -26,6 +26,8 @@ public:
     /// The property list dialog was answered; the procedure of the action still runs.
     virtual void answered(const selection::frmPropertyList& dialog) = 0;
     virtual void ended(const Action& action) = 0;
+    /// Rows that the latest action took away are back.
+    virtual void steppedBack() = 0;
 };
 
 }  // namespace app

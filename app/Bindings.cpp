@@ -44,10 +44,12 @@ constexpr Binding table[] = {
     // event                          procedure                                   needsFemap, withRows
     {{"InputsButton", Click},         withDialog<selection::InputsButton_Click>,  true,  TakesAwayAndAdds},
     {{"RefreshInputs", Click},        plain<selection::RefreshInputs_Click>,      true,  ReadsAgain},
+    {{"RefreshInputs", SelectedRows}, plain<selection::refreshSelectedInputs>,    true,  ReadsAgain},
     {{"ClearInputSelection", Click},  plain<form::ClearInputSelection_Click>,     false, TakesAway},
     {{"InputsList", KeyDown},         withKey<form::InputsList_KeyDown>,          false, TakesAway},
     {{"OutputsButton", Click},        withDialog<selection::OutputsButton_Click>, true,  TakesAwayAndAdds},
     {{"RefreshOutputs", Click},       plain<selection::RefreshOutputs_Click>,     true,  ReadsAgain},
+    {{"RefreshOutputs", SelectedRows}, plain<selection::refreshSelectedOutputs>,  true,  ReadsAgain},
     {{"ClearOutputSelection", Click}, plain<form::ClearOutputSelection_Click>,    false, TakesAway},
     {{"OutputsList", KeyDown},        withKey<form::OutputsList_KeyDown>,         false, TakesAway},
     {{"Solver", Click},               plain<generate::Solver_Click>,              true},

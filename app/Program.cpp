@@ -20,16 +20,10 @@ namespace
 
 using form::What;
 
-// What the engineer does while a procedure runs is dropped; all else waits until it has ended.
-bool isByHand(const form::Event& event)
-{
-    return event.what == What::Click || event.what == What::KeyDown;
-}
-
 // Whether the messages of former actions go from the status line. Other keys only move in a grid.
 bool endsMessages(const form::Event& event, int argument)
 {
-    return isByHand(event) && (event.what == What::Click || argument == form::deleteKey);
+    return event.isByHand() && (event.what != What::KeyDown || argument == form::deleteKey);
 }
 
 const Binding& bindingOf(const form::Event& event)
@@ -198,7 +192,8 @@ Ended Program::run(const Binding& binding, int argument, bool isFurther)
         const auto isThis = [&](const Waiting& other) {
             return other.binding == &binding && other.argument == argument;
         };
-        if (!isByHand(binding.event) && std::ranges::none_of(waiting_, isThis))
+        // What the engineer does meanwhile is dropped.
+        if (!binding.event.isByHand() && std::ranges::none_of(waiting_, isThis))
             waiting_.push_back({&binding, argument});
         return Ended::NotStarted;
     }
@@ -266,6 +261,8 @@ void Program::stepBack()
                              " names were there again and stay as they are"));
     if (isReadAgainSince_)
         status.tellHint("Their values were read before the latest \"Refresh Values\"");
+    if (observedDialog_.observer != nullptr)
+        observedDialog_.observer->steppedBack();
 }
 
 void Program::forgetMessages()

@@ -119,7 +119,8 @@ private:
     // Tells which entities and vectors will be read.
     void prepareOutputs(std::span<const std::string> rows)
     {
-        const auto plan = selection::outputsToRead(context_.form.OutputsList);
+        const auto plan = selection::outputsToRead(context_.form.OutputsList,
+                                                   context_.form.OutputsList.allRows());
         if (!plan.empty()) {
             vector_ = context_.femap().feOutput();
             vector_->prefetch(plan);
@@ -203,7 +204,8 @@ private:
 
     Context& context_;
     ModelNow now_;
-    selection::FreshEntities entities_{context_, context_.form.InputsList};
+    selection::FreshEntities entities_{context_, context_.form.InputsList,
+                                       context_.form.InputsList.allRows()};
     std::unique_ptr<femap::LoadDefinition> definition_;
     int loadSet_ = 0;
     std::unique_ptr<femap::Function> function_;

@@ -9,7 +9,8 @@ namespace form
 
 enum class What
 {
-    Click,  // of a button, or a choice in a box
+    Click,         // of a button, or a choice in a box
+    SelectedRows,  // the work of a button, on the selected rows alone
     KeyDown,
     Change,
     Resize,
@@ -21,6 +22,11 @@ struct Event
     std::string_view control;  // its name, or "Form"; empty for FEMAP's message
     What what;
 
+    /// Whether the engineer does it.
+    bool isByHand() const
+    {
+        return what == What::Click || what == What::SelectedRows || what == What::KeyDown;
+    }
     bool operator==(const Event&) const = default;
     /// As procedures and logs name it, such as "InputsButton_Click".
     std::string text() const;

@@ -99,6 +99,7 @@ public:
 
 private:
     void letGo(std::size_t first, std::size_t end);
+    RowRange allRows() const { return {1, Rows() - 1}; }
     void keepSelectionInside();
     void closeGaps() const;
     void popRemovedTail();

@@ -16,8 +16,10 @@ namespace selection
 class FreshEntities
 {
 public:
-    FreshEntities(form::Context& context, const form::ParameterGrid& grid)
-        : context_(context), plan_(inputsToRead(grid))
+    /// For these rows of the grid.
+    FreshEntities(form::Context& context, const form::ParameterGrid& grid,
+                  const form::RowRange& rows)
+        : context_(context), plan_(inputsToRead(grid, rows))
     {}
 
     femap::Entity& operator[](const std::string& kind);

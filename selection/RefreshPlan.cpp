@@ -39,10 +39,11 @@ form::Refreshed outputReading(std::string_view kind)
     return known == nullptr || known->isInput ? form::Refreshed::FromResult : known->refreshed;
 }
 
-std::map<std::string, KindReading> inputsToRead(const ParameterGrid& grid)
+std::map<std::string, KindReading> inputsToRead(const ParameterGrid& grid,
+                                                const form::RowRange& rows)
 {
     std::map<std::string, KindReading> result;
-    for (int row = 1; row < grid.Rows(); ++row) {
+    for (int row = rows.first; row < rows.first + rows.count; ++row) {
         const std::string kind = grid.text(row, form::inputColumn::kind);
         const std::optional<int> id = numberAt(grid, row, form::inputColumn::id);
         if (!isRefreshed(kind) || !id)
@@ -60,10 +61,11 @@ std::map<std::string, KindReading> inputsToRead(const ParameterGrid& grid)
     return result;
 }
 
-std::vector<femap::VectorReading> outputsToRead(const ParameterGrid& grid)
+std::vector<femap::VectorReading> outputsToRead(const ParameterGrid& grid,
+                                                const form::RowRange& rows)
 {
     std::map<int, std::vector<int>> entities;  // by vector
-    for (int row = 1; row < grid.Rows(); ++row) {
+    for (int row = rows.first; row < rows.first + rows.count; ++row) {
         const form::Refreshed reading = outputReading(grid.text(row, form::outputColumn::kind));
         const std::optional<int> vector = numberAt(grid, row, form::outputColumn::second);
         if (reading == form::Refreshed::FromMass || !vector ||

@@ -25,8 +25,10 @@ struct KindReading
     std::vector<femap::MemberName> members;
 };
 
-/// Leave out rows whose cells make no sense. The inputs are sorted by kind.
-std::map<std::string, KindReading> inputsToRead(const form::ParameterGrid& grid);
-std::vector<femap::VectorReading> outputsToRead(const form::ParameterGrid& grid);
+/// Of these rows; those whose cells make no sense are left out. The inputs are sorted by kind.
+std::map<std::string, KindReading> inputsToRead(const form::ParameterGrid& grid,
+                                                const form::RowRange& rows);
+std::vector<femap::VectorReading> outputsToRead(const form::ParameterGrid& grid,
+                                                const form::RowRange& rows);
 
 }  // namespace selection

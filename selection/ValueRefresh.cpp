@@ -20,6 +20,7 @@ namespace selection
 using form::Context;
 using form::ParameterGrid;
 using form::ParameterRow;
+using form::RowRange;
 using logging::logDebug;
 
 namespace
@@ -30,16 +31,15 @@ int wholeNumberAt(const ParameterGrid& grid, int row, int column)
     return wholeNumberIn(grid.text(row, column));
 }
 
-// Walks over the parameter rows. One that cannot be refreshed is reported and keeps its value.
+// Walks over these parameter rows. One that cannot be refreshed is reported and keeps its value.
 // isWanted: whether a row is one that is read again.
 template <class IsWanted, class Refresh>
-Asked refreshRows(Context& context, const ParameterGrid& grid, const std::string& what,
-                  const IsWanted& isWanted, const Refresh& refresh)
+Asked refreshRows(Context& context, const ParameterGrid& grid, const RowRange& rows,
+                  const std::string& what, const IsWanted& isWanted, const Refresh& refresh)
 {
     Asked asked;
-    const int rows = grid.Rows();
-    form::Progress progress(context, what, static_cast<std::size_t>(rows - 1));
-    for (int row = 1; row < rows; ++row) {
+    form::Progress progress(context, what, static_cast<std::size_t>(rows.count));
+    for (int row = rows.first; row < rows.first + rows.count; ++row) {
         asked.all += isWanted(row) ? 1 : 0;
         if (!context.error.attempt([&] { refresh(row); })) {
             ++asked.refused;
@@ -120,18 +120,17 @@ void refreshOutput(Context& context, femap::OutputVector& vector, int row)
     }
 }
 
-}  // namespace
-
-void RefreshInputs_Click(Context& context)
+void refreshInputs(Context& context, const RowRange& rows)
 {
     logDebug(context.log, "At the start of RefreshInputs_Click");
     form::FemapLock lock(context, "Acquired Femap lock");
     const ParameterGrid& grid = context.form.InputsList;
-    logDebug(context.log, "Number of rowsto refresh  in input list = ", grid.Rows());  // sic
+    logDebug(context.log, "Number of rowsto refresh  in input list = ",
+             rows.count + 1);  // sic: the header counts
 
-    FreshEntities entities(context, grid);
+    FreshEntities entities(context, grid, rows);
     const Asked asked = refreshRows(
-        context, grid, "Refreshing inputs",
+        context, grid, rows, "Refreshing inputs",
         [&](int row) { return isRefreshed(grid.text(row, form::inputColumn::kind)); },
         [&](int row) { refreshInput(context, entities, row); });
 
@@ -140,18 +139,18 @@ void RefreshInputs_Click(Context& context)
     logDebug(context.log, "At the end of RefreshInputs_Click");
 }
 
-void RefreshOutputs_Click(Context& context)
+void refreshOutputs(Context& context, const RowRange& rows)
 {
     logDebug(context.log, "At the start of RefreshOutputs_Click");
     form::FemapLock lock(context, "Acquired Femap lock");
 
     const auto vector = context.femap().feOutput();
-    std::vector<femap::VectorReading> vectors = outputsToRead(context.form.OutputsList);
+    const ParameterGrid& grid = context.form.OutputsList;
+    std::vector<femap::VectorReading> vectors = outputsToRead(grid, rows);
     const bool readsResults = !vectors.empty();
     vector->prefetch(std::move(vectors));
-    const ParameterGrid& grid = context.form.OutputsList;
     const Asked asked = refreshRows(
-        context, grid, "Refreshing outputs",
+        context, grid, rows, "Refreshing outputs",
         [&](int row) { return !grid.text(row, form::nameColumn).empty(); },
         [&](int row) { refreshOutput(context, *vector, row); });
 
@@ -160,6 +159,28 @@ void RefreshOutputs_Click(Context& context)
     if (readsResults)
         tellOutputSet(context);
     logDebug(context.log, "At the end of RefreshOutputs_Click");
+}
+
+}  // namespace
+
+void RefreshInputs_Click(Context& context)
+{
+    refreshInputs(context, context.form.InputsList.allRows());
+}
+
+void RefreshOutputs_Click(Context& context)
+{
+    refreshOutputs(context, context.form.OutputsList.allRows());
+}
+
+void refreshSelectedInputs(Context& context)
+{
+    refreshInputs(context, context.form.InputsList.selectedRows());
+}
+
+void refreshSelectedOutputs(Context& context)
+{
+    refreshOutputs(context, context.form.OutputsList.selectedRows());
 }
 
 }  // namespace selection

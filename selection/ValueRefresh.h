@@ -10,4 +10,8 @@ namespace selection
 void RefreshInputs_Click(form::Context& context);
 void RefreshOutputs_Click(form::Context& context);
 
+/// The same for the rows that are selected in the grid, and no others.
+void refreshSelectedInputs(form::Context& context);
+void refreshSelectedOutputs(form::Context& context);
+
 }  // namespace selection

@@ -1,6 +1,7 @@
 #include "study/Recorder.h"
 
 #include "form/FormProcedures.h"
+#include "form/ListControls.h"
 #include "study/StudyScript.h"
 #include "system/RuntimeError.h"
 
@@ -35,12 +36,22 @@ std::string selections(const MainForm& form)
 
 bool usesSelection(const form::Event& event)
 {
-    return event.what == What::KeyDown || event == form::click("ClearInputSelection") ||
+    return event.what == What::KeyDown || event.what == What::SelectedRows ||
+           event == form::click("ClearInputSelection") ||
            event == form::click("ClearOutputSelection");
 }
 
+// The name of the grid whose values this button reads again.
+std::string gridRefreshedBy(const std::string& button, const MainForm& form)
+{
+    const auto* const list = std::ranges::find(
+        form::listControls, button,
+        [&](const form::ListControls& each) { return form.named(form.*each.refresh).name; });
+    return std::string(form.named(form.*list->grid).name);
+}
+
 // The script line that repeats an action; empty for what scripts do not do, such as scrolling.
-std::string lineOf(const app::Action& action)
+std::string lineOf(const app::Action& action, const MainForm& form)
 {
     const std::string control(action.event.control);
     if (action.box != nullptr)
@@ -48,6 +59,8 @@ std::string lineOf(const app::Action& action)
     switch (action.event.what) {
     case What::Click:
         return "click " + control;
+    case What::SelectedRows:
+        return "refresh " + gridRefreshedBy(control, form);
     case What::KeyDown:  // other keys only move the selection
         return action.argument == form::deleteKey
                    ? "key " + control + ' ' + std::to_string(form::deleteKey)
@@ -116,9 +129,14 @@ void Recorder::answered(const selection::frmPropertyList& dialog)
 
 void Recorder::ended(const app::Action& action)
 {
-    const std::string line = lineOf(action);
+    const std::string line = lineOf(action, *form_);
     if (!line.empty())
         write(before_ + line + '\n');
+}
+
+void Recorder::steppedBack()
+{
+    write("stepback\n");
 }
 
 void Recorder::picked(femap::ReturnCode code, const std::vector<int>& ids)

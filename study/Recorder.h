@@ -26,6 +26,7 @@ public:
     void begins(const app::Action& action) override;
     void answered(const selection::frmPropertyList& dialog) override;
     void ended(const app::Action& action) override;
+    void steppedBack() override;
 
     /// A selection dialog of FEMAP was answered with these IDs.
     void picked(femap::ReturnCode code, const std::vector<int>& ids);

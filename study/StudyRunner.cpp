@@ -4,6 +4,7 @@
 #include "app/WhichFemap.h"
 #include "femap/NumberText.h"
 #include "findings/FindingText.h"
+#include "form/ListControls.h"
 
 #include <algorithm>
 #include <iterator>
@@ -112,6 +113,8 @@ const StudyRunner::Action StudyRunner::actions[] = {
     {"click",      &StudyRunner::click},
     {"select",     &StudyRunner::select},
     {"key",        &StudyRunner::key},
+    {"refresh",    &StudyRunner::refresh},
+    {"stepback",   &StudyRunner::stepback},
     {"event",      &StudyRunner::event},
     {"open",       &StudyRunner::open},
     {"closemodel", &StudyRunner::closemodel},
@@ -250,6 +253,23 @@ void StudyRunner::key(const ScriptLine& line)
     requireEnabled(grid, line);
     const int code = numberIn(std::string(rest), "a key code", line);
     checkEnd(program_.raise({grid.name, form::What::KeyDown}, code), line);
+}
+
+void StudyRunner::refresh(const ScriptLine& line)
+{
+    const MainForm& form = program_.form();
+    const NamedControl grid = gridNamed(form, line.argument, line);
+    const NamedControl& button =
+        form.named(form.*form::listOf(form, *grid.as<ParameterGrid>()).refresh);
+    requireEnabled(button, line);
+    checkEnd(program_.raise({button.name, form::What::SelectedRows}), line);
+}
+
+void StudyRunner::stepback(const ScriptLine& line)
+{
+    if (!line.argument.empty())
+        throw ScriptError(line.number, "stepback takes nothing after it");
+    program_.stepBack();
 }
 
 void StudyRunner::event(const ScriptLine& line)

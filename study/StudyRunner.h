@@ -99,6 +99,8 @@ private:
     void click(const ScriptLine& line);
     void select(const ScriptLine& line);
     void key(const ScriptLine& line);
+    void refresh(const ScriptLine& line);
+    void stepback(const ScriptLine& line);
     void event(const ScriptLine& line);
     void open(const ScriptLine& line);
     void closemodel(const ScriptLine& line);

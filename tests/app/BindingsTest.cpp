@@ -45,10 +45,12 @@ struct BoundProcedure
 constexpr BoundProcedure boundProcedures[] = {
     {{"InputsButton", Click},         "DEBUG: Before click of Select for input parameter"},
     {{"RefreshInputs", Click},        "At the start of RefreshInputs_Click"},
+    {{"RefreshInputs", SelectedRows}, "At the start of RefreshInputs_Click"},
     {{"ClearInputSelection", Click},  "DEBUG: Position at At start of ClearInputSelection_Click"},
     {{"InputsList", KeyDown},         "DEBUG: Position at At start of InputsList_KeyDown"},
     {{"OutputsButton", Click},        "DEBUG: Position at At start of OutputsButton_Click"},
     {{"RefreshOutputs", Click},       "At the start of RefreshOutputs_Click"},
+    {{"RefreshOutputs", SelectedRows}, "At the start of RefreshOutputs_Click"},
     {{"ClearOutputSelection", Click}, "DEBUG: Position at At start of ClearOutputSelection_Click"},
     {{"OutputsList", KeyDown},        "DEBUG: Position at At start of OutputsList_KeyDown"},
     {{"Solver", Click},               "DEBUG: Position at At start of Solver_Click"},

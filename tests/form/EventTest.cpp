@@ -11,6 +11,7 @@ using form::What;
 TEST(Event, IsNamedAsItsProcedureIs)
 {
     EXPECT_EQ(form::click("InputsButton").text(), "InputsButton_Click");
+    EXPECT_EQ((Event{"RefreshInputs", What::SelectedRows}.text()), "RefreshInputs_SelectedRows");
     EXPECT_EQ((Event{"InputsList", What::KeyDown}.text()), "InputsList_KeyDown");
     EXPECT_EQ((Event{"HScroll1", What::Change}.text()), "HScroll1_Change");
     EXPECT_EQ((Event{"Form", What::Resize}.text()), "Form_Resize");

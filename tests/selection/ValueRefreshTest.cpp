@@ -56,6 +56,40 @@ TEST_F(ValueRefresh, AValueChangedInTheModelShowsUp)
     EXPECT_EQ(input(2), "1E-05");
 }
 
+TEST_F(ValueRefresh, OfTheSelectedInputsLeavesTheOthersAsTheyAre)
+{
+    fillInputs({"xAtNode12\told\tNode\t12\tx", "yAtNode12\told\tNode\t12\ty",
+                "xAtNode13\told\tNode\t13\tx", "ExAtMatl3\told\tMatl\t3\tEx"});
+    f.form.InputsList.Row = 3;
+    f.form.InputsList.RowSel = 2;
+
+    refreshSelectedInputs(f.context);
+
+    EXPECT_EQ(input(1), "old");
+    EXPECT_EQ(input(2), "-2");
+    EXPECT_EQ(input(3), "3.5");
+    EXPECT_EQ(input(4), "old");
+    EXPECT_THAT(f.log(), AllOf(Contains("DEBUG: At the start of RefreshInputs_Click"),
+                                    Contains("DEBUG: Acquired Femap lock"),
+                                    Contains("DEBUG: Number of rowsto refresh  in input list = 3"),
+                                    Contains("DEBUG: Released Femap lock"),
+                                    Contains("DEBUG: At the end of RefreshInputs_Click")));
+    expectFemapReleased();
+}
+
+TEST_F(ValueRefresh, OfTheSelectedOutputsLeavesTheOthersAsTheyAre)
+{
+    fillOutputs({"a\told\t12\t1\tOutput", "b\told\t13\t1\tOutput", "c\told\t\t1\tminval"});
+    f.form.OutputsList.Row = f.form.OutputsList.RowSel = 2;
+
+    refreshSelectedOutputs(f.context);
+
+    EXPECT_EQ(output(1), "old");
+    EXPECT_EQ(output(2), "0.2");
+    EXPECT_EQ(output(3), "old");
+    expectFemapReleased();
+}
+
 TEST_F(ValueRefresh, AnEntityIDWithALeadingBlankIsRead)
 {
     fillInputs({"xAtNode12\told\tNode\t 12\tx", "T4AtProp7\told\tProp\t7\tpval\t 3"});

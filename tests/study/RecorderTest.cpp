@@ -117,6 +117,36 @@ TEST_F(Recorded, RemovedRowsStandAsTheyWereSelected)
                                       "select InputsList 3 2", "key InputsList 46"));
 }
 
+TEST_F(Recorded, AStepBackStandsWhereItWasTaken)
+{
+    pick({1, 2, 3});
+    lists.choose({"x"});
+    click("InputsButton");
+    program.stepBack();  // nothing went, so there is none
+    click("ClearInputSelection");
+    program.stepBack();
+
+    EXPECT_THAT(script(),
+                ElementsAre("pick 1-3", "choose x", "click InputsButton", "select InputsList 1 1",
+                            "click ClearInputSelection", "stepback"));
+}
+
+TEST_F(Recorded, RowsThatWereReadAgainStandAsTheyWereSelected)
+{
+    pick({1, 2, 3});
+    lists.choose({"x"});
+    click("InputsButton");
+    form.InputsList.Row = 2;
+    form.InputsList.RowSel = 3;
+
+    program.raise({"RefreshInputs", form::What::SelectedRows});
+    program.raise({"RefreshOutputs", form::What::SelectedRows});
+
+    EXPECT_THAT(script(),
+                ElementsAre("pick 1-3", "choose x", "click InputsButton", "select InputsList 2 3",
+                            "refresh InputsList", "select InputsList 2 3", "refresh OutputsList"));
+}
+
 TEST_F(Recorded, TheCommandLineIsTakenWithApply)
 {
     form.CommandLine.Text = "nastran beam.dat";
@@ -169,6 +199,9 @@ TEST_F(Recorded, AStudyReplaysToTheSameFiles)
     click("OutputsButton");
     form.InputsList.Row = form.InputsList.RowSel = 2;
     click("ClearInputSelection");
+    click("ClearAll");
+    program.stepBack();
+    program.raise({"RefreshInputs", form::What::SelectedRows});
     program.enterText(form.Solver, "NENastran");
     form.CommandLine.Text = "my own command";
     click("GenerateButton");

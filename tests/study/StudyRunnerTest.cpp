@@ -189,6 +189,37 @@ TEST(Study, PressesEveryButton)
     EXPECT_THAT(f.output.str(), HasSubstr("\t9.5\t1\t1\tmaxval"));
 }
 
+TEST(Study, TakesAStepBack)
+{
+    StudyFixture f;
+
+    EXPECT_EQ(f.run(pickTwoNodes + "click ClearAll\nprint InputsList\nstepback\n"
+                                   "print InputsList\nprint StatusLine\n"),
+              0)
+        << f.error();
+
+    const std::vector<std::string> lines = f.outputLines();
+    ASSERT_GE(lines.size(), 4U);
+    EXPECT_EQ(lines.front(), std::string(5, '\t'));
+    EXPECT_THAT(lines[1], testing::StartsWith("xAtNode"));
+    EXPECT_THAT(lines.back(), testing::EndsWith("rows are back"));
+}
+
+TEST(Study, ReadsTheSelectedRowsAgain)
+{
+    StudyFixture f;
+
+    EXPECT_EQ(f.run("pick 1 2\nchoose x\nclick InputsButton\nput Node 1 x 41\nput Node 2 x 42\n"
+                    "select InputsList 2\nrefresh InputsList\nprint InputsList\n"),
+              0)
+        << f.error();
+
+    const std::vector<std::string> lines = f.outputLines();
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_THAT(lines[0], testing::Not(testing::HasSubstr("\t41\t")));
+    EXPECT_THAT(lines[1], testing::HasSubstr("\t42\t"));
+}
+
 TEST(Study, SelectsRowsInEitherDirection)
 {
     for (const char* rows : {"2 3", "3 2"}) {

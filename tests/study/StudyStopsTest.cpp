@@ -36,7 +36,7 @@ TEST_P(StudyStops, AtTheLineThatCannotBeDone)
 
 const char* const actionNames =
     "4: \"stop\" is no action; the actions are start, set, pick, choose, click, select, key, "
-    "event, "
+    "refresh, stepback, event, "
     "open, closemodel, put, activate, print, check, close";
 const char* const boxNames =
     "2: \"InputsList\" cannot be set; set takes InputSelection, OutputSelection, Solver, "
@@ -68,10 +68,13 @@ INSTANTIATE_TEST_SUITE_P(
         Stop{"activate OutputSet 77\n", "2: the model has no such set: 77"},
         Stop{"select Inputs 1\n",
              "2: \"Inputs\" is no grid; the grids are InputsList, OutputsList"},
+        Stop{"refresh RefreshInputs\n",
+             "2: \"RefreshInputs\" is no grid; the grids are InputsList, OutputsList"},
         Stop{"key Solver 46\n", "2: \"Solver\" is no grid; the grids are InputsList, OutputsList"},
         Stop{"CLOSE\n",
              "2: \"CLOSE\" is no action; the actions are start, set, pick, choose, click, "
-             "select, key, event, open, closemodel, put, activate, print, check, close"}));
+             "select, key, refresh, stepback, event, open, closemodel, put, activate, print, "
+             "check, close"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Numbers, StudyStops,
@@ -97,6 +100,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Stop{"event 4\nclick ClearAll\n",
                          "3: the form is closed; nothing can be done with it any more"},
                     Stop{"close now\n", "2: close takes nothing after it"},
+                    Stop{"stepback now\n", "2: stepback takes nothing after it"},
                     Stop{"closemodel now\n", "2: closemodel takes nothing after it"},
                     Stop{"closemodel\nprint Solver\n",
                          "3: the form is closed; nothing can be done with it any more"},
