@@ -73,7 +73,7 @@ Ended Program::enterText(form::ComboBox& box, const std::string& text)
     if (closed_)
         return Ended::NotStarted;
     if (!dispatcher_.isBusy())
-        forgetMessages();
+        forgetFormerAction();
     const Ended ended =
         perform({form::click(form().named(box).name), 0, &box}, [&] { box.enterText(text); });
     if (ended != Ended::NotStarted)
@@ -198,7 +198,7 @@ Ended Program::run(const Binding& binding, int argument, bool isFurther)
         return Ended::NotStarted;
     }
     if (!isFurther && endsMessages(binding.event, argument))
-        forgetMessages();
+        forgetFormerAction();
     const Ended ended = performOnRows(binding, argument);
     runWaiting();
     forgetStepOfAnotherModel();
@@ -218,8 +218,15 @@ Ended Program::performOnRows(const Binding& binding, int argument)
         isReadAgainSince_ = true;
         return procedure();
     }
-    stepBack_.begin(binding.withRows == WithRows::TakesAwayAndAdds);
+    const bool mayAdd = binding.withRows == WithRows::TakesAwayAndAdds;
+    stepBack_.begin(mayAdd);
+    if (mayAdd)
+        for (form::NewRows& each : newRows_)
+            each.begin();
     const Ended ended = procedure();
+    if (mayAdd)
+        for (form::NewRows& each : newRows_)
+            each.end();
     if (stepBack_.end()) {
         modelOfStep_ = form().openModel.value_or("");
         isReadAgainSince_ = false;
@@ -242,7 +249,7 @@ void Program::stepBack()
 {
     if (closed_ || dispatcher_.isBusy())
         return;
-    forgetMessages();
+    forgetFormerAction();
     form::Status& status = form().status;
     if (!stepBack_.isThere()) {
         status.tellResult("There is nothing to bring back");
@@ -265,9 +272,17 @@ void Program::stepBack()
         observedDialog_.observer->steppedBack();
 }
 
-void Program::forgetMessages()
+const form::NewRows& Program::newRows(const form::ParameterGrid& grid) const
+{
+    return newRows_[&grid == &session_.form.InputsList ? 0 : 1];
+}
+
+// An action begins: what was told and shown of the former one goes.
+void Program::forgetFormerAction()
 {
     form().status.clear();
+    for (form::NewRows& each : newRows_)
+        each.forget();
     unsavedIsTold_ = false;
 }
 

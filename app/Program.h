@@ -7,8 +7,10 @@
 #include "app/EventDispatcher.h"
 #include "app/Session.h"
 #include "findings/Finding.h"
+#include "form/NewRows.h"
 #include "form/StepBack.h"
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -63,6 +65,8 @@ public:
     /// Brings back the rows that the latest removal, "Clear All" or selection took away, and tells
     /// how many. Runs no procedure and logs nothing; does nothing while a procedure runs.
     void stepBack();
+    /// The rows of a grid that the latest action brought in.
+    const form::NewRows& newRows(const form::ParameterGrid& grid) const;
     /// FEMAP's event message. Other codes do nothing.
     Ended raiseFemapEvent(std::intptr_t code);
 
@@ -119,12 +123,14 @@ private:
     void runWaiting();
     Ended performOnRows(const Binding& binding, int argument);
     void forgetStepOfAnotherModel();
-    void forgetMessages();
+    void forgetFormerAction();
 
     ObservedDialog observedDialog_;
     Session session_;
     EventDispatcher dispatcher_{session_};
     form::StepBack stepBack_{{&session_.form.InputsList, &session_.form.OutputsList}};
+    std::array<form::NewRows, 2> newRows_{form::NewRows(session_.form.InputsList),
+                                          form::NewRows(session_.form.OutputsList)};
     std::string modelOfStep_;        // its file, empty while never saved
     bool isReadAgainSince_ = false;  // the rows, since the step
     std::vector<Waiting> waiting_;

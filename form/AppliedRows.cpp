@@ -7,21 +7,24 @@
 namespace form
 {
 
+std::uint64_t AppliedRows::hashOf(std::string_view text, bool isInput)
+{
+    const std::uint64_t hash = std::hash<std::string_view>()(text);
+    return isInput ? hash : ~hash;
+}
+
 std::vector<AppliedRows::Row> AppliedRows::rowsOf(const ParameterGrid& inputs,
                                                   const ParameterGrid& outputs)
 {
     std::vector<Row> rows;
     rows.reserve(inputs.rows().size() + outputs.rows().size());
-    std::uint64_t ofGrid = 0;
-    for (const ParameterGrid* const grid : {&inputs, &outputs}) {
+    for (const ParameterGrid* const grid : {&inputs, &outputs})
         for (const std::string& text : grid->rows()) {
             const std::string_view name = cellOf(text, nameColumn);
+            const bool isInput = grid == &inputs;
             if (!name.empty())
-                rows.push_back({std::hash<std::string_view>()(text) ^ ofGrid,
-                                std::hash<std::string_view>()(name) ^ ofGrid});
+                rows.push_back({hashOf(text, isInput), hashOf(name, isInput)});
         }
-        ofGrid = ~ofGrid;
-    }
     std::sort(rows.begin(), rows.end());
     return rows;
 }
@@ -32,6 +35,13 @@ void AppliedRows::take(const std::string& modelFile, const ParameterGrid& inputs
     rows_ = rowsOf(inputs, outputs);
     modelFile_ = modelFile;
     ++changes_;
+}
+
+bool AppliedRows::hold(const std::string& modelFile, std::string_view row, bool isInput) const
+{
+    const std::uint64_t hash = hashOf(row, isInput);
+    const auto found = std::ranges::lower_bound(rows_, hash, {}, &Row::cells);
+    return modelFile == modelFile_ && found != rows_.end() && found->cells == hash;
 }
 
 RowCounts AppliedRows::compare(const std::string& modelFile, const ParameterGrid& inputs,

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace form
@@ -33,6 +34,10 @@ public:
     RowCounts compare(const std::string& modelFile, const ParameterGrid& inputs,
                       const ParameterGrid& outputs) const;
 
+    /// Whether a row of the grid of inputs or of outputs stands in the control file of this model
+    /// cell for cell. Costs a search among sorted numbers.
+    bool hold(const std::string& modelFile, std::string_view row, bool isInput) const;
+
     /// Grows with each take.
     std::uint64_t changes() const { return changes_; }
 
@@ -47,6 +52,7 @@ private:
             return cells != other.cells ? cells < other.cells : name < other.name;
         }
     };
+    static std::uint64_t hashOf(std::string_view text, bool isInput);
     static std::vector<Row> rowsOf(const ParameterGrid& inputs, const ParameterGrid& outputs);
 
     std::string modelFile_;

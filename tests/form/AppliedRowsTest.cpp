@@ -30,6 +30,17 @@ TEST_F(AppliedRowsTest, CountsEveryRowWhereNoControlFileIsKnown)
     EXPECT_EQ(counts(), (RowCounts{3, 0, 3}));
 }
 
+TEST_F(AppliedRowsTest, HoldARowThatTheControlFileOfTheModelHasCellForCell)
+{
+    applied.take("m", inputs, outputs);
+
+    EXPECT_TRUE(applied.hold("m", "b\t2\tNode\t1\ty\t", true));
+    EXPECT_TRUE(applied.hold("m", "c\t3\t1\t1\tNode", false));
+    EXPECT_FALSE(applied.hold("m", "b\t2.5\tNode\t1\ty\t", true)) << "another value";
+    EXPECT_FALSE(applied.hold("m", "b\t2\tNode\t1\ty\t", false)) << "in the other grid";
+    EXPECT_FALSE(applied.hold("another", "b\t2\tNode\t1\ty\t", true));
+}
+
 TEST_F(AppliedRowsTest, CountsNoneWhenTheControlFileHoldsAll)
 {
     applied.take("m", inputs, outputs);
