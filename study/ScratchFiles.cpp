@@ -28,6 +28,22 @@ private:
     std::string& content_;
 };
 
+class ScratchInput : public sys::InputFile
+{
+public:
+    explicit ScratchInput(std::string_view content) : left_(content) {}
+
+    std::string next(std::size_t most) override
+    {
+        std::string bytes(left_.substr(0, most));
+        left_.remove_prefix(bytes.size());
+        return bytes;
+    }
+
+private:
+    std::string_view left_;
+};
+
 }  // namespace
 
 bool ScratchFiles::folderExists(const std::string& path)
@@ -72,10 +88,26 @@ bool ScratchFiles::fileExists(const std::string& path)
     return written_.contains(path) || real_.fileExists(path);
 }
 
+// What was written has no time that a disk would give it.
+std::optional<sys::FileFacts> ScratchFiles::facts(const std::string& path)
+{
+    const auto found = written_.find(path);
+    return found == written_.end() ? real_.facts(path)
+                                   : std::optional(sys::FileFacts{found->second.size(), 0});
+}
+
 std::string ScratchFiles::read(const std::string& path)
 {
     const auto found = written_.find(path);
     return found == written_.end() ? real_.read(path) : found->second;
+}
+
+std::unique_ptr<sys::InputFile> ScratchFiles::openToRead(const std::string& path)
+{
+    const auto found = written_.find(path);
+    if (found == written_.end())
+        return real_.openToRead(path);
+    return std::make_unique<ScratchInput>(found->second);
 }
 
 sys::TemporaryFile ScratchFiles::createBeside(const std::string& path)
@@ -85,6 +117,11 @@ sys::TemporaryFile ScratchFiles::createBeside(const std::string& path)
 }
 
 void ScratchFiles::demandReplaceable(const std::string& path)
+{
+    demandFolderOf(path);
+}
+
+void ScratchFiles::lookReplaceable(const std::string& path)
 {
     demandFolderOf(path);
 }

@@ -24,9 +24,12 @@ public:
     std::unique_ptr<sys::OutputFile> openAlone(const std::string& path,
                                                const sys::LineCheck& mayEmpty) override;
     bool fileExists(const std::string& path) override;
+    std::optional<sys::FileFacts> facts(const std::string& path) override;
     std::string read(const std::string& path) override;
+    std::unique_ptr<sys::InputFile> openToRead(const std::string& path) override;
     sys::TemporaryFile createBeside(const std::string& path) override;
     void demandReplaceable(const std::string& path) override;
+    void lookReplaceable(const std::string& path) override;
     void replace(const std::string& path, const std::string& by) override;
     void remove(const std::string& path) override;
     std::unique_ptr<sys::FolderLock> lockFolder(const std::string& folder) override;

@@ -206,12 +206,7 @@ int runScript(const Call& call, const Environment& environment)
     }
 
     ScratchFiles scratch(environment.system.files);
-    sys::System dry = {scratch,
-                       environment.system.codePage,
-                       environment.system.localTime,
-                       environment.system.monotonicSeconds,
-                       environment.system.environment,
-                       environment.system.wait};
+    sys::System dry = sys::withDisk(environment.system, scratch);
     // The model host speaks of itself, too, so its whole message window is written.
     host.messageShown = [&](const femap::embedded::Host::Message& message) {
         writeMessage(environment.output, message.text);

@@ -7,6 +7,7 @@
 #include "system/TemporaryFiles.h"
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
@@ -44,14 +45,32 @@ std::error_code lastError()
     return {errno, std::generic_category()};
 }
 
+using OpenFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+OpenFile openedToRead(const std::string& path)
+{
+    OpenFile file(openFile(path, false), &std::fclose);
+    if (file == nullptr)
+        fail(errno == ENOENT ? ErrorNumber::FileNotFound : ErrorNumber::FileError,
+             "File not opened", lastError(), path);
+    return file;
+}
+
+// As many bytes as that, fewer at the end of the file only.
+std::size_t readInto(char* bytes, std::size_t count, std::FILE* file, const std::string& path)
+{
+    const std::size_t got = std::fread(bytes, 1, count, file);
+    if (std::ferror(file) != 0)
+        fail(ErrorNumber::FileError, "File not read", lastError(), path);
+    return got;
+}
+
 // Enough of the file for its first line.
 std::string beginningOf(std::FILE* file, const std::string& path)
 {
     constexpr std::size_t longestLine = 4096;
     std::string text(longestLine, '\0');
-    text.resize(std::fread(text.data(), 1, longestLine, file));
-    if (std::ferror(file) != 0)
-        fail(ErrorNumber::FileError, "File not read", lastError(), path);
+    text.resize(readInto(text.data(), longestLine, file, path));
     return text;
 }
 
@@ -68,6 +87,23 @@ void removeStaleTemporaries(const std::string& folder)
             removeFile(folder + found);
     }
 }
+
+class DiskInputFile : public InputFile
+{
+public:
+    explicit DiskInputFile(const std::string& path) : path_(path), file_(openedToRead(path)) {}
+
+    std::string next(std::size_t most) override
+    {
+        std::string bytes(most, '\0');
+        bytes.resize(readInto(bytes.data(), most, file_.get(), path_));
+        return bytes;
+    }
+
+private:
+    std::string path_;
+    OpenFile file_;
+};
 
 class DiskOutputFile : public OutputFile
 {
@@ -160,13 +196,23 @@ bool DiskFiles::fileExists(const std::string& path)
     return std::filesystem::is_regular_file(toPath(path), untold);
 }
 
+std::optional<FileFacts> DiskFiles::facts(const std::string& path)
+{
+    std::error_code untold;
+    const std::filesystem::path file = toPath(path);
+    if (!std::filesystem::is_regular_file(file, untold))
+        return std::nullopt;
+    FileFacts facts;
+    facts.size = std::filesystem::file_size(file, untold);
+    const auto changed =
+        std::chrono::file_clock::to_sys(std::filesystem::last_write_time(file, untold));
+    facts.changed = std::chrono::floor<std::chrono::seconds>(changed).time_since_epoch().count();
+    return untold ? std::nullopt : std::optional(facts);
+}
+
 std::string DiskFiles::read(const std::string& path)
 {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(openFile(path, false), &std::fclose);
-    if (file == nullptr)
-        fail(errno == ENOENT ? ErrorNumber::FileNotFound : ErrorNumber::FileError,
-             "File not opened", lastError(), path);
-
+    const OpenFile file = openedToRead(path);
     std::string content;
     std::error_code unknownSize;
     const auto size = std::filesystem::file_size(toPath(path), unknownSize);
@@ -176,12 +222,15 @@ std::string DiskFiles::read(const std::string& path)
     for (std::size_t got = piece; got == piece;) {
         const std::size_t before = content.size();
         content.resize(before + piece);
-        got = std::fread(content.data() + before, 1, piece, file.get());
+        got = readInto(content.data() + before, piece, file.get(), path);
         content.resize(before + got);
     }
-    if (std::ferror(file.get()) != 0)
-        fail(ErrorNumber::FileError, "File not read", lastError(), path);
     return content;
+}
+
+std::unique_ptr<InputFile> DiskFiles::openToRead(const std::string& path)
+{
+    return std::make_unique<DiskInputFile>(path);
 }
 
 TemporaryFile DiskFiles::createBeside(const std::string& path)
@@ -202,6 +251,14 @@ void DiskFiles::demandReplaceable(const std::string& path)
     TemporaryFile trial = createBeside(path);
     trial.file.reset();
     remove(trial.path);
+}
+
+void DiskFiles::lookReplaceable(const std::string& path)
+{
+    if (const std::error_code reason = reasonAgainstReplacing(path))
+        fail(ErrorNumber::FileError, "File not replaced", reason, path);
+    if (const std::error_code reason = reasonAgainstCreatingIn(folderPartOf(path)))
+        fail(ErrorNumber::FileError, "File not created", reason, path);
 }
 
 void DiskFiles::replace(const std::string& path, const std::string& by)

@@ -1,8 +1,11 @@
 // The disk as an interface, so that tests can do without one, and the real disk.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -22,6 +25,25 @@ public:
     /// Brings everything written so far onto the disk, where it outlasts a power cut.
     virtual void flush() = 0;
     virtual void close() = 0;
+};
+
+/// A file that is open for reading.
+class InputFile
+{
+public:
+    virtual ~InputFile() = default;
+
+    /// The next bytes, as many as that while there are so many; empty at the end. Raises
+    /// RuntimeError with the path and the system's reason.
+    virtual std::string next(std::size_t most) = 0;
+};
+
+struct FileFacts
+{
+    std::uint64_t size = 0;    // in bytes
+    std::int64_t changed = 0;  // seconds since the beginning of 1970, UTC
+
+    bool operator==(const FileFacts&) const = default;
 };
 
 using LineCheck = std::function<bool(std::string_view line)>;
@@ -63,8 +85,12 @@ public:
                                                   const LineCheck& mayEmpty) = 0;
     /// Whether an ordinary file is there, as far as the system tells.
     virtual bool fileExists(const std::string& path) = 0;
+    /// Nothing where no ordinary file is, as far as the system tells.
+    virtual std::optional<FileFacts> facts(const std::string& path) = 0;
     /// The whole content. Raises RuntimeError (FileNotFound, FileError).
     virtual std::string read(const std::string& path) = 0;
+    /// The same piece by piece.
+    virtual std::unique_ptr<InputFile> openToRead(const std::string& path) = 0;
 
     /// Creates a file beside the one at the path, under a name that nobody has. Raises
     /// RuntimeError; all errors, those of the file too, name the path itself.
@@ -72,6 +98,8 @@ public:
     /// Raises what would be in the way of replacing the file at the path, whether there is one or
     /// not, as far as that can be known before. Leaves nothing behind.
     virtual void demandReplaceable(const std::string& path) = 0;
+    /// The same by looking alone: nothing is written for a trial, and nobody is waited for.
+    virtual void lookReplaceable(const std::string& path) = 0;
     /// Replaces a file by another in one step that outlasts a power cut; its rights and attributes
     /// stay. Raises RuntimeError.
     virtual void replace(const std::string& path, const std::string& by) = 0;
@@ -96,9 +124,12 @@ public:
     std::unique_ptr<OutputFile> openAlone(const std::string& path,
                                           const LineCheck& mayEmpty) override;
     bool fileExists(const std::string& path) override;
+    std::optional<FileFacts> facts(const std::string& path) override;
     std::string read(const std::string& path) override;
+    std::unique_ptr<InputFile> openToRead(const std::string& path) override;
     TemporaryFile createBeside(const std::string& path) override;
     void demandReplaceable(const std::string& path) override;
+    void lookReplaceable(const std::string& path) override;
     void replace(const std::string& path, const std::string& by) override;
     void remove(const std::string& path) override;
     std::unique_ptr<FolderLock> lockFolder(const std::string& folder) override;

@@ -34,9 +34,19 @@ bool PatientFiles::fileExists(const std::string& path)
     return disk_.fileExists(path);
 }
 
+std::optional<FileFacts> PatientFiles::facts(const std::string& path)
+{
+    return disk_.facts(path);
+}
+
 std::string PatientFiles::read(const std::string& path)
 {
     return retriedWhileDenied(pause_, [&] { return disk_.read(path); });
+}
+
+std::unique_ptr<InputFile> PatientFiles::openToRead(const std::string& path)
+{
+    return retriedWhileDenied(pause_, [&] { return disk_.openToRead(path); });
 }
 
 TemporaryFile PatientFiles::createBeside(const std::string& path)
@@ -47,6 +57,11 @@ TemporaryFile PatientFiles::createBeside(const std::string& path)
 void PatientFiles::demandReplaceable(const std::string& path)
 {
     retriedWhileDenied(pause_, [&] { disk_.demandReplaceable(path); });
+}
+
+void PatientFiles::lookReplaceable(const std::string& path)
+{
+    disk_.lookReplaceable(path);
 }
 
 void PatientFiles::replace(const std::string& path, const std::string& by)

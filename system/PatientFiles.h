@@ -47,9 +47,12 @@ public:
     std::unique_ptr<OutputFile> openAlone(const std::string& path,
                                           const LineCheck& mayEmpty) override;
     bool fileExists(const std::string& path) override;
+    std::optional<FileFacts> facts(const std::string& path) override;
     std::string read(const std::string& path) override;
+    std::unique_ptr<InputFile> openToRead(const std::string& path) override;
     TemporaryFile createBeside(const std::string& path) override;
     void demandReplaceable(const std::string& path) override;
+    void lookReplaceable(const std::string& path) override;
     void replace(const std::string& path, const std::string& by) override;
     void remove(const std::string& path) override;
     /// Tried once: what is waited for here takes longer.

@@ -68,6 +68,14 @@ std::error_code reasonAgainstReplacing(const std::string& path)
     return {};
 }
 
+std::error_code reasonAgainstCreatingIn(const std::string& folder)
+{
+    const char* const path = folder.empty() ? "." : folder.c_str();
+    return faccessat(AT_FDCWD, path, W_OK | X_OK, AT_EACCESS) == 0
+               ? std::error_code()
+               : std::error_code(errno, std::generic_category());
+}
+
 std::error_code replaceFile(const std::string& path, const std::string& by)
 {
     if (const std::error_code reason = reasonAgainstReplacing(path))

@@ -71,6 +71,17 @@ std::error_code reasonAgainstReplacing(const std::string& path)
     return {};
 }
 
+std::error_code reasonAgainstCreatingIn(const std::string& folder)
+{
+    const HANDLE opened = CreateFileW(toPath(folder.empty() ? "." : folder).c_str(), FILE_ADD_FILE,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (opened == INVALID_HANDLE_VALUE)
+        return lastReason();
+    CloseHandle(opened);
+    return {};
+}
+
 std::error_code replaceFile(const std::string& path, const std::string& by)
 {
     if (const std::error_code reason = reasonAgainstReplacing(path))

@@ -20,6 +20,16 @@ double monotonicSeconds()
 
 }  // namespace
 
+System withDisk(const System& system, Files& files)
+{
+    return {files,
+            system.codePage,
+            system.localTime,
+            system.monotonicSeconds,
+            system.environment,
+            system.wait};
+}
+
 System thisMachine()
 {
     static const Pause sleep = [](std::chrono::milliseconds pause) {

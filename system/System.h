@@ -35,6 +35,9 @@ struct System
     std::function<void(std::chrono::milliseconds pause)> wait = {};
 };
 
+/// The same system with another disk, which must outlive the result.
+System withDisk(const System& system, Files& files);
+
 /// The real system. Its code page is the user's, or Windows-1252 where there is none.
 System thisMachine();
 

@@ -21,6 +21,7 @@ velmar_test(system
     SOURCES
         DiskFilesTest.cpp
         DiskFilesTest_windows.cpp
+        LookingAtFilesTest.cpp
         OpenAloneTest.cpp
         SystemTest.cpp
         SystemTest_windows.cpp

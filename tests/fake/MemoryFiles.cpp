@@ -43,6 +43,23 @@ private:
     std::string name_;
 };
 
+class MemoryInputFile : public sys::InputFile
+{
+public:
+    explicit MemoryInputFile(std::string content) : content_(std::move(content)) {}
+
+    std::string next(std::size_t most) override
+    {
+        std::string bytes = content_.substr(taken_, most);
+        taken_ += bytes.size();
+        return bytes;
+    }
+
+private:
+    std::string content_;
+    std::size_t taken_ = 0;
+};
+
 class MemoryLock : public sys::FolderLock
 {
 public:
@@ -115,10 +132,7 @@ void MemoryFiles::demandReplaceable(const std::string& path)
 {
     demanded.push_back(path);
     step(path);
-    if (irreplaceable.contains(path))
-        throw DiskError(ErrorNumber::FileError, "File not replaced", failure, path);
-    if (missingFolders.contains(folderOf(path)))
-        throw DiskError(ErrorNumber::FileError, "File not created", noFolder, path);
+    lookReplaceable(path);
 }
 
 std::unique_ptr<sys::OutputFile> MemoryFiles::openAlone(const std::string& path,
@@ -140,6 +154,14 @@ bool MemoryFiles::fileExists(const std::string& path)
     return contents.contains(path);
 }
 
+std::optional<sys::FileFacts> MemoryFiles::facts(const std::string& path)
+{
+    const auto place = contents.find(path);
+    if (place == contents.end())
+        return std::nullopt;
+    return sys::FileFacts{place->second.size(), times[path]};
+}
+
 std::string MemoryFiles::read(const std::string& path)
 {
     if (deniedReads > 0 && deniedReads-- > 0)
@@ -152,11 +174,25 @@ std::string MemoryFiles::read(const std::string& path)
     return place->second;
 }
 
+std::unique_ptr<sys::InputFile> MemoryFiles::openToRead(const std::string& path)
+{
+    return std::make_unique<MemoryInputFile>(read(path));
+}
+
+void MemoryFiles::lookReplaceable(const std::string& path)
+{
+    if (irreplaceable.contains(path))
+        throw DiskError(ErrorNumber::FileError, "File not replaced", failure, path);
+    if (missingFolders.contains(folderOf(path)))
+        throw DiskError(ErrorNumber::FileError, "File not created", noFolder, path);
+}
+
 void MemoryFiles::replace(const std::string& path, const std::string& by)
 {
     step(path);
     contents[path] = contents.at(by);
     contents.erase(by);
+    times[path] = now;
 }
 
 void MemoryFiles::remove(const std::string& path)

@@ -2,7 +2,9 @@
 
 #include "system/Files.h"
 
+#include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -16,6 +18,8 @@ class MemoryFiles : public sys::Files
 {
 public:
     std::map<std::string, std::string> contents;  // by path
+    std::map<std::string, std::int64_t> times;    // of their last change, in seconds since 1970
+    std::int64_t now = 0;                         // the time that a file gets when it is replaced
     std::set<std::string> missingFolders;
     std::vector<std::string> createdFolders;
 
@@ -40,9 +44,12 @@ public:
     std::unique_ptr<sys::OutputFile> openAlone(const std::string& path,
                                                const sys::LineCheck& mayEmpty) override;
     bool fileExists(const std::string& path) override;
+    std::optional<sys::FileFacts> facts(const std::string& path) override;
     std::string read(const std::string& path) override;
+    std::unique_ptr<sys::InputFile> openToRead(const std::string& path) override;
     sys::TemporaryFile createBeside(const std::string& path) override;
     void demandReplaceable(const std::string& path) override;
+    void lookReplaceable(const std::string& path) override;
     void replace(const std::string& path, const std::string& by) override;
     void remove(const std::string& path) override;
     std::unique_ptr<sys::FolderLock> lockFolder(const std::string& folder) override;
