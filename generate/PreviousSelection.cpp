@@ -2,8 +2,9 @@
 
 #include "system/RuntimeError.h"
 
+#include <algorithm>
 #include <functional>
-#include <optional>
+#include <memory>
 
 namespace generate
 {
@@ -17,33 +18,70 @@ namespace
 
 constexpr std::string_view copyEnd = ".previous";
 constexpr std::string_view fileEnd = ".txt";
+constexpr std::size_t pieceSize = 1 << 18;  // as much of a file as is in memory at a time
 
-// None when there is no such file.
-std::optional<std::string> contentOf(Context& context, const std::string& path)
+// Null when there is no such file.
+std::unique_ptr<sys::InputFile> opened(Context& context, const std::string& path)
 {
     try {
-        return context.system.files.read(path);
+        return context.system.files.openToRead(path);
     }
     catch (const RuntimeError& error) {
         if (error.number() == ErrorNumber::FileNotFound)
-            return std::nullopt;
+            return nullptr;
         throw;
     }
 }
 
-bool isKnown(const Context& context, const std::string& path, const std::string& content)
+// Hashes texts piece by piece, the last piece being a shorter one.
+class Digest
+{
+public:
+    void add(std::string_view piece)
+    {
+        constexpr std::size_t spread = 31;
+        value_ = value_ * spread + std::hash<std::string_view>()(piece);
+    }
+    std::size_t value() const { return value_; }
+
+private:
+    std::size_t value_ = 0;
+};
+
+std::size_t digestOf(sys::InputFile& file)
+{
+    Digest digest;
+    for (std::string piece = file.next(pieceSize); !piece.empty(); piece = file.next(pieceSize))
+        digest.add(piece);
+    return digest.value();
+}
+
+bool isKnown(const Context& context, const std::string& path, std::size_t digest)
 {
     const auto& known = context.form.stored.knownFiles;
     const auto place = known.find(path);
-    return place != known.end() && place->second == std::hash<std::string>()(content);
+    return place != known.end() && place->second == digest;
 }
 
-void writeWhole(Context& context, const std::string& path, const std::string& content)
+bool holdTheSame(sys::InputFile& one, sys::InputFile& other)
+{
+    for (;;) {
+        const std::string piece = one.next(pieceSize);
+        if (piece != other.next(pieceSize))
+            return false;
+        if (piece.empty())
+            return true;
+    }
+}
+
+void writeWhole(Context& context, const std::string& path, sys::InputFile& content)
 {
     sys::Files& files = context.system.files;
     const sys::TemporaryFile copy = files.createBeside(path);
     try {
-        copy.file->write(content);
+        for (std::string piece = content.next(pieceSize); !piece.empty();
+             piece = content.next(pieceSize))
+            copy.file->write(piece);
         copy.file->flush();
         copy.file->close();
         files.replace(path, copy.path);
@@ -55,17 +93,18 @@ void writeWhole(Context& context, const std::string& path, const std::string& co
     }
 }
 
-// Returns the path of a copy with that content; an earlier copy with another one stays.
-std::string copied(Context& context, const std::string& path, const std::string& content)
+// Returns the path of a copy with the same content; an earlier copy with another one stays.
+std::string copied(Context& context, const std::string& path)
 {
     const std::string begin = path.substr(0, path.size() - fileEnd.size()).append(copyEnd);
     for (int number = 1;; ++number) {
         std::string copy = begin;
         copy.append(number == 1 ? "" : std::to_string(number)).append(fileEnd);
-        const std::optional<std::string> there = contentOf(context, copy);
-        if (!there)
-            writeWhole(context, copy, content);
-        if (!there || *there == content)
+        const std::unique_ptr<sys::InputFile> content = context.system.files.openToRead(path);
+        const std::unique_ptr<sys::InputFile> there = opened(context, copy);
+        if (there == nullptr)
+            writeWhole(context, copy, *content);
+        if (there == nullptr || holdTheSame(*there, *content))
             return copy;
     }
 }
@@ -75,10 +114,13 @@ std::string copied(Context& context, const std::string& path, const std::string&
 void keepPreviousSelection(Context& context, const std::string& path)
 {
     try {
-        const std::optional<std::string> content = contentOf(context, path);
-        if (!content || content->empty() || isKnown(context, path, *content))
+        const std::unique_ptr<sys::InputFile> content = opened(context, path);
+        if (content == nullptr)
             return;
-        const std::string copy = copied(context, path, *content);
+        const std::size_t digest = digestOf(*content);
+        if (digest == Digest().value() || isKnown(context, path, digest))
+            return;  // it is empty, or nothing new
+        const std::string copy = copied(context, path);
         context.form.status.tellHint("The selection that was stored there before is kept as " +
                                      copy.substr(copy.find_last_of(sys::pathSeparators) + 1));
     }
@@ -92,14 +134,20 @@ void keepPreviousSelection(Context& context, const std::string& path)
 
 void rememberControlFile(Context& context, const std::string& path, std::string_view bytes)
 {
-    context.form.stored.knownFiles[path] = std::hash<std::string_view>()(bytes);
+    Digest digest;
+    for (; !bytes.empty(); bytes.remove_prefix(std::min(pieceSize, bytes.size())))
+        digest.add(bytes.substr(0, pieceSize));
+    context.form.stored.knownFiles[path] = digest.value();
 }
 
 void rememberWrittenControlFile(Context& context, const std::string& path)
 {
     context.form.stored.knownFiles.erase(path);
     sys::PendingError unread;  // then it counts as unknown
-    unread.attempt([&] { rememberControlFile(context, path, context.system.files.read(path)); });
+    unread.attempt([&] {
+        const std::unique_ptr<sys::InputFile> written = context.system.files.openToRead(path);
+        context.form.stored.knownFiles[path] = digestOf(*written);
+    });
 }
 
 }  // namespace generate
