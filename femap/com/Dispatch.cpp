@@ -126,11 +126,6 @@ std::optional<std::size_t> Dispatch::placesIn(const std::string& member)
     return known->second;
 }
 
-void Dispatch::put(const std::string& name, Variant value)
-{
-    invoke(name, DISPATCH_PROPERTYPUT, &value, 1);
-}
-
 Dispatch Dispatch::object(const std::string& name)
 {
     return adopt(call(name).takeObject(), name);

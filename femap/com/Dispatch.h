@@ -120,8 +120,14 @@ public:
     /// once for each kind of object.
     std::optional<std::size_t> placesIn(const std::string& member);
 
-    /// Writes a property.
-    void put(const std::string& name, Variant value);
+    /// Writes a property; indices stand before the value.
+    template <class... Arguments>
+    void put(const std::string& name, Arguments&&... arguments)
+    {
+        std::array<Variant, sizeof...(Arguments)> list = {
+            Variant(std::forward<Arguments>(arguments))...};
+        invoke(name, DISPATCH_PROPERTYPUT, list.data(), list.size());
+    }
 
     /// The object that a property of this one returns.
     Dispatch object(const std::string& name);

@@ -256,6 +256,8 @@ TEST(DispatchOnWindows, CallsAnObjectThatIsThereAnyway)
 
     EXPECT_EQ(dictionary.call("Count").number(), 1);
     EXPECT_EQ(dictionary.call("Item", "Öse").number(), 12);
+    dictionary.put("Item", "Öse", 14);
+    EXPECT_EQ(dictionary.call("Item", "Öse").number(), 14);
     EXPECT_THROW(dictionary.call("Add", "Öse", 13), RuntimeError);  // it is there already
     EXPECT_FALSE(dictionary.has("ModelName"));
 }
