@@ -1,6 +1,7 @@
 #include "form/Layout.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -19,6 +20,7 @@ constexpr int textLineHeight = 285;
 constexpr int leastFieldWidth = 1320;
 constexpr int labelWidth = 1350;  // of one that begins a row, so that fields are aligned
 constexpr int leastGridHeight = 1260;
+constexpr int wholeShare = 1000;
 
 struct KindHeight
 {
@@ -189,7 +191,7 @@ void layOutFrame(const FrameRows& part, int top, int width, int height)
 
 }  // namespace
 
-void layOutContent(MainForm& form)
+void layOutContent(MainForm& form, int inputShare)
 {
     const int width = std::max(form.ScaleWidth - scrollBarThickness, smallestContentWidth);
     const int frameWidth = width - 2 * margin;
@@ -210,11 +212,19 @@ void layOutContent(MainForm& form)
     form.pbInner.Width = width;
     form.pbInner.Height = height;
 
-    // The grids share what is to spare.
+    // The grids share what is to spare; those behind the first one take what it leaves.
     int bottom = 0;
+    int spare = height - least;
     for (const FrameRows& each : frames) {
-        const int frameHeight =
-            each.leastHeight() + (each.hasGrid() ? (height - least) / sharers : 0);
+        int frameHeight = each.leastHeight();
+        if (each.hasGrid()) {
+            const std::int64_t ofGrids = spare + std::int64_t{sharers} * frameHeight;
+            const int wanted = static_cast<int>(ofGrids * inputShare / wholeShare) - frameHeight;
+            const int extra = sharers > 1 ? std::clamp(wanted, 0, spare) : spare;
+            frameHeight += extra;
+            spare -= extra;
+            --sharers;
+        }
         layOutFrame(each, bottom + margin, frameWidth, frameHeight);
         bottom += margin + frameHeight;
     }

@@ -20,6 +20,10 @@ constexpr int startHeight = 10200;
 
 constexpr int scrollBarThickness = 255;  // twips
 
-void layOutContent(MainForm& form);
+/// What the list of inputs gets of the height that both lists share, in thousandths.
+constexpr int evenShare = 500;
+
+/// Raises or lowers the share so that no list becomes too small to be used.
+void layOutContent(MainForm& form, int inputShare = evenShare);
 
 }  // namespace form

@@ -63,6 +63,34 @@ TEST(LayOutContent, TheFramesAreInputOutputExecution)
     EXPECT_LE(form.Execution.Top + form.Execution.Height, form.StatusLine.Top);
 }
 
+TEST(LayOutContent, TheListsShareTheirHeightAsTheyAreTold)
+{
+    form::MainForm form;
+    layOut(form, form::startWidth, form::startHeight);
+    const int both = form.Inputs.Height + form.Outputs.Height;
+    EXPECT_NEAR(form.Inputs.Height, form.Outputs.Height, 1);
+
+    form::layOutContent(form, 650);
+
+    EXPECT_NEAR(form.Inputs.Height, both * 65 / 100, 1);
+    EXPECT_NEAR(form.Inputs.Height + form.Outputs.Height, both, 1);
+    EXPECT_LT(form.Inputs.Top + form.Inputs.Height, form.Outputs.Top);
+    EXPECT_LT(form.Outputs.Top + form.Outputs.Height, form.Execution.Top);
+}
+
+TEST(LayOutContent, NoListBecomesTooSmallToBeUsed)
+{
+    for (const int share : {-1, 0, 1, 999, 1000, 2000}) {
+        form::MainForm form;
+        form.ScaleHeight = 8400;
+        form::layOutContent(form, share);
+
+        EXPECT_GE(form.InputsList.Height, 600) << share;
+        EXPECT_GE(form.OutputsList.Height, 600) << share;
+        EXPECT_LE(form.StatusLine.Top + form.StatusLine.Height, form.pbInner.Height) << share;
+    }
+}
+
 TEST(LayOutContent, TheStatusLineHasRoomForTwoLines)
 {
     form::MainForm form;
