@@ -125,6 +125,7 @@ void ParameterGrid::AddItem(std::string_view rowText)
     row.append(rowText).append(added, cellSeparator);
     slots_.push_back(std::move(row));
     ++changes_;
+    ++fills_;
     if (namesKnown_)
         names_.add(nameOf(slots_.back()));
 }
@@ -166,6 +167,7 @@ void ParameterGrid::setRows(int rows)
 void ParameterGrid::replaceRows(std::vector<std::string> texts)
 {
     ++changes_;
+    ++fills_;
     forgetNames();
     removed_ = 0;
     slots_ = std::move(texts);
@@ -185,6 +187,7 @@ void ParameterGrid::letGo(std::size_t first, std::size_t end)
 void ParameterGrid::sortByName()
 {
     ++changes_;
+    ++fills_;
     closeGaps();
     forgetNames();
     std::vector<SortKey> keys;

@@ -47,6 +47,9 @@ public:
 
     /// Grows with each change of a cell, of rows or of their order.
     std::uint64_t changes() const { return changes_; }
+    /// Grows whenever rows come or change places, after which others may stand where some were
+    /// selected.
+    std::uint64_t fills() const { return fills_; }
 
     /// A row's cells joined by TAB, as they are stored in the control file.
     std::string rowText(int row) const;
@@ -96,10 +99,10 @@ public:
 
     /// The selected rows, whichever way the selection was made.
     RowRange selectedRows() const;
+    RowRange allRows() const { return {1, Rows() - 1}; }
 
 private:
     void letGo(std::size_t first, std::size_t end);
-    RowRange allRows() const { return {1, Rows() - 1}; }
     void keepSelectionInside();
     void closeGaps() const;
     void popRemovedTail();
@@ -111,6 +114,7 @@ private:
     int columns_;
     std::vector<GoneRow>* gone_ = nullptr;
     std::uint64_t changes_ = 0;
+    std::uint64_t fills_ = 0;
     // The texts of the parameter rows. A row removed by name leaves an empty text until the next
     // access by row number, so that removing many rows moves each remaining row at most once.
     mutable std::vector<std::string> slots_;
