@@ -169,6 +169,15 @@ std::vector<findings::Finding> Program::check()
     return found;
 }
 
+preview::Preview Program::preview(std::string_view wantedName)
+{
+    preview::Preview made;
+    if (!closed_)
+        dispatcher_.run("Preview",
+                        [&] { made = preview::previewOfApply(session_.context, wantedName); });
+    return made;
+}
+
 void Program::close()
 {
     if (dispatcher_.isBusy()) {

@@ -9,6 +9,7 @@
 #include "findings/Finding.h"
 #include "form/NewRows.h"
 #include "form/StepBack.h"
+#include "preview/Preview.h"
 
 #include <array>
 #include <cstdint>
@@ -91,6 +92,10 @@ public:
     /// What of the study as it stands would fail or mislead in the loop, files and FEMAP looked at.
     /// Changes nothing. Nothing while a procedure runs, or when FEMAP is lost meanwhile.
     std::vector<findings::Finding> check();
+
+    /// What "Apply" would write now, with the texts of the file of that name. Changes nothing, and
+    /// shows nothing in FEMAP. Empty while a procedure runs, or when FEMAP is lost meanwhile.
+    preview::Preview preview(std::string_view wantedName = {});
 
     /// Unloads both forms; while a procedure runs, as soon as it has ended.
     void close();

@@ -13,7 +13,11 @@ namespace femap
 class ForwardingApplication : public Application
 {
 public:
-    explicit ForwardingApplication(std::unique_ptr<Application> real) : real_(std::move(real)) {}
+    explicit ForwardingApplication(std::unique_ptr<Application> real)
+        : own_(std::move(real)), real_(own_.get())
+    {}
+    /// The real one must outlive this.
+    explicit ForwardingApplication(Application& real) : real_(&real) {}
 
     void feAppVisible(bool visible) override { real_->feAppVisible(visible); }
     ReturnCode feFileOpen(bool useDialog, const std::string& path) override
@@ -55,7 +59,8 @@ public:
     }
 
 private:
-    std::unique_ptr<Application> real_;
+    std::unique_ptr<Application> own_;
+    Application* real_;
 };
 
 }  // namespace femap

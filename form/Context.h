@@ -40,6 +40,8 @@ struct Context
     {}
 
     MainForm& form;
+    /// Whose rows go into the files: those of the form, but in a preview of another one.
+    const FormControls* grids = &form;
     FormHost& host;
     sys::System& system;
     logging::FemapLogger log;

@@ -203,9 +203,9 @@ void Save_Config(Context& context, form::Progress& progress)
     TextFile file = openTarget(context, *model, controlFile);
     logDebug(context.log, "Opened file ", path, " to write");
     const auto writeRow = [&](const ParameterRow& row) { file.line(row.text()); };
-    forEachNamedRow(progress, context.form.InputsList, writeRow);
+    forEachNamedRow(progress, context.grids->InputsList, writeRow);
     file.line("");
-    forEachNamedRow(progress, context.form.OutputsList, writeRow);
+    forEachNamedRow(progress, context.grids->OutputsList, writeRow);
     finish(progress, file);
     rememberWrittenControlFile(context, path);
     takeAsApplied(context.form, modelFile);

@@ -149,8 +149,8 @@ std::string exchangeHead(const Context& context, const ExchangeFormat& format,
 void WriteExchangeFiles(Context& context, form::Progress& progress, const std::string& folder,
                         const std::string& name)
 {
-    writeExchange(context, progress, folder, name, inputExchange, context.form.InputsList);
-    writeExchange(context, progress, folder, name, outputExchange, context.form.OutputsList);
+    writeExchange(context, progress, folder, name, inputExchange, context.grids->InputsList);
+    writeExchange(context, progress, folder, name, outputExchange, context.grids->OutputsList);
 }
 
 }  // namespace generate

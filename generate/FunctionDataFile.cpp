@@ -95,7 +95,7 @@ void WriteFunctionInputs(Context& context, form::Progress& progress)
     form::FemapLock lock(context, "Acquired Femap lock before functions data",
                          form::FemapLock::AnyPointer);
     logDebug(context.log, "Start iteration over InputsList");
-    forEachRow(progress, context.form.InputsList, [&](const ParameterRow& row) {
+    forEachRow(progress, context.grids->InputsList, [&](const ParameterRow& row) {
         if (row.cell(form::inputColumn::kind) == form::functionKind)
             writeFunctionOf(context, row, file);
     });

@@ -218,8 +218,8 @@ void WriteParameterFile(Context& context, form::Progress& progress, const std::s
 {
     TextFile file = openTarget(context, {folder, name}, parameterFile);
     fillIn(parameters,
-           {{"input", namesAndValues(progress, context.form.InputsList)},
-            {"output", namesAndValues(progress, context.form.OutputsList)}},
+           {{"input", namesAndValues(progress, context.grids->InputsList)},
+            {"output", namesAndValues(progress, context.grids->OutputsList)}},
            [&](std::string_view line) { file.line(line); });
     finish(progress, file);
 }

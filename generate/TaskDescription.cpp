@@ -261,7 +261,7 @@ void WriteDescFile(Context& context, form::Progress& progress)
     caeInput.write(exchangeHead(context, inputExchange, name));
     WriteDescFileHead(context, task);
     WriteBatchFile(context, progress, folder, name);
-    forEachNamedRow(progress, context.form.InputsList, [&](const ParameterRow& row) {
+    forEachNamedRow(progress, context.grids->InputsList, [&](const ParameterRow& row) {
         if (isFunction(row))
             return;
         caeInput.line(inputParameterLine(row));
@@ -279,7 +279,7 @@ void WriteDescFile(Context& context, form::Progress& progress)
     const std::string outputPaths = pathsOf(outputExchange, folder);
     logDebug(context.log, "Opened files ", outputPaths, " For writing");
     caeOutput.write(exchangeHead(context, outputExchange, name));
-    forEachNamedRow(progress, context.form.OutputsList, [&](const ParameterRow& row) {
+    forEachNamedRow(progress, context.grids->OutputsList, [&](const ParameterRow& row) {
         caeOutput.line(outputResponseLine(row));
         outputNamesAndValues.line(nameValueLine(row));
         task.line(outputLine(row));
@@ -319,10 +319,10 @@ void WriteDescFileOptimize(Context& context, form::Progress& progress, TextFile&
 {
     logDebug(context.log, "Before writing optimize of Desc file");
     fillIn(optimisation,
-           {{"input", names(progress, context.form.InputsList, isAny)},
-            {"property input", names(progress, context.form.InputsList, isVaried)},
-            {"output", names(progress, context.form.OutputsList, isAny)},
-            {"element output", names(progress, context.form.OutputsList, isConstrained)}},
+           {{"input", names(progress, context.grids->InputsList, isAny)},
+            {"property input", names(progress, context.grids->InputsList, isVaried)},
+            {"output", names(progress, context.grids->OutputsList, isAny)},
+            {"element output", names(progress, context.grids->OutputsList, isConstrained)}},
            [&](std::string_view line) { file.line(line); });
     logDebug(context.log, "After writing optimize of Desc file");
 }

@@ -4,7 +4,6 @@
 #include "logging/Module1.h"
 #include "system/Memory.h"
 #include "system/PendingError.h"
-#include "system/RuntimeError.h"
 
 #include <utility>
 
@@ -28,12 +27,6 @@ std::string_view messageFor(ErrorNumber number)
                  "again: ";
 }
 
-RuntimeError notWritten(ErrorNumber number, const std::string& reason, const std::string& path)
-{
-    const std::string name = path.substr(path.find_last_of(sys::pathSeparators) + 1);
-    return {number, reason + ". " + name + std::string(messageFor(number)) + path};
-}
-
 // Runs a step that writes; its errors then name the final file and say what to do. The reason comes
 // first and the path last, for FEMAP's message window cuts long texts.
 template <class Step>
@@ -43,16 +36,21 @@ auto namingFile(const std::string& path, Step&& step)
         try {
             return step();
         }
-        catch (const sys::DiskError& error) {
-            throw notWritten(error.number(), error.reason(), path);
-        }
         catch (const RuntimeError& error) {
-            throw notWritten(error.number(), error.description(), path);
+            throw notWritten(error, path);
         }
     });
 }
 
 }  // namespace
+
+RuntimeError notWritten(const RuntimeError& error, const std::string& path)
+{
+    const auto* const ofDisk = dynamic_cast<const sys::DiskError*>(&error);
+    const std::string reason = ofDisk == nullptr ? error.description() : ofDisk->reason();
+    const std::string name = path.substr(path.find_last_of(sys::pathSeparators) + 1);
+    return {error.number(), reason + ". " + name + std::string(messageFor(error.number())) + path};
+}
 
 TextFile::TextFile(sys::System& system, logging::FemapLogger& log, const std::string& path)
     : system_(system),

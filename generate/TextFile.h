@@ -5,6 +5,7 @@
 
 #include "logging/FemapLogger.h"
 #include "system/LineWriter.h"
+#include "system/RuntimeError.h"
 
 #include <span>
 #include <string>
@@ -49,6 +50,9 @@ private:
     sys::LineWriter writer_;
     bool closed_ = false;
 };
+
+/// What is told of a file that could not be written, after what the disk said.
+sys::RuntimeError notWritten(const sys::RuntimeError& error, const std::string& path);
 
 /// Gives the file its final name and counts it for the result that the action tells.
 void finish(form::Progress& progress, TextFile& file);

@@ -5,6 +5,7 @@
 #include "femap/NumberText.h"
 #include "findings/FindingText.h"
 #include "form/ListControls.h"
+#include "preview/PreviewText.h"
 
 #include <algorithm>
 #include <iterator>
@@ -122,6 +123,7 @@ const StudyRunner::Action StudyRunner::actions[] = {
     {"activate",   &StudyRunner::activate},
     {"print",      &StudyRunner::print},
     {"check",      &StudyRunner::check},
+    {"preview",    &StudyRunner::preview},
     {"close",      &StudyRunner::close},
 };
 // clang-format on
@@ -322,6 +324,22 @@ void StudyRunner::check(const ScriptLine& line)
     const std::vector<findings::Finding> found = findings();
     foundErrors_ = foundErrors_ || findings::counted(found).errors != 0;
     world_.output << findingsText(found, world_.findingsForm);
+}
+
+void StudyRunner::preview(const ScriptLine& line)
+{
+    const preview::Preview made = program_.preview(line.argument);
+    if (line.argument.empty()) {
+        world_.output << preview::textOf(made);
+        return;
+    }
+    const preview::File* const file = made.find(line.argument);
+    if (file == nullptr)
+        throw ScriptError(line.number, '"' + line.argument +
+                                           "\" is no file that \"Apply\" would write now; those "
+                                           "are listed by preview without a name");
+    preview::writeDifference(made, *file, world_.system.codePage,
+                             [&](std::string_view text) { world_.output << text; });
 }
 
 std::vector<findings::Finding> StudyRunner::findings()

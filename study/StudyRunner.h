@@ -108,6 +108,7 @@ private:
     void activate(const ScriptLine& line);
     void print(const ScriptLine& line);
     void check(const ScriptLine& line);
+    void preview(const ScriptLine& line);
     void close(const ScriptLine& line);
 
     femap::embedded::Host& requireHost(const ScriptLine& line) const;

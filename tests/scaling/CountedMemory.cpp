@@ -1,12 +1,22 @@
 #include "scaling/CountedMemory.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <malloc.h>
 #include <new>
 
 namespace
 {
 
 scaling::Taken taken;
+std::size_t held = 0;
+std::size_t most = 0;
+
+void giveBack(void* memory)
+{
+    held -= malloc_usable_size(memory);
+    std::free(memory);
+}
 
 }  // namespace
 
@@ -18,6 +28,21 @@ Taken takenSoFar()
     return taken;
 }
 
+std::size_t heldNow()
+{
+    return held;
+}
+
+std::size_t mostHeld()
+{
+    return most;
+}
+
+void forgetMostHeld()
+{
+    most = held;
+}
+
 }  // namespace scaling
 
 // In place of the library's own; the forms for arrays come here, too.
@@ -25,7 +50,10 @@ void* operator new(std::size_t size, const std::nothrow_t& /*wish*/) noexcept
 {
     ++taken.pieces;
     taken.bytes += size;
-    return std::malloc(size > 0 ? size : 1);
+    void* const memory = std::malloc(size > 0 ? size : 1);
+    held += malloc_usable_size(memory);
+    most = std::max(most, held);
+    return memory;
 }
 
 void* operator new(std::size_t size)
@@ -37,10 +65,10 @@ void* operator new(std::size_t size)
 
 void operator delete(void* memory) noexcept
 {
-    std::free(memory);
+    giveBack(memory);
 }
 
 void operator delete(void* memory, std::size_t /*size*/) noexcept
 {
-    std::free(memory);
+    giveBack(memory);
 }

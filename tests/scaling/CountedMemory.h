@@ -14,4 +14,9 @@ struct Taken
 
 Taken takenSoFar();
 
+/// Bytes that it holds now, and the most that it held since that was forgotten.
+std::size_t heldNow();
+std::size_t mostHeld();
+void forgetMostHeld();
+
 }  // namespace scaling
