@@ -28,6 +28,8 @@ public:
     virtual void ended(const Action& action) = 0;
     /// Rows that the latest action took away are back.
     virtual void steppedBack() = 0;
+    /// Both grids hold what an earlier run left now.
+    virtual void broughtBack() = 0;
 };
 
 }  // namespace app

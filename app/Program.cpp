@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <optional>
 #include <stdexcept>
 
 namespace app
@@ -55,6 +54,7 @@ Started Program::start(const std::string& arguments)
         return Started::FemapNotFound;
     }
     runWaiting();
+    keepRows();
     return ended == Ended::Normally ? Started::Normally : Started::ByError;
 }
 
@@ -78,6 +78,7 @@ Ended Program::enterText(form::ComboBox& box, const std::string& text)
         perform({form::click(form().named(box).name), 0, &box}, [&] { box.enterText(text); });
     if (ended != Ended::NotStarted)
         runWaiting();
+    keepRows();
     return ended;
 }
 
@@ -186,6 +187,7 @@ void Program::close()
     }
     if (closed_)
         return;
+    finishKeeping();
     closed_ = true;
     session_.connector.waitBriefly(true);
     dispatcher_.run("Form_Unload", [this] { releaseLocks(session_.context); });
@@ -211,79 +213,8 @@ Ended Program::run(const Binding& binding, int argument, bool isFurther)
     const Ended ended = performOnRows(binding, argument);
     runWaiting();
     forgetStepOfAnotherModel();
+    keepRows();
     return ended;
-}
-
-// Watches what becomes of the rows, so that it can be taken back.
-Ended Program::performOnRows(const Binding& binding, int argument)
-{
-    const auto procedure = [&] {
-        return perform({binding.event, argument}, [&] { binding.procedure(session_, argument); });
-    };
-    const bool isOtherKey = binding.event.what == What::KeyDown && argument != form::deleteKey;
-    if (binding.withRows == WithRows::Nothing || isOtherKey)
-        return procedure();
-    if (binding.withRows == WithRows::ReadsAgain) {
-        isReadAgainSince_ = true;
-        return procedure();
-    }
-    const bool mayAdd = binding.withRows == WithRows::TakesAwayAndAdds;
-    stepBack_.begin(mayAdd);
-    if (mayAdd)
-        for (form::NewRows& each : newRows_)
-            each.begin();
-    const Ended ended = procedure();
-    if (mayAdd)
-        for (form::NewRows& each : newRows_)
-            each.end();
-    if (stepBack_.end()) {
-        modelOfStep_ = form().openModel.value_or("");
-        isReadAgainSince_ = false;
-    }
-    return ended;
-}
-
-// A model that got its first name is the same one.
-void Program::forgetStepOfAnotherModel()
-{
-    const std::optional<std::string>& model = form().openModel;
-    if (!model || *model == modelOfStep_)
-        return;
-    if (!modelOfStep_.empty())
-        stepBack_.forget();
-    modelOfStep_ = *model;
-}
-
-void Program::stepBack()
-{
-    if (closed_ || dispatcher_.isBusy())
-        return;
-    forgetFormerAction();
-    form::Status& status = form().status;
-    if (!stepBack_.isThere()) {
-        status.tellResult("There is nothing to bring back");
-        return;
-    }
-    const form::StepBack::Result result = stepBack_.goBack();
-    const auto rows = [](std::size_t count, std::string_view one, std::string_view several) {
-        return std::to_string(count).append(count == 1 ? one : several);
-    };
-    status.tellResult(rows(result.back, " row is back", " rows are back"));
-    if (result.takenOut > 0)
-        status.tellHint(rows(result.takenOut, " row that came with the action is taken out",
-                             " rows that came with the action are taken out"));
-    if (result.alreadyThere > 0)
-        status.tellHint(rows(result.alreadyThere, " name was there again and stays as it is",
-                             " names were there again and stay as they are"));
-    if (isReadAgainSince_)
-        status.tellHint("Their values were read before the latest \"Refresh Values\"");
-    if (observedDialog_.observer != nullptr)
-        observedDialog_.observer->steppedBack();
-}
-
-const form::NewRows& Program::newRows(const form::ParameterGrid& grid) const
-{
-    return newRows_[&grid == &session_.form.InputsList ? 0 : 1];
 }
 
 // An action begins: what was told and shown of the former one goes.

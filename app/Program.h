@@ -5,6 +5,7 @@
 #include "app/ActionObserver.h"
 #include "app/Bindings.h"
 #include "app/EventDispatcher.h"
+#include "app/KeptRows.h"
 #include "app/Session.h"
 #include "findings/Finding.h"
 #include "form/NewRows.h"
@@ -15,6 +16,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -66,6 +68,13 @@ public:
     /// Brings back the rows that the latest removal, "Clear All" or selection took away, and tells
     /// how many. Runs no procedure and logs nothing; does nothing while a procedure runs.
     void stepBack();
+    /// From now on rows that are not applied are kept in this folder, which ends in a separator.
+    void keepRowsIn(const std::string& folder);
+    /// Replaces the rows of both grids by those that an earlier run left, and tells how many. Runs
+    /// no procedure and logs nothing; does nothing while a procedure runs.
+    void bringBackKept();
+    /// Writes rows whose turn has come meanwhile; to be called now and then.
+    void keepRows();
     /// The rows of a grid that the latest action brought in.
     const form::NewRows& newRows(const form::ParameterGrid& grid) const;
     /// FEMAP's event message. Other codes do nothing.
@@ -128,6 +137,7 @@ private:
     void runWaiting();
     Ended performOnRows(const Binding& binding, int argument);
     void forgetStepOfAnotherModel();
+    void finishKeeping();
     void forgetFormerAction();
 
     ObservedDialog observedDialog_;
@@ -136,6 +146,7 @@ private:
     form::StepBack stepBack_{{&session_.form.InputsList, &session_.form.OutputsList}};
     std::array<form::NewRows, 2> newRows_{form::NewRows(session_.form.InputsList),
                                           form::NewRows(session_.form.OutputsList)};
+    std::optional<KeptRows> kept_;
     std::string modelOfStep_;        // its file, empty while never saved
     bool isReadAgainSince_ = false;  // the rows, since the step
     std::vector<Waiting> waiting_;

@@ -83,9 +83,9 @@ void StepBack::begin(bool mayAdd)
     }
 }
 
-bool StepBack::end()
+bool StepBack::end(bool isReplacement)
 {
-    bool tookAway = false;
+    bool tookAway = isReplacement;
     for (std::size_t i = 0; i < grids_.size(); ++i) {
         ParameterGrid& grid = *grids_[i];
         Watched& watched = watched_[i];

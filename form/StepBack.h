@@ -33,8 +33,9 @@ public:
     /// also add or sort, all rows are copied.
     void begin(bool mayAdd);
     /// It has ended. When it took rows away, the step is that of this action, else the former one;
-    /// then what it added counts as added since. Returns whether it took rows away.
-    bool end();
+    /// then what it added counts as added since. Returns whether it took rows away. An action that
+    /// replaced all rows is always a step.
+    bool end(bool isReplacement = false);
     void forget();
 
     bool isThere() const { return isThere_; }

@@ -139,6 +139,11 @@ void Recorder::steppedBack()
     write("stepback\n");
 }
 
+void Recorder::broughtBack()
+{
+    write("# Here the rows of an earlier run came back, which a script cannot repeat.\n");
+}
+
 void Recorder::picked(femap::ReturnCode code, const std::vector<int>& ids)
 {
     before_ += "pick " + pickText(code, ids) + '\n';

@@ -27,6 +27,7 @@ public:
     void answered(const selection::frmPropertyList& dialog) override;
     void ended(const app::Action& action) override;
     void steppedBack() override;
+    void broughtBack() override;
 
     /// A selection dialog of FEMAP was answered with these IDs.
     void picked(femap::ReturnCode code, const std::vector<int>& ids);

@@ -131,6 +131,14 @@ TEST_F(Recorded, AStepBackStandsWhereItWasTaken)
                             "click ClearInputSelection", "stepback"));
 }
 
+TEST_F(Recorded, RowsOfAnEarlierRunAreARemark)
+{
+    static_cast<app::ActionObserver&>(recorder).broughtBack();
+
+    EXPECT_THAT(script(), ElementsAre("# Here the rows of an earlier run came back, which a "
+                                      "script cannot repeat."));
+}
+
 TEST_F(Recorded, RowsThatWereReadAgainStandAsTheyWereSelected)
 {
     pick({1, 2, 3});
