@@ -11,7 +11,12 @@ enum class ReturnCode : int
     Fail = 0,
     Cancel = 2,
     NotExist = 4,
-    NegativeMass = 11,  // the measurement gives values nevertheless
+    NotAvailable = 6,
+    BadData = 9,
+    NegativeMass = 11,    // the measurement gives values nevertheless
+    FileOpenFailed = 15,  // of newer versions, as is the last one
+    NoFileName = 16,
+    FileWriteFailed = 17,
 };
 
 /// FEMAP's numbers for kinds of entities.
@@ -26,6 +31,7 @@ enum class EntityType : int
     OutputVector = 29,
     Function = 35,
     LoadDefinition = 46,
+    AnalysisSet = 60,
 };
 
 /// FEMAP's numbers for kinds of elements and of the properties that they use.

@@ -40,6 +40,17 @@ Variant numberOf(HWND window)
     return result;
 }
 
+template <auto member>
+void putNumber(App& application, Arguments& arguments)
+{
+    application.*member = arguments.number(0);
+}
+
+void putActive(App& application, Arguments& arguments)
+{
+    application.putActiveID(arguments);
+}
+
 // clang-format off
 constexpr Member<ApplicationObject> applicationMembers[] = {
     {"feSet",            make<SetObject>},
@@ -58,7 +69,10 @@ constexpr Member<ApplicationObject> applicationMembers[] = {
     {"ModelName",                             serve<&App::modelName>},
     {"Info_Count",                            serve<&App::countOf>},
     {"Info_NextID",                           serve<&App::nextIDOf>},
-    {"Info_ActiveID",                         serve<&App::activeID>},
+    {"Info_ActiveID",                         serve<&App::activeID>, putActive},
+    {"DialogAutoSkip",    serve<&App::dialogAutoSkip>,    putNumber<&App::dialogAutoSkip>},
+    {"DialogAutoSkipMsg", serve<&App::dialogAutoSkipMsg>, putNumber<&App::dialogAutoSkipMsg>},
+    {"DialogAutoAnswer",  serve<&App::dialogAutoAnswer>,  putNumber<&App::dialogAutoAnswer>},
     {"feAppStatusShow",                       serve<&App::statusShow>},
     {"feAppStatusUpdate",                     serve<&App::statusUpdate>},
     {"feAppMessage",                          serve<&App::message>},
@@ -66,7 +80,13 @@ constexpr Member<ApplicationObject> applicationMembers[] = {
     {"feAppUnlock",                           serve<&App::unlock>},
     {"feFileOpen",                            serve<&App::fileOpen>},
     {"feFileIsModified",                      serve<&App::isFileModified>},
+    {"feFileWriteNastran",                    serve<&App::fileWriteNastran>},
+    {"feFileReadNastranResults",              serve<&App::fileReadNastranResults>},
     {"feMeasureMeshMassProp",                 serve<&App::measure>},
+    {"feDelete",                              serve<&App::deleteOfKind>},
+    {"feDeleteAll",                           serve<&App::deleteAll>},
+    {"feDeleteOutput",                        serve<&App::deleteOutput>},
+    {"feDeleteOutputV2",                      serve<&App::deleteOutput>},
     {"feAppVisible",                          serve<&App::visible>},
     {"feAppGetAllModels",                     serve<&App::allModels>},
     {"feAppRegisterAddInPane",                serve<&App::registerAddInPane>},

@@ -42,12 +42,27 @@ public:
     int measure(Arguments& arguments);
     int convertToNew(int id);
     int convertToOld(int id);
+    int fileWriteNastran(int brand, const std::string& path);
+    int fileReadNastranResults(int brand, const std::string& path);
+    /// Of the kind, those that a set holds.
+    int deleteOfKind(EntityType type, int set);
+    int deleteAll(bool geometry, bool mesh, bool output, bool confirmed);
+    /// Vectors, those that a set holds.
+    int deleteOutput(int outputSet, int set);
+    void putActiveID(Arguments& arguments);
+
+    // Whether FEMAP's own dialogs, or its message boxes, stay away.
+    int dialogAutoSkip = 0;
+    int dialogAutoSkipMsg = 0;
+    int dialogAutoAnswer = 0;
 
 protected:
     bool returnsColumns() const override { return false; }
     void unreferenced() override {}
 
 private:
+    int codeOf(ReturnCode code) const;
+
     std::unique_ptr<femap::Application> femap_;  // the model host's
     MainWindow window_;
     bool endsWithLastClient_ = false;

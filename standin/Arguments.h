@@ -36,6 +36,9 @@ public:
     bool flag(std::size_t i) const { return values_[i].raw().boolVal != VARIANT_FALSE; }
     std::string text(std::size_t i) const { return values_[i].text(); }
     std::vector<int> numbers(std::size_t i) const { return values_[i].numbers(); }
+    std::vector<double> reals(std::size_t i) const { return values_[i].reals(); }
+    /// The value of a property that is put.
+    const Variant& put() const { return values_.back(); }
 
     // Fill out arguments.
     void fill(std::size_t i, int number) { *values_[i].raw()->plVal = number; }

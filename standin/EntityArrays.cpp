@@ -3,7 +3,10 @@
 #include "standin/Server.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <type_traits>
+#include <utility>
+#include <vector>
 
 namespace standin
 {
@@ -89,6 +92,64 @@ Variant getValueArray(EntityObject<Data>& entity, Arguments& arguments)
     return ok;
 }
 
+constexpr int missing = static_cast<int>(ReturnCode::NotExist);
+
+// A number of an array that is to be written.
+struct Place
+{
+    int id;
+    int index;
+    double value;
+};
+
+template <class Data>
+Variant putPlaces(EntityObject<Data>& entity, std::vector<double> Data::*array,
+                  const std::vector<Place>& places)
+{
+    embedded::Host& host = entity.server().host;
+    auto& table = host.openModel().*embedded::Kind<Data>::table;
+    for (const Place& place : places) {
+        if (place.index < 0 || static_cast<std::size_t>(place.index) >= femap::numbersLength)
+            return failed;
+        if (table.find(place.id) == nullptr)
+            return missing;
+    }
+    for (const Place& place : places) {
+        std::vector<double>& numbers = table.find(place.id)->*array;
+        const auto index = static_cast<std::size_t>(place.index);
+        if (index >= numbers.size())
+            numbers.resize(index + 1);
+        numbers[index] = place.value;
+        host.isModified = true;
+    }
+    return ok;
+}
+
+// As getValueArray, the other way round.
+template <class Data, std::vector<double> Data::*array>
+Variant putValueArray(EntityObject<Data>& entity, Arguments& arguments)
+{
+    const auto count = static_cast<std::size_t>(std::max(arguments.number(0), 0));
+    const std::vector<int> ids = arguments.numbers(1);
+    const std::vector<int> indices = arguments.numbers(2);
+    const std::vector<double> values = arguments.reals(3);
+    if (ids.size() < count || indices.size() < count || values.size() < count)
+        return failed;
+    std::vector<Place> places;
+    for (std::size_t i = 0; i < count; ++i)
+        places.push_back({ids[i], indices[i], values[i]});
+    return putPlaces(entity, array, places);
+}
+
+template <class Data, std::vector<double> Data::*array>
+Variant putValue(EntityObject<Data>& entity, Arguments& arguments, EntityType type)
+{
+    std::vector<Place> places;
+    for (const int id : entity.server().idsIn(arguments.number(0), type))
+        places.push_back({id, arguments.number(1), arguments.real(2)});
+    return places.empty() ? Variant(missing) : putPlaces(entity, array, places);
+}
+
 }  // namespace
 
 Variant getCoordArray(EntityObject<Node>& entity, Arguments& arguments)
@@ -140,6 +201,52 @@ Variant getPropertyValues(EntityObject<Property>& entity, Arguments& arguments)
 Variant getMaterialValues(EntityObject<Material>& entity, Arguments& arguments)
 {
     return getValueArray<Material, &Material::mval>(entity, arguments);
+}
+
+// A node that is not there is made, as Put makes one.
+Variant putCoordArray(EntityObject<Node>& entity, Arguments& arguments)
+{
+    constexpr std::size_t directions = 3;
+    const auto count = static_cast<std::size_t>(std::max(arguments.number(0), 0));
+    const std::vector<int> ids = arguments.numbers(1);
+    const std::vector<double> xyz = arguments.reals(2);
+    if (ids.size() < count || xyz.size() < directions * count ||
+        std::any_of(ids.begin(), ids.begin() + static_cast<std::ptrdiff_t>(count),
+                    [](int id) { return id <= 0; }))
+        return failed;
+    embedded::Host& host = entity.server().host;
+    std::vector<Node> nodes;
+    for (std::size_t i = 0; i < count; ++i) {
+        const Node* const found = host.openModel().nodes.find(ids[i]);
+        Node& node = nodes.emplace_back(found == nullptr ? Node() : *found);
+        node.id = ids[i];
+        node.x = xyz[directions * i];
+        node.y = xyz[directions * i + 1];
+        node.z = xyz[directions * i + 2];
+        host.isModified = true;
+    }
+    host.openModel().nodes.merge(std::move(nodes));
+    return ok;
+}
+
+Variant putPropertyValues(EntityObject<Property>& entity, Arguments& arguments)
+{
+    return putValueArray<Property, &Property::pval>(entity, arguments);
+}
+
+Variant putMaterialValues(EntityObject<Material>& entity, Arguments& arguments)
+{
+    return putValueArray<Material, &Material::mval>(entity, arguments);
+}
+
+Variant putPropertyValue(EntityObject<Property>& entity, Arguments& arguments)
+{
+    return putValue<Property, &Property::pval>(entity, arguments, EntityType::Property);
+}
+
+Variant putMaterialValue(EntityObject<Material>& entity, Arguments& arguments)
+{
+    return putValue<Material, &Material::mval>(entity, arguments, EntityType::Material);
 }
 
 }  // namespace standin

@@ -9,8 +9,6 @@
 #include <optional>
 #include <string>
 #include <type_traits>
-#include <utility>
-#include <variant>
 
 namespace standin
 {
@@ -81,55 +79,57 @@ Variant wholeArray(EntityObject<Data>& self, Arguments&)
     return numbers;
 }
 
-// The offset of an end in a direction, both counted from 0.
-Variant offset(EntityObject<Element>& self, Arguments& arguments)
+// The same the other way round, into the loaded entity.
+template <class Data>
+void putWholeArray(EntityObject<Data>& self, Arguments& arguments)
+{
+    const std::string name(arguments.member().substr(1));
+    const std::vector<double> numbers = arguments.put().reals();
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        self.entity.put(name, static_cast<int>(i), numbers[i]);
+}
+
+// The place of the offset of an end in a direction, both counted from 0.
+int placeOfOffset(const Arguments& arguments)
 {
     constexpr int directions = 3;
     const int direction = arguments.number(1);
     const bool isBeyond = direction < 0 || direction >= directions;
-    const int place = isBeyond ? beyondEveryArray : directions * arguments.number(0) + direction;
-    return toVariant(self.entity.member("offset", place));
+    return isBeyond ? beyondEveryArray : directions * arguments.number(0) + direction;
 }
 
-template <class Held>
-void assign(Held& held, int place, const Arguments& value)
+Variant offset(EntityObject<Element>& self, Arguments& arguments)
 {
-    if constexpr (std::is_same_v<Held, int>)
-        held = value.number(0);
-    else if constexpr (std::is_same_v<Held, double>)
-        held = value.real(0);
-    else if constexpr (std::is_same_v<Held, std::string>)
-        held = value.text(0);
-    else if constexpr (std::is_same_v<Held, bool>)
-        held = value.flag(0);
-    else
-        held[static_cast<std::size_t>(place)] =
-            static_cast<typename Held::value_type>(value.real(0));
+    return toVariant(self.entity.member("offset", placeOfOffset(arguments)));
+}
+
+void putOffset(EntityObject<Element>& self, Arguments& arguments)
+{
+    self.entity.put("offset", placeOfOffset(arguments), arguments.put().value());
 }
 
 // Writes a member of the loaded entity; nothing reaches the model.
 template <class Data>
 void put(EntityObject<Data>& self, Arguments& arguments)
 {
-    Data& data = self.entity.data();
-    for (const embedded::Member<Data>& member : embedded::membersOf(embedded::Kind<Data>()))
-        if (member.name == arguments.member())
-            std::visit([&](auto held) { assign(data.*held, member.element, arguments); },
-                       member.pointer);
+    const bool hasIndex = arguments.size() > 1;
+    self.entity.put(std::string(arguments.member()),
+                    hasIndex ? std::optional(arguments.number(0)) : std::nullopt,
+                    arguments.put().value());
 }
 
 template <class Data>
 constexpr Member<EntityObject<Data>> rowOf(const embedded::Member<Data>& held)
 {
-    Member<EntityObject<Data>> row{held.name, read, nullptr};
-    if (embedded::arrayLength(held) == 0)
-        row.put = put;
+    Member<EntityObject<Data>> row{held.name, read, put};
     if constexpr (std::is_same_v<Data, Property> || std::is_same_v<Data, Material>)
         if (held.name == "title")
             row.serve = title;
     if constexpr (std::is_same_v<Data, Element>)
-        if (held.name == "offset")
+        if (held.name == "offset") {
             row.serve = offset;
+            row.put = putOffset;
+        }
     return row;
 }
 
@@ -156,23 +156,28 @@ constexpr auto withHeld(const Member<EntityObject<Data>> (&others)[more])
 constexpr auto nodeMembers = withHeld<Node>({
     {"GetCoordArray", getCoordArray},
     {"GetAllArray",   getAllNodes},
+    {"PutCoordArray", putCoordArray},
 });
 
 constexpr auto elementMembers = withHeld<Element>({
-    {"vnode",         wholeArray<Element, &Element::node>},
-    {"vorient",       wholeArray<Element, &Element::orient>},
+    {"vnode",         wholeArray<Element, &Element::node>,   putWholeArray},
+    {"vorient",       wholeArray<Element, &Element::orient>, putWholeArray},
     {"GetAllArray",   getAllElements},
 });
 
 constexpr auto propertyMembers = withHeld<Property>({
-    {"vpval",         wholeArray<Property, &Property::pval>},
+    {"vpval",         wholeArray<Property, &Property::pval>, putWholeArray},
     {"GetValueArray", getPropertyValues},
+    {"PutValueArray", putPropertyValues},
+    {"PutValue",      putPropertyValue},
     {"GetTitleList",  getTitleList},
 });
 
 constexpr auto materialMembers = withHeld<Material>({
-    {"vmval",         wholeArray<Material, &Material::mval>},
+    {"vmval",         wholeArray<Material, &Material::mval>, putWholeArray},
     {"GetValueArray", getMaterialValues},
+    {"PutValueArray", putMaterialValues},
+    {"PutValue",      putMaterialValue},
     {"GetTitleList",  getTitleList},
 });
 // clang-format on
@@ -182,18 +187,6 @@ static_assert(areDeclared(propertyMembers, EntityObject<Property>::declarations)
 static_assert(areDeclared(materialMembers, EntityObject<Material>::declarations));
 
 }  // namespace
-
-template <class Data>
-int EntityObject<Data>::store(int id)
-{
-    Data stored = entity.data();
-    if (id != 0)
-        stored.id = id;
-    if (stored.id <= 0)
-        return failed;
-    (this->server().host.openModel().*embedded::Kind<Data>::table).put(std::move(stored));
-    return ok;
-}
 
 template <>
 std::span<const Member<EntityObject<Node>>> EntityObject<Node>::members()

@@ -26,8 +26,7 @@ public:
     static std::span<const Member<EntityObject>> members();
 
     int get(int id) { return static_cast<int>(entity.Get(id)); }
-    /// Stores the loaded entity in the model.
-    int store(int id);
+    int store(int id) { return static_cast<int>(entity.Put(id)); }
 
     embedded::HostEntity<Data> entity;
 };

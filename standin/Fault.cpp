@@ -29,6 +29,10 @@ constexpr FaultName faultNames[] = {
     {"raises",  Fault::Raises},
     {"short",   Fault::Short},
     {"wrong",   Fault::Wrong},
+    {"refused", Fault::Refused},
+    {"ignored", Fault::Ignored},
+    {"stalls",  Fault::Stalls},
+    {"dies",    Fault::Dies},
 };
 // clang-format on
 

@@ -18,15 +18,19 @@ enum class Fault
     Missing,  // FEMAP does not know its name
     Fails,    // it returns FE_FAIL
     Raises,
-    Short,  // the arrays that it returns lack their last element
-    Wrong,  // numbers and texts in the arrays that it returns are changed
+    Short,    // the arrays that it returns lack their last element, a file that it writes its half
+    Wrong,    // numbers and texts in the arrays that it returns are changed
+    Refused,  // a property that can be read but not written: writing it raises
+    Ignored,  // FEMAP says that all went well, and nothing is done
+    Stalls,   // it takes the time that a test gave to calls that stall
+    Dies,     // it is the last one that FEMAP carries out; nobody gets an answer
 };
 
 /// The members that have a fault at the moment.
 class Faults
 {
 public:
-    /// how: "missing", "fails", "raises", "short", "wrong", or "none". False for any other text.
+    /// how: the name of a fault, or "none". False for any other text.
     bool set(const std::string& member, std::string_view how);
     std::optional<Fault> of(std::string_view kind, std::string_view member) const;
 

@@ -45,6 +45,17 @@ public:
             return load_.definitionID;
         return toVariant(index ? load_.load->member(name, *index) : load_.load->member(name));
     }
+    /// Into the load object; nothing reaches the model.
+    void write(Arguments& arguments)
+    {
+        const std::string name(arguments.member());
+        const bool hasIndex = arguments.size() > 1;
+        load_.load->put(name, hasIndex ? std::optional(arguments.number(0)) : std::nullopt,
+                        arguments.put().value());
+        if (name == "LoadDefinitionID")
+            load_.definitionID = arguments.number(0);
+    }
+    int store(int id) { return static_cast<int>(load_.load->Put(id)); }
     /// The whole of "load".
     Variant values(Arguments&)
     {
@@ -52,6 +63,12 @@ public:
         for (std::size_t i = 0; i < all.size(); ++i)
             all[i] = std::get<double>(load_.load->member("load", static_cast<int>(i)));
         return all;
+    }
+    void putValues(Arguments& arguments)
+    {
+        const std::vector<double> all = arguments.put().reals();
+        for (std::size_t i = 0; i < all.size(); ++i)
+            load_.load->put("load", static_cast<int>(i), all[i]);
     }
 
 protected:
@@ -61,18 +78,25 @@ private:
     LoadOf load_;
 };
 
-// The members that the model host serves, and the array as a whole.
+template <auto function, class Load>
+void putInto(Load& load, Arguments& arguments)
+{
+    (load.*function)(arguments);
+}
+
+// The members that the model host serves, the array as a whole, and what stores the load.
 template <class Data>
 constexpr auto loadMembers()
 {
     using Load = LoadObject<Data>;
     constexpr auto held = embedded::membersOf(embedded::Kind<Data>());
-    std::array<Member<Load>, held.size() + (hasValues<Data> ? 1 : 0)> rows{};
+    std::array<Member<Load>, held.size() + (hasValues<Data> ? 2 : 1)> rows{};
     std::ranges::transform(held, rows.begin(), [](const embedded::Member<Data>& member) {
-        return Member<Load>{member.name, serve<&Load::read>};
+        return Member<Load>{member.name, serve<&Load::read>, putInto<&Load::write>};
     });
+    rows[held.size()] = {"Put", serve<&Load::store>};
     if constexpr (hasValues<Data>)
-        rows.back() = {"vload", serve<&Load::values>};
+        rows.back() = {"vload", serve<&Load::values>, putInto<&Load::putValues>};
     return rows;
 }
 
@@ -97,16 +121,26 @@ void putSetID(Definition& definition, Arguments& arguments)
     definition.setID = arguments.number(0);
 }
 
+template <auto member>
+void putOfDefinition(Definition& definition, Arguments& arguments)
+{
+    if constexpr (std::is_same_v<decltype(definition.loaded.*member), std::string&>)
+        definition.loaded.*member = arguments.text(0);
+    else
+        definition.loaded.*member = arguments.number(0);
+}
+
 using Data = neutral::LoadDefinition;
 
 // clang-format off
 constexpr Member<LoadDefinitionObject> definitionMembers[] = {
-    {"title",         ofDefinition<&Data::title>},
-    {"loadType",      ofDefinition<&Data::loadType>},
-    {"dataType",      ofDefinition<&Data::dataType>},
-    {"ID",            ofDefinition<&Data::id>},
-    {"setID",         serve<&Definition::setID>, putSetID},
+    {"title",         ofDefinition<&Data::title>,    putOfDefinition<&Data::title>},
+    {"loadType",      ofDefinition<&Data::loadType>, putOfDefinition<&Data::loadType>},
+    {"dataType",      ofDefinition<&Data::dataType>, putOfDefinition<&Data::dataType>},
+    {"ID",            ofDefinition<&Data::id>,       putOfDefinition<&Data::id>},
+    {"setID",         serve<&Definition::setID>,     putSetID},
     {"Get",           serve<&Definition::get>},
+    {"Put",           serve<&Definition::store>},
     {"ResetNextLoad", serve<&Definition::resetNextLoad>},
     {"NextLoad",      serve<&Definition::nextLoad>},
     {"CountLoads",    serve<&Definition::countLoads>},
@@ -132,7 +166,7 @@ IDispatch* makeLoad(Server& server, LoadOf load)
 }
 
 LoadDefinitionObject::LoadDefinitionObject(Server& shared)
-    : ObjectOf(shared, "feLoadDefinition"), walk_(embedded::makeLoadDefinition(shared.host))
+    : ObjectOf(shared, "feLoadDefinition"), walk_(shared.host)
 {}
 
 std::span<const Member<LoadDefinitionObject>> LoadDefinitionObject::members()
@@ -154,22 +188,30 @@ int LoadDefinitionObject::get(int id)
     return resetNextLoad();
 }
 
+int LoadDefinitionObject::store(int id)
+{
+    Data stored = loaded;
+    if (id != 0)
+        stored.id = id;
+    return static_cast<int>(walk_.Put(setID, stored));
+}
+
 int LoadDefinitionObject::resetNextLoad()
 {
     walked_ = loaded.id;
-    walk_->Get(setID, walked_);
+    walk_.Get(setID, walked_);
     return ok;
 }
 
 int LoadDefinitionObject::nextLoad(Arguments& arguments)
 {
-    std::unique_ptr<MemberObject> next = walk_->NextLoad();
+    std::unique_ptr<embedded::HostLoad> next = walk_.nextLoad();
     while (next == nullptr && walkOn())
-        next = walk_->NextLoad();
+        next = walk_.nextLoad();
     if (next == nullptr)
         return server().modes[Mode::WalkEndsMissing] ? static_cast<int>(ReturnCode::NotExist)
                                                      : failed;
-    arguments.fillObject(0, makeLoad(server(), {std::move(next), walk_->dataType(), loaded.id}));
+    arguments.fillObject(0, makeLoad(server(), {std::move(next), walk_.dataType(), loaded.id}));
     return ok;
 }
 
@@ -186,16 +228,16 @@ bool LoadDefinitionObject::walkOn()
     if (other == set->definitions.end())
         return false;
     walked_ = other->id;
-    walk_->Get(setID, walked_);
+    walk_.Get(setID, walked_);
     return true;
 }
 
 int LoadDefinitionObject::countLoads()
 {
-    const std::unique_ptr<LoadDefinition> walk = embedded::makeLoadDefinition(server().host);
-    walk->Get(setID, loaded.id);
+    embedded::HostLoadDefinition walk(server().host);
+    walk.Get(setID, loaded.id);
     int count = 0;
-    while (walk->NextLoad() != nullptr)
+    while (walk.NextLoad() != nullptr)
         ++count;
     return count;
 }

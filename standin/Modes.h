@@ -32,6 +32,7 @@ enum class Mode : std::size_t
     NothingWeighsNothing,
     StrictIndices,
     LooseResults,
+    ReadActivates,
     Stays,
 };
 
@@ -63,6 +64,7 @@ inline constexpr ModeName modeNames[] = {
     {"weighs-nothing",  Mode::NothingWeighsNothing, "no elements cannot be measured"},
     {"strict-indices",  Mode::StrictIndices,      "a real is no index"},
     {"loose-results",   Mode::LooseResults,       "what a member fills may be a VARIANT instead"},
+    {"read-activates",  Mode::ReadActivates,      "results that are read become active"},
     {"stays",           Mode::Stays,              "FEMAP stays when its last client goes"},
 };
 // clang-format on

@@ -29,6 +29,11 @@ HRESULT fail(EXCEPINFO* exception, const std::string& description)
     return DISP_E_EXCEPTION;
 }
 
+[[noreturn]] void refuse()
+{
+    throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "was told to raise here");
+}
+
 bool isControl(const library::Member& member)
 {
     return member.name.starts_with("standin");
@@ -118,21 +123,41 @@ std::optional<Fault> Object::faultOf(std::string_view member) const
 }
 
 // Serves a member, with the fault that a test gave it and the ways of this FEMAP.
-Variant Object::serveAsTold(std::size_t row, Arguments& arguments)
+Variant Object::serveAsTold(const Found& member, Arguments& arguments)
 {
     const std::optional<Fault> fault = faultOf(arguments.member());
     if (fault == Fault::Fails)
         return static_cast<int>(ReturnCode::Fail);
+    if (fault == Fault::Ignored && member.declaration->kind == library::Kind::Method)
+        return static_cast<int>(ReturnCode::Ok);
     if (fault == Fault::Raises)
-        throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "was told to raise here");
-    Variant returned = serve(row, arguments);
+        refuse();
+    if (fault == Fault::Stalls)
+        server_.stall();
+    Variant returned = serve(member.row, arguments);
     if (fault) {
         spoil(*returned.raw(), *fault);
         for (VARIANT* const filled : arguments.filled())
             spoil(*filled, *fault);
     }
+    if (fault == Fault::Dies)
+        server_.die();
     reshapeAll(returned, arguments);
     return returned;
+}
+
+// The same for a property that is written.
+void Object::putAsTold(std::size_t row, Arguments& arguments)
+{
+    const std::optional<Fault> fault = faultOf(arguments.member());
+    if (fault == Fault::Raises || fault == Fault::Refused)
+        refuse();
+    if (fault == Fault::Stalls)
+        server_.stall();
+    if (fault != Fault::Ignored)
+        put(row, arguments);
+    if (fault == Fault::Dies)
+        server_.die();
 }
 
 void Object::reshapeAll(Variant& returned, Arguments& arguments) const
@@ -208,10 +233,10 @@ HRESULT Object::call(const Found& member, WORD flags, DISPPARAMS& parameters, VA
             *wrongArgument = index;
         return DISP_E_TYPEMISMATCH;
     }
-    return carryOut(member.row, isPut, arguments, result, exception);
+    return carryOut(member, isPut, arguments, result, exception);
 }
 
-HRESULT Object::carryOut(std::size_t row, bool isPut, Arguments& arguments, VARIANT* result,
+HRESULT Object::carryOut(const Found& member, bool isPut, Arguments& arguments, VARIANT* result,
                          EXCEPINFO* exception)
 {
     const std::string call =
@@ -219,9 +244,9 @@ HRESULT Object::carryOut(std::size_t row, bool isPut, Arguments& arguments, VARI
     try {
         Variant returned;
         if (isPut)
-            put(row, arguments);
+            putAsTold(member.row, arguments);
         else
-            returned = serveAsTold(row, arguments);
+            returned = serveAsTold(member, arguments);
         server_.record(call + " = " + (isPut ? "put" : shown(*returned.raw())));
         if (result != nullptr)
             std::swap(*result, *returned.raw());

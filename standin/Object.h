@@ -68,6 +68,7 @@ protected:
     virtual void unreferenced() { delete this; }
 
     ULONG references() const { return references_; }
+    std::optional<Fault> faultOf(std::string_view member) const;
 
 private:
     /// A member that this FEMAP has: how it is declared, and the row that serves it.
@@ -82,12 +83,12 @@ private:
     std::optional<Found> findOf(unsigned version, const Matches& matches) const;
     bool isSuperseded(const library::Member& member) const;
     std::optional<std::size_t> rowOf(std::string_view name) const;
-    std::optional<Fault> faultOf(std::string_view member) const;
-    Variant serveAsTold(std::size_t row, Arguments& arguments);
+    Variant serveAsTold(const Found& member, Arguments& arguments);
+    void putAsTold(std::size_t row, Arguments& arguments);
     void reshapeAll(Variant& returned, Arguments& arguments) const;
     HRESULT call(const Found& member, WORD flags, DISPPARAMS& parameters, VARIANT* result,
                  EXCEPINFO* exception, UINT* wrongArgument);
-    HRESULT carryOut(std::size_t row, bool isPut, Arguments& arguments, VARIANT* result,
+    HRESULT carryOut(const Found& member, bool isPut, Arguments& arguments, VARIANT* result,
                      EXCEPINFO* exception);
 
     Server& server_;

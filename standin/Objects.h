@@ -1,7 +1,7 @@
 // The stand-in's objects for results, functions and load definitions.
 #pragma once
 
-#include "femap/Objects.h"
+#include "femap/embedded/HostLoads.h"
 #include "femap/embedded/HostObjects.h"
 #include "femap/neutral/Model.h"
 #include "standin/Object.h"
@@ -16,8 +16,6 @@ namespace standin
 
 namespace embedded = femap::embedded;
 namespace neutral = femap::neutral;
-using femap::LoadDefinition;
-using femap::MemberObject;
 
 /// The values at several entities, with otherwise where there is none.
 std::vector<double> valuesAt(const neutral::OutputVector& vector, const std::vector<int>& ids,
@@ -116,15 +114,14 @@ public:
     static constexpr std::span<const library::Member> declarations = library::IFunction;
     static std::span<const Member<FunctionObject>> members();
 
-    int get(int id);
-    int id() { return function_->ID(); }
-    /// As the model holds it, control characters and all.
-    std::string title();
+    int get(int id) { return static_cast<int>(function.Get(id)); }
+    int store(int id) { return static_cast<int>(function.Put(id)); }
     int selectID(const std::string& title);
     int getFunctionList(Arguments& arguments);
+    /// Into the object; nothing reaches the model.
+    int putFunctionList(Arguments& arguments);
 
-private:
-    std::unique_ptr<femap::Function> function_;
+    embedded::HostFunction function;
 };
 
 class LoadDefinitionObject : public ObjectOf<LoadDefinitionObject>
@@ -136,6 +133,7 @@ public:
     static std::span<const Member<LoadDefinitionObject>> members();
 
     int get(int id);
+    int store(int id);
     int resetNextLoad();
     int nextLoad(Arguments& arguments);
     int countLoads();
@@ -148,14 +146,14 @@ private:
 
     // Walks the loads of the definition; in one mode then those of other definitions of other
     // kinds.
-    std::unique_ptr<LoadDefinition> walk_;
+    embedded::HostLoadDefinition walk_;
     int walked_ = 0;  // the definition that the walk has reached
 };
 
 /// A load of some definition.
 struct LoadOf
 {
-    std::unique_ptr<MemberObject> load;
+    std::unique_ptr<embedded::HostLoad> load;
     int dataType;
     int definitionID;
 };

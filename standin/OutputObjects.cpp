@@ -57,12 +57,18 @@ Variant activeSet(OutputSet& set, Arguments&)
     return set.server().host.activeID(EntityType::OutputSet);
 }
 
+// A set that is not there leaves all as it was; a property has no status to tell it by.
+void activateSet(OutputSet& set, Arguments& arguments)
+{
+    set.server().host.activate(EntityType::OutputSet, arguments.number(0));
+}
+
 // clang-format off
 constexpr Member<OutputSetObject> outputSetMembers[] = {
     {"Value",           serve<&OutputSet::value>},
     {"title",           serve<&OutputSet::title>},
     {"ID",              serve<&OutputSet::id>},
-    {"Active",          activeSet},
+    {"Active",          activeSet, activateSet},
     {"Get",             serve<&OutputSet::get>},
     {"OutputVectors",   serve<&OutputSet::outputVectors>},
     {"OutputVectorsV2", serve<&OutputSet::outputVectors>},

@@ -33,24 +33,34 @@ Server::Server(bool asClassic, const Modes& asModes)
     : isClassic(asClassic), modes(asModes), host(selections)
 {
     host.indexBeyondArrayRaises = !modes[Mode::BeyondIsZero];
+    host.activatesResults = modes[Mode::ReadActivates];
 }
 
 Admission Server::admit()
 {
     ++callCount;
-    if (isDue(dieAt)) {
-        record("died");
-        if (beforeDeath)
-            beforeDeath();
-        ExitProcess(diedExitCode);
-    }
+    if (isDue(dieAt))
+        die();
     if (isDue(stallAt))
-        Sleep(static_cast<DWORD>(stallSeconds) * millisecondsInASecond);
+        stall();
     if (busyFor > 0) {
         --busyFor;
         return Admission::Busy;
     }
     return isDue(failAt) ? Admission::Fails : Admission::Goes;
+}
+
+void Server::stall() const
+{
+    Sleep(static_cast<DWORD>(stallSeconds) * millisecondsInASecond);
+}
+
+void Server::die()
+{
+    record("died");
+    if (beforeDeath)
+        beforeDeath();
+    ExitProcess(diedExitCode);
 }
 
 void Server::recordTo(const std::string& path)

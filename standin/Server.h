@@ -53,7 +53,7 @@ public:
     int failAt = 0;
     int dieAt = 0;
     int stallAt = 0;
-    int stallSeconds = 0;  // how long that call takes
+    int stallSeconds = 0;  // how long that call takes, and members with that fault
 
     /// What is wrong with single members.
     Faults faults;
@@ -65,6 +65,8 @@ public:
 
     /// Counts a call. Does not return from the one that the server dies at.
     Admission admit();
+    void stall() const;
+    [[noreturn]] void die();
 
     /// Writes each call to a file from now on. Raises RuntimeError.
     void recordTo(const std::string& path);

@@ -29,7 +29,13 @@ velmar_test(system
 velmar_test(femap SOURCES NumberTextTest.cpp LINK femap)
 velmar_test(femap/com LOCK femap.model LABELS com LINK beside_standin controlled_standin)
 velmar_test(standin LOCK femap.model
-    SOURCES BothAnswersTest.cpp MembersTest.cpp ModesTest.cpp SelectionWindowTest.cpp
+    SOURCES
+        BothAnswersTest.cpp
+        ExchangeTest.cpp
+        MembersTest.cpp
+        ModesTest.cpp
+        PutTest.cpp
+        SelectionWindowTest.cpp
     LINK form_driver controlled_standin)
 velmar_test(app/window LOCK femap.model
     SOURCES

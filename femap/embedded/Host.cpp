@@ -1,16 +1,10 @@
 #include "femap/embedded/Host.h"
 
+#include "femap/embedded/HostLoads.h"
 #include "femap/embedded/HostObjects.h"
-#include "femap/neutral/NeutralFile.h"
-#include "system/CodePage.h"
-#include "system/Platform.h"
 #include "system/RuntimeError.h"
-#include "system/System.h"
 
 #include <algorithm>
-#include <new>
-#include <stdexcept>
-#include <system_error>
 #include <utility>
 
 namespace femap::embedded
@@ -71,10 +65,13 @@ public:
     {
         return std::make_unique<HostOutputVector>(host_);
     }
-    std::unique_ptr<femap::Function> feFunction() override { return makeFunction(host_); }
+    std::unique_ptr<femap::Function> feFunction() override
+    {
+        return std::make_unique<HostFunction>(host_);
+    }
     std::unique_ptr<femap::LoadDefinition> feLoadDefinition() override
     {
-        return makeLoadDefinition(host_);
+        return std::make_unique<HostLoadDefinition>(host_);
     }
 
     MassProperties feMeasureMeshMassProp(int elementSet, int coordinateSystem, bool, bool) override
@@ -85,39 +82,6 @@ public:
 private:
     Host& host_;
 };
-
-std::string fullPathOf(const std::string& path)
-{
-    std::error_code reason;
-    std::string full = sys::fullPath(path, reason);
-    if (reason)  // such as a working folder that was removed
-        throw RuntimeError(ErrorNumber::PathNotFound,
-                           path + " has no full path: " + reason.message());
-    return full;
-}
-
-[[noreturn]] void refuseAsTooLarge(const std::string& path)
-{
-    throw RuntimeError(ErrorNumber::FileError,
-                       "The memory is too small for the model; export it with fewer results, or "
-                       "close other programs: " +
-                           path);
-}
-
-/// Returns what the reader remarks.
-std::vector<std::string> readInto(Model& model, const std::string& path)
-{
-    try {
-        const std::string content = sys::thisMachine().files.read(path);
-        return readNeutralFile(content, path, sys::windows1252(), model);
-    }
-    catch (const std::bad_alloc&) {
-        refuseAsTooLarge(path);
-    }
-    catch (const std::length_error&) {  // a file of more bytes than there are addresses
-        refuseAsTooLarge(path);
-    }
-}
 
 /// The row that is named active, the first one while none is; null when there is none.
 template <class Row>
@@ -162,26 +126,6 @@ Model& Host::openModel()
     return *model;
 }
 
-void Host::openNeutralFile(const std::string& path)
-{
-    if (path.empty())
-        throw RuntimeError(ErrorNumber::FileNotFound, "No model file was named");
-    std::string fullPath = fullPathOf(path);
-    Model opened;
-    const std::vector<std::string> remarks = readInto(opened, fullPath);
-    model = std::move(opened);
-    modelName = std::move(fullPath);
-    told_.clear();
-    tell(remarks);
-}
-
-void Host::importNeutralFile(const std::string& path)
-{
-    const std::vector<std::string> remarks = readInto(openModel(), path);
-    told_.clear();
-    tell(remarks);
-}
-
 void Host::showMessage(MessageColour colour, const std::string& text)
 {
     messages.push_back({colour, cutToMessage(text)});
@@ -218,6 +162,8 @@ std::vector<int> Host::idsOf(EntityType type)
         return open.functions.ids();
     case EntityType::LoadDefinition:
         return definitionIDs(activeLoadSet(open));
+    case EntityType::AnalysisSet:
+        return {Host::analysisSet};
     }
     return {};
 }
@@ -243,7 +189,21 @@ int Host::activeID(EntityType type)
         const LoadSet* const set = activeLoadSet(open);
         return set == nullptr ? 0 : set->id;
     }
-    return 0;
+    return type == EntityType::AnalysisSet ? activeAnalysisSet : 0;
+}
+
+ReturnCode Host::activate(EntityType type, int id)
+{
+    Model& open = openModel();
+    if (type == EntityType::OutputSet && open.outputSets.find(id) != nullptr)
+        open.activeOutputSet = id;
+    else if (type == EntityType::LoadSet && open.loadSets.find(id) != nullptr)
+        open.activeLoadSet = id;
+    else if (type == EntityType::AnalysisSet && (id == 0 || id == analysisSet))
+        activeAnalysisSet = id;
+    else
+        return ReturnCode::Fail;
+    return ReturnCode::Ok;
 }
 
 MassProperties Host::measure(int elementSet, int coordinateSystem)

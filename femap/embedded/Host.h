@@ -45,7 +45,12 @@ public:
     /// Adds what a further neutral file holds to the open model.
     void importNeutralFile(const std::string& path);
 
-    bool isModified = false;  // as told to who asks; nothing here sets it
+    /// Whether anything was put, read or deleted since the model was opened; a test may say so too.
+    bool isModified = false;
+    /// 0: none, and no deck is written. What a neutral file holds of analysis sets is not read:
+    /// each model has this one.
+    int activeAnalysisSet = analysisSet;
+    static constexpr int analysisSet = 1;
     bool visible = false;
     int lockCount = 0;
 
@@ -70,8 +75,23 @@ public:
     std::vector<int> idsOf(EntityType type);
     /// The same; load definitions and output vectors are those of the owner set.
     std::vector<int> idsOf(EntityType type, int ownerSet);
-    /// The ID of the active load set or output set; 0 when there is none.
+    /// The ID of the active load set, output set or analysis set; 0 when there is none.
     int activeID(EntityType type);
+    /// Fails for one that is not there, and for a kind of which none is active.
+    ReturnCode activate(EntityType type, int id);
+    /// Writes the deck of the model as it is now. brand: of the solver.
+    ReturnCode feFileWriteNastran(int brand, const std::string& path);
+    /// Adds the output sets of a file of results behind those that are there. In its place, for the
+    /// host reads no binary files, a neutral file beside it is read: for panel.op2
+    /// panel.results.neu. Nothing changes unless all of it can be read.
+    ReturnCode feFileReadNastranResults(int brand, const std::string& path);
+    /// Whether the first of them becomes the active one.
+    bool activatesResults = false;
+    /// Deletes output sets, and nothing of another kind: what FEMAP does with the rest of the model
+    /// then, the host does not know.
+    ReturnCode feDelete(EntityType type, const std::vector<int>& ids);
+    /// Deletes vectors of an output set.
+    ReturnCode feDeleteOutput(int outputSet, const std::vector<int>& vectors);
     MassProperties measure(int elementSet, int coordinateSystem);
     /// The same; what cannot be weighed or is in doubt is told, once for each model.
     MassProperties measure(const std::vector<int>& elementIDs);

@@ -4,6 +4,8 @@
 
 #include "femap/embedded/HostMembers.h"
 
+#include <utility>
+
 namespace femap::embedded
 {
 
@@ -24,8 +26,26 @@ public:
     }
     int Type() override { return this->data_.type; }
 
+    /// Changes the copy; nothing reaches the model.
+    void put(const std::string& name, std::optional<int> index, const Value& value)
+    {
+        this->write(name, index, value);
+    }
+    /// Stores the copy in the model, under its own ID for 0.
+    ReturnCode Put(int id)
+    {
+        Data stored = this->data_;
+        if (id != 0)
+            stored.id = id;
+        if (stored.id <= 0)
+            return ReturnCode::Fail;
+        (this->host_.openModel().*Kind<Data>::table).put(std::move(stored));
+        this->host_.isModified = true;
+        return ReturnCode::Ok;
+    }
+
     /// The copy.
-    Data& data() { return this->data_; }
+    const Data& data() const { return this->data_; }
 };
 
 }  // namespace femap::embedded

@@ -28,6 +28,12 @@ public:
     }
 
 protected:
+    /// Changes the object's own data; nothing reaches the model.
+    void write(const std::string& name, std::optional<int> index, const Value& value)
+    {
+        writeMember(data_, name, index, value, host_.indexBeyondArrayRaises);
+    }
+
     Host& host_;
     Data data_;
 };

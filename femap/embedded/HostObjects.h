@@ -1,4 +1,4 @@
-// The objects that the model host hands out: sets, entities, output vectors, functions and loads.
+// The objects that the model host hands out: sets, entities, output vectors and functions.
 #pragma once
 
 #include "femap/Objects.h"
@@ -77,9 +77,30 @@ private:
     int vectorID_ = 0;
 };
 
-// The other objects that the host's application hands out.
+/// A copy of one function.
+class HostFunction : public femap::Function
+{
+public:
+    explicit HostFunction(Host& host) : host_(host) {}
+
+    ReturnCode SelectID(const std::string& title) override;
+    ReturnCode Get(int id) override;
+    int ID() override { return data_.id; }
+    std::string title() override;
+    FunctionPoints GetFunctionList() override { return {data_.x, data_.y}; }
+
+    /// Changes the copy; nothing reaches the model. Fails when there is not a y for each x.
+    ReturnCode PutFunctionList(FunctionPoints points);
+    /// Stores the copy in the model, under its own ID for 0.
+    ReturnCode Put(int id);
+    neutral::Function& data() { return data_; }
+
+private:
+    Host& host_;
+    neutral::Function data_;
+};
+
+/// An entity object of the model host's; raises for a word that names none.
 std::unique_ptr<Entity> makeEntity(Host& host, const std::string& word);
-std::unique_ptr<femap::Function> makeFunction(Host& host);
-std::unique_ptr<femap::LoadDefinition> makeLoadDefinition(Host& host);
 
 }  // namespace femap::embedded

@@ -35,6 +35,15 @@ struct Member
     bool (*appliesTo)(const Data&) = nullptr;  // for other entities the member reads as 0
 };
 
+/// The place of the temperature among a load's values; -1 for a load without one.
+int placeOfTemperature(const neutral::Load& load);
+
+template <class Data>
+bool hasTemperature(const Data& load)
+{
+    return placeOfTemperature(load) >= 0;
+}
+
 inline bool isPlanar(const Element& element)
 {
     return element.type >= elementShear && element.type <= elementAxisymmetricParabolic;
@@ -106,7 +115,7 @@ inline constexpr Member<MeshLoad> meshLoadMembers[] = {
     {"type",             &MeshLoad::type},
     {"subtype",          &MeshLoad::subtype},
     {"load",             &MeshLoad::load},
-    {"temp",             &MeshLoad::temp},
+    {"temp",             &MeshLoad::temp, -1, hasTemperature<MeshLoad>},
     {"phase",            &MeshLoad::phase},
     {"FaceNumber",       &MeshLoad::faceNumber},
     {"color",            &MeshLoad::color},
@@ -123,7 +132,7 @@ inline constexpr Member<GeometryLoad> geometryLoadMembers[] = {
     {"type",             &GeometryLoad::type},
     {"subtype",          &GeometryLoad::subtype},
     {"load",             &GeometryLoad::load},
-    {"temp",             &GeometryLoad::temp},
+    {"temp",             &GeometryLoad::temp, -1, hasTemperature<GeometryLoad>},
     {"phase",            &GeometryLoad::phase},
     {"FaceNumber",       &GeometryLoad::faceNumber},
     {"color",            &GeometryLoad::color},

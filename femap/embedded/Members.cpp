@@ -81,6 +81,11 @@ bool isBeyond(const Request& request, int length)
                        nameOf(request) + " has no place " + std::to_string(*request.index));
 }
 
+[[noreturn]] void refuseChange(const Request& request, const std::string& id)
+{
+    throw RuntimeError(ErrorNumber::InvalidCall, nameOf(request) + " " + id + " cannot be changed");
+}
+
 /// An index beyond every array, where a 0 is read.
 constexpr std::size_t noIndex = static_cast<std::size_t>(-1);
 
@@ -186,24 +191,11 @@ void assign(std::string& target, const std::string& text)
     target = text;
 }
 
-/// Raises as readMember does, for an ID, which cannot be changed, and for a text that does not fit.
-template <class Data>
-void writeMember(Data& data, const std::string& name, std::optional<int> index,
-                 const std::string& text)
+// A title keeps its control characters.
+std::string textOf(const Value& value)
 {
-    const Request request{Kind<Data>::object, name, index};
-    const Member<Data>& member = requireMember<Data>(name);
-    const int length = arrayLength(member);
-    checkForm(request, length);
-    if (isBeyond(request, length))
-        refuseIndex(request);
-    if (isSameName(name, "ID") || !appliesTo(member, data))
-        throw RuntimeError(ErrorNumber::InvalidCall,
-                           nameOf(request) + " " + std::to_string(data.id) + " cannot be changed");
-    const auto element = static_cast<std::size_t>(index.value_or(member.element));
-    const Target target = std::visit(
-        [&](const auto& pointer) { return targetOf(data.*pointer, element); }, member.pointer);
-    std::visit([&](auto* held) { assign(*held, text); }, target);
+    const std::string* const text = std::get_if<std::string>(&value);
+    return text == nullptr ? toText(value) : *text;
 }
 
 }  // namespace
@@ -230,6 +222,27 @@ Value readMember(const Data& data, const std::string& name, std::optional<int> i
     return std::visit(ReadAt{beyond || !appliesTo(member, data) ? noIndex : element}, content);
 }
 
+template <class Data>
+void writeMember(Data& data, const std::string& name, std::optional<int> index, const Value& value,
+                 bool indexBeyondArrayRaises)
+{
+    const Request request{Kind<Data>::object, name, index};
+    const Member<Data>& member = requireMember<Data>(name);
+    const int length = arrayLength(member);
+    checkForm(request, length);
+    const bool beyond = isBeyond(request, length);
+    if (beyond && indexBeyondArrayRaises)
+        refuseIndex(request);
+    if (beyond)
+        return;
+    if (!appliesTo(member, data))
+        refuseChange(request, toText(readMember(data, "ID", std::nullopt, true)));
+    const auto element = static_cast<std::size_t>(index.value_or(member.element));
+    const Target target = std::visit(
+        [&](const auto& pointer) { return targetOf(data.*pointer, element); }, member.pointer);
+    std::visit([&](auto* held) { assign(*held, textOf(value)); }, target);
+}
+
 void putMember(Model& model, const std::string& word, int id, const std::string& member, int index,
                const std::string& value)
 {
@@ -238,7 +251,10 @@ void putMember(Model& model, const std::string& word, int id, const std::string&
         if (entity == nullptr)
             throw RuntimeError(ErrorNumber::InvalidCall,
                                "FEMAP has no " + word + " with the ID " + std::to_string(id));
-        writeMember(*entity, member, index == -1 ? std::nullopt : std::optional(index), value);
+        const std::optional<int> place = index == -1 ? std::nullopt : std::optional(index);
+        if (isSameName(member, "ID"))
+            refuseChange({Kind<Data>::object, member, place}, std::to_string(id));
+        writeMember(*entity, member, place, value);
     });
 }
 
@@ -259,5 +275,17 @@ template Value readMember(const GeometryLoad&, const std::string&, std::optional
 template Value readMember(const NodalTemperature&, const std::string&, std::optional<int>, bool);
 template Value readMember(const ElementalTemperature&, const std::string&, std::optional<int>,
                           bool);
+
+template void writeMember(Node&, const std::string&, std::optional<int>, const Value&, bool);
+template void writeMember(Element&, const std::string&, std::optional<int>, const Value&, bool);
+template void writeMember(Property&, const std::string&, std::optional<int>, const Value&, bool);
+template void writeMember(Material&, const std::string&, std::optional<int>, const Value&, bool);
+template void writeMember(MeshLoad&, const std::string&, std::optional<int>, const Value&, bool);
+template void writeMember(GeometryLoad&, const std::string&, std::optional<int>, const Value&,
+                          bool);
+template void writeMember(NodalTemperature&, const std::string&, std::optional<int>, const Value&,
+                          bool);
+template void writeMember(ElementalTemperature&, const std::string&, std::optional<int>,
+                          const Value&, bool);
 
 }  // namespace femap::embedded

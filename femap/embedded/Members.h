@@ -20,8 +20,7 @@ using neutral::Property;
 struct MeshLoad : neutral::Load
 {
     int setID = 0;
-    double temp = 0;   // of convection and radiation
-    double phase = 0;  // the reader knows no place for it in the file
+    double temp = 0;  // of convection and radiation
 };
 
 struct GeometryLoad : MeshLoad
@@ -35,9 +34,7 @@ struct NodalTemperature : neutral::TemperatureLoad
 };
 
 struct ElementalTemperature : NodalTemperature
-{
-    double gradient = 0;  // no neutral file holds one
-};
+{};
 
 /// The name that FEMAP gives to a kind of data, and the table of the model that holds it.
 template <class Data>
@@ -94,6 +91,13 @@ struct Kind<ElementalTemperature>
 template <class Data>
 Value readMember(const Data& data, const std::string& name, std::optional<int> index,
                  bool indexBeyondArrayRaises);
+
+/// Changes the value of a member. Raises RuntimeError as readMember does, and InvalidCall for a
+/// member that means nothing for this entity and for a value that does not fit. Where an index
+/// beyond the array reads as 0, nothing changes for it.
+template <class Data>
+void writeMember(Data& data, const std::string& name, std::optional<int> index, const Value& value,
+                 bool indexBeyondArrayRaises = true);
 
 /// Raises RuntimeError (NoSuchMember) for an object that FEMAP's model does not hand out.
 [[noreturn]] void refuseWord(const std::string& word);

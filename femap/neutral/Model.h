@@ -103,6 +103,7 @@ struct Load
     int faceNumber = 0;
     int definitionID = 0;
     std::array<double, 5> load{};
+    double phase = 0;  // the reader knows no place for it in the file
 };
 
 /// The temperature of a node or element.
@@ -114,6 +115,7 @@ struct TemperatureLoad
     bool expanded = false;
     double temp = 0;
     double phase = 0;
+    double gradient = 0;  // of elements; no neutral file holds one
     int definitionID = 0;
 };
 
@@ -200,6 +202,16 @@ public:
                        std::back_inserter(both),
                        [](const Entity& a, const Entity& b) { return a.id < b.id; });
         rows_ = std::move(both);
+    }
+
+    /// False when there is no entity with the ID.
+    bool remove(int id)
+    {
+        const auto found = lowerBound(id);
+        if (found == rows_.end() || found->id != id)
+            return false;
+        rows_.erase(found);
+        return true;
     }
 
     /// Null when there is no entity with the ID.

@@ -180,6 +180,10 @@ int ControlledApplication::dock(int docks)
 
 int ControlledApplication::modelState(const std::string& state)
 {
+    if (state == "no-analysis-set") {
+        server().host.activate(EntityType::AnalysisSet, 0);
+        return ok;
+    }
     if (state == "none")
         server().host.model.reset();
     else if (state != "untitled")

@@ -28,7 +28,9 @@ constexpr const char* usage =
                     [--no-rot|--late MILLISECONDS] [--modified] [--MODE]...
        test-standin /regserver | /unregserver
 
-Takes the place of FEMAP ("femap.model") until it is told to quit.
+Takes the place of FEMAP ("femap.model") until it is told to quit. Decks are texts with all numbers
+of the model. For a file of results, such as panel.op2, it reads the output sets of the neutral file
+beside it, panel.results.neu.
 
   --classic       as FEMAP was before 2020.1
   --modern        as it is since then (the default)

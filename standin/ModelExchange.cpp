@@ -1,0 +1,97 @@
+// What of the stand-in's application takes values out of the model and results into it: decks,
+// results, and their end.
+#include "standin/ApplicationObject.h"
+#include "standin/Server.h"
+#include "system/Platform.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace standin
+{
+
+using femap::Selection;
+
+namespace
+{
+
+// What a FEMAP leaves that does not come to the end of a file.
+void cutInHalf(const std::string& path)
+{
+    std::error_code reason;
+    const std::filesystem::path file = sys::toPath(path);
+    std::filesystem::resize_file(file, std::filesystem::file_size(file, reason) / 2, reason);
+}
+
+}  // namespace
+
+// Older versions do not know all codes.
+int ApplicationObject::codeOf(ReturnCode code) const
+{
+    const bool isNewer = code == ReturnCode::FileOpenFailed || code == ReturnCode::FileWriteFailed;
+    return isNewer && server().isClassic ? failed : static_cast<int>(code);
+}
+
+// A property has no status: for what is not there all stays as it was.
+void ApplicationObject::putActiveID(Arguments& arguments)
+{
+    server().host.activate(static_cast<EntityType>(arguments.number(0)), arguments.number(1));
+}
+
+// FEMAP asks for the analysis set when none is active, unless its dialogs are to stay away.
+int ApplicationObject::fileWriteNastran(int brand, const std::string& path)
+{
+    embedded::Host& host = server().host;
+    if (host.activeAnalysisSet == 0 && dialogAutoSkip == 0) {
+        const Selection picked =
+            host.dialogs().answer(EntityType::AnalysisSet, "Select Analysis Set to Export", true,
+                                  host.idsOf(EntityType::AnalysisSet));
+        if (picked.code != ReturnCode::Ok || picked.ids.empty())
+            return static_cast<int>(ReturnCode::Cancel);
+        host.activate(EntityType::AnalysisSet, picked.ids.front());
+    }
+    const ReturnCode result = host.feFileWriteNastran(brand, path);
+    const std::optional<Fault> fault = faultOf("feFileWriteNastran");
+    if (result == ReturnCode::Ok && (fault == Fault::Short || fault == Fault::Dies))
+        cutInHalf(path);
+    return codeOf(result);
+}
+
+int ApplicationObject::fileReadNastranResults(int brand, const std::string& path)
+{
+    return codeOf(server().host.feFileReadNastranResults(brand, path));
+}
+
+int ApplicationObject::deleteOfKind(EntityType type, int set)
+{
+    if (set > 0 && server().findSet(set) == nullptr)
+        return failed;
+    return codeOf(server().host.feDelete(type, server().idsIn(set, type)));
+}
+
+// Deletes results only. Unconfirmed, FEMAP asks; here nobody answers.
+int ApplicationObject::deleteAll(bool geometry, bool mesh, bool output, bool confirmed)
+{
+    if (!confirmed)
+        return static_cast<int>(ReturnCode::Cancel);
+    if (geometry || mesh)
+        return static_cast<int>(ReturnCode::NotAvailable);
+    if (!output)
+        return ok;
+    constexpr EntityType sets = EntityType::OutputSet;
+    return codeOf(server().host.feDelete(sets, server().host.idsOf(sets)));
+}
+
+int ApplicationObject::deleteOutput(int outputSet, int set)
+{
+    if (set > 0 && server().findSet(set) == nullptr)
+        return failed;
+    std::vector<int> vectors = set == 0 ? server().idsOf(EntityType::OutputVector, outputSet)
+                                        : server().idsIn(set, EntityType::OutputVector);
+    for (int& vector : vectors)
+        vector = server().ownVectorID(vector);
+    return codeOf(server().host.feDeleteOutput(outputSet, vectors));
+}
+
+}  // namespace standin
