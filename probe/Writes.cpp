@@ -6,6 +6,7 @@
 #include "windows/Text.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace probe
 {
@@ -126,8 +127,15 @@ void changeFunction(Session& session, const Object& application)
     const Answer before = points();
     if (!before.isOk())
         return;
-    const std::vector<double> x = before.filled[1].numbers();
-    const std::vector<double> y = before.filled[2].numbers();
+    // What stands in the arrays beyond the count is no part of the function.
+    const auto count = static_cast<std::size_t>(before.filled[0].number());
+    const auto firstOf = [&](const Value& array) {
+        std::vector<double> numbers = array.numbers();
+        numbers.resize(std::min(numbers.size(), count));
+        return numbers;
+    };
+    const std::vector<double> x = firstOf(before.filled[1]);
+    const std::vector<double> y = firstOf(before.filled[2]);
     std::vector<double> higher = y;
     for (double& each : higher)
         each += changeBy;
@@ -137,9 +145,72 @@ void changeFunction(Session& session, const Object& application)
         session.read(function, "Put", statusAnd(), list(ids.front()));
         function.call("Get", list(ids.front()));
         const Answer now = points();
-        const bool isSame = now.isOk() && now.filled[2].numbers() == values;
+        const bool isSame = now.isOk() && firstOf(now.filled[2]) == values;
         session.report.line("  read again", isSame ? Verdict::Same : Verdict::Differs,
                             isSame ? "as put" : "other points");
+    }
+}
+
+// A number of the first load that there is; the index is -1 for a temperature. Nothing where the
+// model has no loads.
+struct LoadValue
+{
+    Object load;
+    std::string_view member;
+    int index;
+};
+
+std::optional<LoadValue> firstLoad(const Object& application)
+{
+    const std::vector<int> sets = allIDs(application, EntityType::LoadSet);
+    if (sets.empty())
+        return std::nullopt;
+    const int active =
+        application.call("Info_ActiveID", list(static_cast<int>(EntityType::LoadSet)))
+            .value.number();
+    const Object definition = application.object("feLoadDefinition");
+    definition.put("setID", list(active > 0 ? active : sets.front()));
+    for (const int id : allIDs(application, EntityType::LoadDefinition)) {
+        definition.call("Get", list(id));
+        definition.call("ResetNextLoad");
+        Answer next = definition.call("NextLoad", list(Argument::out(VT_DISPATCH)));
+        if (!next.isOk())
+            continue;
+        Object load(definition.connection(), next.filled[0].takeObject(), "load");
+        const bool isTemperature = !load.has("load");
+        return LoadValue{std::move(load), isTemperature ? "temp" : "load", isTemperature ? -1 : 0};
+    }
+    return std::nullopt;
+}
+
+double numberOf(const LoadValue& value)
+{
+    return value.load.call(std::string(value.member), value.index < 0 ? list() : list(value.index))
+        .value.real();
+}
+
+void changeLoad(Session& session, const Object& application)
+{
+    const std::optional<LoadValue> first = firstLoad(application);
+    if (!first) {
+        session.report.line("load.Put", Verdict::NotTried, "the model has no load definitions");
+        return;
+    }
+    const double before = numberOf(*first);
+    for (const double value : {before + changeBy, before}) {
+        std::vector<Argument> arguments = first->index < 0 ? list() : list(first->index);
+        arguments.emplace_back(value);
+        const Answer put = first->load.put(std::string(first->member), std::move(arguments));
+        const std::string place = first->index < 0 ? "" : '(' + std::to_string(first->index) + ')';
+        session.report.line("load." + std::string(first->member) + place,
+                            put.isDone() ? Verdict::Same : Verdict::Refused,
+                            put.isDone() ? shown(value) : session.reason(put));
+        const int id = first->load.call("ID").value.number();
+        session.read(first->load, "Put", statusAnd(), list(id));
+        const std::optional<LoadValue> again = firstLoad(application);
+        const double now = again ? numberOf(*again) : 0;
+        session.report.line("  read again",
+                            again && now == value ? Verdict::Same : Verdict::Differs, shown(now));
     }
 }
 
@@ -178,10 +249,18 @@ bool isFile(const std::string& path)
 
 void writeDeck(Session& session, const Object& application, const std::string& path)
 {
+    DeleteFileW(windows::toWide(path).c_str());  // of an earlier probe
     session.read(application, "feFileWriteNastran", statusAnd(), list(nxNastran, path));
     session.report.line(
         "  the deck", isFile(path) ? Verdict::Same : Verdict::Differs,
         isFile(path) ? session.report.name(path) : "is not there: " + session.report.name(path));
+}
+
+std::vector<int> outputSets(const Object& application)
+{
+    std::vector<int> ids = allIDs(application, EntityType::OutputSet);
+    std::erase(ids, 0);  // an array may be longer than its count
+    return ids;
 }
 
 void readResults(Session& session, const Object& application, const std::string& stem)
@@ -193,10 +272,10 @@ void readResults(Session& session, const Object& application, const std::string&
                             "there is no .op2 or .f06 beside the copy");
         return;
     }
-    const std::vector<int> before = allIDs(application, EntityType::OutputSet);
+    const std::vector<int> before = outputSets(application);
     session.read(application, "feFileReadNastranResults", statusAnd(),
                  list(nxNastran, stem + std::string(*ending)));
-    const std::vector<int> after = allIDs(application, EntityType::OutputSet);
+    const std::vector<int> after = outputSets(application);
     std::vector<int> added;
     std::ranges::set_difference(after, before, std::back_inserter(added));
     session.report.line("  output sets that came", added.empty() ? Verdict::Differs : Verdict::Same,
@@ -206,7 +285,7 @@ void readResults(Session& session, const Object& application, const std::string&
     const FemapSet own = setOf(application, added);
     session.read(application, "feDelete", statusAnd(),
                  list(static_cast<int>(EntityType::OutputSet), own.number));
-    const std::vector<int> left = allIDs(application, EntityType::OutputSet);
+    const std::vector<int> left = outputSets(application);
     session.report.line("  output sets that are left",
                         left == before ? Verdict::Same : Verdict::Differs, shown(left));
 }
@@ -240,6 +319,7 @@ void probeWrites(Session& session, const Object& application, Generation generat
     if (generation == Generation::Modern)
         changeInBulk(session, application);
     changeFunction(session, application);
+    changeLoad(session, application);
     const std::size_t name = copy.find_last_of(sys::pathSeparators) + 1;
     const std::string stem = copy.substr(0, std::max(copy.rfind('.'), name));
     NoDialogs noDialogs(application);

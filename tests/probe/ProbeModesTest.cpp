@@ -68,8 +68,9 @@ Lines differences(const Lines& first, const Lines& second)
 TEST_P(ReportOfAMode, DiffersInTheLinesOfTheModeAlone)
 {
     const std::string mode(GetParam().name);
+    const SolvedCopy copy;
 
-    const Lines report = masked(probe("--modern --" + mode));
+    const Lines report = copy.masked(copy.probe("--modern --" + mode));
 
     fake::MemoryFiles files;
     const auto file = files.create("report\\differences.txt");

@@ -10,6 +10,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 
@@ -33,15 +34,25 @@ class ReportOf : public testing::TestWithParam<const char*>
 INSTANTIATE_TEST_SUITE_P(BothGenerations, ReportOf, comtest::bothGenerations,
                          comtest::nameOfGeneration);
 
+// The line after the first one that begins with that.
+std::string lineAfter(const Lines& report, const std::string& what)
+{
+    const auto found = std::ranges::find_if(
+        report, [&](const std::string& line) { return line.starts_with(what); });
+    return found == report.end() || found + 1 == report.end() ? "" : *(found + 1);
+}
+
 }  // namespace
 
-TEST_P(ReportOf, TheExampleModelIsTheGoldenOne)
+TEST_P(ReportOf, ACopyOfTheExampleModelIsTheGoldenOne)
 {
-    const Lines report = probe(GetParam());
+    const SolvedCopy copy;
+
+    const Lines report = copy.probe(GetParam());
 
     fake::MemoryFiles files;
     const auto file = files.create("report\\report.txt");
-    for (const std::string& line : masked(report))
+    for (const std::string& line : copy.masked(report))
         file->write(line + "\r\n");
     EXPECT_THAT(fake::differencesFromGolden(
                     files, "report\\",
@@ -89,6 +100,35 @@ TEST_P(ReportOf, AllOptionsTellsChangesDialogsAndEvents)
                 ElementsAre(StartsWith("answer: event 2: posted, lParam 0; inside, EventLParam is"),
                             StartsWith("answer: event 12: posted")));
     EXPECT_THAT(report, Contains(StartsWith("Imodel.feAppRegisterAddInPane(False, ")));
+}
+
+TEST(ReportOfChanges, TellsWhatFemapDidNotDo)
+{
+    const SolvedCopy copy;
+    sys::DiskFiles().create(copy.deck())->write("of an earlier probe");
+
+    const Lines report = copy.probe("--modern", [](femap::com::Dispatch& standin) {
+        standin.call("standinFault", "feNode.x", "refused");
+        standin.call("standinFault", "feMatl.Put", "ignored");
+        standin.call("standinFault", "feProp.PutValueArray", "fails");
+        standin.call("standinFault", "feFunction.Put", "ignored");
+        standin.call("standinFault", "application.feFileWriteNastran", "ignored");
+        standin.call("standinFault", "application.feDelete", "fails");
+        standin.call("standinFault", "load.Put", "ignored");
+    });
+
+    EXPECT_THAT(lineOf(report, "feNode.x of 1"),
+                AllOf(HasSubstr(" DIFFERS "), HasSubstr(" NOT CHANGED"), HasSubstr("; put: ")));
+    EXPECT_THAT(lineOf(report, "feMatl.Damping of 1"),
+                AllOf(HasSubstr(" DIFFERS "), HasSubstr(" NOT CHANGED, then 0.02, put back")));
+    EXPECT_THAT(lineOf(report, "  the deck"),
+                AllOf(HasSubstr(" DIFFERS "), HasSubstr("is not there: ")));
+    EXPECT_THAT(lineOf(report, "  output sets that are left"), HasSubstr(" DIFFERS "));
+    EXPECT_THAT(lineOf(report, "feProp.PutValueArray(1, array of I4, array of I4, array of R8)"),
+                HasSubstr(" found     I4 0"));
+    EXPECT_THAT(lineAfter(report, "feProp.PutValueArray("), HasSubstr(" DIFFERS "));
+    EXPECT_THAT(report, Contains(AllOf(StartsWith("  read again"), HasSubstr("other points"))));
+    EXPECT_THAT(lineAfter(report, "load.Put("), HasSubstr(" DIFFERS "));
 }
 
 TEST(ReportOfChanges, IsRefusedForAnotherModel)

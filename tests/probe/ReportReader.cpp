@@ -1,13 +1,15 @@
 #include "ReportReader.h"
 
-#include "fake/TemporaryFolder.h"
 #include "femap/com/Apartment.h"
 #include "standin/StartedStandin.h"
 #include "system/Files.h"
+#include "windows/Text.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <regex>
 #include <thread>
 
@@ -54,7 +56,19 @@ Lines report(const std::string& options, DWORD exitCode,
     return linesOf(sys::DiskFiles().read(file));
 }
 
-// Up to the next heading; a heading is underlined.
+void replaceAll(std::string& line, const std::string& what, const std::string& by)
+{
+    for (std::size_t place; (place = line.find(what)) != std::string::npos;)
+        line.replace(place, what.size(), by);
+}
+
+// A heading is underlined.
+bool isHeading(const Lines& report, std::size_t line)
+{
+    return line + 1 < report.size() && report[line + 1].starts_with("---");
+}
+
+// Up to the next heading.
 bool isOfMachine(const std::string& section)
 {
     return section.starts_with("A ") || section.starts_with("A2 ");
@@ -104,7 +118,7 @@ Lines masked(const Lines& report)
     Lines result;
     std::string section;
     for (std::size_t i = 0; i < report.size(); ++i) {
-        if (i + 1 < report.size() && report[i + 1].starts_with("---"))
+        if (isHeading(report, i))
             section = report[i];
         if (isOfMachine(section) || isOfMachine(report[i]))
             continue;
@@ -113,9 +127,32 @@ Lines masked(const Lines& report)
         line = std::regex_replace(line, window, "$1 <number>");
         if (i == 0)
             line = std::regex_replace(line, start, "velmar-study");
-        for (std::size_t place; (place = line.find(folder)) != std::string::npos;)
-            line.replace(place, folder.size(), "<project>");
+        replaceAll(line, folder, "<project>");
         result.push_back(line);
+    }
+    return result;
+}
+
+SolvedCopy::SolvedCopy()
+{
+    const std::filesystem::path panel = windows::toWide(comtest::panelModel());
+    std::filesystem::copy_file(panel, windows::toWide(model()));
+    std::filesystem::copy_file(panel, windows::toWide(folder_.path("panel.results.neu")));
+    std::ofstream(std::filesystem::path(windows::toWide(folder_.path("panel.op2")))) << "results";
+}
+
+Lines SolvedCopy::probe(const std::string& standin, const Control& before) const
+{
+    return probeModel(standin, model(), "--write \"" + model() + '"', before);
+}
+
+Lines SolvedCopy::masked(const Lines& report) const
+{
+    const std::regex set(R"(^(Imodel\.feDelete\(28), \d+\))");
+    Lines result = probetest::masked(report);
+    for (std::string& line : result) {
+        line = std::regex_replace(line, set, "$1, <set>)");
+        replaceAll(line, folder_.path(), "<folder>");
     }
     return result;
 }

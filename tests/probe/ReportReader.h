@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fake/TemporaryFolder.h"
 #include "femap/com/Dispatch.h"
 
 #include <functional>
@@ -28,6 +29,22 @@ bool comesInAMinute(const std::function<bool()>& condition);
 /// Without what differs from machine to machine and from run to run: the sections of the machine,
 /// times, what rounding leaves of 0, and where the project lies.
 Lines masked(const Lines& report);
+
+/// A copy of the example model with what a solver leaves beside it, for as long as this lives.
+class SolvedCopy
+{
+public:
+    SolvedCopy();
+    std::string model() const { return folder_.path("panel.neu"); }
+    std::string deck() const { return folder_.path("velmar-probe.dat"); }
+    /// The report of a probe that changes it.
+    Lines probe(const std::string& standin, const Control& before = {}) const;
+    /// Without where it lies, too.
+    Lines masked(const Lines& report) const;
+
+private:
+    fake::TemporaryFolder folder_;
+};
 
 /// The line that begins with that, up to its verdict; empty when there is none.
 std::string lineOf(const Lines& report, const std::string& what);
