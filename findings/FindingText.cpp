@@ -1,9 +1,13 @@
 #include "findings/FindingText.h"
 
+#include "system/Json.h"
+
 #include <algorithm>
 
 namespace findings
 {
+
+using sys::quotedJson;
 
 namespace
 {
@@ -39,37 +43,12 @@ std::string rangesOf(std::span<const int> rows)
     return text;
 }
 
-std::string quotedJson(std::string_view text)
-{
-    constexpr char digits[] = "0123456789abcdef";
-    std::string quoted = "\"";
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\')
-            quoted.append(1, '\\').append(1, c);
-        else if (byte < 0x20)
-            quoted.append("\\u00").append(1, digits[byte / 16]).append(1, digits[byte % 16]);
-        else
-            quoted += c;
-    }
-    return quoted + '"';
-}
-
 std::string rowsJson(const Finding& finding, Grid grid)
 {
     std::string text;
     for (const int row : rowsIn(finding, grid))
         text.append(text.empty() ? "" : ",").append(std::to_string(row));
     return quotedJson(wordOf(grid)) + ":[" + text + "]";
-}
-
-std::string jsonOf(const Finding& finding)
-{
-    return R"({"severity":)" + quotedJson(wordOf(finding.severity)) + R"(,"code":)" +
-           quotedJson(finding.code) + ',' + rowsJson(finding, Grid::Inputs) + ',' +
-           rowsJson(finding, Grid::Outputs) + R"(,"name":)" + quotedJson(finding.name) +
-           R"(,"sentence":)" + quotedJson(finding.sentence) + R"(,"cure":)" +
-           quotedJson(finding.cure) + '}';
 }
 
 }  // namespace
@@ -84,6 +63,15 @@ std::string lineOf(const Finding& finding)
     if (!finding.name.empty())
         line.append(" ").append(finding.name);
     return line + ": " + finding.sentence + " Cure: " + std::string(finding.cure);
+}
+
+std::string jsonOf(const Finding& finding)
+{
+    return R"({"severity":)" + quotedJson(wordOf(finding.severity)) + R"(,"code":)" +
+           quotedJson(finding.code) + ',' + rowsJson(finding, Grid::Inputs) + ',' +
+           rowsJson(finding, Grid::Outputs) + R"(,"name":)" + quotedJson(finding.name) +
+           R"(,"sentence":)" + quotedJson(finding.sentence) + R"(,"cure":)" +
+           quotedJson(finding.cure) + '}';
 }
 
 std::string jsonOf(std::span<const Finding> found)

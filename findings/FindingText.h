@@ -10,6 +10,8 @@ namespace findings
 /// there is one.
 std::string lineOf(const Finding& finding);
 
+/// One as an object of JSON.
+std::string jsonOf(const Finding& finding);
 /// All of them and their count as one line of JSON.
 std::string jsonOf(std::span<const Finding> found);
 

@@ -54,20 +54,6 @@ Decoded firstCharacter(std::string_view text)
     return {character, length};
 }
 
-// Appends a character outside ASCII.
-void appendUtf8(char16_t character, std::string& text)
-{
-    if (character < 0x800) {
-        text += static_cast<char>(0xC0 | (character >> 6));
-        text += static_cast<char>(0x80 | (character & 0x3F));
-    }
-    else {
-        text += static_cast<char>(0xE0 | (character >> 12));
-        text += static_cast<char>(0x80 | ((character >> 6) & 0x3F));
-        text += static_cast<char>(0x80 | (character & 0x3F));
-    }
-}
-
 bool isPlain(char c)
 {
     return static_cast<unsigned char>(c) < 0x80;
@@ -81,6 +67,28 @@ std::size_t appendPlainStart(std::string_view from, std::string& to)
     to.append(from.substr(0, length));
     return length;
 }
+
+class Utf8 : public CodePage
+{
+public:
+    bool encode(std::string_view text, std::string& bytes) const override
+    {
+        bool complete = true;
+        while (!text.empty()) {
+            text.remove_prefix(appendPlainStart(text, bytes));
+            if (text.empty())
+                break;
+            const Decoded next = firstCharacter(text);
+            const bool isWhole = next.character != malformed;
+            bytes += isWhole ? text.substr(0, next.length) : "?";
+            text.remove_prefix(next.length);
+            complete = isWhole && complete;
+        }
+        return complete;
+    }
+
+    std::string decode(std::string_view bytes) const override { return std::string(bytes); }
+};
 
 class Windows1252 : public CodePage
 {
@@ -147,6 +155,28 @@ bool isAscii(std::string_view text)
     for (const char c : text)
         bits |= static_cast<unsigned char>(c);
     return (bits & upperBits) == 0;
+}
+
+void appendUtf8(char32_t character, std::string& text)
+{
+    const auto addFollowing = [&](int sixBits) {
+        text += static_cast<char>(0x80 | ((character >> (6 * sixBits)) & 0x3F));
+    };
+    const int following = character < 0x80      ? 0
+                          : character < 0x800   ? 1
+                          : character < 0x10000 ? 2
+                                                : 3;
+    constexpr std::array<char32_t, 4> leads = {0, 0xC0, 0xE0, 0xF0};
+    text += static_cast<char>(leads[static_cast<std::size_t>(following)] |
+                              (character >> (6 * following)));
+    for (int left = following; left > 0; --left)
+        addFollowing(left - 1);
+}
+
+const CodePage& utf8()
+{
+    static const Utf8 page;
+    return page;
 }
 
 const CodePage& windows1252()

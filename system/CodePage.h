@@ -28,6 +28,12 @@ constexpr bool isControlCharacter(char c)
     return (static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7F;
 }
 
+/// Appends a character as UTF-8.
+void appendUtf8(char32_t character, std::string& text);
+
+/// For files that hold what the program itself holds. Malformed bytes are decoded as they are.
+const CodePage& utf8();
+
 /// Western European, as on most engineers' machines. The five bytes without a character stand for
 /// the control characters of the same number, so that any bytes survive a round trip.
 const CodePage& windows1252();

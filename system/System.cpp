@@ -22,12 +22,15 @@ double monotonicSeconds()
 
 System withDisk(const System& system, Files& files)
 {
-    return {files,
-            system.codePage,
-            system.localTime,
-            system.monotonicSeconds,
-            system.environment,
-            system.wait};
+    return {
+        files,      system.codePage, system.localTime, system.monotonicSeconds, system.environment,
+        system.wait};
+}
+
+System withCodePage(const System& system, const CodePage& codePage)
+{
+    return {system.files,       codePage,   system.localTime, system.monotonicSeconds,
+            system.environment, system.wait};
 }
 
 System thisMachine()

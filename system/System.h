@@ -38,6 +38,9 @@ struct System
 /// The same system with another disk, which must outlive the result.
 System withDisk(const System& system, Files& files);
 
+/// The same system with files in another code page.
+System withCodePage(const System& system, const CodePage& codePage);
+
 /// The real system. Its code page is the user's, or Windows-1252 where there is none.
 System thisMachine();
 

@@ -22,6 +22,24 @@ Encoded encode(const std::string& text)
     return result;
 }
 
+TEST(Utf8, KeepsEveryCharacter)
+{
+    std::string bytes = "a";
+    EXPECT_TRUE(sys::utf8().encode("b\u00e4\u20ac\U0001F600c", bytes));
+    EXPECT_EQ(bytes, "ab\u00e4\u20ac\U0001F600c");
+    EXPECT_EQ(sys::utf8().decode(bytes), bytes);
+}
+
+TEST(Utf8, IsAppendedCharacterByCharacter)
+{
+    std::string text;
+    for (const char32_t character : {U'a', U'\u007f', U'\u0080', U'\u07ff', U'\u0800', U'\uffff',
+                                     U'\U00010000', U'\U0010FFFF'})
+        sys::appendUtf8(character, text);
+
+    EXPECT_EQ(text, "a\u007f\u0080\u07ff\u0800\uffff\U00010000\U0010FFFF");
+}
+
 TEST(Windows1252, KeepsAllBytesOnTheWayToTextAndBack)
 {
     std::string all;
@@ -106,6 +124,9 @@ TEST_P(MalformedUtf8, BecomesOneQuestionMarkAByte)
 
     EXPECT_EQ(encoded.bytes, "[" + std::string(GetParam().questionMarks, '?') + GetParam().rest);
     EXPECT_FALSE(encoded.complete);
+    std::string inUtf8;
+    EXPECT_FALSE(sys::utf8().encode("[" + GetParam().text, inUtf8));
+    EXPECT_EQ(inUtf8, encoded.bytes);
 }
 
 // clang-format off
