@@ -30,6 +30,8 @@ class Application
 public:
     virtual ~Application() = default;
 
+    /// FEMAP's version as a number, such as 23.06; 0 where there is no FEMAP of any version.
+    virtual double Info_Version() = 0;
     virtual void feAppVisible(bool visible) = 0;
     virtual ReturnCode feFileOpen(bool useDialog, const std::string& path) = 0;
     /// Full path of the open model; empty when it was never saved. Raises when none is open.

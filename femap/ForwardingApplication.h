@@ -19,6 +19,7 @@ public:
     /// The real one must outlive this.
     explicit ForwardingApplication(Application& real) : real_(&real) {}
 
+    double Info_Version() override { return real_->Info_Version(); }
     void feAppVisible(bool visible) override { real_->feAppVisible(visible); }
     ReturnCode feFileOpen(bool useDialog, const std::string& path) override
     {

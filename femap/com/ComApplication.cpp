@@ -106,6 +106,11 @@ ComApplication::ComApplication(IDispatch* application, SelectionDialogs* dialogs
       bulk_(reading == Reading::InBulk ? std::make_shared<BulkCapabilities>() : nullptr)
 {}
 
+double ComApplication::Info_Version()
+{
+    return application_.call("Info_Version").real();
+}
+
 void ComApplication::feAppVisible(bool visible)
 {
     application_.call("feAppVisible", visible);

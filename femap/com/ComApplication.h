@@ -30,6 +30,7 @@ public:
     ComApplication(IDispatch* application, SelectionDialogs* dialogs,
                    const std::shared_ptr<Connection>& connection, Reading reading);
 
+    double Info_Version() override;
     void feAppVisible(bool visible) override;
     ReturnCode feFileOpen(bool useDialog, const std::string& path) override;
     std::string ModelName() override;

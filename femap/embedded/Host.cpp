@@ -21,6 +21,7 @@ class HostApplication : public Application
 public:
     explicit HostApplication(Host& host) : host_(host) {}
 
+    double Info_Version() override { return 0; }
     void feAppVisible(bool visible) override { host_.visible = visible; }
     ReturnCode feFileOpen(bool useDialog, const std::string& path) override
     {

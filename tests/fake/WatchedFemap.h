@@ -215,6 +215,10 @@ class WatchedFemap : public Watched<femap::Application>
 public:
     using Watched::Watched;
 
+    double Info_Version() override
+    {
+        return asked("Info_Version", &femap::Application::Info_Version);
+    }
     void feAppVisible(bool visible) override
     {
         told("feAppVisible", visible).feAppVisible(visible);

@@ -179,6 +179,11 @@ TEST_P(Adapter, SaysWhatFemapSaysWhenAModelCannotBeOpened)
     EXPECT_EQ(com->ModelName(), inProcess->ModelName());
 }
 
+TEST_P(Adapter, TellsFemapsVersion)
+{
+    EXPECT_GE(com->Info_Version(), 11.2);
+}
+
 TEST_P(Adapter, OpensAModel)
 {
     standin.control().call("standinModel", "none");
