@@ -1,13 +1,18 @@
 #include "app/Bindings.h"
 
 #include "app/FemapEvents.h"
+#include "app/Version.h"
+#include "findings/Findings.h"
 #include "form/FormProcedures.h"
 #include "generate/GenerationDriver.h"
+#include "provenance/StudySheetFile.h"
 #include "selection/InputSelection.h"
 #include "selection/OutputSelection.h"
 #include "selection/ValueRefresh.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 namespace app
 {
@@ -39,6 +44,20 @@ void withKey(Session& session, int keyCode)
     procedure(session.context, keyCode);
 }
 
+// What is found in the study stands in the sheet as it was before.
+void apply(Session& session, int)
+{
+    Context& context = session.context;
+    if (!session.keepsProvenance) {
+        generate::GenerateButton_Click(context);
+        return;
+    }
+    const std::vector<findings::Finding> found = findings::allFindings(context);
+    generate::GenerateButton_Click(context, [&](const std::vector<std::string>& files) {
+        provenance::writeStudySheet(context, {version(), found, files});
+    });
+}
+
 // clang-format off
 constexpr Binding table[] = {
     // event                          procedure                                   needsFemap, withRows
@@ -55,7 +74,7 @@ constexpr Binding table[] = {
     {{"Solver", Click},               plain<generate::Solver_Click>,              true},
     {{"Optimizer", Click},            plain<generate::Optimizer_Click>,           true},
     {{"ClearAll", Click},             plain<form::ClearAll_Click>,                false, TakesAway},
-    {{"GenerateButton", Click},       plain<generate::GenerateButton_Click>,      true},
+    {{"GenerateButton", Click},       apply,                                      true},
     {{"HScroll1", Change},            plain<form::HScroll1_Change>,               false},
     {{"VScroll1", Change},            plain<form::VScroll1_Change>,               false},
     {{"Form", Resize},                plain<form::Form_Resize>,                   false},

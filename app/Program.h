@@ -102,8 +102,12 @@ public:
     /// Changes nothing. Nothing while a procedure runs, or when FEMAP is lost meanwhile.
     std::vector<findings::Finding> check();
 
-    /// What "Apply" would write now, with the texts of the file of that name. Changes nothing, and
-    /// shows nothing in FEMAP. Empty while a procedure runs, or when FEMAP is lost meanwhile.
+    /// Whether each whole "Apply" leaves a provenance sheet beside its files from now on.
+    void keepProvenance(bool keeps) { session_.keepsProvenance = keeps; }
+
+    /// What "Apply" would write now but for that sheet, with the texts of the file of that name.
+    /// Changes nothing, and shows nothing in FEMAP. Empty while a procedure runs, or when FEMAP is
+    /// lost meanwhile.
     preview::Preview preview(std::string_view wantedName = {});
 
     /// Unloads both forms; while a procedure runs, as soon as it has ended.

@@ -53,6 +53,9 @@ struct Session
     /// Which one of several FEMAPs it is, as was told last; empty where there was one.
     std::string femapInUse;
 
+    /// Whether "Apply" leaves a provenance sheet beside its files.
+    bool keepsProvenance = false;
+
     /// Set by a procedure that wants both forms unloaded; that is done when it has ended.
     bool closeWanted = false;
 

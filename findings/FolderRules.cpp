@@ -6,6 +6,7 @@
 #include "generate/ControlFileLines.h"
 #include "generate/ExchangeFiles.h"
 #include "generate/GenerationDriver.h"
+#include "generate/StudySheet.h"
 #include "generate/TaskDescription.h"
 
 #include <algorithm>
@@ -188,6 +189,34 @@ void storedRowsWouldBeLost(const Study& study, Report& report)
         if (const RowKey key = keyOf(line);
             !key.first.empty() && !std::ranges::binary_search(keys, key))
             report.add(key.first);
+    }
+}
+
+// A later "Apply" without a sheet wrote another control file, last of all.
+void filesWereChangedByHand(const Study& study, Report& report)
+{
+    if (!study.model() || !filesOf(study).fileExists(besideModel(study, generate::studySheet)))
+        return;
+    const auto recorded =
+        generate::filesInSheet(filesOf(study).read(besideModel(study, generate::studySheet)));
+    const auto isAsRecorded = [&](const generate::SheetFile& file) {
+        const auto facts = filesOf(study).facts(besideModel(study, file.name));
+        return !facts || generate::sheetFile(file.name, *facts) == file;
+    };
+    const auto find = [&](Target target) {
+        const std::string path = besideModel(study, target);
+        return std::ranges::find(*recorded, fileNameOf(path, sys::pathSeparators),
+                                 &generate::SheetFile::name);
+    };
+    const bool isOfLastApply = recorded && find(generate::controlFile) != recorded->end() &&
+                               isAsRecorded(*find(generate::controlFile));
+    if (!isOfLastApply)
+        return;
+    for (const Target target : generate::filesOfTool(study.form().Optimizer.Text)) {
+        const bool isOfLoop = target == generate::inputValues || target == generate::outputValues;
+        const auto file = find(target);
+        if (!isOfLoop && file != recorded->end() && !isAsRecorded(*file))
+            report.add(file->name);
     }
 }
 

@@ -148,6 +148,11 @@ constexpr Rule table[] = {
      {"The control file has a row that the grids lack, @name@; \"Apply\" would replace it.",
       "The control file has @count@ rows that the grids lack; \"Apply\" would replace it: @names@.",
       "Copy the control file first if the rows are still wanted."}},
+    {"changed-by-hand", Warning, OnDemand, filesWereChangedByHand,
+     {"@name@ was changed since the last \"Apply\", which would replace it.",
+      "@count@ generated files were changed since the last \"Apply\", which would replace them: "
+      "@names@.",
+      "Copy them first if the changes are still wanted."}},
     {"settings-overwritten", Warning, OnDemand, settingsWouldBeOverwritten,
      {"The loop would replace @name@ in the model's folder by @detail@.", "",
       "Keep your settings under another name, and name that in the command line."}},

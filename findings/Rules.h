@@ -71,6 +71,7 @@ void modelWouldBeOverwritten(const Study& study, Report& report);
 void storedRowsWouldBeLost(const Study& study, Report& report);
 void settingsWouldBeOverwritten(const Study& study, Report& report);
 void storedCommandLineWouldBeLost(const Study& study, Report& report);
+void filesWereChangedByHand(const Study& study, Report& report);
 void deckIsMissing(const Study& study, Report& report);
 
 // … and ModelRules.cpp: what FEMAP has now.

@@ -114,7 +114,7 @@ void writeCommandLine(form::MainForm& form, const SolverFormat& format,
 
 }  // namespace
 
-void GenerateButton_Click(Context& context)
+void GenerateButton_Click(Context& context, const AfterFiles& afterFiles)
 {
     logPositionAndClearErrorIfAny(context.log, context.error, "Before Generating supporting files");
     std::string modelFile;
@@ -134,6 +134,8 @@ void GenerateButton_Click(Context& context)
     lock.release("Released Femap lock");
     logPositionAndClearErrorIfAny(context.log, context.error, "After Generating supporting files");
     tellFinished(context, progress.finishedFiles());
+    if (afterFiles && !progress.finishedFiles().empty())
+        afterFiles(progress.finishedFiles());
 }
 
 std::span<const Target> filesOfTool(std::string_view tool)

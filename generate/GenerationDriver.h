@@ -4,16 +4,21 @@
 #include "form/Context.h"
 #include "generate/Targets.h"
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace generate
 {
 
+/// Gets the paths of the files that "Apply" wrote, in that order, while the folder is still kept.
+using AfterFiles = std::function<void(const std::vector<std::string>& files)>;
+
 /// "Apply": writes all files of the chosen tool, then the control file. Does nothing, with a
 /// message, when the model has no file yet.
-void GenerateButton_Click(form::Context& context);
+void GenerateButton_Click(form::Context& context, const AfterFiles& afterFiles = {});
 
 /// What "Apply" writes for a tool, but for the control file; none for a name that is no tool's.
 std::span<const Target> filesOfTool(std::string_view tool);

@@ -26,7 +26,8 @@ constexpr int exitWrongCall = 2;
 constexpr int exitFoundErrors = 3;
 
 constexpr std::string_view usage =
-    R"text(usage: velmar-study [--femap=embedded|running] [--quiet] [--findings text|json] [--strict] SCRIPT
+    R"text(usage: velmar-study [--femap=embedded|running] [--quiet] [--findings text|json] [--strict]
+                    [--provenance] SCRIPT
        velmar-study [--femap=embedded|running] [--quiet] [--findings text|json] [--strict]
                     --check SCRIPT
        velmar-study --record SCRIPT [ARGUMENTS]
@@ -44,6 +45,8 @@ Replays a study script without a window. SCRIPT "-" reads standard input.
   --quiet           no progress on standard error
   --findings json   write the findings of --check, and of lines "check", as JSON
   --strict          exit code 3 when there are errors among these findings
+  --provenance      leave a sheet beside the files of each "Apply", MODELStudy.json: what they
+                    were made of, and when
   --probe           write a report of what the running FEMAP does otherwise than the tool
                     believes (Windows); it changes nothing, but for a copy of a model with --write
   --ask             show selection dialogs as well
@@ -63,6 +66,7 @@ struct Call
     bool isCheck = false;
     bool isRecording = false;
     bool isStrict = false;
+    bool keepsProvenance = false;
     FindingsForm findingsForm = FindingsForm::Text;
     std::optional<bool> isEmbedded;  // none: the call does not say
     std::optional<std::string> script;
@@ -95,6 +99,8 @@ Call parseCall(const std::vector<std::string>& arguments)
             call.isQuiet = true;
         else if (argument == "--strict")
             call.isStrict = true;
+        else if (argument == "--provenance")
+            call.keepsProvenance = true;
         else if (argument == "--findings")
             findingsFormIsNext = true;
         else if (argument == "--check")
@@ -215,7 +221,7 @@ int runScript(const Call& call, const Environment& environment)
     StudyRunner runner({call.isCheck ? dry : environment.system, connector, dialogs,
                         running ? nullptr : &host, call.isCheck ? nowhere : environment.output,
                         environment.errors, call.isQuiet ? nowhere : environment.errors,
-                        call.findingsForm});
+                        call.findingsForm, call.keepsProvenance});
     if (call.isCheck)
         return check(runner, dialogs, script, call, environment);
     const int code = replay(runner, *call.script, script, environment);

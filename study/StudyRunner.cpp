@@ -134,6 +134,7 @@ StudyRunner::StudyRunner(const StudyWorld& world)
       program_(world.connector, host_, world.dialogs, world.system)
 {
     host_.follow(program_.form().StatusLine);
+    program_.keepProvenance(world.keepsProvenance);
 }
 
 void StudyRunner::run(StudyScript& script)

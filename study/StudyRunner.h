@@ -34,6 +34,7 @@ struct StudyWorld
     std::ostream& problems;
     std::ostream& progress;
     FindingsForm findingsForm = FindingsForm::Text;
+    bool keepsProvenance = false;  // each "Apply" leaves a sheet
 };
 
 /// Stands in for the form's window and writes the progress to a stream.

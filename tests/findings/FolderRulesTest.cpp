@@ -113,6 +113,76 @@ TEST_F(FolderRules, TellRowsOfTheControlFileThatTheGridsLack)
               "the grids lack, ElemForces85002AtElem40; \"Apply\" would replace it.");
 }
 
+// "Apply" leaves a sheet of its files, at this time.
+class FilesWithASheet : public FolderRules
+{
+protected:
+    FilesWithASheet()
+    {
+        f.files.now = time;
+        apply();
+        std::string files;
+        for (const auto& [name, content] : f.workFolder())
+            files += (files.empty() ? "" : ",") + std::string(R"({"name":")") + name +
+                     R"(","size":)" + std::to_string(content.size()) +
+                     R"(,"time":"2024-03-07T09:05:02Z"})";
+        f.put("beamStudy.json", R"({"files":[)" + files + "]}");
+        for (const auto& [name, content] : f.workFolder())
+            f.files.times[generate::inWork(name)] = time;
+    }
+    // A hand at a file, at another time.
+    void change(std::string_view fileName, const std::string& content)
+    {
+        f.put(fileName, content);
+        f.files.times[generate::inWork(fileName)] = time + 60;
+    }
+
+    static constexpr std::int64_t time = 1709802302;
+};
+
+TEST_F(FilesWithASheet, TellWhichWereChangedByHand)
+{
+    EXPECT_THAT(f.found("changed-by-hand"), IsEmpty());
+
+    change("FDFemap.bat", "own");
+    EXPECT_EQ(f.found("changed-by-hand"),
+              "warning changed-by-hand FDFemap.bat: FDFemap.bat was changed since the last "
+              "\"Apply\", which would replace it.");
+
+    f.files.times[generate::inWork("CAEInput.txt")] = time + 1;
+    EXPECT_THAT(f.found("changed-by-hand"),
+                HasSubstr("2 generated files were changed since the last \"Apply\", which would "
+                          "replace them: CAEInput.txt, FDFemap.bat."));
+}
+
+TEST_F(FilesWithASheet, TellNothingOfThoseThatTheLoopWrites)
+{
+    change("InputValues.txt", "ThicknessAtProp7  0.5\r\n");
+    change("OutputValues.txt", "ElemForces85002AtElem40  4\r\n");
+    remove("FDFemap.bat");
+
+    EXPECT_THAT(f.found("changed-by-hand"), IsEmpty());
+}
+
+TEST_F(FilesWithASheet, TellNothingWhenALaterApplyLeftNoSheet)
+{
+    f.files.now = time + 60;
+    f.form.CommandLine.Text = "nastran beam.dat";
+    apply();
+
+    EXPECT_THAT(f.found("changed-by-hand"), IsEmpty());
+}
+
+TEST_F(FilesWithASheet, TellNothingWhenTheSheetIsDamaged)
+{
+    change("FDFemap.bat", "own");
+    for (const char* const sheet : {"", "{\"files\":[{\"name\"", "{}", "{\"files\":[]}"}) {
+        f.put("beamStudy.json", sheet);
+
+        EXPECT_THAT(f.found("changed-by-hand"), IsEmpty()) << sheet;
+    }
+}
+
 TEST_F(FolderRules, TellSettingsThatTheLoopWouldReplace)
 {
     f.put("nastran.ini", "own");

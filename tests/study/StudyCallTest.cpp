@@ -27,7 +27,7 @@ TEST(StudyCall, TellsItsUsage)
     EXPECT_EQ(f.call({"--help"}), 0);
 
     EXPECT_THAT(f.output.str(), StartsWith("usage: velmar-study [--femap=embedded|running] "
-                                           "[--quiet] [--findings text|json] [--strict] SCRIPT\n"));
+                                           "[--quiet] [--findings text|json] [--strict]\n"));
     EXPECT_EQ(f.errors.str(), "");
 }
 
