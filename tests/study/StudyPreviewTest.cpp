@@ -29,7 +29,7 @@ protected:
     }
 };
 
-constexpr const char* twoNodes = R"text(set Solver NXNastran
+constexpr const char* aSelection = R"text(set Solver NXNastran
 set InputSelection Nodes
 pick 1 2
 choose x
@@ -38,7 +38,7 @@ click InputsButton
 
 TEST_F(StudyPreview, ListsTheFilesAndWritesNone)
 {
-    EXPECT_EQ(f.run(std::string(twoNodes) + "preview\n"), 0);
+    EXPECT_EQ(f.run(std::string(aSelection) + "preview\n"), 0);
 
     EXPECT_THAT(f.outputLines(), Contains(AllOf(StartsWith("new "), EndsWith(" FDFemap.bat"))));
     EXPECT_THAT(f.outputLines(), Contains(AllOf(StartsWith("new "), EndsWith("beamControl.txt"))));
@@ -48,10 +48,10 @@ TEST_F(StudyPreview, ListsTheFilesAndWritesNone)
 
 TEST_F(StudyPreview, ShowsTheDifferenceOfOneFile)
 {
-    EXPECT_EQ(f.run(std::string(twoNodes) + "click GenerateButton\n"
-                                            "set CommandLine own \u00e4\n"
-                                            "preview FDFemap.bat\n"
-                                            "preview InputValues.txt\n"),
+    EXPECT_EQ(f.run(std::string(aSelection) + "click GenerateButton\n"
+                                              "set CommandLine own \u00e4\n"
+                                              "preview FDFemap.bat\n"
+                                              "preview InputValues.txt\n"),
               0);
 
     const std::vector<std::string> lines = f.outputLines();
@@ -76,7 +76,7 @@ TEST_F(StudyPreview, TellsWhatWouldFail)
 {
     std::filesystem::create_directory(f.folder.path("CAEInput.txt"));
 
-    EXPECT_EQ(f.run(std::string(twoNodes) + "preview\n"), 0);
+    EXPECT_EQ(f.run(std::string(aSelection) + "preview\n"), 0);
 
     EXPECT_THAT(f.outputLines(),
                 Contains(AllOf(StartsWith("would-fail "),
