@@ -37,7 +37,7 @@ TEST_P(StudyStops, AtTheLineThatCannotBeDone)
 const char* const actionNames =
     "4: \"stop\" is no action; the actions are start, set, pick, choose, click, select, key, "
     "refresh, stepback, event, "
-    "open, closemodel, put, activate, print, check, close";
+    "open, closemodel, put, activate, print, check, preview, close";
 const char* const boxNames =
     "2: \"InputsList\" cannot be set; set takes InputSelection, OutputSelection, Solver, "
     "Optimizer, "
@@ -74,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(
         Stop{"CLOSE\n",
              "2: \"CLOSE\" is no action; the actions are start, set, pick, choose, click, "
              "select, key, refresh, stepback, event, open, closemodel, put, activate, print, "
-             "check, close"}));
+             "check, preview, close"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Numbers, StudyStops,
