@@ -6,6 +6,7 @@
 #include "femap/com/BulkVectors.h"
 #include "femap/com/Codes.h"
 #include "femap/com/FemapProcesses.h"
+#include "femap/com/FemapWindow.h"
 #include "femap/com/bulk/PrefetchingEntity.h"
 #include "femap/com/bulk/PrefetchingVector.h"
 #include "system/RuntimeError.h"
@@ -72,16 +73,16 @@ bool isClassic(Connection& connection, Dispatch& application)
     return *connection.isClassic;
 }
 
-// 0 when FEMAP does not tell its window.
-DWORD processOf(const std::shared_ptr<Connection>& connection)
+Dispatch applicationOf(const std::shared_ptr<Connection>& connection)
 {
-    try {
-        Dispatch application(connection->application(), "application", connection);
-        return processOfWindow(static_cast<long long>(application.call("hMainWnd").real()));
-    }
-    catch (const RuntimeError&) {
-        return 0;
-    }
+    return {connection->application(), "application", connection};
+}
+
+// 0 when FEMAP does not tell its window.
+DWORD processOfFemap(const std::shared_ptr<Connection>& connection)
+{
+    Dispatch application = applicationOf(connection);
+    return processOf(mainWindowOf(application));
 }
 
 // Window handles fit into 32 bits, and FEMAP takes them as such numbers.
@@ -296,7 +297,7 @@ RunningFemaps ComConnector::running()
     const std::shared_ptr<Connection> connection = given_.lock();
     const bool isAsked = processes.size() > 1 && connection != nullptr;
     return runningAmong(processes, windows::isElevated(GetCurrentProcess()),
-                        isAsked ? processOf(connection) : 0);
+                        isAsked ? processOfFemap(connection) : 0);
 }
 
 // Null when none is in use, or when it has ended.

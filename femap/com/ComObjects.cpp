@@ -4,6 +4,7 @@
 #include "femap/com/BulkCalls.h"
 #include "femap/com/BulkCapabilities.h"
 #include "femap/com/Codes.h"
+#include "femap/com/FemapWindow.h"
 #include "system/RuntimeError.h"
 
 #include <algorithm>
@@ -180,7 +181,8 @@ ReturnCode ComSet::Copy(int setID)
 ReturnCode ComSet::Select(EntityType type, bool clear, const std::string& title)
 {
     if (context_.dialogs == nullptr)
-        return code(object_.call("Select", number(type), clear, title));
+        return code(object_.callDialog(processOf(mainWindowOf(context_.application)), "Select",
+                                       number(type), clear, title));
     if (clear)
         object_.call("clear");
     return fillFromAnswer(type, title);
@@ -191,8 +193,10 @@ ReturnCode ComSet::SelectMultiID(EntityType type, int ownerSet, const std::strin
     if (context_.dialogs != nullptr)
         return fillFromAnswer(type, title);
     const char* const member = object_.has("SelectMultiIDV2") ? "SelectMultiIDV2" : "SelectMultiID";
-    return askAlsoUnlocked(
-        [&] { return code(object_.call(member, number(type), ownerSet, title)); });
+    return askAlsoUnlocked([&] {
+        return code(object_.callDialog(processOf(mainWindowOf(context_.application)), member,
+                                       number(type), ownerSet, title));
+    });
 }
 
 // Whether FEMAP shows a dialog while it is locked is not known. When it neither let the engineer
@@ -240,7 +244,8 @@ ReturnCode ComSet::fillFromAnswer(EntityType type, const std::string& title)
 ReturnCode ComFunction::SelectID(const std::string& title)
 {
     if (context_.dialogs == nullptr)
-        return code(object_.call("SelectID", title));
+        return code(
+            object_.callDialog(processOf(mainWindowOf(context_.application)), "SelectID", title));
     Dispatch existing = context_.application.object("feSet");
     existing.call("AddAll", number(EntityType::Function));
     const Selection answer =

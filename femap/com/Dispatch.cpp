@@ -62,6 +62,11 @@ private:
 
 }  // namespace
 
+void letToFront(DWORD process)
+{
+    AllowSetForegroundWindow(process);
+}
+
 void Connection::demandAlive() const
 {
     if (!alive_)
@@ -160,7 +165,8 @@ std::optional<DISPID> Dispatch::find(const std::string& name)
     return names[name] = SUCCEEDED(result) ? std::optional(number) : std::nullopt;
 }
 
-Variant Dispatch::invoke(const std::string& name, WORD flags, Variant* arguments, std::size_t count)
+Variant Dispatch::invoke(const std::string& name, WORD flags, Variant* arguments, std::size_t count,
+                         bool showsDialog)
 {
     const std::optional<DISPID> number = find(name);
     if (!number)
@@ -178,7 +184,7 @@ Variant Dispatch::invoke(const std::string& name, WORD flags, Variant* arguments
     Variant returned;
     ExceptionInfo exception;
     UINT wrongArgument = 0;
-    const HRESULT result = connection_->make({kind_, name}, [&] {
+    const HRESULT result = connection_->make({kind_, name, showsDialog}, [&] {
         return object_->Invoke(*number, IID_NULL, LOCALE_SYSTEM_DEFAULT, flags, &parameters,
                                isPut ? nullptr : returned.raw(), exception.address(),
                                &wrongArgument);

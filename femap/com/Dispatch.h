@@ -7,6 +7,7 @@
 #include <windows.h>
 
 #include <array>
+#include <functional>
 #include <map>
 #include <memory>
 #include <oleauto.h>
@@ -17,6 +18,9 @@
 
 namespace femap::com
 {
+
+/// Lets the process bring its windows to the front of ours; a refusal is ignored.
+void letToFront(DWORD process);
 
 /// What all objects of one running FEMAP share: whether it still runs, the retry policy while it is
 /// busy, and the numbers of its members' names. To look up a name is a call to FEMAP, so each name
@@ -64,6 +68,11 @@ public:
     {
         return names_[kind];
     }
+
+    /// FEMAP's main window, null when FEMAP does not tell it; asked once.
+    std::optional<HWND> mainWindow;
+    /// Lets FEMAP's process bring a dialog to the front.
+    std::function<void(DWORD process)> letToFront = com::letToFront;
 
     /// How many places arrays have, by kind of object and member; none where FEMAP does not tell.
     std::map<std::pair<std::string, std::string>, std::optional<std::size_t>> places;
@@ -129,15 +138,29 @@ public:
         invoke(name, DISPATCH_PROPERTYPUT, list.data(), list.size());
     }
 
+    /// Calls a member by which FEMAP shows a dialog, until the engineer has closed that. Lets
+    /// FEMAP's process bring it to the front.
+    template <class... Arguments>
+    Variant callDialog(DWORD process, const std::string& name, Arguments&&... arguments)
+    {
+        std::array<Variant, sizeof...(Arguments)> list = {
+            Variant(std::forward<Arguments>(arguments))...};
+        connection_->letToFront(process);
+        return invoke(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, list.data(), list.size(), true);
+    }
+
     /// The object that a property of this one returns.
     Dispatch object(const std::string& name);
     /// Wraps an object that a call of this one returned.
     Dispatch adopt(IDispatch* object, const std::string& kind) const;
 
+    Connection& connection() const { return *connection_; }
+
 private:
     HRESULT lookUp(const std::string& name, DISPID& number);
     std::optional<DISPID> find(const std::string& name);
-    Variant invoke(const std::string& name, WORD flags, Variant* arguments, std::size_t count);
+    Variant invoke(const std::string& name, WORD flags, Variant* arguments, std::size_t count,
+                   bool showsDialog = false);
 
     IDispatch* object_;
     std::string kind_;

@@ -61,11 +61,4 @@ std::string whyNoneIsFound(const RunningFemaps& running)
                : "No FEMAP is running";
 }
 
-DWORD processOfWindow(long long window)
-{
-    DWORD process = 0;
-    GetWindowThreadProcessId(reinterpret_cast<HWND>(static_cast<INT_PTR>(window)), &process);
-    return process;
-}
-
 }  // namespace femap::com

@@ -33,7 +33,4 @@ RunningFemaps runningAmong(std::span<const FemapProcess> processes, std::optiona
 /// Why no FEMAP was found to attach to.
 std::string whyNoneIsFound(const RunningFemaps& running);
 
-/// The process of a window; 0 for a handle that is none.
-DWORD processOfWindow(long long window);
-
 }  // namespace femap::com

@@ -33,6 +33,7 @@ public:
     {
         std::string_view object;
         std::string_view member;
+        bool showsDialog = false;  // in FEMAP, where alone the wait for its end can be ended
     };
 
     /// Called when a wait begins.

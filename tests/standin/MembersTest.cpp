@@ -1,6 +1,6 @@
 #include "femap/TypeLibrary.h"
 #include "femap/com/Apartment.h"
-#include "femap/com/FemapProcesses.h"
+#include "femap/com/FemapWindow.h"
 #include "standin/Generations.h"
 #include "standin/Letters.h"
 #include "standin/StartedStandin.h"
@@ -274,9 +274,9 @@ TEST_P(MembersOf, FemapTakeAWholeRealForAnIndex)
 
 TEST_P(MembersOf, FemapNameAWindowOfItsProcess)
 {
-    const auto window = static_cast<long long>(standin.control().call("hMainWnd").real());
+    const HWND window = femap::com::mainWindowOf(standin.control());
 
-    EXPECT_EQ(femap::com::processOfWindow(window), standin.processID());
+    EXPECT_EQ(femap::com::processOf(window), standin.processID());
 }
 
 TEST_P(MembersOf, FemapTellThatAllIsSaved)
