@@ -1,5 +1,6 @@
 #include "app/EventDispatcher.h"
 
+#include "app/AfterWait.h"
 #include "app/Bindings.h"
 #include "form/FemapLock.h"
 #include "form/Progress.h"
@@ -70,6 +71,9 @@ Ended EventDispatcher::carryOut(const std::string& where, const std::function<vo
     catch (const femap::ConnectionLost& lost) {
         forgetFemap(where, lost.what());
     }
+    catch (const femap::WaitEnded& ended) {
+        leaveFemapAlone(where, ended.what());
+    }
     return Ended::ByError;
 }
 
@@ -112,8 +116,27 @@ void EventDispatcher::forgetFemap(const std::string& where, const std::string& r
     context.form.openModel.reset();
     context.application.reset();
     session_.eventFemap.reset();
+    session_.endedWait = {};
     disableWhatNeedsFemap(context.form);
     context.form.status.tellFailure(femapIsGone);
+
+    context.error.note({sys::ErrorNumber::ObjectFailed, reason});
+    reportPending(where);
+    resetPointers();
+}
+
+// Asks nothing of a FEMAP that is busy. What is to be undone there waits until it answers.
+void EventDispatcher::leaveFemapAlone(const std::string& where, const std::string& reason)
+{
+    Context& context = session_.context;
+    EndedWait& ended = session_.endedWait;
+    ended.isThere = true;
+    ended.locks += std::exchange(context.lockDepth, 0);
+    ended.showsProgress |= std::exchange(context.femapShowsProgress, false);
+    form::endProgress(context);
+    ended.reason = reason;
+    lastFailure_ = reason;
+    tellEndedWait(session_);
 
     context.error.note({sys::ErrorNumber::ObjectFailed, reason});
     reportPending(where);

@@ -26,7 +26,7 @@ public:
     explicit EventDispatcher(Session& session) : session_(session) {}
 
     /// Runs a procedure; the name is for the log. Memory that is used up ends it by an error.
-    /// Exceptions other than that, RuntimeError and ConnectionLost pass through.
+    /// Exceptions other than that, RuntimeError, ConnectionLost and WaitEnded pass through.
     Ended run(std::string_view name, const std::function<void()>& procedure);
 
     bool isBusy() const { return busy_; }
@@ -40,6 +40,7 @@ private:
     void reportPending(const std::string& where);
     void showFailure(const std::string& where);
     void forgetFemap(const std::string& where, const std::string& reason);
+    void leaveFemapAlone(const std::string& where, const std::string& reason);
     void resetPointers();
 
     Session& session_;

@@ -18,6 +18,7 @@ namespace
 void shutDown(Session& session)
 {
     session.closeWanted = true;  // first: FEMAP may be out of reach already
+    session.endedWait = {};
     if (session.eventFemap == nullptr)
         return;
     session.connector.waitBriefly(true);

@@ -1,5 +1,6 @@
 #include "app/Program.h"
 
+#include "app/AfterWait.h"
 #include "app/FemapEvents.h"
 #include "app/StartUp.h"
 #include "app/WhichFemap.h"
@@ -49,6 +50,10 @@ Started Program::start(const std::string& arguments)
     const Ended ended =
         dispatcher_.run("Form_Load", [&] { result = Form_Load(session_, arguments); });
     form().status.showProgress({});
+    if (session_.endedWait.isThere) {
+        session_.endedWait.takesOver = true;
+        form().setEnabled(false);
+    }
     if (result == StartUp::FemapNotFound) {
         closed_ = true;
         return Started::FemapNotFound;
@@ -89,12 +94,23 @@ Ended Program::raiseFemapEvent(std::intptr_t code)
 
 bool Program::lookForFemap()
 {
-    if (isConnected() || closed_ || dispatcher_.isBusy())
+    if (closed_ || dispatcher_.isBusy())
         return false;
+    if (isConnected())
+        return settle();
     std::unique_ptr<femap::Application> found = livingFemap();
     if (found == nullptr)
         return false;
     dispatcher_.run("LookForFemap", [&] { femapReturned(session_, std::move(found)); });
+    runWaiting();
+    return true;
+}
+
+bool Program::settle()
+{
+    if (!session_.endedWait.isThere || !session_.connector.isAnswering())
+        return false;
+    dispatcher_.run("AfterWait", [&] { settleEndedWait(session_); });
     runWaiting();
     return true;
 }
@@ -138,6 +154,9 @@ std::unique_ptr<femap::Application> Program::livingFemap()
     catch (const femap::ConnectionLost&) {
         return nullptr;
     }
+    catch (const femap::WaitEnded&) {
+        return nullptr;
+    }
 }
 
 bool Program::tellUnsavedChanges(std::string_view text)
@@ -154,7 +173,13 @@ bool Program::tellUnsavedChanges(std::string_view text)
 
 void Program::closeByHand()
 {
-    if (dispatcher_.isBusy() || unsavedIsTold_ || !tellUnsavedChanges(unsavedInForm)) {
+    const bool isAsked = dispatcher_.isBusy() || unsavedIsTold_ || session_.closeWanted;
+    if (!isAsked && isKeptByLock()) {
+        session_.closeWanted = true;
+        tellEndedWait(session_);
+        return;
+    }
+    if (isAsked || !tellUnsavedChanges(unsavedInForm)) {
         close();
         return;
     }
@@ -239,6 +264,9 @@ Ended Program::perform(const Action& action, const std::function<void()>& proced
     if (observer != nullptr)
         observer->begins(action);
     const Ended ended = dispatcher_.run(action.event.text(), procedure);
+    const bool isFemaps = action.event.text() == femapEvent.text();
+    if (isFemaps && ended == Ended::ByError && session_.endedWait.isThere)
+        session_.endedWait.takesOver = true;
     if (observer != nullptr)
         observer->ended(action);
     return ended;
@@ -253,7 +281,7 @@ void Program::runWaiting()
         perform({next.binding->event, next.argument},
                 [&] { next.binding->procedure(session_, next.argument); });
     }
-    if (session_.closeWanted)
+    if (session_.closeWanted && !isKeptByLock())
         close();
 }
 

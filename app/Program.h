@@ -80,8 +80,9 @@ public:
     /// FEMAP's event message. Other codes do nothing.
     Ended raiseFemapEvent(std::intptr_t code);
 
-    /// After FEMAP was lost: goes on with one that runs again. Returns whether there is one. May be
-    /// called often: when there is none, nothing is logged.
+    /// After FEMAP was lost: goes on with one that runs again. Returns whether there is one. After
+    /// a wait for it was ended: undoes what is left there, and returns true, when it answers. May
+    /// be called often: while there is nothing, nothing is logged.
     bool lookForFemap();
 
     /// FEMAP's process has ended and took the form's window, one of its panes, with it.
@@ -112,6 +113,8 @@ public:
 
     /// Unloads both forms; while a procedure runs, as soon as it has ended.
     void close();
+    /// Whether that is to be done when the procedure has ended, or FEMAP's lock is released.
+    bool isToClose() const { return session_.closeWanted; }
     bool isClosed() const { return closed_; }
 
     bool isBusy() const { return dispatcher_.isBusy(); }
@@ -139,6 +142,8 @@ private:
     std::unique_ptr<femap::Application> livingFemap();
     Ended perform(const Action& action, const std::function<void()>& procedure);
     void runWaiting();
+    bool settle();
+    bool isKeptByLock() const { return session_.endedWait.locks > 0; }
     Ended performOnRows(const Binding& binding, int argument);
     void forgetStepOfAnotherModel();
     void finishKeeping();

@@ -27,6 +27,17 @@ constexpr std::string_view paneIsGone =
 constexpr std::string_view femapIsBack =
     "FEMAP is back. The rows are kept; look whether their model is the one that is open.";
 
+/// What the end of a wait for a busy FEMAP left undone there; it is done when FEMAP answers again.
+struct EndedWait
+{
+    bool isThere = false;
+    int locks = 0;               // that FEMAP has, or gets from the call that was abandoned
+    bool showsProgress = false;  // its progress bar is on
+    bool takesOver = false;      // start-up or a change of the model was cut short
+    std::string reason;          // why nobody waits
+    std::string told;            // on the status line
+};
+
 struct Session
 {
     /// Everything given here must outlive the session.
@@ -55,6 +66,7 @@ struct Session
 
     /// Whether "Apply" leaves a provenance sheet beside its files.
     bool keepsProvenance = false;
+    EndedWait endedWait;
 
     /// Set by a procedure that wants both forms unloaded; that is done when it has ended.
     bool closeWanted = false;

@@ -93,6 +93,20 @@ bool reachFemap(Session& session)
     return true;
 }
 
+// The same; false as well when the engineer did not wait until it answered.
+bool waitForFemap(Session& session)
+{
+    try {
+        return reachFemap(session);
+    }
+    catch (const femap::WaitEnded& ended) {
+        logging::FemapLogger& log = session.context.log;
+        session.femapFailure = ended.what();
+        log.writeLogWithLevel(log.LogLevel_error, session.femapFailure);
+        return false;
+    }
+}
+
 // FEMAP's own reasons do not tell that a path is wrong.
 void demandFile(Context& context, const std::string& path)
 {
@@ -196,7 +210,7 @@ StartUp Form_Load(Session& session, const std::string& arguments)
     context.form.fileExtension = generate::GetFileExtension(commandLine.modelFile);
     startLog(context, commandLine);
     logArguments(context, commandLine);
-    if (!reachFemap(session)) {
+    if (!waitForFemap(session)) {
         context.log.DeinitialiseLogger();
         return StartUp::FemapNotFound;
     }
@@ -226,9 +240,15 @@ void femapReturned(Session& session, std::unique_ptr<femap::Application> applica
     context.form.status.withdraw(paneIsGone);
     context.form.status.tellResult(femapIsBack);
     RestoreFormEvents(session);
+    takeOverFemap(session);
+}
+
+void takeOverFemap(Session& session)
+{
     Steps steps;
-    registerPlugin(session, steps);
-    context.form.modelEntityCount = unknownCount;  // so that the lists are built anew
+    if (!session.eventsAreHooked)
+        registerPlugin(session, steps);
+    session.form.modelEntityCount = unknownCount;  // so that the lists are built anew
     takeOverModel(session, steps);
     steps.run([&] { tellWhichFemap(session); });
     steps.raiseFirst();

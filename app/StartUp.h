@@ -22,6 +22,10 @@ StartUp Form_Load(Session& session, const std::string& arguments);
 /// and registers the form with FEMAP. Rows stay as they are.
 void femapReturned(Session& session, std::unique_ptr<femap::Application> application);
 
+/// Makes the form a pane of the FEMAP that it has, unless it is one, and takes over the model that
+/// is open there.
+void takeOverFemap(Session& session);
+
 /// Releases FEMAP and the log. Works in every state, also twice.
 void Form_Unload(Session& session);
 

@@ -87,6 +87,8 @@ public:
     virtual RunningFemaps running() { return {}; }
     /// Whether a FEMAP that rejects calls is waited for a few seconds only: the program ends.
     virtual void waitBriefly(bool /*briefly*/) {}
+    /// Whether the FEMAP that was given takes calls now; finds out without waiting for it.
+    virtual bool isAnswering() { return true; }
 };
 
 /// The longest text that FEMAP's message window takes, in characters.

@@ -1,6 +1,7 @@
 // FEMAP's objects as the program uses them: entities, sets, output vectors, functions and loads.
-// Every operation raises sys::RuntimeError when FEMAP refuses or lacks it and ConnectionLost when
-// FEMAP is gone. A status that FEMAP returns is not an error here: the caller gets it.
+// Every operation raises sys::RuntimeError when FEMAP refuses or lacks it, ConnectionLost when
+// FEMAP is gone and WaitEnded when nobody waits for it any more. A status that FEMAP returns is not
+// an error here: the caller gets it.
 #pragma once
 
 #include "femap/Constants.h"
@@ -21,6 +22,22 @@ class ConnectionLost : public std::runtime_error
 {
 public:
     using std::runtime_error::runtime_error;
+};
+
+/// The engineer ended the wait for a FEMAP that is busy. Not a RuntimeError, for it ends the
+/// procedure.
+class WaitEnded : public std::runtime_error
+{
+public:
+    WaitEnded(const std::string& what, bool mayBeCarriedOut)
+        : std::runtime_error(what), mayBeCarriedOut_(mayBeCarriedOut)
+    {}
+
+    /// Whether FEMAP has taken the call, and may do what it asks for.
+    bool mayBeCarriedOut() const { return mayBeCarriedOut_; }
+
+private:
+    bool mayBeCarriedOut_;
 };
 
 /// What is said where an output vector has no value.

@@ -5,9 +5,16 @@
 namespace form
 {
 
+// A lock too few in the count would stay for ever; an unlock too many does FEMAP no harm.
 void lockFemap(Context& context)
 {
-    context.femap().feAppLock();
+    try {
+        context.femap().feAppLock();
+    }
+    catch (const femap::WaitEnded& ended) {
+        context.lockDepth += ended.mayBeCarriedOut() ? 1 : 0;
+        throw;
+    }
     ++context.lockDepth;
 }
 

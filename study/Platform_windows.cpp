@@ -34,6 +34,7 @@ void record(const std::string& script, const std::string& arguments)
     RecordedConnector connector(femap, recorder);
     window::MainWindow window(connector, system);
     femap.reportTo([&window](const std::string& text) { window.showStatus(text); });
+    femap.endWaitsWhen([&window] { return window.endsWait(); });
     recorder.follow(window.form());
     window.observe(recorder);
     if (!window.open(arguments))

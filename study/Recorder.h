@@ -56,6 +56,7 @@ public:
     std::unique_ptr<femap::Application> create() override;
     femap::RunningFemaps running() override { return real_.running(); }
     void waitBriefly(bool briefly) override { real_.waitBriefly(briefly); }
+    bool isAnswering() override { return real_.isAnswering(); }
 
 private:
     femap::Connector& real_;

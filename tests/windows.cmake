@@ -44,6 +44,7 @@ velmar_test(app/window LOCK femap.model
         ColoursTest.cpp
         CommandsTest.cpp
         DialogPlaceTest.cpp
+        EndedWaitTest.cpp
         EventHookTest.cpp
         FormThatIsOffTest.cpp
         GridViewTest.cpp

@@ -10,7 +10,7 @@
 
 #include <cstdlib>
 #include <exception>
-#include <memory>
+#include <string>
 
 namespace
 {
@@ -35,6 +35,7 @@ int runForm(int showCommand)
     window::MainWindow window(femap, system);
     femap.reportTo([&window](const std::string& text) { window.showStatus(text); });
     femap.beforeWaits([&window] { window.show(); });
+    femap.endWaitsWhen([&window] { return window.endsWait(); });
     if (!window.open(argumentString(), showCommand))
         return EXIT_FAILURE;
     return window.run();

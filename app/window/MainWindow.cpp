@@ -190,21 +190,6 @@ int MainWindow::run()
     return static_cast<int>(message.wParam);
 }
 
-void MainWindow::showProgress()
-{
-    status_->show(program_.form().StatusLine.Caption);
-    UpdateWindow(status_->window());
-}
-
-void MainWindow::showStatus(const std::string& text)
-{
-    program_.form().status.showWaiting(text);
-    if (!ready_)
-        return;
-    show();
-    showProgress();
-}
-
 void MainWindow::unload()
 {
     propertyList_.cancel();
@@ -310,15 +295,6 @@ LRESULT MainWindow::handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM
         break;
     }
     return DefWindowProcW(window, message, wParam, lParam);
-}
-
-void MainWindow::lookForFemap()
-{
-    paneOwner_.look(window_);
-    if (ready_ && program_.lookForFemap()) {
-        dropInput(window_);
-        afterEvent();
-    }
 }
 
 // Comes also when FEMAP destroyed the window together with its own. Then run() decides what becomes

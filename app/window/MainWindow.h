@@ -58,6 +58,9 @@ public:
     const form::MainForm& form() { return program_.form(); }
     /// Shows this text while a procedure waits for FEMAP.
     void showStatus(const std::string& text);
+    /// Whether the engineer ends the wait for FEMAP: by Esc, or by closing the form, which then is
+    /// done when the procedure has ended.
+    bool endsWait();
 
     std::intptr_t windowHandle() override { return reinterpret_cast<std::intptr_t>(window_); }
     void hookEvents() override { hook_.install(window_); }

@@ -6,13 +6,14 @@ namespace femap::com
 namespace
 {
 
-constexpr DWORD wakePeriod = 1000;                              // milliseconds
+constexpr DWORD wakePeriod = 250;                               // milliseconds
 constexpr LONGLONG firstWake = -10'000 * LONGLONG{wakePeriod};  // from now on, in 100 ns
 
 }  // namespace
 
 // While a call waits for its answer, COM asks MessagePending when a message arrives. So that one
-// does, a thread of Windows' posts one every second.
+// does, a thread of Windows' posts one four times a second. Wine 8 gives up an abandoned call only
+// when its answer comes.
 BusyFilter::BusyFilter(RetryPolicy& retryPolicy)
     : retryPolicy_(retryPolicy),
       thread_(GetCurrentThreadId()),
@@ -44,8 +45,7 @@ void CALLBACK BusyFilter::wake(PTP_CALLBACK_INSTANCE, void* filter, PTP_TIMER)
 
 DWORD BusyFilter::MessagePending(HTASK, DWORD, DWORD)
 {
-    retryPolicy_.pending();
-    return PENDINGMSG_WAITDEFPROCESS;
+    return retryPolicy_.pending() ? PENDINGMSG_CANCELCALL : PENDINGMSG_WAITDEFPROCESS;
 }
 
 // Windows calls this before a rejected call returns to its caller. Wine 8 never does: there the

@@ -314,7 +314,35 @@ std::unique_ptr<Application> ComConnector::give(IDispatch* application)
 {
     const auto connection = std::make_shared<Connection>(retryPolicy_, application);
     given_ = connection;
-    return given();
+    std::unique_ptr<Application> first = given();
+    Dispatch own = applicationOf(connection);
+    mainWindowOf(own);  // now, for a busy FEMAP does not tell it
+    return first;
+}
+
+// A window that handles no messages would keep even a question waiting. Where FEMAP did not tell
+// its window, the question itself finds out.
+bool ComConnector::isAnswering()
+{
+    const std::shared_ptr<Connection> connection = given_.lock();
+    if (connection == nullptr || !connection->isAlive())
+        return true;  // the next call tells
+    const HWND window = connection->mainWindow.value_or(nullptr);
+    if (window != nullptr && !handlesMessages(window))
+        return false;
+    try {
+        const RetryPolicy::NoWaits noWaits(*retryPolicy_);
+        LONG count = 0;
+        Variant ids;
+        applicationOf(connection).call("feAppGetAllModels", &count, &ids);
+        return true;
+    }
+    catch (const RuntimeError&) {
+        return false;
+    }
+    catch (const ConnectionLost&) {
+        return true;
+    }
 }
 
 std::string messageForFemap(const std::string& text)

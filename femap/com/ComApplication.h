@@ -78,6 +78,7 @@ public:
     std::unique_ptr<Application> create() override;
     RunningFemaps running() override;
     void waitBriefly(bool briefly) override { retryPolicy_->waitBriefly(briefly); }
+    bool isAnswering() override;
 
 private:
     std::unique_ptr<Application> given();

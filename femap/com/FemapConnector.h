@@ -30,10 +30,15 @@ public:
     /// shows is called whenever a FEMAP that is there lets the program wait.
     void beforeWaits(std::function<void()> shows) { retryPolicy_->begins = std::move(shows); }
 
+    /// isToEnd is asked again and again while FEMAP lets the program wait: whether the engineer
+    /// ends that.
+    void endWaitsWhen(std::function<bool()> isToEnd) { retryPolicy_->isToEnd = std::move(isToEnd); }
+
     std::unique_ptr<Application> attach() override { return connector_.attach(); }
     std::unique_ptr<Application> create() override { return connector_.create(); }
     RunningFemaps running() override { return connector_.running(); }
     void waitBriefly(bool briefly) override { connector_.waitBriefly(briefly); }
+    bool isAnswering() override { return connector_.isAnswering(); }
 
 private:
     Apartment apartment_;

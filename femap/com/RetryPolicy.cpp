@@ -11,6 +11,7 @@ namespace
 
 constexpr const char* waitingText =
     "FEMAP is working or shows a dialog. Waiting for it \xE2\x80\xA6";
+constexpr const char* dialogText = "FEMAP shows a dialog of its own. End it there";
 
 // Handles only paint messages and messages that other programs send. Keys, the mouse and timers
 // stay queued: a handler must not begin while another waits for FEMAP.
@@ -38,7 +39,7 @@ std::optional<RetryPolicy::Duration> RetryPolicy::rejected()
             begins();
     }
     const Duration waited = time - *began_;
-    if (waited >= limit_)
+    if (isEnded_ || waited >= limit_ || (waited >= shortest && endsNow(false)))
         return std::nullopt;
     if (waited >= quietTime && !reported_) {
         reported_ = true;
@@ -48,19 +49,43 @@ std::optional<RetryPolicy::Duration> RetryPolicy::rejected()
     return pause;
 }
 
-void RetryPolicy::pending()
+bool RetryPolicy::pending()
 {
-    if (!isCalling_ || isLongCallReported_)
-        return;
+    if (!isCalling_)
+        return false;
     const Duration waited = now() - callBegan_;
-    if (waited < quietTime)
-        return;
+    if (isEnded_ || (waited >= shortest && endsNow(true)))
+        return true;
+    if (waited < quietTime || isLongCallReported_)
+        return false;
     isLongCallReported_ = true;
     if (report)
         report("FEMAP has not answered since " + timeBefore(waited) + " (" +
                std::string(callName_.object) + "." + std::string(callName_.member) +
                "). It computes, or it shows a dialog: look for one in FEMAP, also behind other "
                "windows");
+    return false;
+}
+
+// Whether the engineer ends the wait; then says so at once, for that may be long before COM gives
+// up the call.
+bool RetryPolicy::endsNow(bool isTaken)
+{
+    if (!isToEnd())
+        return false;
+    isTaken_ = isTaken;
+    isEnded_ = !(isTaken && callName_.showsDialog);
+    if (report)
+        report(isEnded_ ? ended().what() : dialogText);
+    return isEnded_;
+}
+
+WaitEnded RetryPolicy::ended() const
+{
+    const std::string call = std::string(callName_.object) + "." + std::string(callName_.member);
+    return {isTaken_ ? "The wait for FEMAP is ended. It may still carry out the call: " + call
+                     : "The wait for FEMAP is ended, which did not take the call: " + call,
+            isTaken_};
 }
 
 std::string RetryPolicy::localTimeBefore(Duration time)

@@ -19,15 +19,23 @@ public:
     bool attachRaises = false;
     bool attachFindsNothing = false;
     bool attachLoses = false;  // as long as the FEMAP that runs is just ending
+    bool attachIsAbandoned = false;
     bool createRaises = false;
     bool createGivesNothing = false;
     int attached = 0;
     int created = 0;
     femap::RunningFemaps femaps;
     bool waitsBriefly = false;
+    bool isBusy = false;
+    int askedWhetherItAnswers = 0;
 
     femap::RunningFemaps running() override { return femaps; }
     void waitBriefly(bool briefly) override { waitsBriefly = briefly; }
+    bool isAnswering() override
+    {
+        ++askedWhetherItAnswers;
+        return !isBusy;
+    }
 
     std::unique_ptr<femap::Application> attach() override
     {
@@ -36,6 +44,8 @@ public:
             throw sys::RuntimeError(sys::ErrorNumber::ObjectFailed, "FEMAP does not run");
         if (attachLoses)
             throw femap::ConnectionLost("The RPC server is unavailable");
+        if (attachIsAbandoned)
+            throw femap::WaitEnded("The wait is ended", false);
         if (attachFindsNothing)
             return nullptr;
         return std::make_unique<WatchedFemap>(host_.attach(), *this);

@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
+
 namespace comtest
 {
 
@@ -96,6 +98,38 @@ TEST_F(BusyFemap, IsGivenUpAfterTenMinutesAndAnswersLater)
 
     standin.control().call("standinBusy", 0);
     EXPECT_EQ(femap->ModelName(), panelModel());
+}
+
+TEST_F(BusyFemap, IsUsableAfterTheWaitForACallWasEnded)
+{
+    retryPolicy->now = [] { return RetryPolicy::Duration(std::int64_t{GetTickCount()}); };
+    retryPolicy->isToEnd = [] { return true; };
+    standin.control().call("standinStallAt", 1, 2);
+
+    EXPECT_THROW(femap->feAppLock(), femap::WaitEnded);
+
+    retryPolicy->isToEnd = [] { return false; };
+    EXPECT_EQ(femap->ModelName(), panelModel());
+    EXPECT_EQ(standin.control().call("standinLockCount").number(), 1) << "it was carried out";
+}
+
+TEST_F(BusyFemap, IsFoundOutToAnswerWithoutAWaitForIt)
+{
+    femap::com::ComConnector connector(nullptr, retryPolicy);
+    EXPECT_TRUE(connector.isAnswering()) << "nothing was given that could be busy";
+    const std::unique_ptr<femap::Application> given = connector.attach();
+
+    EXPECT_TRUE(connector.isAnswering());
+    standin.control().call("standinReject", 1);
+    EXPECT_FALSE(connector.isAnswering());
+    standin.control().call("standinBusy", 1);
+    EXPECT_FALSE(connector.isAnswering());
+    standin.stop();
+    EXPECT_FALSE(connector.isAnswering());
+    standin.goOn();
+    EXPECT_TRUE(connector.isAnswering());
+
+    EXPECT_EQ(time, RetryPolicy::Duration::zero());
 }
 
 }  // namespace comtest

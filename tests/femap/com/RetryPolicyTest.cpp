@@ -201,6 +201,87 @@ TEST_F(BusyFilterTest, WakesTheThreadThatWaitsForAnAnswer)
     EXPECT_EQ(reports.size(), 1U);
 }
 
+TEST_F(RetryPolicyTest, EndsTheWaitForACallThatFemapDoesNotTakeWhenTheEngineerDoes)
+{
+    int asked = 0;
+    retryPolicy.isToEnd = [&] { return ++asked == 3; };
+
+    try {
+        callRejected(1'000'000);
+        ADD_FAILURE() << "it was not ended";
+    }
+    catch (const femap::WaitEnded& ended) {
+        EXPECT_FALSE(ended.mayBeCarriedOut());
+        EXPECT_STREQ(ended.what(),
+                     "The wait for FEMAP is ended, which did not take the call: feNode.Get");
+        EXPECT_THAT(reports, ElementsAre(ended.what()));
+    }
+
+    EXPECT_EQ(time, RetryPolicy::Duration(5'000) + RetryPolicy::shortest + 2 * RetryPolicy::pause);
+    EXPECT_EQ(callRejected(3), S_OK) << "the next wait is another one";
+}
+
+TEST_F(RetryPolicyTest, AbandonsACallThatFemapDoesNotAnswerWhenTheEngineerDoes)
+{
+    retryPolicy.isToEnd = [] { return true; };
+    const auto call = [&](RetryPolicy::Duration length, bool showsDialog, bool& isAbandoned) {
+        retryPolicy.whileBusy({"feSet", "Select", showsDialog}, [&] {
+            time += length;
+            isAbandoned = retryPolicy.pending() && retryPolicy.pending();
+            return isAbandoned ? RPC_E_CALL_CANCELED : S_OK;
+        });
+    };
+    bool isAbandoned = true;
+
+    call(RetryPolicy::shortest - RetryPolicy::Duration(1), false, isAbandoned);
+    EXPECT_FALSE(isAbandoned) << "nobody can mean so short a wait";
+    try {
+        call(RetryPolicy::shortest, false, isAbandoned);
+        ADD_FAILURE() << "it was not abandoned";
+    }
+    catch (const femap::WaitEnded& ended) {
+        EXPECT_TRUE(ended.mayBeCarriedOut());
+        EXPECT_THAT(reports, ElementsAre("The wait for FEMAP is ended. It may still carry out the "
+                                         "call: feSet.Select"));
+    }
+    reports.clear();
+    call(RetryPolicy::shortest, true, isAbandoned);
+
+    EXPECT_FALSE(isAbandoned);
+    EXPECT_THAT(reports, testing::Each("FEMAP shows a dialog of its own. End it there"));
+    EXPECT_FALSE(reports.empty());
+}
+
+TEST_F(RetryPolicyTest, RepeatsNothingWhileItIsNotToWait)
+{
+    {
+        const RetryPolicy::NoWaits noWaits(retryPolicy);
+        EXPECT_EQ(callRejected(1), RPC_E_SERVERCALL_RETRYLATER);
+    }
+    EXPECT_EQ(waits, 0);
+
+    EXPECT_EQ(callRejected(1), S_OK);
+}
+
+TEST_F(BusyFilterTest, HasComAbandonACallWhoseWaitIsEnded)
+{
+    const femap::com::Apartment apartment;
+    BusyFilter filter(retryPolicy);
+    retryPolicy.isToEnd = [] { return true; };
+    DWORD answer = PENDINGMSG_WAITDEFPROCESS;
+
+    EXPECT_THROW(retryPolicy.whileBusy({"feNode", "Get"},
+                                       [&] {
+                                           time += RetryPolicy::shortest;
+                                           answer = filter.MessagePending(nullptr, 0,
+                                                                          PENDINGTYPE_TOPLEVEL);
+                                           return RPC_E_CALL_CANCELED;
+                                       }),
+                 femap::WaitEnded);
+
+    EXPECT_EQ(answer, static_cast<DWORD>(PENDINGMSG_CANCELCALL));
+}
+
 TEST_F(BusyFilterTest, StandsAsideWhenItGoes)
 {
     const femap::com::Apartment apartment;
