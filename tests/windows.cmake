@@ -53,6 +53,7 @@ velmar_test(app/window LOCK femap.model
         LongListTest.cpp
         LostPaneTest.cpp
         NoMemoryTest.cpp
+        PaneTest.cpp
         ProductBesideFemapTest.cpp
         PropertyListWindowTest.cpp
         RemoteHeapTest.cpp

@@ -57,6 +57,11 @@ INT_PTR AboutWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_SIZE:
         layOut();
         return TRUE;
+    // Not for the owner, which is FEMAP's window where the form is a pane.
+    case WM_HELP:
+    case WM_MOUSEWHEEL:
+    case WM_MOUSEHWHEEL:
+        return TRUE;
     case WM_DPICHANGED: {
         const RECT& bounds = *reinterpret_cast<const RECT*>(lParam);
         applyResolution(HIWORD(wParam));

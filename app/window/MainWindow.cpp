@@ -255,6 +255,12 @@ LRESULT MainWindow::handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_MOUSEWHEEL:
     case WM_MOUSEHWHEEL:
         return guarded([&] { turnWheel(message, GET_WHEEL_DELTA_WPARAM(wParam)); });
+    case WM_HELP:  // here, and above, end what Windows hands on to the window that a pane is in
+        return TRUE;
+    case WM_CONTEXTMENU:
+        if (PaneOwner::isPane(window))
+            return 0;
+        break;
     case WM_SETCURSOR:
         // The content passes this on to the frame before it looks at the pointer itself.
         if (LOWORD(lParam) == HTCLIENT && isBusy()) {

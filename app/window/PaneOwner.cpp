@@ -5,6 +5,11 @@
 namespace window
 {
 
+bool PaneOwner::isPane(HWND form)
+{
+    return (GetWindowLongPtrW(form, GWL_STYLE) & WS_CHILD) != 0;
+}
+
 void PaneOwner::look(HWND form)
 {
     const HWND parent = GetAncestor(form, GA_PARENT);

@@ -14,6 +14,9 @@ public:
     PaneOwner(const PaneOwner&) = delete;
     PaneOwner& operator=(const PaneOwner&) = delete;
 
+    /// Whether the form's window is in another one.
+    static bool isPane(HWND form);
+
     /// Looks in which program's window the form's window is now.
     void look(HWND form);
     /// Whether the form was a pane and the program has ended; waits a moment for that, for a

@@ -115,6 +115,11 @@ INT_PTR PropertyListWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_SIZE:
         layOut();
         return TRUE;
+    // Not for the owner, which is FEMAP's window where the form is a pane.
+    case WM_HELP:
+    case WM_MOUSEWHEEL:
+    case WM_MOUSEHWHEEL:
+        return TRUE;
     case WM_GETMINMAXINFO: {
         const SIZE smallest = windowSize(window_, dialogWidth, smallestHeight, dotsPerInch_);
         reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {smallest.cx, smallest.cy};

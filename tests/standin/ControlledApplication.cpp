@@ -38,6 +38,7 @@ constexpr Member<ControlledApplication> controlMembers[] = {
     {"standinObjectCount",   serve<&Control::objectCount>},
     {"standinMessages",      serve<&Control::messages>},
     {"standinRegistrations", serve<&Control::registrations>},
+    {"standinDockHeard",     serve<&Control::dockHeard>},
     {"standinStallAt",       serve<&Control::stallAt>},
     {"standinModes",         serve<&Control::modes>},
     {"standinSuperseded",    serve<&Control::superseded>},
@@ -62,6 +63,7 @@ constexpr library::Member controls[] = {
     {"standinObjectCount",   Kind::Property, 90012, "",   'i', library::all},
     {"standinMessages",      Kind::Property, 90013, "",   's', library::all},
     {"standinRegistrations", Kind::Property, 90014, "",   's', library::all},
+    {"standinDockHeard",     Kind::Property, 90020, "",   'i', library::all},
     {"standinModes",         Kind::Property, 90017, "",   's', library::all},
     {"standinSuperseded",    Kind::Property, 90018, "",   's', library::all},
 };
@@ -176,6 +178,11 @@ int ControlledApplication::dock(int docks)
     if (docks != 0 && !forms.empty())
         dock_ = std::make_unique<DockWindow>(reinterpret_cast<HWND>(forms.back().windowID));
     return ok;
+}
+
+int ControlledApplication::dockHeard()
+{
+    return dock_ == nullptr ? 0 : dock_->heard();
 }
 
 int ControlledApplication::modelState(const std::string& state)

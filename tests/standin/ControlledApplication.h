@@ -26,6 +26,7 @@ public:
     int queueSelection(const std::string& text);
     int recordTo(const std::string& path);
     int dock(int docks);
+    int dockHeard();
     int modelState(const std::string& state);
     std::string modes();
     std::string superseded();

@@ -33,6 +33,8 @@ public:
     void dock() { control().call("standinDock", 1); }
     /// Closes that window, and the form in it with it.
     void closeDock() { control().call("standinDock", 0); }
+    /// How many questions for help, for a menu and turns of the wheel came to that window.
+    int dockHeard() { return control().call("standinDockHeard").number(); }
     /// "none" or "untitled".
     void setModel(const std::string& state) { control().call("standinModel", state); }
     int lockCount() { return control().call("standinLockCount").number(); }
