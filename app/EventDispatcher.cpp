@@ -2,6 +2,7 @@
 
 #include "app/AfterWait.h"
 #include "app/Bindings.h"
+#include "app/SecondForm.h"
 #include "form/FemapLock.h"
 #include "form/Progress.h"
 #include "logging/Module1.h"
@@ -48,6 +49,7 @@ Ended EventDispatcher::run(std::string_view name, const std::function<void()>& p
         return Ended::NotStarted;
     const Busy busy(busy_);
     const Ended ended = carryOut("In " + std::string(name), procedure);
+    lookForSecondForm(session_);
     flushLog();
     return ended;
 }

@@ -5,8 +5,10 @@
 #include "form/Context.h"
 #include "form/MainForm.h"
 #include "selection/PropertyListDialog.h"
+#include "system/ModelMark.h"
 #include "system/System.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -67,6 +69,12 @@ struct Session
     /// Whether "Apply" leaves a provenance sheet beside its files.
     bool keepsProvenance = false;
     EndedWait endedWait;
+
+    /// The model that other forms see to be in use here, and how they do.
+    std::string markedModel;
+    std::unique_ptr<sys::ModelMark> modelMark;
+    std::function<std::unique_ptr<sys::ModelMark>(const std::string& path)> markModel =
+        sys::markModel;
 
     /// Set by a procedure that wants both forms unloaded; that is done when it has ended.
     bool closeWanted = false;

@@ -262,6 +262,7 @@ void Form_Unload(Session& session)
     context.form.function.reset();
     context.application.reset();
     logDebug(context.log, "Setting Main femap instance to Nothing");
+    session.modelMark.reset();
     context.log.DeinitialiseLogger();
 }
 

@@ -7,11 +7,18 @@ namespace form
 
 void Status::clear()
 {
+    first_.clear();
     result_.clear();
     hints_.clear();
     problem_.clear();
     failure_.clear();
     asWell_.clear();
+    compose();
+}
+
+void Status::tellFirst(std::string_view text)
+{
+    first_ = text;
     compose();
 }
 
@@ -49,7 +56,7 @@ void Status::tellAsWell(std::string_view text)
 void Status::withdraw(std::string_view text)
 {
     std::erase(hints_, text);
-    for (std::string* const each : {&result_, &problem_, &failure_})
+    for (std::string* const each : {&first_, &result_, &problem_, &failure_})
         if (*each == text)
             each->clear();
     compose();
@@ -74,9 +81,10 @@ void Status::compose()
         caption_ = passing;
         return;
     }
-    caption_ = failure_.empty() ? problem_ : failure_;
-    if (caption_.empty()) {
-        caption_ = result_;
+    const std::string& gravestText = gravest();
+    caption_ = first_;
+    append(gravestText.empty() ? result_ : gravestText);
+    if (gravestText.empty()) {
         for (const std::string& hint : hints_)
             append(hint);
     }

@@ -18,6 +18,8 @@ public:
     /// An action begins: everything that was told before goes.
     void clear();
 
+    /// Stands before whatever else is told, in the first line.
+    void tellFirst(std::string_view text);
     /// How an action ended, counts and the like. The latest one stands, unless there is a problem.
     void tellResult(std::string_view text);
     /// What is worth knowing besides; stands behind the result, each text once.
@@ -43,6 +45,7 @@ private:
     void append(std::string_view sentence);
 
     std::string& caption_;
+    std::string first_;
     std::string result_;
     std::vector<std::string> hints_;
     std::string problem_;

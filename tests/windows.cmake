@@ -22,6 +22,7 @@ velmar_test(system
         DiskFilesTest.cpp
         DiskFilesTest_windows.cpp
         LookingAtFilesTest.cpp
+        ModelMarkTest_windows.cpp
         OpenAloneTest.cpp
         SystemTest.cpp
         SystemTest_windows.cpp
@@ -58,6 +59,7 @@ velmar_test(app/window LOCK femap.model
         PropertyListWindowTest.cpp
         RemoteHeapTest.cpp
         ResolutionTest.cpp
+        SecondFormTest.cpp
         SelectedRunsTest.cpp
         SentMessagesTest.cpp
         StartWindowTest.cpp

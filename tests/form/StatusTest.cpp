@@ -23,6 +23,23 @@ TEST_F(StatusTest, ShowsTheResultWithWhatIsWorthKnowingBehindIt)
     EXPECT_EQ(line, "3 files were written. 2 nodes have no value");
 }
 
+TEST_F(StatusTest, ShowsWhatStandsFirstBeforeAllElseUntilTheNextAction)
+{
+    status.tellFirst("Another form is there");
+    EXPECT_EQ(line, "Another form is there");
+    status.tellResult("Nothing was added");
+    EXPECT_EQ(line, "Another form is there. Nothing was added");
+    status.tellHint("by the way");
+    status.tellFailure("The disk is full");
+    EXPECT_EQ(line, "Another form is there. The disk is full");
+
+    status.withdraw("Another form is there");
+    EXPECT_EQ(line, "The disk is full");
+    status.tellFirst("Another form is there");
+    status.clear();
+    EXPECT_EQ(line, "");
+}
+
 TEST_F(StatusTest, LetsNoResultStandInPlaceOfAProblem)
 {
     status.tellProblem("A row was lost");
