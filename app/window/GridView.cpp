@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <limits>
 #include <type_traits>
+#include <utility>
 
 namespace window
 {
@@ -17,7 +18,9 @@ using windows::toWide;
 namespace
 {
 
-constexpr int defaultColumnWidth = 960;  // twips, of the columns to which the form gives no width
+// Twips, of the columns to which the form gives no width.
+constexpr int defaultColumnWidth = 960;
+constexpr int headingMargins = 240;
 
 // Another program may have the clipboard open for a moment.
 bool openClipboard(HWND owner)
@@ -52,13 +55,15 @@ void putOnClipboard(HWND owner, const std::wstring& text)
 
 }  // namespace
 
-GridView::GridView(HWND parent, int id, ParameterGrid& grid, std::function<void(int)> onKey,
-                   std::function<void()> onSelect)
-    : window_(createControl(
-          parent, WC_LISTVIEWW, "",
-          WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,
-          WS_EX_CLIENTEDGE, id)),
+GridView::GridView(HWND parent, int id, ParameterGrid& grid,
+                   std::span<const std::string_view> furtherHeadings,
+                   std::function<void(int)> onKey, std::function<void()> onSelect)
+    : window_(createControl(parent, WC_LISTVIEWW, "",
+                            WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS |
+                                LVS_NOSORTHEADER | LVS_SHAREIMAGELISTS,
+                            WS_EX_CLIENTEDGE, id)),
       grid_(grid),
+      furtherHeadings_(furtherHeadings),
       onKey_(std::move(onKey)),
       onSelect_(std::move(onSelect))
 {
@@ -68,10 +73,19 @@ GridView::GridView(HWND parent, int id, ParameterGrid& grid, std::function<void(
     addColumns();
 }
 
+std::string GridView::heading(int column) const
+{
+    std::string own = grid_.text(0, column);
+    const int named = grid_.Cols() - static_cast<int>(furtherHeadings_.size());
+    if (own.empty() && column >= named)
+        own = furtherHeadings_[static_cast<std::size_t>(column - named)];
+    return own;
+}
+
 void GridView::addColumns()
 {
     for (int column = 0; column < grid_.Cols(); ++column) {
-        std::wstring title = toWide(grid_.text(0, column));
+        std::wstring title = toWide(heading(column));
         LVCOLUMNW info{};
         info.mask = LVCF_TEXT | LVCF_FMT | LVCF_WIDTH;
         info.fmt = LVCFMT_LEFT;
@@ -81,16 +95,41 @@ void GridView::addColumns()
     }
 }
 
+// In pixels. A column to which the form gives no width has room for its heading.
+int GridView::widthOf(int column) const
+{
+    const int width = grid_.ColWidth[static_cast<std::size_t>(column)];
+    if (width != 0)
+        return pixels_.fromTwips(width);
+    const int heading = ListView_GetStringWidth(window_, toWide(this->heading(column)).c_str());
+    return std::max(pixels_.fromTwips(defaultColumnWidth),
+                    heading + pixels_.fromTwips(headingMargins));
+}
+
 void GridView::setResolution(Pixels pixels)
 {
     pixels_ = pixels;
     settingWidths_ = true;
-    for (int column = 0; column < grid_.Cols(); ++column) {
-        const int width = grid_.ColWidth[static_cast<std::size_t>(column)];
-        ListView_SetColumnWidth(window_, column,
-                                pixels_.fromTwips(width == 0 ? defaultColumnWidth : width));
-    }
+    for (int column = 0; column < grid_.Cols(); ++column)
+        ListView_SetColumnWidth(window_, column, widthOf(column));
     settingWidths_ = false;
+    drawMarks();
+}
+
+void GridView::drawMarks()
+{
+    auto pictures = std::make_unique<MarkPictures>(pixels_);
+    ListView_SetImageList(window_, pictures->handle(), LVSIL_SMALL);
+    pictures_ = std::move(pictures);  // the old ones go when nothing uses them any more
+}
+
+Mark GridView::markOf(int row) const
+{
+    Mark mark = Mark::None;
+    for (const MarkRule& rule : markRules_)
+        if (rule.mark > mark && rule.isOn(row))
+            mark = rule.mark;
+    return mark;
 }
 
 void GridView::update()
@@ -101,6 +140,8 @@ void GridView::update()
     selected_.set(count, std::numeric_limits<int>::max(), false);  // it says nothing of these
     InvalidateRect(window_, nullptr, FALSE);
     updating_ = false;
+    if (std::exchange(fillsSeen_, grid_.fills()) != grid_.fills())
+        isChosen_ = false;
     showSelection();
 }
 
@@ -110,6 +151,7 @@ void GridView::showColours(bool isOn)
     const COLORREF background = GetSysColor(isOn ? COLOR_WINDOW : COLOR_BTNFACE);
     if (ListView_GetTextColor(window_) == text && ListView_GetBkColor(window_) == background)
         return;
+    drawMarks();
     ListView_SetTextColor(window_, text);
     ListView_SetTextBkColor(window_, background);
     ListView_SetBkColor(window_, background);
@@ -176,6 +218,8 @@ template <class Info>
 void GridView::giveCell(Info& info)
 {
     const int row = rowOf(info.iItem);
+    if ((info.mask & LVIF_IMAGE) != 0 && row < grid_.Rows())
+        info.iImage = static_cast<int>(isEmpty() ? Mark::None : markOf(row));
     if ((info.mask & LVIF_TEXT) == 0 || row >= grid_.Rows() || info.iSubItem >= grid_.Cols())
         return;
     cell_ = toWide(grid_.text(row, info.iSubItem));
@@ -196,7 +240,7 @@ void GridView::takeColumnWidths()
         int& width = grid_.ColWidth[static_cast<std::size_t>(column)];
         // Only a real change is taken, so that rounding errors do not add up.
         const int pixels = ListView_GetColumnWidth(window_, column);
-        if (pixels != pixels_.fromTwips(width == 0 ? defaultColumnWidth : width))
+        if (pixels != widthOf(column))
             width = pixels_.toTwips(pixels);
     }
 }
@@ -205,14 +249,17 @@ void GridView::selectAll()
 {
     grid_.Row = 1;
     grid_.RowSel = grid_.Rows() - 1;
+    isChosen_ = true;
     showSelection();
     onSelect_();
 }
 
-void GridView::copySelection()
+void GridView::copySelection(bool withHeadings) const
 {
     const form::RowRange rows = shownSelection();
     std::string text;
+    for (int column = 0; withHeadings && rows.count > 0 && column < grid_.Cols(); ++column)
+        text += heading(column) + (column + 1 < grid_.Cols() ? "\t" : "\r\n");
     for (int i = 0; i < rows.count; ++i)
         text += grid_.rowText(rows.first + i) + "\r\n";
     if (!text.empty())
@@ -236,7 +283,7 @@ LRESULT CALLBACK GridView::listProcedure(HWND, UINT message, WPARAM wParam, LPAR
         if (control && wParam == 'A')
             view.selectAll();
         else if (control && wParam == 'C')
-            view.copySelection();
+            view.copySelection(GetKeyState(VK_SHIFT) < 0);
         if (control && wParam == VK_SPACE)
             return 0;
         break;

@@ -1,5 +1,6 @@
 // The selection of a parameter grid's list view, which follows the grid's and is followed by it.
 #include "app/window/GridView.h"
+#include "app/window/NameSearch.h"
 
 #include <algorithm>
 
@@ -44,11 +45,12 @@ void GridView::takeSelection()
 {
     agreeOnSelection();
     if (selected_.count() == 0) {
-        // The grid always has a selection. The list view drops its old one before it makes a new
-        // one, so the grid's is shown again later, if no new one has come by then.
+        // The list view drops its old selection before it makes a new one, so the grid's is shown
+        // again later, if no new one has come by then.
         PostMessageW(window_, showSelectionMessage, 0, 0);
         return;
     }
+    isChosen_ = true;
     if (selected_.haveHoles()) {
         grid_.Row = rowOf(std::max(0, ListView_GetNextItem(window_, -1, LVNI_FOCUSED)));
         grid_.RowSel = grid_.Row;
@@ -64,11 +66,16 @@ void GridView::takeSelection()
     onSelect_();
 }
 
-// An empty grid shows no selection: there is nothing to remove or to copy.
+bool GridView::isEmpty() const
+{
+    return grid_.Rows() == 2 && grid_.text(1, form::nameColumn).empty();
+}
+
+// An empty grid shows no selection: there is nothing to remove or to copy. Nor does one in which
+// the engineer selected nothing yet, so that no row is removed that nobody meant.
 form::RowRange GridView::shownSelection() const
 {
-    const bool isEmpty = grid_.Rows() == 2 && grid_.text(1, form::nameColumn).empty();
-    return isEmpty ? form::RowRange{1, 0} : grid_.selectedRows();
+    return isEmpty() || !isChosen_ ? form::RowRange{1, 0} : grid_.selectedRows();
 }
 
 void GridView::showSelection()
@@ -174,6 +181,48 @@ LRESULT GridView::passOn(UINT message, WPARAM wParam, LPARAM lParam)
     // Windows handles other messages while a mouse button is down; this may be gone by now.
     if (IsWindow(window) != FALSE && selected_.count() == 0)
         select(shownSelection());
+    return result;
+}
+
+void GridView::bringIntoSight(const std::vector<int>& rows)
+{
+    if (rows.empty())
+        return;
+    for (const int row : {rows.back(), rows.front()})
+        ListView_EnsureVisible(window_, itemOf(row), FALSE);
+    // Keys go on from there; the selection stays where it is.
+    if (!isChosen_) {
+        updating_ = true;
+        setItemState(itemOf(rows.front()), LVIS_FOCUSED, LVIS_FOCUSED);
+        updating_ = false;
+    }
+}
+
+bool GridView::find(std::string_view text, bool further)
+{
+    const int from = itemOf(grid_.Row) + (further && selectedCount() > 0 ? 1 : 0);
+    const int item = findAnywhere(grid_, text, from);
+    if (item < 0)
+        return false;
+    grid_.Row = grid_.RowSel = rowOf(item);
+    isChosen_ = true;
+    showSelection();
+    ListView_EnsureVisible(window_, item, FALSE);
+    onSelect_();
+    return true;
+}
+
+POINT GridView::menuPlace() const
+{
+    RECT place{};
+    const int item = ListView_GetNextItem(window_, -1, LVNI_FOCUSED);
+    RECT inside{};
+    GetClientRect(window_, &inside);
+    if (item < 0 || ListView_GetItemRect(window_, item, &place, LVIR_LABEL) == FALSE ||
+        place.top < 0 || place.bottom > inside.bottom)
+        place = {};
+    POINT result{std::max(place.left, 0L), place.bottom};
+    ClientToScreen(window_, &result);
     return result;
 }
 

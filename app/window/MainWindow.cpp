@@ -360,8 +360,11 @@ LRESULT MainWindow::handlePanel(HWND window, UINT message, WPARAM wParam, LPARAM
         SetTextColor(device, GetSysColor(isOn ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
         return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
     }
-    default:
-        return DefWindowProcW(window, message, wParam, lParam);
+    default: {
+        bool isDone = false;
+        guarded([&] { isDone = moveDivider(window, message, lParam); });
+        return isDone ? TRUE : DefWindowProcW(window, message, wParam, lParam);
+    }
     }
 }
 

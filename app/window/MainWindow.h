@@ -7,12 +7,14 @@
 #include "app/window/AboutWindow.h"
 #include "app/window/Controls.h"
 #include "app/window/EventHook.h"
+#include "app/window/FindField.h"
 #include "app/window/GridView.h"
 #include "app/window/InputBlock.h"
 #include "app/window/PaneOwner.h"
 #include "app/window/PropertyListWindow.h"
 #include "app/window/StatusView.h"
 #include "app/window/Viewer.h"
+#include "form/Layout.h"
 
 #include <windows.h>
 
@@ -38,6 +40,16 @@ public:
     static constexpr int idFolder = 0x820;
     static constexpr int idLog = 0x830;
     static constexpr int idAbout = 0x840;
+    static constexpr int idFind = 0x850;
+    static constexpr int idFindNext = 0x860;
+    static constexpr int idMoreInputs = 0x870;
+    static constexpr int idMoreOutputs = 0x880;
+    static constexpr int idCopy = 0x890;
+    static constexpr int idCopyWithHeadings = 0x8A0;
+    static constexpr int idSelectAll = 0x8B0;
+    static constexpr int idRemove = 0x8C0;
+    static constexpr int idRefreshRows = 0x8D0;
+    static constexpr int idFindInList = 0x8E0;
 
     /// Everything given here must outlive the window.
     MainWindow(femap::Connector& connector, sys::System& system);
@@ -56,6 +68,9 @@ public:
     /// Windows' viewer.
     void viewWith(Viewer& viewer) { viewer_ = &viewer; }
     const form::MainForm& form() { return program_.form(); }
+    /// What the list of inputs gets of the height of both lists, in thousandths.
+    int inputShare() const { return inputShare_; }
+    void shareLists(int inputShare);
     /// Shows this text while a procedure waits for FEMAP.
     void showStatus(const std::string& text);
     /// Whether the engineer ends the wait for FEMAP: by Esc, or by closing the form, which then is
@@ -118,22 +133,56 @@ private:
     struct Command
     {
         int id;
+        BYTE modifiers;            // that are held with the key, as of ACCEL
         WORD key;                  // 0: none
         std::string_view caption;  // in the menu of the window; empty: not there
         void (MainWindow::*run)();
     };
     static const Command commands[];
+    // What the menu of a list has besides.
+    struct ListCommand
+    {
+        int id;
+        std::string_view caption;
+        bool (MainWindow::*canRun)(const form::ParameterGrid& grid);
+        void (MainWindow::*run)(form::ParameterGrid& grid);
+    };
+    static const ListCommand listCommands[];
     static std::vector<ACCEL> keysOfCommands();
     static void addCommands(HMENU menu);
     static bool isCommand(WPARAM id);
     void runCommand(WPARAM id);
     void showMenu(HWND where, POINT place);
+    void addListCommands(HMENU menu, const form::ParameterGrid& grid);
+    void runListCommand(int id, form::ParameterGrid& grid);
+    form::ParameterGrid* gridAt(HWND window);
+    bool hasSelection(const form::ParameterGrid& grid);
+    bool hasRows(const form::ParameterGrid& grid);
+    bool canRemove(const form::ParameterGrid& grid);
+    bool canRefresh(const form::ParameterGrid& grid);
+    void copyRows(form::ParameterGrid& grid);
+    void copyRowsWithHeadings(form::ParameterGrid& grid);
+    void selectAllRows(form::ParameterGrid& grid);
+    void removeRows(form::ParameterGrid& grid);
+    void refreshRows(form::ParameterGrid& grid);
+    void findIn(form::ParameterGrid& grid);
+    void openFind();
+    void find(bool further);
+    void findNext() { find(true); }
+    void findCommand(int notification);
+    form::ParameterGrid& gridToSearch();
+    std::vector<MarkRule> marksOf(const form::ParameterGrid& grid);
+    void showNewRows();
+    void giveMoreToInputs();
+    void giveMoreToOutputs();
+    bool isOnDivider(HWND window, POINT place);
+    bool moveDivider(HWND window, UINT message, LPARAM lParam);
     void refreshBoth();
     void openGuide();
     void openFolder();
     void openLog();
     void view(const std::string& path, std::string_view failure, std::string_view cure);
-    void tellNotOpened(const std::string& text);
+    void tellItself(const std::string& text);
     void showAbout();
 
     void command(int id, int notification);
@@ -151,6 +200,8 @@ private:
     void pressInGrid(const form::ParameterGrid& grid, int key);
     void raiseFemapEvent(WPARAM code);
     void raise(const form::Event& event, int argument = 0);
+    bool removesNothing(const form::Event& event, int argument);
+    void tellNothingSelected();
     void beforeEvent(const form::Event& event);
     form::Event eventOf(const form::Control& control, form::What what);
     void afterEvent();
@@ -179,7 +230,7 @@ private:
     AboutWindow about_;
     WindowsViewer windowsViewer_;
     Viewer* viewer_ = &windowsViewer_;
-    std::string notOpened_;  // what was told of it
+    std::string told_;  // by the window itself, not by a procedure
     app::Program program_;
     EventHook hook_;
     PaneOwner paneOwner_;
@@ -190,6 +241,12 @@ private:
     std::map<const form::ParameterGrid*, std::unique_ptr<GridView>> grids_;
     std::unique_ptr<StatusView> status_;
     std::unique_ptr<StatusView> modelLineView_;
+    FindField findField_;
+    form::ParameterGrid* searched_ = nullptr;  // the latest list in which a name was looked for
+    std::string sought_;                       // the latest text
+    int inputShare_ = form::evenShare;
+    std::optional<int>
+        dividerGrip_;  // where the mouse holds it, below the list of inputs, in pixels
     app::ModelLine modelLine_;
     std::unique_ptr<Font> font_;
     Pixels pixels_{USER_DEFAULT_SCREEN_DPI};

@@ -38,20 +38,19 @@ std::string guidePath()
     return generate::modelFolder(windows::fromWide(path)) + "guide.html";
 }
 
-void append(HMENU menu, int id, std::string_view caption)
-{
-    AppendMenuW(menu, MF_STRING, static_cast<UINT_PTR>(id), toWide(caption).c_str());
-}
-
 }  // namespace
 
 // clang-format off
 const MainWindow::Command MainWindow::commands[] = {
-    {idRefresh, VK_F5, "",            &MainWindow::refreshBoth},
-    {idGuide,   VK_F1, "",            &MainWindow::openGuide},
-    {idFolder,  0,     "Open folder", &MainWindow::openFolder},
-    {idLog,     0,     "Open log",    &MainWindow::openLog},
-    {idAbout,   0,     "About",       &MainWindow::showAbout},
+    {idRefresh,     0,        VK_F5,    "",            &MainWindow::refreshBoth},
+    {idFind,        FCONTROL, 'F',      "",            &MainWindow::openFind},
+    {idFindNext,    0,        VK_F3,    "",            &MainWindow::findNext},
+    {idMoreInputs,  FALT,     VK_NEXT,  "",            &MainWindow::giveMoreToInputs},
+    {idMoreOutputs, FALT,     VK_PRIOR, "",            &MainWindow::giveMoreToOutputs},
+    {idGuide,       0,        VK_F1,    "Open guide",  &MainWindow::openGuide},
+    {idFolder,      0,        0,        "Open folder", &MainWindow::openFolder},
+    {idLog,         0,        0,        "Open log",    &MainWindow::openLog},
+    {idAbout,       0,        0,        "About",       &MainWindow::showAbout},
 };
 // clang-format on
 
@@ -60,7 +59,8 @@ std::vector<ACCEL> MainWindow::keysOfCommands()
     std::vector<ACCEL> keys;
     for (const Command& each : commands)
         if (each.key != 0)
-            keys.push_back({FVIRTKEY, each.key, static_cast<WORD>(each.id)});
+            keys.push_back({static_cast<BYTE>(FVIRTKEY | each.modifiers), each.key,
+                            static_cast<WORD>(each.id)});
     return keys;
 }
 
@@ -68,7 +68,8 @@ void MainWindow::addCommands(HMENU menu)
 {
     for (const Command& each : commands)
         if (!each.caption.empty())
-            append(menu, each.id, each.caption);
+            AppendMenuW(menu, MF_STRING, static_cast<UINT_PTR>(each.id),
+                        toWide(each.caption).c_str());
 }
 
 bool MainWindow::isCommand(WPARAM id)
@@ -81,26 +82,6 @@ void MainWindow::runCommand(WPARAM id)
 {
     if (ready_ && !program_.isBusy() && !block_.has_value())
         (this->*std::ranges::find(commands, static_cast<int>(id), &Command::id)->run)();
-}
-
-// The lists have other habits, and fields a menu of their own.
-void MainWindow::showMenu(HWND where, POINT place)
-{
-    constexpr LONG fromKeyboard = -1;
-    for (const auto& [grid, view] : grids_)
-        if (view->window() == where || IsChild(view->window(), where) != FALSE)
-            return;
-    if (place.x == fromKeyboard && place.y == fromKeyboard) {
-        const form::ScreenPlace control = placeOf(where);
-        place = {control.left, control.bottom};
-    }
-    const HMENU menu = CreatePopupMenu();
-    addCommands(menu);
-    const BOOL chosen = TrackPopupMenu(menu, TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y, 0,
-                                       window_, nullptr);
-    DestroyMenu(menu);
-    if (chosen != 0)
-        runCommand(static_cast<WPARAM>(chosen));
 }
 
 // What was told of the inputs stays beside what is told of the outputs.
@@ -126,7 +107,7 @@ void MainWindow::openFolder()
         "model, and try again";
     const std::string path = generate::modelFolder(program_.form().openModel.value_or(""));
     if (path.empty())
-        tellNotOpened(std::string(message));
+        tellItself(std::string(message));
     else
         view(path, missedFolder.failure, missedFolder.cure);
 }
@@ -141,25 +122,26 @@ void MainWindow::openLog()
     if (!path.empty())
         view(path, missedLog.failure, missedLog.cure);
     else
-        tellNotOpened(reason.empty() ? std::string(message) : reason);
+        tellItself(reason.empty() ? std::string(message) : reason);
 }
 
 void MainWindow::view(const std::string& path, std::string_view failure, std::string_view cure)
 {
     sys::PendingError reason;
     if (reason.attempt([&] { viewer_->open(path); }))
-        tellNotOpened({});
+        tellItself({});
     else
-        tellNotOpened(std::string(failure) + reason.description() + ". " + std::string(cure) +
-                      ": " + path);
+        tellItself(std::string(failure) + reason.description() + ". " + std::string(cure) + ": " +
+                   path);
 }
 
-// Or, with an empty text, takes back what was told.
-void MainWindow::tellNotOpened(const std::string& text)
+// What no procedure tells. It takes the place of what was told so before, and an empty text just
+// takes that back.
+void MainWindow::tellItself(const std::string& text)
 {
     form::Status& status = program_.form().status;
-    status.withdraw(notOpened_);
-    notOpened_ = text;
+    status.withdraw(told_);
+    told_ = text;
     if (!text.empty())
         status.tellFailure(text);
     afterEvent();

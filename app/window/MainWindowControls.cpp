@@ -3,6 +3,7 @@
 #include "app/window/BoxHabits.h"
 #include "app/window/MainWindow.h"
 #include "app/window/Tips.h"
+#include "form/ListControls.h"
 #include "windows/Text.h"
 
 #include <algorithm>
@@ -65,6 +66,9 @@ void MainWindow::createControls()
             parent = window;
     }
     modelLineView_ = std::make_unique<StatusView>(parent, idModelLine);
+    findField_.create(parent);
+    windows_[&findField_.labelPlace()] = findField_.labelWindow();
+    windows_[&findField_.textPlace()] = findField_.textWindow();
     program_.form().pointersChanged = [this] { showPointer(); };
     addTips();
 }
@@ -106,8 +110,10 @@ HWND MainWindow::createGrid(form::ParameterGrid& grid, HWND parent, int id)
         if (grid.Enabled)
             pressInGrid(grid, key);
     };
-    grids_[&grid] =
-        std::make_unique<GridView>(parent, id, grid, onKey, [this] { showModelLine(); });
+    grids_[&grid] = std::make_unique<GridView>(parent, id, grid,
+                                               form::listOf(program_.form(), grid).furtherHeadings,
+                                               onKey, [this] { showModelLine(); });
+    grids_.at(&grid)->setMarks(marksOf(grid));
     return grids_.at(&grid)->window();
 }
 

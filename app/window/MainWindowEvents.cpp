@@ -31,6 +31,8 @@ void MainWindow::command(int id, int notification)
 {
     if (!ready_ || mirroring_)
         return;
+    if (id == FindField::idText)
+        findCommand(notification);
     const form::NamedControl* const which = controlWithID(id);
     if (which == nullptr)
         return;
@@ -203,8 +205,13 @@ void MainWindow::carryOut(const std::function<app::Ended()>& start)
 
 void MainWindow::raise(const form::Event& event, int argument)
 {
+    if (removesNothing(event, argument)) {
+        tellNothingSelected();
+        return;
+    }
     beforeEvent(event);
     carryOut([&] { return program_.raise(event, argument); });
+    showNewRows();
 }
 
 // Keys that only move the selection come one after the other as fast as they are typed.

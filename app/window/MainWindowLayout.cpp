@@ -54,7 +54,7 @@ void MainWindow::resized()
     form.ScaleHeight = pixels_.toTwips(inside.bottom);
     form.VScroll1.Width = form::scrollBarThickness;
     form.HScroll1.Height = form::scrollBarThickness;
-    form::layOutContent(form);
+    form::layOutContent(form, inputShare_);
     program_.raise({"Form", form::What::Resize});
     layOut();
 }
@@ -74,8 +74,13 @@ void MainWindow::layOut()
         }
         if (each.as<form::TextBox>() != nullptr)
             bounds = centred(bounds, boxHeight_);
+        if (findField_.list() == each.control)
+            bounds.height -= pixels_.fromTwips(FindField::height);
         hasMoved |= place(*each.control, window, bounds);
     }
+    findField_.layOut();
+    for (const auto* const each : {&findField_.labelPlace(), &findField_.textPlace()})
+        hasMoved |= place(*each, windows_.at(each), pixelsOf(*each));
     hasMoved |= place(form.modelLine, modelLineView_->window(), pixelsOf(form.modelLine));
     layOutScrollBar(form.VScroll1, form.pbOuter.Height);
     layOutScrollBar(form.HScroll1, form.pbOuter.Width);

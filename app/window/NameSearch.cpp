@@ -26,7 +26,14 @@ public:
         : text_(text), wide_(windows::toWide(text)), whole_(whole)
     {}
 
-    // Compares ASCII letters itself: among a million names converting each would be felt.
+    // Both compare ASCII letters themselves: among a million names converting each would be felt.
+    bool isIn(std::string_view name) const
+    {
+        if (!std::ranges::all_of(text_, isAscii) || !std::ranges::all_of(name, isAscii))
+            return isInWide(windows::toWide(name));
+        return !std::ranges::search(name, text_, femap::isSameLetter).empty();
+    }
+
     bool matches(std::string_view name) const
     {
         for (std::size_t i = 0; i < text_.size(); ++i) {
@@ -42,6 +49,11 @@ public:
 
 private:
     static bool isAscii(char letter) { return static_cast<unsigned char>(letter) < 0x80; }
+    bool isInWide(const std::wstring& name) const
+    {
+        return FindStringOrdinal(FIND_FROMSTART, name.data(), static_cast<int>(name.size()),
+                                 wide_.data(), static_cast<int>(wide_.size()), TRUE) >= 0;
+    }
     bool matchesWide(const std::wstring& name) const
     {
         if (name.size() < wide_.size() || (whole_ && name.size() != wide_.size()))
@@ -55,6 +67,24 @@ private:
     bool whole_;
 };
 
+// From this item on, and round where it may; -1 when there is none.
+template <class Matches>
+int firstItem(const ParameterGrid& grid, int start, bool wraps, const Matches& matches)
+{
+    const auto rows = grid.rows();
+    const auto nameMatches = [&](const std::string& row) {
+        return matches(form::cellOf(row, form::nameColumn));
+    };
+    const auto from = rows.begin() + std::clamp(start, 0, static_cast<int>(rows.size()));
+    auto found = std::find_if(from, rows.end(), nameMatches);
+    if (found == rows.end() && wraps) {
+        found = std::find_if(rows.begin(), from, nameMatches);
+        if (found == from)
+            return -1;
+    }
+    return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
+}
+
 }  // namespace
 
 int findItem(const ParameterGrid& grid, UINT flags, std::string_view text, int start)
@@ -62,18 +92,16 @@ int findItem(const ParameterGrid& grid, UINT flags, std::string_view text, int s
     if ((flags & anythingElse) != 0 || (flags & textual) == 0 || text.empty())
         return -1;
     const Pattern pattern(text, (flags & anyPart) == 0);
-    const auto rows = grid.rows();
-    const auto matches = [&pattern](const std::string& row) {
-        return pattern.matches(form::cellOf(row, form::nameColumn));
-    };
-    const auto from = rows.begin() + std::clamp(start, 0, static_cast<int>(rows.size()));
-    auto found = std::find_if(from, rows.end(), matches);
-    if (found == rows.end() && (flags & LVFI_WRAP) != 0) {
-        found = std::find_if(rows.begin(), from, matches);
-        if (found == from)
-            return -1;
-    }
-    return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
+    return firstItem(grid, start, (flags & LVFI_WRAP) != 0,
+                     [&](std::string_view name) { return pattern.matches(name); });
+}
+
+int findAnywhere(const ParameterGrid& grid, std::string_view text, int start)
+{
+    if (text.empty())
+        return -1;
+    const Pattern pattern(text, false);
+    return firstItem(grid, start, true, [&](std::string_view name) { return pattern.isIn(name); });
 }
 
 }  // namespace window

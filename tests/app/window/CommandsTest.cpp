@@ -60,13 +60,14 @@ TEST_F(Commands, StandInTheMenuOfTheWindow)
     start();
     std::vector<std::string> captions;
     const HMENU menu = GetSystemMenu(form, FALSE);
-    for (const int id : {MainWindow::idFolder, MainWindow::idLog, MainWindow::idAbout}) {
+    for (const int id :
+         {MainWindow::idGuide, MainWindow::idFolder, MainWindow::idLog, MainWindow::idAbout}) {
         wchar_t text[32]{};
         GetMenuStringW(menu, UINT(id), text, 32, MF_BYCOMMAND);
         captions.push_back(windows::fromWide(text));
     }
 
-    EXPECT_THAT(captions, ElementsAre("Open folder", "Open log", "About"));
+    EXPECT_THAT(captions, ElementsAre("Open guide", "Open folder", "Open log", "About"));
 }
 
 TEST_F(Commands, OpenTheFolderOfTheModelAndTheLog)
@@ -228,19 +229,13 @@ TEST_F(CommandKeys, AboutGoesWithTheForm)
     EXPECT_EQ(process.exitCode(), 0U);
 }
 
-TEST_F(CommandKeys, AContextMenuHasTheSameButTheListsHaveNone)
+TEST_F(CommandKeys, AContextMenuHasTheSame)
 {
-    const HWND grid = form.control("InputsList");
-    PostMessageW(grid, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(grid), MAKELPARAM(-1, -1));
-    form.settle();
-    const bool hasListOne = isMenuOpen();
-
     const HWND button = form.control("ClearAll");
     PostMessageW(button, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(button), MAKELPARAM(-1, -1));
     const bool hasButtonOne = waitUntil([&] { return isMenuOpen(); });
     hand.key({"Up", "Return"});
 
-    EXPECT_FALSE(hasListOne);
     EXPECT_TRUE(hasButtonOne);
     EXPECT_NE(about(), nullptr);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/window/GridView.h"
+#include "form/ListControls.h"
 
 #include <gtest/gtest.h>
 
@@ -64,7 +65,7 @@ struct GridWindow : testing::Test
                                  400, nullptr, nullptr, nullptr, nullptr);
         ASSERT_NE(parent, nullptr);
         view = std::make_unique<window::GridView>(
-            parent, 1, grid, [](int) {}, [] {});
+            parent, 1, grid, form::inputHeadings, [](int) {}, [] {});
         view->setResolution(window::Pixels(USER_DEFAULT_SCREEN_DPI));
         SetWindowSubclass(list(), listen, 2, 0);
         MoveWindow(list(), 0, 0, 480, 350, TRUE);

@@ -85,6 +85,12 @@ void Hand::clickAt(POINT place, const std::string& held)
             std::vector<std::string>{"keyup", held});
 }
 
+void Hand::rightClickAt(POINT place)
+{
+    awaitDisplayAt(place);
+    act({"click", "3"});
+}
+
 void Hand::doubleClickAt(POINT place)
 {
     awaitDisplayAt(place);

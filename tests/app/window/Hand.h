@@ -24,6 +24,7 @@ public:
     void moveTo(POINT place);
     /// held: a key that is down meanwhile, such as "ctrl".
     void clickAt(POINT place, const std::string& held = "");
+    void rightClickAt(POINT place);
     void doubleClickAt(POINT place);
     void pressAt(POINT place);
     void release();

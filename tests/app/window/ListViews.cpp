@@ -1,5 +1,7 @@
 #include "ListViews.h"
 
+#include "RemoteMemory.h"
+
 #include <commctrl.h>
 
 namespace driver
@@ -18,6 +20,17 @@ POINT rowPlaceIn(HWND listView, int item)
     const int rowHeight = spacing(2) - spacing(1);
     const int above = item - static_cast<int>(SendMessageW(listView, LVM_GETTOPINDEX, 0, 0));
     return {30, place.bottom - place.top + rowHeight * above + rowHeight / 2};
+}
+
+int pictureOf(HANDLE process, HWND listView, int item)
+{
+    RemoteMemory there(process, sizeof(LVITEMW));
+    LVITEMW info{};
+    info.mask = LVIF_IMAGE;
+    info.iItem = item;
+    there.write(info);
+    SendMessageW(listView, LVM_GETITEMW, 0, there.parameter());
+    return there.read<LVITEMW>().iImage;
 }
 
 bool isTicked(HWND listView, int item)

@@ -1,4 +1,5 @@
-// List views of other processes: where their rows are, and which are ticked.
+// List views of other processes: where their rows are, and which are ticked or have a
+// picture.
 #pragma once
 
 #include <windows.h>
@@ -10,6 +11,8 @@ namespace driver
 POINT rowPlaceIn(HWND listView, int item);
 /// Presses the mouse button there and does not wait for what comes of it.
 void postClick(HWND window, POINT place);
+/// The number of the picture before the text, of a list in this process.
+int pictureOf(HANDLE process, HWND listView, int item);
 /// Of a list with boxes.
 bool isTicked(HWND listView, int item);
 int tickedCount(HWND listView);

@@ -30,6 +30,13 @@ public:
     {
         WriteProcessMemory(process_, start_, &value, sizeof value, nullptr);
     }
+    template <class Value>
+    Value read() const
+    {
+        Value value{};
+        ReadProcessMemory(process_, start_, &value, sizeof value, nullptr);
+        return value;
+    }
     std::wstring text(std::size_t offset, std::size_t length) const
     {
         std::wstring result(length, L'\0');

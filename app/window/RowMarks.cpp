@@ -1,0 +1,76 @@
+#include "app/window/RowMarks.h"
+
+#include <array>
+
+namespace window
+{
+
+namespace
+{
+
+constexpr int pictureSize = 150;  // twips, each way
+constexpr int thickness = 15;     // of a ring's line
+
+struct Shape
+{
+    Mark mark;
+    bool isFilled;
+};
+
+constexpr std::array shapes{Shape{Mark::NotApplied, false}, Shape{Mark::New, true}};
+
+HBITMAP blank(HDC screen, int size, COLORREF background)
+{
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, size, size);
+    const HDC device = CreateCompatibleDC(screen);
+    const HGDIOBJ before = SelectObject(device, bitmap);
+    const HBRUSH brush = CreateSolidBrush(background);
+    const RECT all{0, 0, size, size};
+    FillRect(device, &all, brush);
+    DeleteObject(brush);
+    SelectObject(device, before);
+    DeleteDC(device);
+    return bitmap;
+}
+
+void drawCircle(HDC screen, HBITMAP bitmap, int size, int line, COLORREF colour, bool isFilled)
+{
+    const HDC device = CreateCompatibleDC(screen);
+    const HGDIOBJ bitmapBefore = SelectObject(device, bitmap);
+    const HPEN pen = CreatePen(PS_INSIDEFRAME, line, colour);
+    const HBRUSH brush = CreateSolidBrush(colour);
+    const HGDIOBJ penBefore = SelectObject(device, pen);
+    const HGDIOBJ brushBefore =
+        SelectObject(device, isFilled ? static_cast<HGDIOBJ>(brush) : GetStockObject(NULL_BRUSH));
+    const int edge = size / 8;
+    Ellipse(device, edge, edge, size - edge, size - edge);
+    for (const HGDIOBJ each : {brushBefore, penBefore, bitmapBefore})
+        SelectObject(device, each);
+    DeleteObject(brush);
+    DeleteObject(pen);
+    DeleteDC(device);
+}
+
+}  // namespace
+
+MarkPictures::MarkPictures(Pixels pixels)
+{
+    const int size = pixels.fromTwips(pictureSize);
+    const COLORREF colour = GetSysColor(COLOR_WINDOWTEXT);
+    const COLORREF background = colour ^ RGB(255, 255, 255);  // never the same
+    images_ = ImageList_Create(size, size, ILC_COLOR24 | ILC_MASK,
+                               static_cast<int>(shapes.size()) + 1, 0);
+    const HDC screen = GetDC(nullptr);
+    const HBITMAP none = blank(screen, size, background);
+    ImageList_AddMasked(images_, none, background);
+    DeleteObject(none);
+    for (const Shape& shape : shapes) {
+        const HBITMAP bitmap = blank(screen, size, background);
+        drawCircle(screen, bitmap, size, pixels.fromTwips(thickness), colour, shape.isFilled);
+        ImageList_AddMasked(images_, bitmap, background);
+        DeleteObject(bitmap);
+    }
+    ReleaseDC(nullptr, screen);
+}
+
+}  // namespace window

@@ -1,0 +1,89 @@
+#include "ListViews.h"
+#include "WindowFixture.h"
+#include "app/window/RowMarks.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using window::Mark;
+
+namespace
+{
+
+constexpr int pictureWidth = 20;
+
+// How many pixels the picture of a mark changes on this background.
+int changedPixels(const window::MarkPictures& pictures, Mark mark, COLORREF background)
+{
+    const HDC screen = GetDC(nullptr);
+    const HDC device = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, pictureWidth, pictureWidth);
+    const HGDIOBJ before = SelectObject(device, bitmap);
+    const HBRUSH brush = CreateSolidBrush(background);
+    const RECT all{0, 0, pictureWidth, pictureWidth};
+    FillRect(device, &all, brush);
+    ImageList_Draw(pictures.handle(), static_cast<int>(mark), device, 0, 0, ILD_TRANSPARENT);
+    int changed = 0;
+    for (int x = 0; x < pictureWidth; ++x)
+        for (int y = 0; y < pictureWidth; ++y)
+            changed += GetPixel(device, x, y) != background ? 1 : 0;
+    DeleteObject(brush);
+    SelectObject(device, before);
+    DeleteObject(bitmap);
+    DeleteDC(device);
+    ReleaseDC(nullptr, screen);
+    return changed;
+}
+
+TEST(MarkPictures, AreSeenOnTheirBackgroundAndDiffer)
+{
+    for (const UINT dotsPerInch : {96U, 144U}) {
+        const window::MarkPictures pictures{window::Pixels(dotsPerInch)};
+        const COLORREF background = GetSysColor(COLOR_WINDOW);
+        const int ring = changedPixels(pictures, Mark::NotApplied, background);
+        const int disc = changedPixels(pictures, Mark::New, background);
+
+        EXPECT_EQ(changedPixels(pictures, Mark::None, background), 0);
+        EXPECT_GT(ring, 10);
+        EXPECT_GT(disc, ring + 10);
+    }
+}
+
+struct RowMarks : driver::Window
+{
+    std::vector<Mark> marks()
+    {
+        std::vector<Mark> result;
+        for (int item = 0; item < form.rowCount("InputsList"); ++item)
+            result.push_back(static_cast<Mark>(
+                driver::pictureOf(process.handle(), form.control("InputsList"), item)));
+        return result;
+    }
+    void press(const char* button)
+    {
+        form.press(button);
+        form.settle();
+    }
+};
+
+TEST_F(RowMarks, TellWhatIsNewAndWhatIsNotApplied)
+{
+    using Marks = std::vector<Mark>;
+    EXPECT_EQ(marks(), Marks{Mark::None}) << "an empty list";
+
+    addMaterials({"Ex"});
+    EXPECT_EQ(marks(), Marks(3, Mark::New));
+
+    press("RefreshOutputs");
+    EXPECT_EQ(marks(), Marks(3, Mark::NotApplied));
+
+    press("GenerateButton");
+    EXPECT_EQ(marks(), Marks(3, Mark::None));
+
+    addMaterials({"Density"});
+    EXPECT_EQ(marks(),
+              (Marks{Mark::New, Mark::New, Mark::New, Mark::None, Mark::None, Mark::None}));
+}
+
+}  // namespace
