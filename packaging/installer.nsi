@@ -1,5 +1,5 @@
-; The installer: for one user, without administrator rights. ./package gives the version and the
-; lists of files. Silent with /S, the uninstaller too.
+; The installer: for one user, without administrator rights. ./package gives the version, the picture
+; and the lists of files. Silent with /S, the uninstaller too.
 Target amd64-unicode
 SetCompressor /SOLID lzma
 ManifestDPIAware true
@@ -28,6 +28,8 @@ VIAddVersionKey "LegalCopyright" "${PUBLISHER}"
 !include "FileFunc.nsh"
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${PICTURE}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP_STRETCH AspectFitHeight
 !define MUI_FINISHPAGE_SHOWREADME "$INSTDIR\guide.html"
 !define MUI_FINISHPAGE_SHOWREADME_TEXT "Show the guide"
 !insertmacro MUI_PAGE_LICENSE "${LICENSE}"
@@ -38,19 +40,25 @@ VIAddVersionKey "LegalCopyright" "${PUBLISHER}"
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
 
-; A program that runs cannot be written to. Nothing is changed then; the exit code is 2.
+; A program that runs cannot be written to. Nothing is changed then: either it is closed and tried
+; again, or setup ends with the exit code 2, as it does at once when it is silent.
 !macro EndWhenRunning FOLDER FILE
-    ${If} ${FileExists} "${FOLDER}\${FILE}"
+    ${Do}
+        ${IfNot} ${FileExists} "${FOLDER}\${FILE}"
+            ${ExitDo}
+        ${EndIf}
         ClearErrors
         FileOpen $R0 "${FOLDER}\${FILE}" a
-        ${If} ${Errors}
-            MessageBox MB_OK|MB_ICONEXCLAMATION \
-                "${FILE} is running. Close it and try again." /SD IDOK
+        ${IfNot} ${Errors}
+            FileClose $R0
+            ${ExitDo}
+        ${EndIf}
+        ${If} ${Cmd} `MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION \
+                "${FILE} is running. Close it and try again." /SD IDCANCEL IDCANCEL`
             SetErrorLevel 2
             Quit
         ${EndIf}
-        FileClose $R0
-    ${EndIf}
+    ${Loop}
 !macroend
 
 !macro EndWhenAnyRuns FOLDER
