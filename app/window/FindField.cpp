@@ -34,7 +34,7 @@ void FindField::show(bool isShown) const
 }
 
 // Behind the list in the order of Tab as well.
-void FindField::open(const form::Control& list, HWND window)
+void FindField::open(form::ParameterGrid& list, HWND window)
 {
     list_ = &list;
     for (const HWND each : {text_, label_})

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/window/Controls.h"
-#include "form/Controls.h"
+#include "form/ParameterGrid.h"
 
 #include <windows.h>
 
@@ -33,9 +33,9 @@ public:
 
     std::string text() const { return windowText(text_); }
     /// The list that it is for; null while it is not there.
-    const form::Control* list() const { return list_; }
+    form::ParameterGrid* list() const { return list_; }
     /// Shows it for the list, which has this window, and gives it the focus.
-    void open(const form::Control& list, HWND window);
+    void open(form::ParameterGrid& list, HWND window);
     void close();
     /// Takes the last line of its list's place.
     void layOut();
@@ -49,7 +49,7 @@ private:
     HWND text_ = nullptr;
     form::Control labelPlace_;
     form::Control textPlace_;
-    const form::Control* list_ = nullptr;
+    form::ParameterGrid* list_ = nullptr;
 };
 
 }  // namespace window

@@ -69,7 +69,10 @@ void MainWindow::showNewRows()
 ParameterGrid& MainWindow::gridToSearch()
 {
     form::MainForm& form = program_.form();
-    if (ParameterGrid* const focused = gridAt(GetFocus()))
+    const HWND focus = GetFocus();
+    ParameterGrid* const focused =
+        focus == findField_.textWindow() ? findField_.list() : gridAt(focus);
+    if (focused != nullptr)
         searched_ = focused;
     return searched_ == nullptr ? form.InputsList : *searched_;
 }

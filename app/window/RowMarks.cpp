@@ -8,8 +8,10 @@ namespace window
 namespace
 {
 
-constexpr int pictureSize = 150;  // twips, each way
-constexpr int thickness = 15;     // of a ring's line
+// Twips.
+constexpr int pictureWidth = 150;
+constexpr int pictureHeight = 195;  // that of a line of text, so that the mark stands amid it
+constexpr int thickness = 15;       // of a ring's line
 
 struct Shape
 {
@@ -19,13 +21,13 @@ struct Shape
 
 constexpr std::array shapes{Shape{Mark::NotApplied, false}, Shape{Mark::New, true}};
 
-HBITMAP blank(HDC screen, int size, COLORREF background)
+HBITMAP blank(HDC screen, SIZE size, COLORREF background)
 {
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, size, size);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, size.cx, size.cy);
     const HDC device = CreateCompatibleDC(screen);
     const HGDIOBJ before = SelectObject(device, bitmap);
     const HBRUSH brush = CreateSolidBrush(background);
-    const RECT all{0, 0, size, size};
+    const RECT all{0, 0, size.cx, size.cy};
     FillRect(device, &all, brush);
     DeleteObject(brush);
     SelectObject(device, before);
@@ -33,7 +35,7 @@ HBITMAP blank(HDC screen, int size, COLORREF background)
     return bitmap;
 }
 
-void drawCircle(HDC screen, HBITMAP bitmap, int size, int line, COLORREF colour, bool isFilled)
+void drawCircle(HDC screen, HBITMAP bitmap, SIZE size, int line, COLORREF colour, bool isFilled)
 {
     const HDC device = CreateCompatibleDC(screen);
     const HGDIOBJ bitmapBefore = SelectObject(device, bitmap);
@@ -42,8 +44,9 @@ void drawCircle(HDC screen, HBITMAP bitmap, int size, int line, COLORREF colour,
     const HGDIOBJ penBefore = SelectObject(device, pen);
     const HGDIOBJ brushBefore =
         SelectObject(device, isFilled ? static_cast<HGDIOBJ>(brush) : GetStockObject(NULL_BRUSH));
-    const int edge = size / 8;
-    Ellipse(device, edge, edge, size - edge, size - edge);
+    const LONG edge = size.cx / 8;
+    const LONG top = (size.cy - size.cx) / 2 + edge;
+    Ellipse(device, edge, top, size.cx - edge, top + size.cx - 2 * edge);
     for (const HGDIOBJ each : {brushBefore, penBefore, bitmapBefore})
         SelectObject(device, each);
     DeleteObject(brush);
@@ -55,10 +58,10 @@ void drawCircle(HDC screen, HBITMAP bitmap, int size, int line, COLORREF colour,
 
 MarkPictures::MarkPictures(Pixels pixels)
 {
-    const int size = pixels.fromTwips(pictureSize);
+    const SIZE size{pixels.fromTwips(pictureWidth), pixels.fromTwips(pictureHeight)};
     const COLORREF colour = GetSysColor(COLOR_WINDOWTEXT);
     const COLORREF background = colour ^ RGB(255, 255, 255);  // never the same
-    images_ = ImageList_Create(size, size, ILC_COLOR24 | ILC_MASK,
+    images_ = ImageList_Create(size.cx, size.cy, ILC_COLOR24 | ILC_MASK,
                                static_cast<int>(shapes.size()) + 1, 0);
     const HDC screen = GetDC(nullptr);
     const HBITMAP none = blank(screen, size, background);

@@ -290,6 +290,7 @@ POINT FormDriver::rowPlace(std::string_view grid, int item)
 
 void FormDriver::click(std::string_view grid, int item)
 {
+    SendMessageW(control(grid), LVM_ENSUREVISIBLE, static_cast<WPARAM>(item), FALSE);
     postClick(control(grid), rowPlace(grid, item));
     settle();
 }

@@ -11,22 +11,22 @@ using window::Mark;
 namespace
 {
 
-constexpr int pictureWidth = 20;
+constexpr int roomForPicture = 24;
 
 // How many pixels the picture of a mark changes on this background.
 int changedPixels(const window::MarkPictures& pictures, Mark mark, COLORREF background)
 {
     const HDC screen = GetDC(nullptr);
     const HDC device = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, pictureWidth, pictureWidth);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, roomForPicture, roomForPicture);
     const HGDIOBJ before = SelectObject(device, bitmap);
     const HBRUSH brush = CreateSolidBrush(background);
-    const RECT all{0, 0, pictureWidth, pictureWidth};
+    const RECT all{0, 0, roomForPicture, roomForPicture};
     FillRect(device, &all, brush);
     ImageList_Draw(pictures.handle(), static_cast<int>(mark), device, 0, 0, ILD_TRANSPARENT);
     int changed = 0;
-    for (int x = 0; x < pictureWidth; ++x)
-        for (int y = 0; y < pictureWidth; ++y)
+    for (int x = 0; x < roomForPicture; ++x)
+        for (int y = 0; y < roomForPicture; ++y)
             changed += GetPixel(device, x, y) != background ? 1 : 0;
     DeleteObject(brush);
     SelectObject(device, before);
