@@ -1,5 +1,6 @@
 #include "standin/ApplicationObject.h"
 
+#include "standin/ClientWatch.h"
 #include "standin/EntityObject.h"
 #include "standin/Objects.h"
 #include "standin/Server.h"
@@ -243,6 +244,8 @@ int ApplicationObject::statusUpdate(int current)
 
 int ApplicationObject::registerAddInPane(Arguments& a)
 {
+    if (endsWithLastClient_ && a.flag(0))
+        endWithProgramOf(reinterpret_cast<HWND>(static_cast<INT_PTR>(a.number(1))));
     return femap_->feAppRegisterAddInPane(
         {a.flag(0), a.number(1), a.number(2), a.flag(3), a.flag(4), a.number(5), a.number(6)});
 }

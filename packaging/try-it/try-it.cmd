@@ -16,10 +16,12 @@ echo "Apply" writes into %work%
 start "" /wait "%here%..\VelmarFemapInterface.exe" "%work%\panel.neu$try-it.log$DEBUG"
 set "result=%errorlevel%"
 "%here%femap-standin.exe" /unregserver
-if not "%result%" == "0" goto failed
+if not "%result%" == "0" goto ended
 if exist "%work%\panelControl.txt" start "" "%work%"
 exit /b 0
 
+:ended
+echo The form ended with code %result%. Its log: %TEMP%\korva\try-it.log
 :failed
 echo It could not be shown.
 pause
