@@ -20,7 +20,6 @@ constexpr int textLineHeight = 285;
 constexpr int leastFieldWidth = 1320;
 constexpr int labelWidth = 1350;  // of one that begins a row, so that fields are aligned
 constexpr int leastGridHeight = 1260;
-constexpr int wholeShare = 1000;
 
 struct KindHeight
 {

@@ -22,6 +22,7 @@ constexpr int scrollBarThickness = 255;  // twips
 
 /// What the list of inputs gets of the height that both lists share, in thousandths.
 constexpr int evenShare = 500;
+constexpr int wholeShare = 1000;
 
 /// Raises or lowers the share so that no list becomes too small to be used.
 void layOutContent(MainForm& form, int inputShare = evenShare);

@@ -17,6 +17,8 @@ class CodePage;
 std::filesystem::path toPath(const std::string& path);
 /// Absolute and without parts such as ".."; the reason tells when there is none.
 std::string fullPath(const std::string& path, std::error_code& reason);
+/// The same for all spellings of a path that this platform takes for the same.
+std::string foldedPath(const std::string& path);
 /// Whether the system takes the path for a device, whatever lies in its folder.
 bool namesDevice(const std::string& path);
 /// Binary; null when the file cannot be opened, and errno tells why: EISDIR when it is a folder,

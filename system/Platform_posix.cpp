@@ -27,6 +27,11 @@ std::string fullPath(const std::string& path, std::error_code& reason)
     return std::filesystem::absolute(path, reason).lexically_normal();
 }
 
+std::string foldedPath(const std::string& path)
+{
+    return path;
+}
+
 bool namesDevice(const std::string& /*path*/)
 {
     return false;

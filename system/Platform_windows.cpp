@@ -108,6 +108,17 @@ std::string fullPath(const std::string& path, std::error_code& reason)
     return windows::fromWide(full);
 }
 
+// In capital letters, as Windows compares names of files, and with slashes of one kind.
+std::string foldedPath(const std::string& path)
+{
+    const std::wstring text = withBackslashes(path);
+    std::wstring upper(text.size(), L'\0');
+    const int length = static_cast<int>(text.size());
+    const int done = LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, text.data(), length,
+                                   upper.data(), length, nullptr, nullptr, 0);
+    return windows::fromWide(done == length ? upper : text);
+}
+
 bool namesDevice(const std::string& path)
 {
     const std::wstring text = withBackslashes(path);

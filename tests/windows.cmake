@@ -21,6 +21,7 @@ velmar_test(system
     SOURCES
         DiskFilesTest.cpp
         DiskFilesTest_windows.cpp
+        FileKeyTest.cpp
         LookingAtFilesTest.cpp
         ModelMarkTest_windows.cpp
         OpenAloneTest.cpp
@@ -50,6 +51,7 @@ velmar_test(app/window LOCK femap.model
         FormThatIsOffTest.cpp
         GridViewTest.cpp
         InputBlockTest.cpp
+        KeptTest.cpp
         KeysTest.cpp
         LongListTest.cpp
         LostPaneTest.cpp

@@ -60,6 +60,7 @@ LRESULT MainWindow::guarded(Step&& step)
 MainWindow::MainWindow(femap::Connector& connector, sys::System& system)
     : propertyList_([this] { return window_; }),
       program_(connector, *this, propertyList_, system),
+      system_(system),
       hook_([this](WPARAM code) { guarded([&] { raiseFemapEvent(code); }); })
 {}
 
@@ -78,7 +79,9 @@ bool MainWindow::open(const std::string& arguments, int showCommand)
     registerClass(frameClass, frameProcedure);
     registerClass(panelClass, panelProcedure);
     showCommand_ = showCommand;
+    findKept();
     createWindow();
+    takeKeptPlace();
     starting_ = true;
     const app::Started started = program_.start(arguments);
     starting_ = false;
@@ -86,6 +89,7 @@ bool MainWindow::open(const std::string& arguments, int showCommand)
         return false;
     if (ready_)
         dropInput(window_);
+    takeKeptWidths();
     takeIntoUse();
     return true;
 }
@@ -160,7 +164,10 @@ bool MainWindow::takeStepBack(const MSG& message)
     if (!isStepBack(message))
         return false;
     guarded([this] {
-        program_.stepBack();
+        if (GetKeyState(VK_SHIFT) < 0)
+            program_.bringBackKept();
+        else
+            program_.stepBack();
         afterEvent();
     });
     return true;
@@ -194,8 +201,10 @@ void MainWindow::unload()
 {
     propertyList_.cancel();
     about_.cancel();
-    if (window_ != nullptr)
-        DestroyWindow(window_);
+    if (window_ == nullptr)
+        return;
+    keepPlaces();
+    DestroyWindow(window_);
 }
 
 // The form stays, so that its rows can still be applied. Too little for the message itself leaves

@@ -10,6 +10,7 @@
 #include "app/window/FindField.h"
 #include "app/window/GridView.h"
 #include "app/window/InputBlock.h"
+#include "app/window/KeptPlaces.h"
 #include "app/window/PaneOwner.h"
 #include "app/window/PropertyListWindow.h"
 #include "app/window/StatusView.h"
@@ -104,6 +105,10 @@ private:
         bool operator==(const Bounds&) const = default;
     };
 
+    void findKept();
+    void takeKeptPlace();
+    void takeKeptWidths();
+    void keepPlaces();
     void createWindow();
     void takeIntoUse();
     void createControls();
@@ -232,6 +237,9 @@ private:
     Viewer* viewer_ = &windowsViewer_;
     std::string told_;  // by the window itself, not by a procedure
     app::Program program_;
+    sys::System& system_;
+    std::string dataFolder_;  // of the user, with a separator at the end; empty: nothing is kept
+    KeptPlaces placesKept_;
     EventHook hook_;
     PaneOwner paneOwner_;
     HWND window_ = nullptr;

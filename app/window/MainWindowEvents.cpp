@@ -72,7 +72,7 @@ bool MainWindow::isStepBack(const MSG& message) const
 {
     const auto isDown = [](int key) { return GetKeyState(key) < 0; };
     if (message.message != WM_KEYDOWN || message.wParam != 'Z' || !isDown(VK_CONTROL) ||
-        isDown(VK_SHIFT) || isDown(VK_MENU) || !ready_ || starting_ ||
+        isDown(VK_MENU) || !ready_ || starting_ ||
         IsChild(window_, message.hwnd) == FALSE)
         return false;
     wchar_t kind[8]{};

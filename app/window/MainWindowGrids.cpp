@@ -15,7 +15,6 @@ using form::ParameterGrid;
 namespace
 {
 
-constexpr int wholeShare = 1000;
 constexpr int shareStep = 25;
 
 }  // namespace
@@ -123,7 +122,8 @@ void MainWindow::shareLists(int inputShare)
     form::MainForm& form = program_.form();
     form::layOutContent(form, inputShare_);
     const int both = form.Inputs.Height + form.Outputs.Height;
-    inputShare_ = MulDiv(form.Inputs.Height, wholeShare, both);  // as far as the layout followed
+    inputShare_ =
+        MulDiv(form.Inputs.Height, form::wholeShare, both);  // as far as the layout followed
     layOut();
 }
 
@@ -168,7 +168,7 @@ bool MainWindow::moveDivider(HWND window, UINT message, LPARAM lParam)
     case WM_MOUSEMOVE:
         if (dividerGrip_ && ready_)
             shareLists(MulDiv(pixels_.toTwips(place.y - *dividerGrip_) - form.Inputs.Top,
-                              wholeShare, form.Inputs.Height + form.Outputs.Height));
+                              form::wholeShare, form.Inputs.Height + form.Outputs.Height));
         return dividerGrip_.has_value();
     case WM_LBUTTONUP:
         if (dividerGrip_)

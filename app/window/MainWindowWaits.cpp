@@ -36,6 +36,7 @@ void MainWindow::lookForFemap()
         dropInput(window_);
         afterEvent();
     }
+    program_.keepRows();
 }
 
 }  // namespace window

@@ -19,12 +19,20 @@ FormFiles::FormFiles()
     std::filesystem::copy_file(std::filesystem::path(SOURCE_FOLDER) / "examples/panel.neu",
                                folder_ / "panel.neu");
     SetEnvironmentVariableW(L"TEMP", folder_.c_str());
+    std::filesystem::create_directories(userData());
+    SetEnvironmentVariableW(L"LOCALAPPDATA", userData().c_str());
 }
 
 FormFiles::~FormFiles()
 {
     std::error_code ignored;  // a folder that stays behind harms nothing
     std::filesystem::remove_all(folder_, ignored);
+    std::filesystem::remove_all(userData(), ignored);
+}
+
+std::filesystem::path FormFiles::userData() const
+{
+    return folder_.native() + L"-data";
 }
 
 bool FormFiles::has(const std::string& name) const

@@ -16,6 +16,8 @@ public:
     FormFiles& operator=(const FormFiles&) = delete;
 
     const std::filesystem::path& folder() const { return folder_; }
+    /// What Windows calls the local application data, here one of its own.
+    std::filesystem::path userData() const;
     bool has(const std::string& name) const;
     std::string read(const std::string& name) const;
     std::string log() const { return read("korva/form.log"); }
