@@ -187,8 +187,10 @@ void ParameterGrid::letGo(std::size_t first, std::size_t end)
 void ParameterGrid::sortByName()
 {
     ++changes_;
-    ++fills_;
     closeGaps();
+    if (std::ranges::is_sorted(slots_, {}, nameOf))
+        return;  // no row moves
+    ++fills_;
     forgetNames();
     std::vector<SortKey> keys;
     keys.reserve(slots_.size());

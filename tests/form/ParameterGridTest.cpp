@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <functional>
 #include <limits>
 #include <optional>
@@ -237,6 +238,24 @@ TEST(SortByName, IsOrdinalWithTheEmptyNameFirst)
 
     EXPECT_THAT(namesOf(grid), ElementsAre("", "B", "ThicknessAtProp10", "ThicknessAtProp9", "a",
                                            "a b", "b", "ä", "Ж"));
+}
+
+TEST(SortByName, FillsTheGridAnewOnlyWhereRowsMove)
+{
+    ParameterGrid grid(2);
+    fill(grid, {"b\t1", "a\t2"});
+    const auto fillsBy = [&](auto action) {
+        const std::uint64_t before = grid.fills();
+        action();
+        return grid.fills() - before;
+    };
+
+    EXPECT_EQ(fillsBy([&] { grid.sortByName(); }), 1U);
+    EXPECT_EQ(fillsBy([&] { grid.sortByName(); }), 0U);
+    EXPECT_EQ(fillsBy([&] { grid.AddItem("c\t3"); }), 1U);
+    EXPECT_EQ(fillsBy([&] { grid.setText(1, 1, "4"); }), 0U);
+    EXPECT_EQ(fillsBy([&] { grid.RemoveItem(1); }), 0U);
+    EXPECT_EQ(fillsBy([&] { grid.replaceRows({"z\t"}); }), 1U);
 }
 
 TEST(SortByName, KeepsTheOrderOfRowsWithTheSameName)

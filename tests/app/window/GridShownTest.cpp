@@ -31,7 +31,7 @@ TEST_F(GridWindow, AfterTheGridWasFilledNoneIsShownAsSelectedAgain)
     fillWith(10);
     click(3);
 
-    grid.AddItem("another\t1");
+    grid.AddItem("Another\t1");
     view->update();
     EXPECT_THAT(marked(), ElementsAre());
     EXPECT_EQ(grid.Row, 4);
