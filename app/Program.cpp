@@ -131,12 +131,35 @@ void Program::tellMistake(std::string_view what)
 {
     try {
         const std::string text = "The program has a mistake and ends: " + std::string(what);
-        session_.context.error.attempt([&] { form::tellEngineer(session_.context, text); });
+        session_.context.error.attempt([&] {
+            form::tellEngineer(session_.context, text);
+            session_.context.femap().feAppMessage(femap::MessageColour::Error, whereLogIs());
+        });
     }
     catch (const std::exception&) {
         // FEMAP cannot show it, for it is gone or that fails as well; the log has it.
     }
     session_.context.log.flush();
+}
+
+std::string Program::lastLogPath() const
+{
+    const std::string open = logPath();
+    return open.empty() ? session_.closedLog : open;
+}
+
+std::string Program::whereLogIs() const
+{
+    const std::string path = lastLogPath();
+    return path.empty() ? "There is no log of this run. The start argument $$ALWAYS makes one"
+                        : "The log of this run: " + path;
+}
+
+std::string Program::withLog(const std::string& reason) const
+{
+    if (lastLogPath().empty())
+        return reason;
+    return reason + (reason.ends_with('.') ? " " : ". ") + whereLogIs();
 }
 
 // Null when there is none. A FEMAP that is just ending may be found, so it must answer a call.

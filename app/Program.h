@@ -57,6 +57,13 @@ public:
     /// Full path of the log; empty while there is none.
     std::string logPath() const { return session_.context.log.path(); }
 
+    /// The same also when the run has ended and the log is closed.
+    std::string lastLogPath() const;
+    /// What is told of it when the run ends by an error.
+    std::string whereLogIs() const;
+    /// The reason, and where the log is that tells more, if there is one.
+    std::string withLog(const std::string& reason) const;
+
     /// An event of the form or of a control. Anything that is not bound is a mistake of the shell
     /// and raises std::logic_error.
     Ended raise(const form::Event& event, int argument = 0);

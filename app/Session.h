@@ -76,6 +76,9 @@ struct Session
     std::function<std::unique_ptr<sys::ModelMark>(const std::string& path)> markModel =
         sys::markModel;
 
+    /// Full path of the log when the run has ended and it is closed; empty when there was none.
+    std::string closedLog;
+
     /// Set by a procedure that wants both forms unloaded; that is done when it has ended.
     bool closeWanted = false;
 

@@ -211,6 +211,7 @@ StartUp Form_Load(Session& session, const std::string& arguments)
     startLog(context, commandLine);
     logArguments(context, commandLine);
     if (!waitForFemap(session)) {
+        session.closedLog = context.log.path();
         context.log.DeinitialiseLogger();
         return StartUp::FemapNotFound;
     }
@@ -263,6 +264,8 @@ void Form_Unload(Session& session)
     context.application.reset();
     logDebug(context.log, "Setting Main femap instance to Nothing");
     session.modelMark.reset();
+    if (!context.log.path().empty())
+        session.closedLog = context.log.path();
     context.log.DeinitialiseLogger();
 }
 

@@ -182,15 +182,15 @@ void StudyRunner::start(const ScriptLine& line)
     isStarted_ = true;
     const Started started = program_.start(line.argument);
     tellLogFailure();
+    constexpr const char* notFound = "FEMAP does not run and could not be started: ";
     if (started == Started::FemapNotFound)
-        throw ScriptError(
-            line.number, "FEMAP does not run and could not be started: " + program_.femapFailure());
+        throw ScriptError(line.number, program_.withLog(notFound + program_.femapFailure()));
     if (!program_.femapInUse().empty())
         world_.problems << program_.femapInUse() << '\n';
     if (!program_.openFailure().empty())
         throw ScriptError(line.number, program_.openFailure());
     if (started == Started::ByError)
-        throw ScriptError(line.number, program_.lastFailure());
+        throw ScriptError(line.number, program_.withLog(program_.lastFailure()));
     tellProblem();
 }
 
@@ -394,7 +394,7 @@ void StudyRunner::tellProblem()
 void StudyRunner::checkEnd(Ended ended, const ScriptLine& line) const
 {
     if (ended == Ended::ByError)
-        throw ScriptError(line.number, program_.lastFailure());
+        throw ScriptError(line.number, program_.withLog(program_.lastFailure()));
 }
 
 }  // namespace study

@@ -28,6 +28,35 @@ std::string argumentString()
     return windows::fromWide(rest);
 }
 
+// The console that the program was started from; null when there is none.
+HANDLE parentsConsole()
+{
+    if (AttachConsole(ATTACH_PARENT_PROCESS) == FALSE && GetLastError() != ERROR_ACCESS_DENIED)
+        return nullptr;
+    const HANDLE console =
+        CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
+    return console == INVALID_HANDLE_VALUE ? nullptr : console;
+}
+
+// Why the program ends by an error, where standard error goes, or else on the console: it has no
+// window then, and shows no boxes.
+void tell(const std::string& text)
+{
+    const std::string line = "VelmarFemapInterface: " + text + "\r\n";
+    DWORD written = 0;
+    const HANDLE errors = GetStdHandle(STD_ERROR_HANDLE);
+    if (errors != nullptr &&
+        WriteFile(errors, line.data(), static_cast<DWORD>(line.size()), &written, nullptr) != FALSE)
+        return;
+    const HANDLE console = parentsConsole();
+    if (console == nullptr)
+        return;
+    const std::wstring wide = windows::toWide(line);
+    WriteConsoleW(console, wide.data(), static_cast<DWORD>(wide.size()), &written, nullptr);
+    CloseHandle(console);
+}
+
 int runForm(int showCommand)
 {
     femap::com::FemapConnector femap(nullptr);
@@ -36,9 +65,16 @@ int runForm(int showCommand)
     femap.reportTo([&window](const std::string& text) { window.showStatus(text); });
     femap.beforeWaits([&window] { window.show(); });
     femap.endWaitsWhen([&window] { return window.endsWait(); });
-    if (!window.open(argumentString(), showCommand))
-        return EXIT_FAILURE;
-    return window.run();
+    try {
+        if (window.open(argumentString(), showCommand))
+            return window.run();
+        tell("FEMAP does not run and could not be started: " + window.femapFailure());
+    }
+    catch (const std::exception& mistake) {
+        tell("The program has a mistake and ends: " + std::string(mistake.what()));
+    }
+    tell(window.whereLogIs());
+    return EXIT_FAILURE;
 }
 
 }  // namespace
@@ -51,8 +87,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int showCommand)
         return runForm(showCommand);
     }
     catch (const std::exception& mistake) {
-        // Only a debugger can still show this.
-        OutputDebugStringW(windows::toWide(mistake.what()).c_str());
+        tell(mistake.what());
         return EXIT_FAILURE;
     }
 }

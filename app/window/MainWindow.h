@@ -61,6 +61,7 @@ public:
     /// Creates the window, starts the program and shows the form. False: there is no FEMAP.
     bool open(const std::string& arguments, int showCommand = SW_SHOWNORMAL);
     const std::string& femapFailure() const { return program_.femapFailure(); }
+    std::string whereLogIs() const { return program_.whereLogIs(); }
     /// Handles messages until the form is unloaded; the program's exit code.
     int run();
     /// Tells the observer what is done with the form; it must outlive the window.

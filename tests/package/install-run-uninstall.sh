@@ -58,6 +58,7 @@ processes() { WINEDLLOVERRIDES='mscoree,mshtml,winemenubuilder.exe=' wine winedb
 hasNoStandin() { [[ $(processes) != *femap-standin* ]]; }
 hasNoFolder() { [[ ! -e $folder ]]; }
 
+tryIt() { wine cmd /c "$(winepath -w "$folder/try-it/try-it.cmd" 2>/dev/null)" </dev/null; }
 install() { wine "$setup" /S </dev/null >/dev/null 2>&1; }
 
 # As Windows does it: the program works on as a copy of itself.
@@ -112,14 +113,25 @@ for study in panel ombra; do
         fail "$study.study wrote other files than the golden ones"
 done
 
+says "A form that ends by an error says why, and where its log is"
+code=0
+wine "$folder/VelmarFemapInterface.exe" '$end.log$ALWAYS' </dev/null >/dev/null 2>"$work/end.err" || code=$?
+[[ $code == 1 ]] || fail "a form without FEMAP ended with code $code"
+grep -q '^VelmarFemapInterface: FEMAP does not run and could not be started: ' "$work/end.err" &&
+    grep -q '^VelmarFemapInterface: The log of this run: .*end\.log' "$work/end.err" ||
+    fail "it said: $(cat "$work/end.err")"
+
 says "The form opens beside the stand-in, cannot be uninstalled meanwhile, and closes"
-wine cmd /c "$(winepath -w "$folder/try-it/try-it.cmd" 2>/dev/null)" </dev/null >"$work/try.out" 2>&1 &
+tryIt >"$work/try.out" 2>&1 &
 try=$!
 waitFor "the form did not appear" isThere
 hasNoStandin && fail "there is no stand-in"
 code=0
 uninstallAndWait || code=$?
 [[ $code == 2 ]] || fail "the uninstaller of a running form ended with code $code"
+code=0
+install || code=$?
+[[ $code == 2 ]] || fail "setup over a running form ended with code $code"
 [[ -f $folder/VelmarFemapInterface.exe ]] || fail "a running form was taken away"
 xdotool key alt+F4
 waitFor "the form did not close" isGone
@@ -128,6 +140,14 @@ wait "$try" || code=$?
 [[ $code == 0 ]] || fail "try-it.cmd ended with code $code: $(cat "$work/try.out")"
 ! wine reg query 'HKLM\Software\Classes\femap.model' >/dev/null 2>&1 ||
     fail "the stand-in is still registered"
+waitFor "the stand-in still runs" hasNoStandin
+
+says "The stand-in ends also with a form that is ended"
+tryIt >"$work/try.out" 2>&1 &
+try=$!
+waitFor "the form did not appear" isThere
+wine taskkill /f /im VelmarFemapInterface.exe </dev/null >/dev/null 2>&1
+wait "$try" || fail "try-it.cmd ended with code $?: $(cat "$work/try.out")"
 waitFor "the stand-in still runs" hasNoStandin
 
 says "It uninstalls silently, and nothing is left but what it did not bring"

@@ -123,7 +123,8 @@ TEST(StudyWithoutFemap, SaysWhyOnStandardErrorAndInTheLog)
 
     EXPECT_EQ(f.error(),
               "beam.study:1: FEMAP does not run and could not be started: No FEMAP is running: "
-              "0x800401E3; FEMAP could not be started: 0x80080005\n");
+              "0x800401E3; FEMAP could not be started: 0x80080005. "
+              "The log of this run: korva/beam.log\n");
     EXPECT_THAT(f.log(), Contains("DEBUG: Why no FEMAP was started: FEMAP could not be started: "
                                   "0x80080005"));
 }

@@ -6,7 +6,6 @@
 
 using driver::waitUntil;
 using testing::HasSubstr;
-using testing::StartsWith;
 
 namespace
 {
