@@ -25,6 +25,10 @@ public:
         session.context.application = connector.attach();
     }
 
+    ~MarkedModels() { session.modelMark.reset(); }  // it looks into this
+    MarkedModels(const MarkedModels&) = delete;
+    MarkedModels& operator=(const MarkedModels&) = delete;
+
     std::set<std::string> ofOthers;
     std::vector<std::string> own;
 
