@@ -165,7 +165,7 @@ bool MainWindow::takeStepBack(const MSG& message)
         return false;
     guarded([this] {
         if (GetKeyState(VK_SHIFT) < 0)
-            program_.bringBackKept();
+            bringBackKept();
         else
             program_.stepBack();
         afterEvent();

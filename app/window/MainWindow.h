@@ -110,6 +110,7 @@ private:
     void takeKeptPlace();
     void takeKeptWidths();
     void keepPlaces();
+    void bringBackKept();
     void createWindow();
     void takeIntoUse();
     void createControls();

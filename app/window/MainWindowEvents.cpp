@@ -67,14 +67,15 @@ void MainWindow::pressKey(int id)
         SetFocus(windows_.at(which->control));
 }
 
-// Ctrl+Z; in a field it is Windows' own key.
+// Ctrl+Z, or Ctrl+Shift+Z; in a field the former is Windows' own key.
 bool MainWindow::isStepBack(const MSG& message) const
 {
     const auto isDown = [](int key) { return GetKeyState(key) < 0; };
     if (message.message != WM_KEYDOWN || message.wParam != 'Z' || !isDown(VK_CONTROL) ||
-        isDown(VK_MENU) || !ready_ || starting_ ||
-        IsChild(window_, message.hwnd) == FALSE)
+        isDown(VK_MENU) || !ready_ || starting_ || IsChild(window_, message.hwnd) == FALSE)
         return false;
+    if (isDown(VK_SHIFT))
+        return true;
     wchar_t kind[8]{};
     GetClassNameW(message.hwnd, kind, static_cast<int>(std::size(kind)));
     return CompareStringOrdinal(kind, -1, L"Edit", -1, TRUE) != CSTR_EQUAL;

@@ -35,7 +35,8 @@ void MainWindow::takeKeptPlace()
         return;
     moveTo(window_, *placesKept_.window);
     moveTo(window_, form::keptWithin(*placesKept_.window, workAreaOf(window_)));
-    if (placesKept_.isMaximised && showCommand_ == SW_SHOWNORMAL)
+    const bool isAsUsual = showCommand_ == SW_SHOWNORMAL || showCommand_ == SW_SHOWDEFAULT;
+    if (placesKept_.isMaximised && isAsUsual)
         showCommand_ = SW_SHOWMAXIMIZED;
 }
 
@@ -69,6 +70,15 @@ void MainWindow::keepPlaces()
     placesKept_.outputWidths = form.OutputsList.ColWidth;
     placesKept_.inputShare = inputShare_;
     writePlaces(system_.files, dataFolder_ + "Window.txt", placesKept_);
+}
+
+// Leaves fields, so that Ctrl+Z takes that back and not what was typed there.
+void MainWindow::bringBackKept()
+{
+    program_.bringBackKept();
+    form::ParameterGrid& list = program_.form().InputsList;
+    if (list.Enabled)
+        SetFocus(windows_.at(&list));
 }
 
 }  // namespace window

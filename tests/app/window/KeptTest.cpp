@@ -88,9 +88,11 @@ TEST_F(FromRunToRun, PlaceColumnsAndShareStayAsTheyWere)
     start();
     SetWindowPos(form->window(), nullptr, 120, 90, 700, 640, SWP_NOZORDER);
     form->settle();
-    const int given = columnWidth("OutputsList", 1);
-    SendMessageW(form->control("OutputsList"), LVM_SETCOLUMNWIDTH, 1, given + 37);
-    form->settle();
+    const HWND list = form->control("OutputsList");
+    const int given = columnWidth("OutputsList", 0);
+    const POINT edge = driver::placeIn(list, {given - 1, 8});
+    driver::Hand().drag(edge, {edge.x + 37, edge.y});
+    EXPECT_TRUE(waitUntil([&] { return columnWidth("OutputsList", 0) == given + 37; }));
     const RECT before = place();
     close();
 
@@ -98,8 +100,8 @@ TEST_F(FromRunToRun, PlaceColumnsAndShareStayAsTheyWere)
 
     const RECT after = place();
     EXPECT_TRUE(EqualRect(&after, &before));
-    EXPECT_EQ(columnWidth("OutputsList", 1), given + 37);
-    EXPECT_EQ(columnWidth("InputsList", 1), given);
+    EXPECT_EQ(columnWidth("OutputsList", 0), given + 37);
+    EXPECT_EQ(columnWidth("InputsList", 0), given);
     close();
 }
 
@@ -140,7 +142,7 @@ TEST_F(FromRunToRun, RowsOfAFormThatWasEndedByForceComeBackByKeysAndGoAgain)
     driver::Hand hand;
     hand.awaitKeyboardAt(form->window());
     hand.key({"ctrl+shift+z"});
-    EXPECT_TRUE(waitUntil([&] { return inputs() == before; }));
+    EXPECT_TRUE(waitUntil([&] { return inputs() == before; })) << form->text("StatusLine");
     hand.key({"ctrl+z"});
     EXPECT_TRUE(waitUntil([&] { return inputs().empty(); }));
     close();

@@ -64,7 +64,7 @@ TEST_F(Window, TheSpaceOfALargerWindowGoesToTheGrids)
 
 TEST_F(Window, ASmallWindowScrollsToTheEndOfTheContent)
 {
-    SetWindowPos(form.window(), nullptr, 0, 0, 400, 300, SWP_NOMOVE | SWP_NOZORDER);
+    SetWindowPos(form.window(), nullptr, 0, 0, 200, 300, SWP_NOMOVE | SWP_NOZORDER);
     form.settle();
     const HWND bar = form.control("VScroll1");
     const bool areShown =
@@ -91,7 +91,7 @@ TEST_F(Window, GrowingAScrolledWindowBringsTheContentBack)
 {
     RECT frame{};
     GetWindowRect(form.window(), &frame);
-    SetWindowPos(form.window(), nullptr, 0, 0, 400, 300, SWP_NOMOVE | SWP_NOZORDER);
+    SetWindowPos(form.window(), nullptr, 0, 0, 200, 300, SWP_NOMOVE | SWP_NOZORDER);
     SendMessageW(form.window(), WM_VSCROLL, SB_BOTTOM,
                  reinterpret_cast<LPARAM>(form.control("VScroll1")));
     SendMessageW(form.window(), WM_HSCROLL, SB_PAGEDOWN,
@@ -126,7 +126,7 @@ TEST_F(Window, BecomesAPaneOfAnotherWindowAndWorksThere)
     SetWindowLongPtrW(pane, GWL_STYLE,
                       (style & ~static_cast<LONG_PTR>(WS_OVERLAPPEDWINDOW)) | WS_CHILD);
     SetParent(pane, femap);
-    SetWindowPos(pane, nullptr, 0, 0, 300, 400, SWP_NOZORDER | SWP_FRAMECHANGED);
+    SetWindowPos(pane, nullptr, 0, 0, 200, 400, SWP_NOZORDER | SWP_FRAMECHANGED);
     form.settle();
     form.choose("Solver", "NENastran");
 
