@@ -4,7 +4,6 @@
 #include "app/FemapEvents.h"
 #include "app/StartUp.h"
 #include "app/WhichFemap.h"
-#include "findings/Findings.h"
 #include "form/FormProcedures.h"
 #include "system/RuntimeError.h"
 
@@ -60,6 +59,7 @@ Started Program::start(const std::string& arguments)
     }
     runWaiting();
     keepRows();
+    followStudy(false);
     return ended == Ended::Normally ? Started::Normally : Started::ByError;
 }
 
@@ -84,6 +84,7 @@ Ended Program::enterText(form::ComboBox& box, const std::string& text)
     if (ended != Ended::NotStarted)
         runWaiting();
     keepRows();
+    followStudy(ended != Ended::NotStarted);
     return ended;
 }
 
@@ -210,14 +211,6 @@ void Program::closeByHand()
     runWaiting();
 }
 
-std::vector<findings::Finding> Program::check()
-{
-    std::vector<findings::Finding> found;
-    if (!closed_)
-        dispatcher_.run("Check", [&] { found = findings::allFindings(session_.context); });
-    return found;
-}
-
 preview::Preview Program::preview(std::string_view wantedName)
 {
     preview::Preview made;
@@ -262,6 +255,7 @@ Ended Program::run(const Binding& binding, int argument, bool isFurther)
     runWaiting();
     forgetStepOfAnotherModel();
     keepRows();
+    followStudy(endsMessages(binding.event, argument));
     return ended;
 }
 

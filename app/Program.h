@@ -7,7 +7,7 @@
 #include "app/EventDispatcher.h"
 #include "app/KeptRows.h"
 #include "app/Session.h"
-#include "findings/Finding.h"
+#include "findings/LatestFindings.h"
 #include "form/NewRows.h"
 #include "form/StepBack.h"
 #include "preview/Preview.h"
@@ -110,6 +110,14 @@ public:
     /// Changes nothing. Nothing while a procedure runs, or when FEMAP is lost meanwhile.
     std::vector<findings::Finding> check();
 
+    /// From now on what the form alone tells of the study is looked for after each action, and
+    /// errors and warnings are counted on the status line.
+    void watchStudy() { watchesStudy_ = true; }
+    /// The same now and then, for texts are typed without an action. Whether it looked again.
+    bool lookAtStudy() { return followStudy(false); }
+    /// What was found last, by check() or after an action; none unless the study is watched.
+    const findings::LatestFindings& latestFindings() const { return latestFindings_; }
+
     /// Whether each whole "Apply" leaves a provenance sheet beside its files from now on.
     void keepProvenance(bool keeps) { session_.keepsProvenance = keeps; }
 
@@ -155,6 +163,8 @@ private:
     void forgetStepOfAnotherModel();
     void finishKeeping();
     void forgetFormerAction();
+    bool followStudy(bool isAction);
+    void tellFindings();
 
     ObservedDialog observedDialog_;
     Session session_;
@@ -163,6 +173,9 @@ private:
     std::array<form::NewRows, 2> newRows_{form::NewRows(session_.form.InputsList),
                                           form::NewRows(session_.form.OutputsList)};
     std::optional<KeptRows> kept_;
+    findings::LatestFindings latestFindings_{session_.context};
+    bool watchesStudy_ = false;
+    std::string toldFindings_;       // on the status line
     std::string modelOfStep_;        // its file, empty while never saved
     bool isReadAgainSince_ = false;  // the rows, since the step
     std::vector<Waiting> waiting_;

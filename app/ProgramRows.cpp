@@ -81,6 +81,7 @@ void Program::stepBack()
     if (observedDialog_.observer != nullptr)
         observedDialog_.observer->steppedBack();
     keepRows();
+    followStudy(true);
 }
 
 void Program::keepRowsIn(const std::string& folder)
@@ -134,6 +135,7 @@ void Program::bringBackKept()
     if (observedDialog_.observer != nullptr)
         observedDialog_.observer->broughtBack();
     keepRows();
+    followStudy(true);
 }
 
 const form::NewRows& Program::newRows(const form::ParameterGrid& grid) const

@@ -53,13 +53,24 @@ std::string rowsJson(const Finding& finding, Grid grid)
 
 }  // namespace
 
+std::string rowsOf(const Finding& finding)
+{
+    std::string text;
+    for (const Grid grid : {Grid::Inputs, Grid::Outputs})
+        if (const std::vector<int> rows = rowsIn(finding, grid); !rows.empty())
+            text.append(text.empty() ? "" : " ")
+                .append(wordOf(grid))
+                .append(":")
+                .append(rangesOf(rows));
+    return text;
+}
+
 std::string lineOf(const Finding& finding)
 {
     std::string line(wordOf(finding.severity));
     line.append(" ").append(finding.code);
-    for (const Grid grid : {Grid::Inputs, Grid::Outputs})
-        if (const std::vector<int> rows = rowsIn(finding, grid); !rows.empty())
-            line.append(" ").append(wordOf(grid)).append(":").append(rangesOf(rows));
+    if (const std::string rows = rowsOf(finding); !rows.empty())
+        line.append(" ").append(rows);
     if (!finding.name.empty())
         line.append(" ").append(finding.name);
     return line + ": " + finding.sentence + " Cure: " + std::string(finding.cure);

@@ -6,6 +6,9 @@
 namespace findings
 {
 
+/// Its rows, counted from 1: "inputs:3-5,9 outputs:2"; empty where it belongs to none.
+std::string rowsOf(const Finding& finding);
+
 /// "warning outside-bounds inputs:3-5,9: Sentence Cure: …", with the name behind the rows where
 /// there is one.
 std::string lineOf(const Finding& finding);
