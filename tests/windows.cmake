@@ -45,23 +45,33 @@ velmar_test(app/window LOCK femap.model
         BusyFormTest.cpp
         ColoursTest.cpp
         CommandsTest.cpp
+        CopyKeysTest.cpp
         DialogPlaceTest.cpp
+        DividerTest.cpp
         EndedWaitTest.cpp
         EventHookTest.cpp
+        FindFieldTest.cpp
+        FindingTipsTest.cpp
+        FindingsWindowTest.cpp
         FormThatIsOffTest.cpp
+        GridShownTest.cpp
         GridViewTest.cpp
         InputBlockTest.cpp
         KeptTest.cpp
         KeysTest.cpp
+        ListMenuTest.cpp
         LongListTest.cpp
         LostPaneTest.cpp
+        NameSearchTest.cpp
         NoMemoryTest.cpp
         PaneTest.cpp
         ProductBesideFemapTest.cpp
         PropertyListWindowTest.cpp
         RemoteHeapTest.cpp
         ResolutionTest.cpp
+        RowMarksTest.cpp
         SecondFormTest.cpp
+        SelectedByHandTest.cpp
         SelectedRunsTest.cpp
         SentMessagesTest.cpp
         StartWindowTest.cpp

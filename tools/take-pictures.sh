@@ -3,7 +3,8 @@
 # nobody sees, beside a stand-in for FEMAP with the example model open.
 #
 #   tools/take-pictures.sh              all of them
-#   tools/take-pictures.sh SCENE...     only these: empty filled small large contrast input output busy
+#   tools/take-pictures.sh SCENE...     only these: empty filled small large contrast input output
+#                                       findings busy
 #
 # Look at each before it is committed.
 set -euo pipefail
@@ -14,7 +15,8 @@ build=build/windows-release
 declare -A pictureOf=(
     [empty]=form-empty [filled]=form-filled [small]=form-small [large]=form-150-percent
     [contrast]=form-contrast
-    [input]=dialog-inputs [output]=dialog-outputs [busy]=form-busy)
+    [input]=dialog-inputs [output]=dialog-outputs
+    [findings]=findings [busy]=form-busy)
 
 # Runs one scene on the screen that is there and takes its picture.
 take()
@@ -65,7 +67,7 @@ if [[ ${1-} == --on-this-screen ]]; then
 fi
 
 scenes=("$@")
-((${#scenes[@]})) || scenes=(empty filled small large contrast input output busy)
+((${#scenes[@]})) || scenes=(empty filled small large contrast input output findings busy)
 for scene in "${scenes[@]}"; do
     if [[ ! -v pictureOf[$scene] ]]; then
         echo "There is no scene $scene." >&2

@@ -3,19 +3,37 @@
 namespace windows
 {
 
+namespace
+{
+
+struct EmptyTemplate
+{
+    explicit EmptyTemplate(DWORD extendedStyle)
+    {
+        header.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | DS_MODALFRAME;
+        header.dwExtendedStyle = extendedStyle;
+    }
+
+    DLGTEMPLATE header{};
+    WORD menu = 0;
+    WORD windowClass = 0;
+    WORD title = 0;
+};
+
+}  // namespace
+
 INT_PTR showEmptyDialog(HWND owner, DWORD extendedStyle, DLGPROC procedure, void* instance)
 {
-    struct
-    {
-        DLGTEMPLATE header;
-        WORD menu;
-        WORD windowClass;
-        WORD title;
-    } empty{};
-    empty.header.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | DS_MODALFRAME;
-    empty.header.dwExtendedStyle = extendedStyle;
+    const EmptyTemplate empty(extendedStyle);
     return DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &empty.header, owner, procedure,
                                    reinterpret_cast<LPARAM>(instance));
+}
+
+HWND createEmptyDialog(HWND owner, DWORD extendedStyle, DLGPROC procedure, void* instance)
+{
+    const EmptyTemplate empty(extendedStyle);
+    return CreateDialogIndirectParamW(GetModuleHandleW(nullptr), &empty.header, owner, procedure,
+                                      reinterpret_cast<LPARAM>(instance));
 }
 
 }  // namespace windows

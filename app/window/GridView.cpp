@@ -1,6 +1,8 @@
 #include "app/window/GridView.h"
 
+#include "app/window/Clipboard.h"
 #include "app/window/NameSearch.h"
+#include "app/window/Tips.h"
 #include "windows/Text.h"
 
 #include <algorithm>
@@ -21,37 +23,6 @@ namespace
 // Twips, of the columns to which the form gives no width.
 constexpr int defaultColumnWidth = 960;
 constexpr int headingMargins = 240;
-
-// Another program may have the clipboard open for a moment.
-bool openClipboard(HWND owner)
-{
-    constexpr int tries = 10;
-    constexpr DWORD pause = 20;  // milliseconds
-    for (int i = 0; i < tries; ++i) {
-        if (OpenClipboard(owner) != FALSE)
-            return true;
-        Sleep(pause);
-    }
-    return false;
-}
-
-void putOnClipboard(HWND owner, const std::wstring& text)
-{
-    const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
-    if (memory == nullptr)
-        return;
-    std::copy_n(text.c_str(), text.size() + 1, static_cast<wchar_t*>(GlobalLock(memory)));
-    GlobalUnlock(memory);
-    bool given = false;
-    if (openClipboard(owner)) {
-        EmptyClipboard();
-        given = SetClipboardData(CF_UNICODETEXT, memory) != nullptr;
-        CloseClipboard();
-    }
-    if (!given)
-        GlobalFree(memory);
-}
 
 }  // namespace
 
@@ -113,6 +84,7 @@ void GridView::setResolution(Pixels pixels)
     for (int column = 0; column < grid_.Cols(); ++column)
         ListView_SetColumnWidth(window_, column, widthOf(column));
     settingWidths_ = false;
+    setTipWidth(ListView_GetToolTips(window_), pixels_.fromTwips(widestTip));
     drawMarks();
 }
 
@@ -194,6 +166,9 @@ LRESULT GridView::notify(const NMHDR& header)
                         search.lvfi.psz == nullptr ? "" : windows::fromAnsi(search.lvfi.psz),
                         search.iStart);
     }
+    case LVN_GETINFOTIPW:
+        giveTip(*static_cast<NMLVGETINFOTIPW*>(info));
+        break;
     case LVN_KEYDOWN:
         onKey_(static_cast<NMLVKEYDOWN*>(info)->wVKey);
         // Only now, as the form may show the grid's selection again at each key.
@@ -211,6 +186,14 @@ LRESULT GridView::notify(const NMHDR& header)
         break;
     }
     return 0;
+}
+
+void GridView::giveTip(NMLVGETINFOTIPW& info) const
+{
+    const std::wstring tip =
+        tipOf_ == nullptr || isEmpty() ? std::wstring() : toWide(tipOf_(rowOf(info.iItem)));
+    if (!tip.empty() && info.cchTextMax > 0)
+        lstrcpynW(info.pszText, tip.c_str(), info.cchTextMax);
 }
 
 // Gives the list view a text, which must stay until the list view asks for the next one.

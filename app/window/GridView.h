@@ -49,11 +49,15 @@ public:
     bool isEmpty() const;
     /// Rows that several of these are on for get the mark that is the last in rank.
     void setMarks(std::vector<MarkRule> rules) { markRules_ = std::move(rules); }
+    /// What there is to tell of a row; empty: what the list view itself tells.
+    void setTips(std::function<std::string(int row)> tipOf) { tipOf_ = std::move(tipOf); }
     /// Scrolls to these rows, which ascend: to the first of them when not all have room.
     void bringIntoSight(const std::vector<int>& rows);
     /// Goes to the next row whose name has the text anywhere, from the current row on and round;
     /// further: from the row behind it. False: there is none, and all stays as it is.
     bool find(std::string_view text, bool further);
+    /// Selects this row alone and brings it into sight.
+    void goTo(int row);
     void selectAll();
     void copySelection(bool withHeadings) const;
     /// Where a menu that keys ask for belongs, on the screen.
@@ -86,6 +90,7 @@ private:
     void setItemState(int item, UINT state, UINT mask);
     bool isAboutToSelect(UINT message, WPARAM wParam, LPARAM lParam) const;
     LRESULT passOn(UINT message, WPARAM wParam, LPARAM lParam);
+    void giveTip(NMLVGETINFOTIPW& info) const;
     template <class Info>
     void giveCell(Info& info);
 
@@ -95,6 +100,7 @@ private:
     std::function<void(int)> onKey_;
     std::function<void()> onSelect_;
     std::vector<MarkRule> markRules_;
+    std::function<std::string(int row)> tipOf_;
     std::unique_ptr<MarkPictures> pictures_;
     Pixels pixels_{USER_DEFAULT_SCREEN_DPI};
     SelectedRuns selected_;  // in the list view

@@ -204,12 +204,17 @@ bool GridView::find(std::string_view text, bool further)
     const int item = findAnywhere(grid_, text, from);
     if (item < 0)
         return false;
-    grid_.Row = grid_.RowSel = rowOf(item);
+    goTo(rowOf(item));
+    return true;
+}
+
+void GridView::goTo(int row)
+{
+    grid_.Row = grid_.RowSel = row;
     isChosen_ = true;
     showSelection();
-    ListView_EnsureVisible(window_, item, FALSE);
+    ListView_EnsureVisible(window_, itemOf(row), FALSE);
     onSelect_();
-    return true;
 }
 
 POINT GridView::menuPlace() const

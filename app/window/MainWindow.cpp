@@ -59,10 +59,14 @@ LRESULT MainWindow::guarded(Step&& step)
 
 MainWindow::MainWindow(femap::Connector& connector, sys::System& system)
     : propertyList_([this] { return window_; }),
+      findings_([this](std::size_t number) { guarded([&] { goToFinding(number); }); },
+                [this] { guarded([&] { showFindings(); }); }),
       program_(connector, *this, propertyList_, system),
       system_(system),
       hook_([this](WPARAM code) { guarded([&] { raiseFemapEvent(code); }); })
-{}
+{
+    program_.watchStudy();
+}
 
 MainWindow::~MainWindow()
 {
@@ -178,9 +182,10 @@ int MainWindow::run()
     const AccessKeys accessKeys(keysOfCommands());
     MSG message{};
     while (mistake_ == nullptr && GetMessageW(&message, nullptr, 0, 0) > 0) {
-        const bool isDone = window_ != nullptr &&
-                            (accessKeys.translate(window_, message) || takeStepBack(message) ||
-                             IsDialogMessageW(window_, &message) != FALSE);
+        const bool isDone =
+            window_ != nullptr &&
+            (findings_.translate(message) || accessKeys.translate(window_, message) ||
+             takeStepBack(message) || IsDialogMessageW(window_, &message) != FALSE);
         if (!isDone) {
             TranslateMessage(&message);
             DispatchMessageW(&message);
@@ -201,6 +206,7 @@ void MainWindow::unload()
 {
     propertyList_.cancel();
     about_.cancel();
+    findings_.close();
     if (window_ == nullptr)
         return;
     keepPlaces();
@@ -322,6 +328,7 @@ void MainWindow::destroyed()
     hook_.restore();
     propertyList_.cancel();
     about_.cancel();
+    findings_.close();
     if (program_.isClosed())
         PostQuitMessage(EXIT_SUCCESS);
     else

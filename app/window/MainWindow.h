@@ -8,6 +8,7 @@
 #include "app/window/Controls.h"
 #include "app/window/EventHook.h"
 #include "app/window/FindField.h"
+#include "app/window/FindingsWindow.h"
 #include "app/window/GridView.h"
 #include "app/window/InputBlock.h"
 #include "app/window/KeptPlaces.h"
@@ -19,6 +20,8 @@
 
 #include <windows.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <functional>
 #include <map>
@@ -51,6 +54,7 @@ public:
     static constexpr int idRemove = 0x8C0;
     static constexpr int idRefreshRows = 0x8D0;
     static constexpr int idFindInList = 0x8E0;
+    static constexpr int idFindings = 0x8F0;
 
     /// Everything given here must outlive the window.
     MainWindow(femap::Connector& connector, sys::System& system);
@@ -179,6 +183,12 @@ private:
     void findCommand(int notification);
     form::ParameterGrid& gridToSearch();
     std::vector<MarkRule> marksOf(const form::ParameterGrid& grid);
+    std::vector<MarkRule> marksOfFindings(const form::ParameterGrid& grid);
+    findings::Place placeIn(const form::ParameterGrid& grid, int row);
+    std::string tipOf(const form::ParameterGrid& grid, int row);
+    void showFindings();
+    void listFindings();
+    void goToFinding(std::size_t number);
     void showNewRows();
     void giveMoreToInputs();
     void giveMoreToOutputs();
@@ -235,6 +245,9 @@ private:
     std::exception_ptr mistake_;  // rethrown by run(): it must not pass through Windows' code
     PropertyListWindow propertyList_;
     AboutWindow about_;
+    FindingsWindow findings_;
+    findings::Place goneTo_{};                // from the list of findings
+    std::optional<std::uint64_t> looksSeen_;  // that the list shows
     WindowsViewer windowsViewer_;
     Viewer* viewer_ = &windowsViewer_;
     std::string told_;  // by the window itself, not by a procedure

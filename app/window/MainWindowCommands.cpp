@@ -47,6 +47,7 @@ const MainWindow::Command MainWindow::commands[] = {
     {idFindNext,    0,        VK_F3,    "",            &MainWindow::findNext},
     {idMoreInputs,  FALT,     VK_NEXT,  "",            &MainWindow::giveMoreToInputs},
     {idMoreOutputs, FALT,     VK_PRIOR, "",            &MainWindow::giveMoreToOutputs},
+    {idFindings,    0,        VK_F8,    "Findings",    &MainWindow::showFindings},
     {idGuide,       0,        VK_F1,    "Open guide",  &MainWindow::openGuide},
     {idFolder,      0,        0,        "Open folder", &MainWindow::openFolder},
     {idLog,         0,        0,        "Open log",    &MainWindow::openLog},

@@ -114,6 +114,7 @@ HWND MainWindow::createGrid(form::ParameterGrid& grid, HWND parent, int id)
                                                form::listOf(program_.form(), grid).furtherHeadings,
                                                onKey, [this] { showModelLine(); });
     grids_.at(&grid)->setMarks(marksOf(grid));
+    grids_.at(&grid)->setTips([this, &grid](int row) { return tipOf(grid, row); });
     return grids_.at(&grid)->window();
 }
 

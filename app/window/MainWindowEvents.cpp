@@ -264,6 +264,7 @@ void MainWindow::afterEvent()
     showPointer();
     mirror();
     layOut();
+    listFindings();
 }
 
 // Brings the window up to date with the form.

@@ -53,7 +53,9 @@ std::vector<MarkRule> MainWindow::marksOf(const ParameterGrid& grid)
                                          &grid == &form.InputsList);
     };
     const auto isNew = [this, &grid](int row) { return program_.newRows(grid).contains(row); };
-    return {{Mark::NotApplied, isNotApplied}, {Mark::New, isNew}};
+    std::vector<MarkRule> marks = marksOfFindings(grid);
+    marks.insert(marks.begin(), {{Mark::NotApplied, isNotApplied}, {Mark::New, isNew}});
+    return marks;
 }
 
 void MainWindow::showNewRows()

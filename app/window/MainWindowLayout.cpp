@@ -17,9 +17,8 @@ void MainWindow::applyResolution(UINT dotsPerInch)
     for (const auto& [control, window] : windows_)
         setFont(window, *font);
     setFont(modelLineView_->window(), *font);
-    font_ = std::move(font);        // the old one goes when nothing uses it any more
-    constexpr int tipWidth = 7500;  // twips
-    setTipWidth(tips_, pixels_.fromTwips(tipWidth));
+    font_ = std::move(font);  // the old one goes when nothing uses it any more
+    setTipWidth(tips_, pixels_.fromTwips(widestTip));
     for (const auto& [grid, view] : grids_)
         view->setResolution(pixels_);
 }

@@ -37,6 +37,8 @@ void MainWindow::lookForFemap()
         afterEvent();
     }
     program_.keepRows();
+    if (ready_ && program_.lookAtStudy())
+        afterEvent();
 }
 
 }  // namespace window

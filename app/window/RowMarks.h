@@ -18,6 +18,8 @@ enum class Mark
     None,
     NotApplied,  // a ring
     New,         // a disc
+    Warning,     // a triangle
+    Error,       // a cross
 };
 
 /// Which rows have a mark. It is asked only for rows that are drawn.

@@ -8,6 +8,8 @@
 namespace window
 {
 
+constexpr int widestTip = 7500;  // twips
+
 /// A window that shows the tips of the owner's controls, and goes with the owner.
 HWND createTips(HWND owner);
 /// Gives a control a tip.

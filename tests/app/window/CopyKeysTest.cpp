@@ -1,46 +1,22 @@
+#include "ClipboardText.h"
 #include "KeysFixture.h"
-#include "windows/Text.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <chrono>
 #include <string>
 #include <thread>
 
+using driver::clipboardText;
 using driver::Keys;
+using driver::putOnClipboard;
 using driver::waitUntil;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace
 {
-
-void putOnClipboard(const std::wstring& text)
-{
-    OpenClipboard(nullptr);
-    EmptyClipboard();
-    const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
-    std::copy_n(text.c_str(), text.size() + 1, static_cast<wchar_t*>(GlobalLock(memory)));
-    GlobalUnlock(memory);
-    SetClipboardData(CF_UNICODETEXT, memory);
-    CloseClipboard();
-}
-
-std::string clipboardText()
-{
-    if (OpenClipboard(nullptr) == FALSE)
-        return {};
-    std::string text;
-    if (const HANDLE data = GetClipboardData(CF_UNICODETEXT); data != nullptr) {
-        text = windows::fromWide(static_cast<const wchar_t*>(GlobalLock(data)));
-        GlobalUnlock(data);
-    }
-    CloseClipboard();
-    return text;
-}
 
 TEST_F(Keys, CtrlASelectsAllInputsAndCtrlCCopiesThemAsLinesOfCells)
 {

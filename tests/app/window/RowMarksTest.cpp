@@ -47,6 +47,12 @@ TEST(MarkPictures, AreSeenOnTheirBackgroundAndDiffer)
         EXPECT_EQ(changedPixels(pictures, Mark::None, background), 0);
         EXPECT_GT(ring, 10);
         EXPECT_GT(disc, ring + 10);
+        const int triangle = changedPixels(pictures, Mark::Warning, background);
+        const int cross = changedPixels(pictures, Mark::Error, background);
+        EXPECT_GT(triangle, 10);
+        EXPECT_LT(triangle, disc);
+        EXPECT_GT(cross, 10);
+        EXPECT_NE(cross, triangle);
     }
 }
 
@@ -84,6 +90,23 @@ TEST_F(RowMarks, TellWhatIsNewAndWhatIsNotApplied)
     addMaterials({"Density"});
     EXPECT_EQ(marks(),
               (Marks{Mark::New, Mark::New, Mark::New, Mark::None, Mark::None, Mark::None}));
+}
+
+TEST_F(RowMarks, TellOfFindingsBeforeAllElse)
+{
+    form.choose("InputSelection", "Nodes");
+    form.press("InputsButton");
+    form.add({"x"});
+    form.settle();
+    EXPECT_EQ(form.cell("InputsList", 0, 0), "xAtNode1");
+    EXPECT_EQ(form.cell("InputsList", 2, 0), "xAtNode100");
+
+    EXPECT_EQ(marks()[0], Mark::Warning) << "the name begins others";
+    EXPECT_EQ(marks()[2], Mark::New);
+
+    press("GenerateButton");
+    EXPECT_EQ(marks()[0], Mark::Warning);
+    EXPECT_EQ(marks()[2], Mark::None);
 }
 
 }  // namespace

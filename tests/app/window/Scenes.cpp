@@ -3,6 +3,7 @@
 #include "ContrastColours.h"
 #include "FormDriver.h"
 #include "FormFiles.h"
+#include "app/window/MainWindow.h"
 #include "app/window/PropertyListWindow.h"
 #include "standin/StandIn.h"
 
@@ -63,12 +64,16 @@ struct Scene : testing::Test
         form.settle();
     }
 
-    void show()
+    // With another window of the form's process beside it, both.
+    void show(HWND beside = nullptr)
     {
         constexpr std::chrono::milliseconds untilPainted(2000);
         std::this_thread::sleep_for(untilPainted);
         RECT place{};
         GetWindowRect(form.window(), &place);
+        RECT other{};
+        if (GetWindowRect(beside, &other) != FALSE)
+            UnionRect(&place, &place, &other);
         const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
         {
             std::ofstream file(name + ".part");
@@ -138,6 +143,22 @@ TEST_F(Scene, output)
 
     show();
     form.pressInDialog(PropertyListWindow::idCancel);
+}
+
+TEST_F(Scene, findings)
+{
+    fill();
+    add("InputSelection", "Properties", "4", {"I1"});
+    resize(600, 700);
+    PostMessageW(form.window(), WM_SYSCOMMAND, window::MainWindow::idFindings, 0);
+    HWND shown = nullptr;
+    EXPECT_TRUE(waitUntil([&] {
+        shown = driver::visibleWindow(process.id(), L"#32770");
+        return shown != nullptr;
+    }));
+    form.settle();
+
+    show(shown);
 }
 
 TEST_F(Scene, busy)
