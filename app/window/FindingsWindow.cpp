@@ -102,9 +102,9 @@ void FindingsWindow::show(std::span<const findings::Finding> found, const std::s
     rows_ = std::move(rows);
     fill();
     const auto there = std::ranges::find(rows_, chosen);
-    if (there != rows_.end())
-        ListView_SetItemState(control(idList), static_cast<int>(there - rows_.begin()),
-                              LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    const auto item = there == rows_.end() ? 0 : static_cast<int>(there - rows_.begin());
+    ListView_SetItemState(control(idList), item, LVIS_SELECTED | LVIS_FOCUSED,
+                          LVIS_SELECTED | LVIS_FOCUSED);
     showWhole();
 }
 

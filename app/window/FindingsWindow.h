@@ -38,7 +38,8 @@ public:
     void open(HWND owner);
     bool isOpen() const { return window_ != nullptr; }
     void close();
-    /// Lists these; the finding that is selected stays so while it is there. note: what they go by.
+    /// Lists these; the finding that is selected stays so while it is there, else the first one is.
+    /// note: what they go by.
     void show(std::span<const findings::Finding> found, const std::string& note);
     /// Whether the message was for a key of this window, and is done with.
     bool translate(MSG& message);

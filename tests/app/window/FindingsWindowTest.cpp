@@ -115,11 +115,16 @@ TEST_F(Findings, ShowAllOfTheOneThatIsSelected)
     open();
     setCommandLine(L"");
     show();
+    const HWND whole = GetDlgItem(findings, FindingsWindow::idWhole);
+    EXPECT_EQ(textOf(whole), cell(0, 2) + "\r\n" + cell(0, 3));
 
-    ListView_SetItemState(list(), 0, LVIS_SELECTED, LVIS_SELECTED);
+    ListView_SetItemState(list(), 1, LVIS_SELECTED, LVIS_SELECTED);
+    EXPECT_EQ(textOf(whole), cell(1, 2) + "\r\n" + cell(1, 3));
 
-    EXPECT_EQ(textOf(GetDlgItem(findings, FindingsWindow::idWhole)),
-              cell(0, 2) + "\r\n" + cell(0, 3));
+    setCommandLine(L"nastran panel.dat");
+    const std::string chosen = cell(1, 2);
+    SendMessageW(form, WM_SYSCOMMAND, MainWindow::idFindings, 0);
+    EXPECT_THAT(textOf(whole), StartsWith(chosen)) << "also when it has another place";
 }
 
 TEST_F(Findings, HaveRoomAtEachResolutionAndSize)

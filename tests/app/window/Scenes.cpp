@@ -149,13 +149,15 @@ TEST_F(Scene, findings)
 {
     fill();
     add("InputSelection", "Properties", "4", {"I1"});
-    resize(600, 700);
+    SetWindowPos(form.window(), nullptr, 0, 0, 480, 640, SWP_NOZORDER);
+    form.settle();
     PostMessageW(form.window(), WM_SYSCOMMAND, window::MainWindow::idFindings, 0);
     HWND shown = nullptr;
     EXPECT_TRUE(waitUntil([&] {
         shown = driver::visibleWindow(process.id(), L"#32770");
         return shown != nullptr;
     }));
+    SetWindowPos(shown, nullptr, 480, 0, 800, 640, SWP_NOZORDER);
     form.settle();
 
     show(shown);
