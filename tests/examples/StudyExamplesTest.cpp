@@ -182,17 +182,16 @@ TEST(PanelStudy, GoesThroughEveryKindOfInputAndOutput)
 // The user guide shows its ten steps as a script, too.
 TEST(StudyOfTheGuide, WritesTheFilesThatTheGuideNames)
 {
-    const std::string guide =
-        sys::DiskFiles().read((examples / ".." / "docs" / "guide.md").string());
-    const auto between = [&guide](const std::string& before, const std::string& after) {
-        const std::size_t start = guide.find(before) + before.size();
-        return guide.substr(start, guide.find(after, start) - start);
+    const auto between = [](const char* page, const std::string& before, const std::string& after) {
+        const std::string text = sys::DiskFiles().read((examples / ".." / "docs" / page).string());
+        const std::size_t start = text.find(before) + before.size();
+        return text.substr(start, text.find(after, start) - start);
     };
-    std::istringstream words(between("model's folder:\n\n", "\n\n"));
+    std::istringstream words(between("first-study.md", "model's folder:\n\n", "\n\n"));
     const std::set<std::string> named{std::istream_iterator<std::string>(words), {}};
     Replay replay;
 
-    const int exitCode = replay.run("guide.study", between("```text\n", "```"));
+    const int exitCode = replay.run("guide.study", between("guide.md", "```text\n", "```"));
 
     EXPECT_EQ(0, exitCode) << replay.errors.str();
     std::set<std::string> written;

@@ -91,6 +91,25 @@ TEST(EveryPageOfTheDocumentation, IsReachedFromTheReadme)
         }
 }
 
+// The package has them as one page; pictures lie inside it.
+TEST(ThePagesOfThePackage, LeadOnlyToOneAnother)
+{
+    const std::string list =
+        house::allMatches(house::textOf("packaging/make-guide.py"), R"(\npages = \[([^\]]*)\])")
+            .at(0);
+    const std::vector<std::string> pages = house::allMatches(list, "\"([^\"]+)\"");
+
+    for (const std::string& page : pages)
+        for (const std::string& target :
+             house::allMatches(house::textOf("docs/" + page), R"([^!]\[[^\]]*\]\(([^)]+)\))")) {
+            const std::string file = target.substr(0, target.find('#'));
+            if (!file.empty() && !isOnTheWeb(target)) {
+                EXPECT_THAT(pages, testing::Contains(file)) << page;
+            }
+        }
+    EXPECT_THAT(pages, testing::Contains("first-study.md"));
+}
+
 TEST(ProblemOfALink, IsFoundInFileAndHeading)
 {
     EXPECT_NE("", problemOf("README.md", "docs/nothing.md"));
