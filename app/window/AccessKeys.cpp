@@ -38,6 +38,10 @@ AccessKeys::AccessKeys(const std::vector<ACCEL>& others) : table_(createTable(ot
 
 bool AccessKeys::translate(HWND window, MSG& message) const
 {
+    // Alt that is let go would open the window's menu, which takes the keys that follow, unless
+    // Windows heard of another key.
+    if (message.message == WM_SYSKEYDOWN && message.wParam >= 'A' && message.wParam <= 'Z')
+        DefWindowProcW(window, message.message, message.wParam, message.lParam);
     return TranslateAcceleratorW(window, table_, &message) != 0;
 }
 

@@ -61,10 +61,14 @@ void MainWindow::pressKey(int id)
     const form::NamedControl* const which = controlWithID(id);
     if (which == nullptr || !which->control->Enabled)
         return;
-    if (which->as<form::Button>() != nullptr)
+    if (which->as<form::Button>() != nullptr) {
         press(*which);
-    else
-        SetFocus(windows_.at(which->control));
+        return;
+    }
+    const HWND field = windows_.at(which->control);
+    SetFocus(field);
+    if (which->as<form::ComboBox>() != nullptr)  // what is typed replaces the old choice
+        ComboBox_SetEditSel(field, 0, -1);
 }
 
 // Ctrl+Z, or Ctrl+Shift+Z; in a field the former is Windows' own key.

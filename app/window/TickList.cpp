@@ -104,6 +104,7 @@ void TickList::click(int item, bool isShift)
 {
     if (item < 0 || item >= count())
         return;
+    typed_.clear();
     if (isShift)
         stretchTo(item);
     else

@@ -89,6 +89,21 @@ TEST_F(Boxes, TypedLettersBecomeTheItemThatBeginsSo)
     EXPECT_EQ(form.text("Optimizer"), "KORVA");
 }
 
+TEST_F(Boxes, AnAccessKeySelectsTheOldChoiceForTheLettersThatFollow)
+{
+    for (int i = 0; i < 2; ++i) {
+        enter("Solver");
+        hand.key({"alt+d"});
+        EXPECT_TRUE(waitUntil([&] { return form.hasFocus("CommandLine"); }));
+
+        hand.key({"alt+s"});
+
+        EXPECT_TRUE(waitUntil([&] { return marked("Solver") == "0-9"; })) << marked("Solver");
+    }
+    hand.type("ne");
+    EXPECT_TRUE(textBecomes("Solver", "NENastran"));
+}
+
 TEST_F(Boxes, ATextThatNoItemBeginsWithStaysAsItIsTyped)
 {
     empty("Optimizer");

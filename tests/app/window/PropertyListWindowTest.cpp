@@ -117,6 +117,19 @@ TEST_F(PropertyList, TicksNothingByItself)
     EXPECT_THAT(ticked(), IsEmpty());
 }
 
+TEST_F(PropertyList, BeginsANewWordAfterATick)
+{
+    show({"Ex", "Ey", "Density"}, [&] {
+        type("ey");
+        key(VK_SPACE);
+        type("de");
+        key(VK_SPACE);
+        add();
+    });
+
+    EXPECT_THAT(ticked(), ElementsAre("Ey", "Density"));
+}
+
 TEST_F(PropertyList, TicksTheCurrentLineBySpaceAndTakesTheTickAwayByAnotherOne)
 {
     show({"a", "b"}, [&] {
