@@ -76,6 +76,7 @@ velmar_test(app/window LOCK femap.model
         StartWindowTest.cpp
         StepBackKeyTest.cpp
         StudyByHandTest.cpp
+        TenStepsTest.cpp
         WheelTest.cpp
         WhichFemapTest.cpp
         WindowPlacesTest.cpp

@@ -171,18 +171,13 @@ void Engineer::chooseFromList(const std::string& box, LRESULT item, const std::s
 {
     const HWND combo = form_->control(box);
     const auto isOpen = [&] { return SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0) != 0; };
-    RECT place{};
-    GetWindowRect(combo, &place);
-    const POINT arrow{place.right - 8, (place.top + place.bottom) / 2};
-    hand_.clickAt(arrow);
+    hand_.clickAt(arrowOf(combo));
     HWND list = nullptr;
     waitFor("the list of " + box, [&] {
         list = visibleWindow(process_->id(), L"ComboLBox");
         return list != nullptr && isOpen();
     });
-    const int rowHeight = listNumber(combo, CB_GETITEMHEIGHT);
-    const int row = static_cast<int>(item) - listNumber(combo, CB_GETTOPINDEX);
-    hand_.clickAt(placeIn(list, {20, rowHeight * row + rowHeight / 2}));
+    hand_.clickAt(itemPlaceIn(list, combo, static_cast<int>(item)));
     waitFor(text + " in " + box, [&] { return !isOpen() && form_->text(box) == text; });
     form_->settle(longest);
 }

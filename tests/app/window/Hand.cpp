@@ -223,4 +223,18 @@ POINT placeIn(HWND window, POINT inside)
     return inside;
 }
 
+POINT arrowOf(HWND box)
+{
+    RECT place{};
+    GetWindowRect(box, &place);
+    return {place.right - 8, (place.top + place.bottom) / 2};
+}
+
+POINT itemPlaceIn(HWND openList, HWND box, int item)
+{
+    const auto height = static_cast<int>(SendMessageW(box, CB_GETITEMHEIGHT, 0, 0));
+    const int row = item - static_cast<int>(SendMessageW(box, CB_GETTOPINDEX, 0, 0));
+    return placeIn(openList, {20, height * row + height / 2});
+}
+
 }  // namespace driver

@@ -52,5 +52,8 @@ private:
 /// The middle of a window, and a place inside it.
 POINT middleOf(HWND window);
 POINT placeIn(HWND window, POINT inside);
+/// The arrow of a box, and an item's place in its open list.
+POINT arrowOf(HWND box);
+POINT itemPlaceIn(HWND openList, HWND box, int item);
 
 }  // namespace driver
