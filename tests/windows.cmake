@@ -47,6 +47,7 @@ velmar_test(app/window LOCK femap.model
         CommandsTest.cpp
         CopyKeysTest.cpp
         DialogPlaceTest.cpp
+        DividerTest.cpp
         EndedWaitTest.cpp
         EventHookTest.cpp
         FindFieldTest.cpp

@@ -71,6 +71,7 @@ void readPanel(RecordedFemap& recorded)
     const std::unique_ptr<Application> femap = recorded.attach();
     const auto pick = [&](const char* answer) { recorded.server.selections.queue(answer); };
     femap->feAppVisible(true);
+    femap->Info_Version();
     femap->feOutput();  // of no output set
     femap->feFileOpen(false, panelModel());
     femap->feAppStatusShow(true, 100);
