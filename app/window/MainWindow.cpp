@@ -304,11 +304,7 @@ LRESULT MainWindow::handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_TIMER:
         return guarded([&] { lookForFemap(); });
     case WM_CLOSE:
-        return guarded([&] {
-            program_.closeByHand();
-            if (!program_.isBusy() && !program_.isClosed())
-                afterEvent();
-        });
+        return guarded([&] { closeByHand(); });
     case WM_DESTROY:
     case WM_NCDESTROY:  // Wine leaves the other one out when FEMAP's process ends
         return guarded([&] { destroyed(); });
@@ -316,6 +312,13 @@ LRESULT MainWindow::handleFrame(HWND window, UINT message, WPARAM wParam, LPARAM
         break;
     }
     return DefWindowProcW(window, message, wParam, lParam);
+}
+
+void MainWindow::closeByHand()
+{
+    program_.closeByHand();
+    if (!program_.isBusy() && !program_.isClosed())
+        afterEvent();
 }
 
 // Comes also when FEMAP destroyed the window together with its own. Then run() decides what becomes

@@ -233,6 +233,7 @@ private:
     bool takesKeys(HWND control) const;
     void showPointer();
     bool isBusy();
+    void closeByHand();
     void destroyed();
     void windowIsGone();
 

@@ -4,6 +4,7 @@
 #include "form/FormProcedures.h"
 #include "form/ListControls.h"
 
+#include <algorithm>
 #include <string_view>
 #include <windowsx.h>
 
@@ -26,15 +27,13 @@ bool MainWindow::removesNothing(const form::Event& event, int argument)
     if (program_.isBusy())
         return false;
     const form::MainForm& form = program_.form();
-    for (const form::ListControls& each : form::listControls) {
+    return std::ranges::any_of(form::listControls, [&](const form::ListControls& each) {
         const ParameterGrid& grid = form.*each.grid;
         const bool removes =
             event == form::click(form.named(form.*each.remove).name) ||
             (event == eventOf(grid, form::What::KeyDown) && argument == form::deleteKey);
-        if (removes && !hasSelection(grid))
-            return true;
-    }
-    return false;
+        return removes && !hasSelection(grid);
+    });
 }
 
 void MainWindow::tellNothingSelected()

@@ -104,13 +104,15 @@ bool MainWindow::placeBox(const form::Control& control, HWND window, const Bound
 {
     if (bounds_[&control] == bounds)
         return false;
-    const Bounds opened{bounds.left, bounds.top, bounds.width, bounds.height + dropDown};
-    place(control, window, opened);
-    RECT closed{};
-    GetWindowRect(window, &closed);
-    boxHeight_ = closed.bottom - closed.top;
-    const Bounds amid = centred(bounds, boxHeight_);
-    place(control, window, {amid.left, amid.top, amid.width, opened.height});
+    const int opened = bounds.height + dropDown;
+    place(control, window, {bounds.left, bounds.top, bounds.width, opened});
+    for (int tries = 0; tries < 2; ++tries) {  // its height may follow a new font late
+        RECT closed{};
+        GetWindowRect(window, &closed);
+        boxHeight_ = closed.bottom - closed.top;
+        const Bounds amid = centred(bounds, boxHeight_);
+        place(control, window, {amid.left, amid.top, amid.width, opened});
+    }
     bounds_[&control] = bounds;
     return true;
 }

@@ -31,7 +31,8 @@ public:
     {
         if (!std::ranges::all_of(text_, isAscii) || !std::ranges::all_of(name, isAscii))
             return isInWide(windows::toWide(name));
-        return !std::ranges::search(name, text_, femap::isSameLetter).empty();
+        return std::search(name.begin(), name.end(), text_.begin(), text_.end(),
+                           femap::isSameLetter) != name.end();
     }
 
     bool matches(std::string_view name) const

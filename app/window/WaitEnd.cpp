@@ -43,7 +43,7 @@ WaitEnd takeWaitEnd(HWND form)
         else if (isKey(message, VK_F4) && message.message == WM_SYSKEYDOWN)
             found = WaitEnd::Close;
     }
-    for (const UINT kind : {WM_NCLBUTTONDOWN, WM_SYSCOMMAND, WM_CLOSE})
+    for (const UINT kind : std::initializer_list<UINT>{WM_NCLBUTTONDOWN, WM_SYSCOMMAND, WM_CLOSE})
         if (PeekMessageW(&message, form, kind, kind, PM_NOREMOVE) != FALSE && closes(message)) {
             PeekMessageW(&message, form, kind, kind, PM_REMOVE);
             found = WaitEnd::Close;
