@@ -120,7 +120,7 @@ bool MainWindow::placeBox(const form::Control& control, HWND window, const Bound
 // As high as a box, amid the line.
 MainWindow::Bounds MainWindow::centred(const Bounds& bounds, int height)
 {
-    return {bounds.left, bounds.top + (bounds.height - height) / 2, bounds.width, height};
+    return {bounds.left, bounds.top + (bounds.height - height + 1) / 2, bounds.width, height};
 }
 
 // Whether it was elsewhere.

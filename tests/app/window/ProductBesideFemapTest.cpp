@@ -256,7 +256,7 @@ TEST_F(ProductBesideFemap, ADeadFemapLeavesTheRowsAndAMessage)
     EXPECT_EQ(inputs(), before);
     EXPECT_FALSE(form->isEnabled("InputsButton"));
     EXPECT_TRUE(form->isEnabled("ClearInputSelection"));
-    form->selectRows("InputsList", 1, 1);
+    form->selectRows("InputsList", 0, 0);
     form->press("ClearInputSelection");
     form->settle();
     EXPECT_THAT(inputs(), ElementsAre("ExAtMatl2"));

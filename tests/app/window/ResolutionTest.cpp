@@ -189,7 +189,8 @@ TEST_F(Resolution, NothingIsOffItsLine)
                                          {"Label2", "Solver"},
                                          {"Label3", "Optimizer"},
                                          {"Optimizer", "GenerateButton"}})
-            EXPECT_NEAR(middle(one), middle(other), 1) << one << " at " << dotsPerInch;
+            EXPECT_NEAR(middle(one), middle(other), dotsPerInch > fine ? 2 : 1)
+                << one << " at " << dotsPerInch;
         for (const char* const left :
              {"InputsList", "OutputSelection", "OutputsList", "Label1", "Label2", "StatusLine"})
             EXPECT_EQ(now.at(left).left, now.at("InputSelection").left) << left;
