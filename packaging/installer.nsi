@@ -73,7 +73,7 @@ Section
     !insertmacro EndWhenAnyRuns "$INSTDIR"
     ${If} $R1 != ""
     ${AndIf} ${FileExists} "$R1\uninstall.exe"
-        ExecWait '"$R1\uninstall.exe" /S _?=$R1' $R2
+        ExecWait '"$R1\uninstall.exe" /S /KEEP _?=$R1' $R2
         ${If} $R2 != 0
             MessageBox MB_OK|MB_ICONEXCLAMATION \
                 "The version in $R1 could not be taken away. Close it and try again." /SD IDOK
@@ -124,4 +124,14 @@ Section "Uninstall"
     Delete "${MENU}\Try it without FEMAP.lnk"
     RMDir "${MENU}"
     DeleteRegKey HKCU "${ENTRY}"
+    ; A newer version goes on with what the form keeps. Rows that were not applied are the user's.
+    ${GetParameters} $R0
+    ClearErrors
+    ${GetOptions} $R0 "/KEEP" $R1
+    ${If} ${Errors}
+        Delete "$LOCALAPPDATA\${NAME}\Window.txt"
+        Delete "$LOCALAPPDATA\${NAME}\Rows\*.lock"
+        RMDir "$LOCALAPPDATA\${NAME}\Rows"
+        RMDir "$LOCALAPPDATA\${NAME}"
+    ${EndIf}
 SectionEnd
