@@ -70,10 +70,10 @@ TEST_F(ValueRefresh, OfTheSelectedInputsLeavesTheOthersAsTheyAre)
     EXPECT_EQ(input(3), "3.5");
     EXPECT_EQ(input(4), "old");
     EXPECT_THAT(f.log(), AllOf(Contains("DEBUG: At the start of RefreshInputs_Click"),
-                                    Contains("DEBUG: Acquired Femap lock"),
-                                    Contains("DEBUG: Number of rowsto refresh  in input list = 3"),
-                                    Contains("DEBUG: Released Femap lock"),
-                                    Contains("DEBUG: At the end of RefreshInputs_Click")));
+                               Contains("DEBUG: Acquired Femap lock"),
+                               Contains("DEBUG: Number of rowsto refresh  in input list = 3"),
+                               Contains("DEBUG: Released Femap lock"),
+                               Contains("DEBUG: At the end of RefreshInputs_Click")));
     expectFemapReleased();
 }
 
