@@ -68,23 +68,33 @@ std::size_t appendPlainStart(std::string_view from, std::string& to)
     return length;
 }
 
+// Appends each character that is not ASCII by encodeOne, which tells whether it could. False when
+// it could not for one of them.
+template <class EncodeOne>
+bool encodeEach(std::string_view text, std::string& bytes, const EncodeOne& encodeOne)
+{
+    bool complete = true;
+    while (!text.empty()) {
+        text.remove_prefix(appendPlainStart(text, bytes));
+        if (text.empty())
+            break;
+        const Decoded next = firstCharacter(text);
+        complete = encodeOne(next, text.substr(0, next.length)) && complete;
+        text.remove_prefix(next.length);
+    }
+    return complete;
+}
+
 class Utf8 : public CodePage
 {
 public:
     bool encode(std::string_view text, std::string& bytes) const override
     {
-        bool complete = true;
-        while (!text.empty()) {
-            text.remove_prefix(appendPlainStart(text, bytes));
-            if (text.empty())
-                break;
-            const Decoded next = firstCharacter(text);
+        return encodeEach(text, bytes, [&](const Decoded& next, std::string_view asItStands) {
             const bool isWhole = next.character != malformed;
-            bytes += isWhole ? text.substr(0, next.length) : "?";
-            text.remove_prefix(next.length);
-            complete = isWhole && complete;
-        }
-        return complete;
+            bytes += isWhole ? asItStands : "?";
+            return isWhole;
+        });
     }
 
     std::string decode(std::string_view bytes) const override { return std::string(bytes); }
@@ -95,16 +105,9 @@ class Windows1252 : public CodePage
 public:
     bool encode(std::string_view text, std::string& bytes) const override
     {
-        bool complete = true;
-        while (!text.empty()) {
-            text.remove_prefix(appendPlainStart(text, bytes));
-            if (text.empty())
-                break;
-            const Decoded next = firstCharacter(text);
-            text.remove_prefix(next.length);
-            complete = encodeOne(next.character, bytes) && complete;
-        }
-        return complete;
+        return encodeEach(text, bytes, [&](const Decoded& next, std::string_view) {
+            return encodeOne(next.character, bytes);
+        });
     }
 
     std::string decode(std::string_view bytes) const override

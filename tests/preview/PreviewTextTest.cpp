@@ -15,7 +15,7 @@ std::string difference(const std::string& before, const std::string& after,
 {
     const Preview preview = {{}, "", Texts{before, after}};
     std::string text;
-    writeDifference(preview, {.path = "/work/a.txt", .mark = mark}, sys::windows1252(),
+    writeDifference(preview, {.path = "/models/a.txt", .mark = mark}, sys::windows1252(),
                     [&](std::string_view piece) { text += piece; });
     return text;
 }
