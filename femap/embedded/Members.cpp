@@ -198,6 +198,17 @@ std::string textOf(const Value& value)
     return text == nullptr ? toText(value) : *text;
 }
 
+// Whether the index is, after a look whether the member takes one. Raises for it where that is
+// wanted.
+bool isBeyondArray(const Request& request, int length, bool raises)
+{
+    checkForm(request, length);
+    const bool isIt = isBeyond(request, length);
+    if (isIt && raises)
+        refuseIndex(request);
+    return isIt;
+}
+
 }  // namespace
 
 void refuseWord(const std::string& word)
@@ -211,11 +222,7 @@ Value readMember(const Data& data, const std::string& name, std::optional<int> i
 {
     const Request request{Kind<Data>::object, name, index};
     const Member<Data>& member = requireMember<Data>(name);
-    const int length = arrayLength(member);
-    checkForm(request, length);
-    const bool beyond = isBeyond(request, length);
-    if (beyond && indexBeyondArrayRaises)
-        refuseIndex(request);
+    const bool beyond = isBeyondArray(request, arrayLength(member), indexBeyondArrayRaises);
     const auto element = static_cast<std::size_t>(index.value_or(member.element));
     const Content content =
         std::visit([&](const auto& pointer) { return contentOf(data.*pointer); }, member.pointer);
@@ -228,11 +235,7 @@ void writeMember(Data& data, const std::string& name, std::optional<int> index, 
 {
     const Request request{Kind<Data>::object, name, index};
     const Member<Data>& member = requireMember<Data>(name);
-    const int length = arrayLength(member);
-    checkForm(request, length);
-    const bool beyond = isBeyond(request, length);
-    if (beyond && indexBeyondArrayRaises)
-        refuseIndex(request);
+    const bool beyond = isBeyondArray(request, arrayLength(member), indexBeyondArrayRaises);
     if (beyond)
         return;
     if (!appliesTo(member, data))
