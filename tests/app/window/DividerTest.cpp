@@ -65,8 +65,11 @@ TEST_F(Divider, GoesUpAndDownByKeysFromEverywhere)
 
 TEST_F(Divider, KeepsItsShareWhenTheWindowChanges)
 {
-    hand.key({"alt+Next", "alt+Next", "alt+Next", "alt+Next"});
-    EXPECT_TRUE(waitUntil([&] { return heightOf("Inputs") > heightOf("Outputs") + 40; }));
+    for (int step = 0; step < 4; ++step) {
+        const int before = heightOf("Inputs");
+        hand.key({"alt+Next"});
+        ASSERT_TRUE(waitUntil([&] { return heightOf("Inputs") > before; }));
+    }
     form.settle();
     const int inputs = heightOf("Inputs");
     const int outputs = heightOf("Outputs");
