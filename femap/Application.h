@@ -2,6 +2,7 @@
 #pragma once
 
 #include "femap/Constants.h"
+#include "femap/ModelChanges.h"
 #include "femap/Objects.h"
 
 #include <cstdint>
@@ -58,6 +59,9 @@ public:
     virtual std::unique_ptr<OutputVector> feOutput() = 0;
     virtual std::unique_ptr<Function> feFunction() = 0;
     virtual std::unique_ptr<LoadDefinition> feLoadDefinition() = 0;
+
+    /// What changes the model; the form never asks for it.
+    virtual std::unique_ptr<ModelChanges> changes() = 0;
 
     /// Measures the elements of a set in a coordinate system (0: global rectangular).
     virtual MassProperties feMeasureMeshMassProp(int elementSet, int coordinateSystem,

@@ -52,6 +52,7 @@ public:
     {
         return real_->feLoadDefinition();
     }
+    std::unique_ptr<ModelChanges> changes() override { return real_->changes(); }
     MassProperties feMeasureMeshMassProp(int elementSet, int coordinateSystem, bool printResults,
                                          bool printDetails) override
     {

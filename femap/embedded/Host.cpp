@@ -1,5 +1,6 @@
 #include "femap/embedded/Host.h"
 
+#include "femap/embedded/HostChanges.h"
 #include "femap/embedded/HostLoads.h"
 #include "femap/embedded/HostObjects.h"
 #include "system/RuntimeError.h"
@@ -74,6 +75,7 @@ public:
     {
         return std::make_unique<HostLoadDefinition>(host_);
     }
+    std::unique_ptr<ModelChanges> changes() override { return makeChanges(host_); }
 
     MassProperties feMeasureMeshMassProp(int elementSet, int coordinateSystem, bool, bool) override
     {
