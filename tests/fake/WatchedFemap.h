@@ -210,6 +210,35 @@ public:
     }
 };
 
+class WatchedChanges : public Watched<femap::ModelChanges>
+{
+public:
+    using Watched::Watched;
+
+    void put(const femap::ModelValues& values) override { told("put").put(values); }
+    femap::DialogSwitches dialogSwitches() override
+    {
+        return asked("dialogSwitches", &femap::ModelChanges::dialogSwitches);
+    }
+    void setDialogSwitches(const femap::DialogSwitches& switches) override
+    {
+        told("setDialogSwitches").setDialogSwitches(switches);
+    }
+    void feFileWriteNastran(femap::SolverBrand brand, const std::string& path) override
+    {
+        told("feFileWriteNastran", brand, path).feFileWriteNastran(brand, path);
+    }
+    void feFileReadNastranResults(femap::SolverBrand brand, const std::string& path) override
+    {
+        told("feFileReadNastranResults", brand, path).feFileReadNastranResults(brand, path);
+    }
+    void deleteOutputSets(const std::vector<int>& ids) override
+    {
+        told("deleteOutputSets").deleteOutputSets(ids);
+    }
+    void activateOutputSet(int id) override { told("activateOutputSet", id).activateOutputSet(id); }
+};
+
 class WatchedFemap : public Watched<femap::Application>
 {
 public:
@@ -274,6 +303,10 @@ public:
     std::unique_ptr<femap::Function> feFunction() override
     {
         return watched<WatchedFunction>(told("feFunction").feFunction(), "Function");
+    }
+    std::unique_ptr<femap::ModelChanges> changes() override
+    {
+        return watched<WatchedChanges>(told("changes").changes(), "Changes");
     }
     std::unique_ptr<femap::LoadDefinition> feLoadDefinition() override
     {
