@@ -61,7 +61,7 @@ Diagram Diagram::ofTopFolders() const
     const auto top = [](const std::string& room) { return room.substr(0, room.find('/')); };
     Diagram folded;
     for (const auto& [room, targets] : arrows_)
-        folded.floors_[top(room)] = floors_.at(top(room));
+        folded.floors_[top(room)] = floors_.at(floors_.contains(top(room)) ? top(room) : room);
     for (const auto& [room, targets] : arrows_)
         for (const std::string& target : targets)
             if (top(room) != top(target))
