@@ -13,7 +13,7 @@ if errorlevel 1 goto failed
 
 echo The form is open. Close it to end this.
 echo "Apply" writes into %work%
-start "" /wait "%here%..\VelmarFemapInterface.exe" "%work%\panel.neu$try-it.log$DEBUG"
+start "" /wait "%here%..\VelmarFemapInterface.exe" "%work%\panel.neu$try-it.log$ALWAYS"
 set "result=%errorlevel%"
 "%here%femap-standin.exe" /unregserver
 if not "%result%" == "0" goto ended
