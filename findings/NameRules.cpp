@@ -15,6 +15,11 @@ using Run = std::span<const Entry>;
 
 constexpr std::string_view unwanted = " \"'#!%<>";
 
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
 // Visits each run of one name.
 template <class Visit>
 void forEachName(const Study& study, const Visit& visit)
@@ -126,8 +131,16 @@ void nameIsOfTwoQuantities(const Study& study, Report& report)
 void nameBeginsAnother(const Study& study, Report& report)
 {
     forEachFoldedName(study, [&](Run run, Run next) {
-        if (!next.empty() && next.front().folded.starts_with(run.front().folded))
-            addRun(study, report, run, study.names().name(next.front()));
+        const std::string_view name = run.front().folded;
+        if (next.empty() || !next.front().folded.starts_with(name))
+            return;
+        const std::string_view longer = study.names().name(next.front());
+        // Any larger pick has entities 1 and 10. What is to be seen to lies in the tool then, and
+        // not in a tenth of the rows.
+        if (isDigit(name.back()) && isDigit(longer[name.size()]))
+            report.add(study.names().name(run.front()), longer);
+        else
+            addRun(study, report, run, longer);
     });
 }
 

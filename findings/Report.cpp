@@ -63,9 +63,11 @@ Finding Report::gathered(const Wording& wording) const
 
     Finding finding;
     finding.places = places_;
-    finding.sentence =
-        filled(wording.several,
-               {{"count", {std::to_string(count_)}}, {"names", {names}}, {"about", {about_}}});
+    finding.sentence = filled(wording.several, {{"count", {std::to_string(count_)}},
+                                                {"names", {names}},
+                                                {"about", {about_}},
+                                                {"name", {first_.front().name}},
+                                                {"detail", {first_.front().detail}}});
     return finding;
 }
 

@@ -16,8 +16,9 @@ namespace findings
 /// What a rule says. Words between two "@" stand for what differs.
 struct Wording
 {
-    std::string_view one;      // has @name@, @detail@ and @about@
-    std::string_view several;  // has @count@, @names@ and @about@; empty: one is told
+    std::string_view one;  // has @name@, @detail@ and @about@
+    // Has @count@, @names@ and @about@, and @name@ and @detail@ of the first; empty: one is told.
+    std::string_view several;
     std::string_view cure;
 };
 

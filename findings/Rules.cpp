@@ -137,7 +137,7 @@ constexpr Rule table[] = {
       "Remove all but one of the rows, or change the titles that the names are made of."}},
     {"name-begins-another", Warning, Always, nameBeginsAnother,
      {"@name@ is the beginning of another name, @detail@.",
-      "@count@ names are the beginning of another one: @names@.",
+      "@count@ names are the beginning of another one, as @name@ of @detail@.",
       "See that the tool replaces whole names only; else remove one of the two."}},
     {"name-special", Warning, Always, nameHoldsSpecialCharacters,
      {"The name @name@ holds @detail@, which the files of the tool may take for something else.",

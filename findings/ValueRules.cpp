@@ -56,12 +56,14 @@ bool isWhole(std::string_view kind, std::string_view member)
     return found != nullptr && (found->returned == 'i' || found->returned == 'b');
 }
 
-// Whether FEMAP declares a member as a whole number; looked up once for each.
+// Whether FEMAP declares the member of an input as a whole number; looked up once for each.
 class WholeMembers
 {
 public:
-    bool contain(std::string_view kind, std::string_view member)
+    bool contain(const ParameterRow& row)
     {
+        const std::string_view kind = row.cell(form::inputColumn::kind);
+        const std::string_view member = row.cell(form::inputColumn::member);
         const auto known = std::ranges::find_if(
             known_, [&](const Known& each) { return each.member == member && each.kind == kind; });
         if (known != known_.end())
@@ -94,9 +96,11 @@ void variableIsOutsideBounds(const Study& study, Report& report)
     if (!study.writes(generate::taskFile))
         return;
     const Range range(generate::boundsOfVariables());
+    WholeMembers wholeMembers;
     report.setAbout(textOf(generate::boundsOfVariables()));
     forEachNamedRow(study, Grid::Inputs, [&](const ParameterRow& row, Place place) {
-        if (generate::isVaried(row) && range.excludes(row.value()))
+        // Bounds say nothing of what should not be varied like that at all.
+        if (generate::isVaried(row) && range.excludes(row.value()) && !wholeMembers.contain(row))
             report.addRow(place, row.name(), row.value());
     });
 }
@@ -139,8 +143,7 @@ void wholeNumberIsVaried(const Study& study, Report& report)
 {
     WholeMembers wholeMembers;
     forEachNamedRow(study, Grid::Inputs, [&](const ParameterRow& row, Place place) {
-        if (wholeMembers.contain(row.cell(form::inputColumn::kind),
-                                 row.cell(form::inputColumn::member)))
+        if (wholeMembers.contain(row))
             report.addRow(place, row.name());
     });
 }

@@ -92,12 +92,28 @@ TEST_F(NameRules, TellANameThatBeginsAnotherOfEitherGrid)
     addInput("ExAtMatl20");
     EXPECT_THAT(f.found("name-begins-another"), IsEmpty());
 
-    addOutput("EXATMATL10");
+    addOutput("EXATMATL1_B");
+    EXPECT_EQ(f.found("name-begins-another"),
+              "warning name-begins-another inputs:2 ExAtMatl1: ExAtMatl1 is the beginning of "
+              "another name, EXATMATL1_B.");
+
     addInput("ExAtMatl20_3");
+    EXPECT_EQ(f.found("name-begins-another"),
+              "warning name-begins-another inputs:2-3: 2 names are the beginning of another one, "
+              "as ExAtMatl1 of EXATMATL1_B.");
+}
+
+TEST_F(NameRules, CountNamesOfWhichOnlyTheNumberGoesOnWithoutTheirRows)
+{
+    for (int node = 1; node <= 30; ++node)
+        addInput("xAtNode" + std::to_string(node));
 
     EXPECT_EQ(f.found("name-begins-another"),
-              "warning name-begins-another inputs:2-3: 2 names are the beginning of another one: "
-              "ExAtMatl1 (EXATMATL10), ExAtMatl20 (ExAtMatl20_3).");
+              "warning name-begins-another: 3 names are the beginning of another one, as xAtNode1 "
+              "of xAtNode10.");
+
+    addInput("xAtNode4_b");
+    EXPECT_THAT(f.places("name-begins-another"), ElementsAre(Place{Grid::Inputs, 5}));
 }
 
 TEST_F(NameRules, TellCharactersThatFilesTakeForSomethingElse)

@@ -39,6 +39,16 @@ TEST_F(ValueRules, TellPropertiesOutsideTheBoundsOfTheTaskDescription)
     EXPECT_THAT(f.found("outside-bounds"), IsEmpty());
 }
 
+TEST_F(ValueRules, TellNoBoundsOfWhatIsAWholeNumber)
+{
+    f.addInput({"ColorAtProp7", "110", "Prop", "7", "color", ""});
+    f.addInput({"layerAtProp7", "9", "Prop", "7", "layer", ""});
+
+    EXPECT_THAT(f.found("outside-bounds"), IsEmpty());
+    EXPECT_THAT(f.places("whole-number-varied"),
+                ElementsAre(Place{Grid::Inputs, 2}, Place{Grid::Inputs, 3}));
+}
+
 TEST_F(ValueRules, TellValuesOutsideTheBoundsOfTheParameterFile)
 {
     f.addInput({"ExAtMatl1", "210000000", "Matl", "1", "Ex", ""});
