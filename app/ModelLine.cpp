@@ -1,6 +1,8 @@
 #include "app/ModelLine.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <string_view>
 
 namespace app
 {
@@ -49,6 +51,16 @@ std::string ModelLine::text(const form::MainForm& form, int selected)
     else if (counts_.rows > 0)
         text += ", all applied";
     return text;
+}
+
+bool ModelLine::isNotApplied(const form::MainForm& form, const form::ParameterGrid& grid,
+                             int row) const
+{
+    const bool isInput = &grid == &form.InputsList;
+    const std::string_view text = grid.rows()[static_cast<std::size_t>(row - 1)];
+    return !form.stored.applied.hold(form.openModel.value_or(""), text, isInput) ||
+           std::ranges::binary_search(isInput ? counts_.surplusInputs : counts_.surplusOutputs,
+                                      row);
 }
 
 }  // namespace app

@@ -16,6 +16,8 @@ public:
     /// "panel.neu: 13 rows, 2 selected, 1 without a value, 3 not applied". The rows are counted
     /// anew only after a change. selected: how many rows are shown as selected.
     std::string text(const form::MainForm& form, int selected);
+    /// Whether a row of a grid is one of those that the latest text counts as not applied.
+    bool isNotApplied(const form::MainForm& form, const form::ParameterGrid& grid, int row) const;
 
 private:
     form::RowCounts counts_;

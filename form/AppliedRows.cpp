@@ -39,9 +39,45 @@ void AppliedRows::take(const std::string& modelFile, const ParameterGrid& inputs
 
 bool AppliedRows::hold(const std::string& modelFile, std::string_view row, bool isInput) const
 {
-    const std::uint64_t hash = hashOf(row, isInput);
+    return modelFile == modelFile_ && holdsCells(hashOf(row, isInput));
+}
+
+bool AppliedRows::holdsCells(std::uint64_t hash) const
+{
     const auto found = std::ranges::lower_bound(rows_, hash, {}, &Row::cells);
-    return modelFile == modelFile_ && found != rows_.end() && found->cells == hash;
+    return found != rows_.end() && found->cells == hash;
+}
+
+std::vector<AppliedRows::Row> AppliedRows::without(const std::vector<Row>& these,
+                                                   const std::vector<Row>& others)
+{
+    std::vector<Row> result;
+    std::set_difference(these.begin(), these.end(), others.begin(), others.end(),
+                        std::back_inserter(result));
+    return result;
+}
+
+std::vector<std::uint64_t> AppliedRows::namesOf(const std::vector<Row>& rows)
+{
+    std::vector<std::uint64_t> names(rows.size());
+    std::ranges::transform(rows, names.begin(), &Row::name);
+    std::ranges::sort(names);
+    return names;
+}
+
+// The last rows of a grid that have these hashes, as many of each as there shall be.
+std::vector<int> AppliedRows::lastRows(const ParameterGrid& grid, bool isInput, Times times)
+{
+    std::vector<int> rows;
+    for (std::size_t row = times.empty() ? 0 : grid.rows().size(); row > 0; --row) {
+        const auto found = times.find(hashOf(grid.rows()[row - 1], isInput));
+        if (found == times.end() || found->second == 0)
+            continue;
+        --found->second;
+        rows.push_back(static_cast<int>(row));
+    }
+    std::ranges::reverse(rows);
+    return rows;
 }
 
 RowCounts AppliedRows::compare(const std::string& modelFile, const ParameterGrid& inputs,
@@ -58,20 +94,20 @@ RowCounts AppliedRows::compare(const std::string& modelFile, const ParameterGrid
         counts.notApplied = present.size();
         return counts;
     }
-    const auto differing = [](const std::vector<Row>& these, const std::vector<Row>& others) {
-        std::vector<Row> result;
-        std::set_difference(these.begin(), these.end(), others.begin(), others.end(),
-                            std::back_inserter(result));
-        std::vector<std::uint64_t> names(result.size());
-        std::ranges::transform(result, names.begin(), &Row::name);
-        std::ranges::sort(names);
-        return names;
-    };
     // A row with another value is there under its name: it counts once.
-    const std::vector<std::uint64_t> changed = differing(present, rows_);
+    const std::vector<Row> changed = without(present, rows_);
+    const std::vector<std::uint64_t> changedNames = namesOf(changed);
     std::vector<std::uint64_t> gone;
-    std::ranges::set_difference(differing(rows_, present), changed, std::back_inserter(gone));
+    std::ranges::set_difference(namesOf(without(rows_, present)), changedNames,
+                                std::back_inserter(gone));
     counts.notApplied = changed.size() + gone.size();
+
+    Times surplus;
+    for (const Row& row : changed)
+        if (holdsCells(row.cells))
+            ++surplus[row.cells];
+    counts.surplusInputs = lastRows(inputs, true, surplus);
+    counts.surplusOutputs = lastRows(outputs, false, surplus);
     return counts;
 }
 

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace form
@@ -19,6 +20,10 @@ struct RowCounts
     std::size_t withoutValue = 0;
     /// Rows that the control file does not hold cell for cell, and rows of it that were taken away.
     std::size_t notApplied = 0;
+    /// Those of them that it holds, but not so often: the last ones of equal rows, counted from 1,
+    /// in ascending order.
+    std::vector<int> surplusInputs = {};
+    std::vector<int> surplusOutputs = {};
 
     bool operator==(const RowCounts&) const = default;
 };
@@ -35,7 +40,7 @@ public:
                       const ParameterGrid& outputs) const;
 
     /// Whether a row of the grid of inputs or of outputs stands in the control file of this model
-    /// cell for cell. Costs a search among sorted numbers.
+    /// cell for cell, at least once. Costs a search among sorted numbers.
     bool hold(const std::string& modelFile, std::string_view row, bool isInput) const;
 
     /// Grows with each take.
@@ -52,8 +57,13 @@ private:
             return cells != other.cells ? cells < other.cells : name < other.name;
         }
     };
+    bool holdsCells(std::uint64_t hash) const;
     static std::uint64_t hashOf(std::string_view text, bool isInput);
     static std::vector<Row> rowsOf(const ParameterGrid& inputs, const ParameterGrid& outputs);
+    static std::vector<Row> without(const std::vector<Row>& these, const std::vector<Row>& others);
+    static std::vector<std::uint64_t> namesOf(const std::vector<Row>& rows);
+    using Times = std::unordered_map<std::uint64_t, std::size_t>;  // by the hash of cells
+    static std::vector<int> lastRows(const ParameterGrid& grid, bool isInput, Times times);
 
     std::string modelFile_;
     std::vector<Row> rows_;  // sorted

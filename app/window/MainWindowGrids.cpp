@@ -46,10 +46,7 @@ void MainWindow::tellNothingSelected()
 std::vector<MarkRule> MainWindow::marksOf(const ParameterGrid& grid)
 {
     const auto isNotApplied = [this, &grid](int row) {
-        const form::MainForm& form = program_.form();
-        return !form.stored.applied.hold(form.openModel.value_or(""),
-                                         grid.rows()[static_cast<std::size_t>(row - 1)],
-                                         &grid == &form.InputsList);
+        return modelLine_.isNotApplied(program_.form(), grid, row);
     };
     const auto isNew = [this, &grid](int row) { return program_.newRows(grid).contains(row); };
     std::vector<MarkRule> marks = marksOfFindings(grid);

@@ -47,6 +47,21 @@ TEST_F(ModelLineTest, TellsWhatApplyHasWrittenAndWhatWentSince)
     EXPECT_EQ(text(), "beam.neu: 1 row, 1 without a value, 1 not applied");
 }
 
+TEST_F(ModelLineTest, KnowsWhichRowsItCountsAsNotApplied)
+{
+    start();
+    addRows();
+    apply();
+    const form::MainForm& form = program.form();
+    program.form().InputsList.setText(1, form::valueColumn, "1.5");
+    program.form().InputsList.AddItem("bAtNode1\t\tNode\t1\ty\t");
+
+    EXPECT_EQ(text(), "beam.neu: 3 rows, 2 without a value, 2 not applied");
+    EXPECT_TRUE(line.isNotApplied(form, form.InputsList, 1)) << "another value";
+    EXPECT_FALSE(line.isNotApplied(form, form.InputsList, 2));
+    EXPECT_TRUE(line.isNotApplied(form, form.InputsList, 3)) << "once more than applied";
+}
+
 TEST_F(ModelLineTest, CountsAFailedApplyAsNone)
 {
     start();

@@ -98,6 +98,21 @@ TEST_F(AppliedRowsTest, DoesNotMindTheOrderAndCountsEachOfEqualRows)
     EXPECT_EQ(counts().notApplied, 1);
 }
 
+TEST_F(AppliedRowsTest, NameTheLastOfEqualRowsThatAreTooMany)
+{
+    fake::fill(inputs, {"b\t2\tNode\t1\ty\t", "b\t2\tNode\t1\ty\t", "a\t1\tNode\t1\tx\t"});
+    applied.take("m", inputs, outputs);
+
+    for (int i = 0; i < 2; ++i) {
+        inputs.AddItem("b\t2\tNode\t1\ty\t");
+        outputs.AddItem("c\t3\t1\t1\tNode");
+    }
+    inputs.AddItem("d\t4\tNode\t1\tz\t");
+
+    EXPECT_EQ(counts(), (RowCounts{9, 0, 5, {4, 5}, {2, 3}}));
+    EXPECT_EQ(counts("another"), (RowCounts{9, 0, 9}));
+}
+
 TEST(ParameterGridChanges, GrowWithEveryChangeAndNotByReading)
 {
     ParameterGrid grid(inputColumn::count);
