@@ -39,6 +39,18 @@ private:
     ErrorNumber number_;
 };
 
+/// Does something; an error that it raises begins with what was being done.
+template <class Action>
+void naming(const std::string& what, const Action& action)
+{
+    try {
+        action();
+    }
+    catch (const RuntimeError& error) {
+        throw RuntimeError(error.number(), what + ": " + error.description());
+    }
+}
+
 /// What the disk refused, why, and of which file or folder: the path is last, for where it is shown
 /// long texts are cut.
 class DiskError : public RuntimeError

@@ -9,7 +9,7 @@ set_target_properties(test-standin PROPERTIES
     RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/programs)
 
 velmar_test_library(beside_standin standin
-    SOURCES ExampleStudy.cpp StartedStandin.cpp Transcript.cpp
+    SOURCES ChangesTranscript.cpp ExampleStudy.cpp StartedStandin.cpp Transcript.cpp
     LINK femap_com)
 add_dependencies(beside_standin test-standin)
 velmar_test_library(form_driver app/window

@@ -5,6 +5,7 @@
 #include "femap/com/BulkMesh.h"
 #include "femap/com/BulkVectors.h"
 #include "femap/com/Codes.h"
+#include "femap/com/ComChanges.h"
 #include "femap/com/FemapProcesses.h"
 #include "femap/com/FemapWindow.h"
 #include "femap/com/bulk/PrefetchingEntity.h"
@@ -217,6 +218,11 @@ std::unique_ptr<Function> ComApplication::feFunction()
 std::unique_ptr<LoadDefinition> ComApplication::feLoadDefinition()
 {
     return std::make_unique<ComLoadDefinition>(application_.object("feLoadDefinition"));
+}
+
+std::unique_ptr<ModelChanges> ComApplication::changes()
+{
+    return makeChanges(context());
 }
 
 MassProperties ComApplication::feMeasureMeshMassProp(int elementSet, int coordinateSystem,

@@ -48,6 +48,7 @@ public:
     std::unique_ptr<OutputVector> feOutput() override;
     std::unique_ptr<Function> feFunction() override;
     std::unique_ptr<LoadDefinition> feLoadDefinition() override;
+    std::unique_ptr<ModelChanges> changes() override;
     MassProperties feMeasureMeshMassProp(int elementSet, int coordinateSystem, bool printResults,
                                          bool printDetails) override;
 

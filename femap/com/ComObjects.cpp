@@ -87,6 +87,24 @@ femap::Value readable(const Variant& returned)
     return value;
 }
 
+std::optional<Dispatch> nextLoad(Dispatch& definition)
+{
+    IDispatch* load = nullptr;
+    const ReturnCode returned = code(definition.call("NextLoad", &load));
+    if (load == nullptr)
+        return std::nullopt;
+    Dispatch unknown = definition.adopt(load, "load");
+    if (returned != ReturnCode::Ok)
+        return std::nullopt;
+    return unknown;
+}
+
+Dispatch asLoadOfItsKind(Dispatch load)
+{
+    const std::string kind = kindOf(load);
+    return std::move(load).as(kind);
+}
+
 int activeOutputSet(Dispatch& application)
 {
     const int active = application.call("Info_ActiveID", number(EntityType::OutputSet)).number();
@@ -324,15 +342,8 @@ void ComLoadDefinition::ResetNextLoad()
 
 std::unique_ptr<MemberObject> ComLoadDefinition::NextLoad()
 {
-    IDispatch* load = nullptr;
-    const ReturnCode returned = code(object_.call("NextLoad", &load));
-    if (load == nullptr)
-        return nullptr;
-    Dispatch unknown = object_.adopt(load, "load");
-    if (returned != ReturnCode::Ok)
-        return nullptr;
-    const std::string kind = kindOf(unknown);
-    return std::make_unique<ComLoad>(std::move(unknown).as(kind));
+    std::optional<Dispatch> load = nextLoad(object_);
+    return load ? std::make_unique<ComLoad>(asLoadOfItsKind(*std::move(load))) : nullptr;
 }
 
 }  // namespace femap::com

@@ -6,6 +6,7 @@
 #include "femap/com/Dispatch.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace femap::com
@@ -33,6 +34,10 @@ int classicVectorID(const ComContext& context, int vectorID);
 
 /// Adds a vector to a results table that is not populated yet, and returns the column's index.
 int addColumn(Dispatch& results, int outputSet, int vectorID);
+
+/// The next load of a definition, its kind not known yet; none at the end.
+std::optional<Dispatch> nextLoad(Dispatch& definition);
+Dispatch asLoadOfItsKind(Dispatch load);
 
 /// What FEMAP returned for a member; control characters in text are blanks.
 femap::Value readable(const Variant& returned);

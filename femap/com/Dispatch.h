@@ -106,6 +106,7 @@ public:
     bool has(const std::string& name);
     /// The same of this very object, whose kind is not known yet.
     bool shows(const std::string& name);
+    const std::string& kind() const { return kind_; }
     /// The object as one of a kind.
     Dispatch as(std::string kind) &&;
 

@@ -1,5 +1,6 @@
 #include "femap/embedded/HostChanges.h"
 
+#include "femap/ValueRuns.h"
 #include "femap/embedded/HostEntity.h"
 #include "femap/embedded/HostLoads.h"
 #include "femap/embedded/HostObjects.h"
@@ -17,17 +18,19 @@ using sys::RuntimeError;
 namespace
 {
 
-void demand(ReturnCode code, const std::string& what)
+void demand(const std::string& what, ReturnCode code)
 {
     if (code != ReturnCode::Ok)
-        throw RuntimeError(
-            ErrorNumber::InvalidCall,
-            "FEMAP answers " + std::to_string(static_cast<int>(code)) + " to " + what);
+        throw RuntimeError(ErrorNumber::InvalidCall, what + ": FEMAP refuses it (FEMAP's code " +
+                                                         std::to_string(static_cast<int>(code)) +
+                                                         ")");
 }
 
-std::string named(const char* kind, int id)
+template <class Object, class Each>
+void putMember(Object& object, const Each& each, const std::string& owner)
 {
-    return std::string(kind) + ' ' + std::to_string(id);
+    sys::naming("Putting " + nameOf(each.member) + " of " + owner,
+                [&] { object.put(each.member.name, each.member.index, each.value); });
 }
 
 // Puts the values of one entity.
@@ -35,53 +38,42 @@ template <class Data>
 void putEntity(Host& host, std::span<const EntityValue> values)
 {
     const EntityValue& first = values.front();
-    const std::string name = named(first.word.c_str(), first.id);
+    const std::string name = ownerOf(first);
     HostEntity<Data> entity(host);
-    demand(entity.Get(first.id), "loading " + name);
+    demand("Loading " + name, entity.Get(first.id));
     for (const EntityValue& each : values)
-        entity.put(each.member.name, each.member.index, each.value);
-    demand(entity.Put(first.id), "storing " + name);
+        putMember(entity, each, name);
+    demand("Storing " + name, entity.Put(first.id));
 }
 
 // Puts the values of the loads of one definition.
 void putLoads(Host& host, std::span<const LoadValue> values)
 {
     const LoadValue& first = values.front();
-    const std::string name = named("load definition", first.definition);
+    const std::string name = ownerOf(first);
     HostLoadDefinition definition(host);
-    demand(definition.Get(first.loadSet, first.definition), "loading " + name);
+    demand("Loading " + name, definition.Get(first.loadSet, first.definition));
     std::unique_ptr<HostLoad> load = definition.nextLoad();
     std::size_t number = 0;
     for (std::size_t i = 0; i < values.size();) {
         for (; load != nullptr && number < values[i].load; ++number)
             load = definition.nextLoad();
+        const std::string own = loadOf(values[i]);
         if (load == nullptr)
-            throw RuntimeError(ErrorNumber::InvalidCall,
-                               name + " has no load " + std::to_string(values[i].load + 1));
+            throw RuntimeError(ErrorNumber::InvalidCall, own + " is not there");
         for (; i < values.size() && values[i].load == number; ++i)
-            load->put(values[i].member.name, values[i].member.index, values[i].value);
-        demand(load->Put(0), "storing a load of " + name);
+            putMember(*load, values[i], own);
+        demand("Storing " + own, load->Put(0));
     }
 }
 
 void putFunction(Host& host, const FunctionValue& value)
 {
-    const std::string name = named("function", value.id);
+    const std::string name = ownerOf(value);
     HostFunction function(host);
-    demand(function.Get(value.id), "loading " + name);
-    demand(function.PutFunctionList(value.points), "taking the points of " + name);
-    demand(function.Put(value.id), "storing " + name);
-}
-
-// Hands on what belongs together and stands beside each other.
-template <class Each, class IsSame, class Take>
-void forEachRun(const std::vector<Each>& values, const IsSame& isSame, const Take& take)
-{
-    for (std::size_t begin = 0, end = 0; begin < values.size(); begin = end) {
-        for (end = begin + 1; end < values.size() && isSame(values[begin], values[end]);)
-            ++end;
-        take(std::span(values).subspan(begin, end - begin));
-    }
+    demand("Loading " + name, function.Get(value.id));
+    demand("Putting the points of " + name, function.PutFunctionList(value.points));
+    demand("Storing " + name, function.Put(value.id));
 }
 
 class HostChanges : public ModelChanges
@@ -91,21 +83,12 @@ public:
 
     void put(const ModelValues& values) override
     {
-        forEachRun(
-            values.entities,
-            [](const EntityValue& one, const EntityValue& other) {
-                return one.id == other.id && one.word == other.word;
-            },
-            [&](std::span<const EntityValue> run) {
-                withKind(run.front().word,
-                         [&]<class Data>(Kind<Data>) { putEntity<Data>(host_, run); });
-            });
-        forEachRun(
-            values.loads,
-            [](const LoadValue& one, const LoadValue& other) {
-                return one.definition == other.definition && one.loadSet == other.loadSet;
-            },
-            [&](std::span<const LoadValue> run) { putLoads(host_, run); });
+        forEachRun(std::span(values.entities), [&](std::span<const EntityValue> run) {
+            withKind(run.front().word,
+                     [&]<class Data>(Kind<Data>) { putEntity<Data>(host_, run); });
+        });
+        forEachRun(std::span(values.loads),
+                   [&](std::span<const LoadValue> run) { putLoads(host_, run); });
         for (const FunctionValue& each : values.functions)
             putFunction(host_, each);
     }
@@ -116,21 +99,22 @@ public:
 
     void feFileWriteNastran(SolverBrand brand, const std::string& path) override
     {
-        demand(host_.feFileWriteNastran(static_cast<int>(brand), path), "writing the deck " + path);
+        demand("Writing the deck " + path, host_.feFileWriteNastran(static_cast<int>(brand), path));
     }
     void feFileReadNastranResults(SolverBrand brand, const std::string& path) override
     {
-        demand(host_.feFileReadNastranResults(static_cast<int>(brand), path),
-               "reading the results " + path);
+        demand("Reading the results " + path,
+               host_.feFileReadNastranResults(static_cast<int>(brand), path));
     }
     void deleteOutputSets(const std::vector<int>& ids) override
     {
-        demand(host_.feDelete(EntityType::OutputSet, ids), "deleting output sets");
+        if (!ids.empty())
+            demand("Deleting output sets", host_.feDelete(EntityType::OutputSet, ids));
     }
     void activateOutputSet(int id) override
     {
-        demand(host_.activate(EntityType::OutputSet, id),
-               "making output set " + std::to_string(id) + " active");
+        demand("Making output set " + std::to_string(id) + " active",
+               host_.activate(EntityType::OutputSet, id));
     }
 
 private:

@@ -3,6 +3,7 @@
 #include "femap/com/RecordingObject.h"
 #include "femap/com/WrittenModel.h"
 #include "standin/ApplicationObject.h"
+#include "standin/ChangesTranscript.h"
 #include "standin/Generations.h"
 #include "standin/Letters.h"
 #include "standin/Server.h"
@@ -84,6 +85,7 @@ void readPanel(RecordedFemap& recorded)
     ofFunctions(*femap, pick);
     ofLoadDefinitions(*femap);
     ofMassProperties(*femap);
+    ofChanges(*femap, SolverFolder());
 }
 
 // What it does where FEMAP gives values for places beyond its arrays.
