@@ -4,7 +4,7 @@
 #include "form/Progress.h"
 #include "selection/FreshValues.h"
 #include "selection/MassQuantities.h"
-#include "selection/OutputList.h"
+#include "selection/OutputNames.h"
 
 #include <algorithm>
 #include <map>

@@ -4,7 +4,7 @@
 #include "findings/Rules.h"
 #include "generate/ScanProject.h"
 #include "generate/TaskDescription.h"
-#include "selection/OutputList.h"
+#include "selection/OutputNames.h"
 
 #include <algorithm>
 

@@ -5,6 +5,7 @@
 #include "form/Progress.h"
 #include "logging/Module1.h"
 #include "selection/MassQuantities.h"
+#include "selection/OutputNames.h"
 #include "selection/ParameterRows.h"
 
 #include <cstddef>
@@ -18,30 +19,6 @@ using logging::logPositionAndClearErrorIfAny;
 
 namespace
 {
-
-// How much of a vector's title goes into a name, in characters.
-constexpr std::size_t titleOfValue = 10;
-constexpr std::size_t titleOfExtreme = 14;
-
-struct Extreme
-{
-    std::string_view suffix;
-    std::string_view tag;
-    double (femap::OutputVector::*read)();
-    std::string_view listName;  // in the log line of a removed row
-};
-
-// clang-format off
-constexpr Extreme extremes[] = {
-    {"MaxAt", "maxval", &femap::OutputVector::maxval, "Output List"},
-    {"MinAt", "minval", &femap::OutputVector::minval, "Input List"},  // sic
-};
-// clang-format on
-
-std::string shortTitle(femap::OutputVector& vector)
-{
-    return without(vector.Title(), " -/");
-}
 
 // Removes the rows of that name.
 form::ParameterGrid::NameScan removeDuplicates(form::Context& context, const std::string& name,
@@ -94,12 +71,11 @@ void addRow(form::Context& context, Outcome& outcome, FreshRow& row, std::string
 void addExtremes(form::Context& context, Outcome& outcome, femap::OutputVector& vector,
                  const std::string& entityWord)
 {
-    const std::string title = shortTitle(vector);
+    const std::string title = vector.Title();
     const std::string id = std::to_string(vector.ID());
     for (const Extreme& extreme : extremes) {
         FreshRow row;
-        row.name.assign(femap::firstCharacters(title, titleOfExtreme));
-        row.name.append(extreme.suffix).append(entityWord).append(id);
+        row.name = nameOfExtreme(title, id, extreme, entityWord);
         row.cells = {{}, {}, id, id, extreme.tag};
         addRow(context, outcome, row, extreme.listName, [&] { return (vector.*extreme.read)(); });
     }
@@ -172,8 +148,7 @@ private:
     void addValues(const std::vector<int>& ids, form::Progress& progress)
     {
         const std::string vectorID = std::to_string(vector_->ID());
-        std::string nameStart(femap::firstCharacters(shortTitle(*vector_), titleOfValue));
-        nameStart.append(vectorID).append("At").append(entityWord_);
+        const std::string nameStart = startOfValueNames(vector_->Title(), vectorID, entityWord_);
 
         FreshRow row;
         for (const int id : ids) {
@@ -228,7 +203,7 @@ void addMassQuantity(form::Context& context, Outcome& outcome, const MassQuantit
         values.push_back(numberText(massValue(quantity, measured, static_cast<int>(i))));
 
     for (std::size_t i = 0; i < values.size(); ++i) {
-        const std::string name = std::string(quantity.name).append(quantity.suffixes[i]);
+        const std::string name = nameOfMass(quantity, i);
         const std::string component = quantity.isScalar() ? "" : std::to_string(i);
         std::string row;
         form::OutputCells{name, values[i], quantity.tag, component, form::massKind}.joinIn(row);
@@ -262,20 +237,6 @@ void tidy(form::ParameterGrid& grid)
 }
 
 }  // namespace
-
-std::string_view entityWordIn(std::string_view outputName)
-{
-    constexpr std::string_view at = "At";
-    constexpr std::string_view words[] = {"Node", "Elem"};
-    const std::size_t end = outputName.find_last_not_of("0123456789") + 1;
-    if (end == outputName.size())
-        return {};
-    const std::string_view start = outputName.substr(0, end);
-    for (const std::string_view word : words)
-        if (start.ends_with(word) && start.substr(0, end - word.size()).ends_with(at))
-            return word;
-    return {};
-}
 
 Outcome UpdateOutputList(form::Context& context, const std::string& entityWord,
                          const std::vector<int>* ids, const std::vector<std::string>& chosenEntries,

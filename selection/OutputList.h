@@ -12,10 +12,6 @@
 namespace selection
 {
 
-/// The word of the entities that an output's name ends with: "Node" or "Elem" before the ID; empty
-/// for a quantity of the mass.
-std::string_view entityWordIn(std::string_view outputName);
-
 /// Given instead of "Node" or "Elem": the mass properties of the whole mesh.
 constexpr std::string_view massWord = "MeshMass";
 

@@ -383,16 +383,5 @@ INSTANTIATE_TEST_SUITE_P(Calls, OutputListFailure,
                          testing::Values("feAppLock", "feOutput", "entity Elem", "Elem.Get 3",
                                          "Elem.Type 3", "feAppUnlock"));
 
-TEST(EntityWord, StandsBeforeTheIDAtTheEndOfAName)
-{
-    EXPECT_EQ(entityWordIn("PlateTopVo7033AtElem130"), "Elem");
-    EXPECT_EQ(entityWordIn("TotalTranslatMinAtNode1"), "Node");
-    EXPECT_EQ(entityWordIn("TotalMass"), "");
-    EXPECT_EQ(entityWordIn("Inertia1"), "");
-    EXPECT_EQ(entityWordIn("Elem1"), "");
-    EXPECT_EQ(entityWordIn("xAtElem"), "");
-    EXPECT_EQ(entityWordIn(""), "");
-}
-
 }  // namespace
 }  // namespace selection
