@@ -83,7 +83,8 @@ public:
     ReturnCode feFileWriteNastran(int brand, const std::string& path);
     /// Adds the output sets of a file of results behind those that are there. In its place, for the
     /// host reads no binary files, a neutral file beside it is read: for panel.op2
-    /// panel.results.neu. Nothing changes unless all of it can be read.
+    /// panel.results.neu, which may also be named itself. Nothing changes unless all of it can be
+    /// read.
     ReturnCode feFileReadNastranResults(int brand, const std::string& path);
     /// Whether the first of them becomes the active one.
     bool activatesResults = false;

@@ -66,9 +66,11 @@ std::vector<std::string> readInto(Model& model, const std::string& path)
     }
 }
 
-// The neutral file that lies beside a file of results.
+// The neutral file that lies beside a file of results; it may be named itself.
 std::string resultsBeside(const std::string& path)
 {
+    if (path.ends_with(endingOfResults))
+        return path;
     const std::size_t name = path.find_last_of(sys::pathSeparators) + 1;
     const std::size_t point = path.rfind('.');
     const bool hasEnding = point != std::string::npos && point > name;

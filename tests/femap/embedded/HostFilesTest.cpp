@@ -163,6 +163,17 @@ TEST(HostResults, GetIDsBehindTheOutputSetsThatAreThere)
     EXPECT_EQ(f.host.activeID(EntityType::OutputSet), 2);
 }
 
+TEST(HostResults, MayBeNamedThemselvesAndThenNeedNoFileBeside)
+{
+    FilesFixture f;
+    f.write("model.results.neu", FilesFixture::resultsFile("1,\nLimit\n0,1,\n0.,\n1,\nnotes\n"));
+
+    EXPECT_EQ(f.host.feFileReadNastranResults(brand, f.folder.path("model.results.neu")),
+              ReturnCode::Ok);
+
+    EXPECT_THAT(f.outputSets(), ElementsAre(1));
+}
+
 TEST(HostResults, BecomeActiveWhereTheHostIsToldSo)
 {
     FilesFixture f;
