@@ -156,4 +156,13 @@ std::optional<double> realNumber(std::string_view text)
     return number && std::isfinite(*number) ? number : std::nullopt;
 }
 
+std::optional<double> realNumberOfOthers(std::string_view text)
+{
+    std::string ours(text);
+    std::ranges::replace(ours, '\t', ' ');
+    std::ranges::replace(ours, 'D', 'E');
+    std::ranges::replace(ours, 'd', 'e');
+    return realNumber(ours);
+}
+
 }  // namespace femap

@@ -27,5 +27,8 @@ std::optional<int> wholeNumber(std::string_view text);
 
 /// A finite number, whole or not, written with a point; blanks around it and a plus sign allowed.
 std::optional<double> realNumber(std::string_view text);
+/// The same as programs of others write it: D may stand for the E of the exponent, as in 1D3, and a
+/// TAB for a blank.
+std::optional<double> realNumberOfOthers(std::string_view text);
 
 }  // namespace femap

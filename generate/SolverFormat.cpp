@@ -13,19 +13,29 @@ namespace
 
 // clang-format off
 constexpr SolverFormat formats[] = {
-    {"NENastran", "NastranNE", "nastran nastran.ini ", "nas", "fno", "", "NEiNastran Engine V84"},
-    {"NXNastran", "NastranNX", "nastran ",             "dat", "op2", " notify=no", ""},
+    {"NENastran", "NastranNE", "nastran nastran.ini ", "nas", "fno", "", "NEiNastran Engine V84",
+                                                              femap::SolverBrand::NeNastran},
+    {"NXNastran", "NastranNX", "nastran ",             "dat", "op2", " notify=no", "",
+                                                              femap::SolverBrand::NxNastran},
 };
 // clang-format on
+
+const SolverFormat* findBy(std::string_view SolverFormat::*part, std::string_view text)
+{
+    const auto* const found = std::ranges::find(formats, text, part);
+    return found == std::end(formats) ? nullptr : found;
+}
 
 }  // namespace
 
 const SolverFormat* findSolverFormat(std::string_view solver)
 {
-    const auto* const found =
-        std::find_if(std::begin(formats), std::end(formats),
-                     [&](const SolverFormat& format) { return format.solver == solver; });
-    return found == std::end(formats) ? nullptr : found;
+    return findBy(&SolverFormat::solver, solver);
+}
+
+const SolverFormat* findSolverCode(std::string_view codeName)
+{
+    return findBy(&SolverFormat::codeName, codeName);
 }
 
 std::span<const SolverFormat> solverFormats()

@@ -1,6 +1,8 @@
 // What differs in the generated files from solver to solver.
 #pragma once
 
+#include "femap/ModelChanges.h"
+
 #include <span>
 #include <string>
 #include <string_view>
@@ -17,10 +19,14 @@ struct SolverFormat
     std::string_view results;  // extension of the results file
     std::string_view commandEnd;
     std::string_view engineFolder;  // holds settings to copy before each run; empty: none to copy
+    femap::SolverBrand brand;
 };
 
 /// Null when the text names no supported solver. Upper and lower case differ.
 const SolverFormat* findSolverFormat(std::string_view solver);
+
+/// The same by what the exchange files call it.
+const SolverFormat* findSolverCode(std::string_view codeName);
 
 /// All that are supported.
 std::span<const SolverFormat> solverFormats();
