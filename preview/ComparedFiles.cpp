@@ -135,6 +135,11 @@ std::unique_ptr<sys::OutputFile> ComparedFiles::create(const std::string& path)
     failAsMistake(path);
 }
 
+std::unique_ptr<sys::OutputFile> ComparedFiles::append(const std::string& path)
+{
+    failAsMistake(path);
+}
+
 std::unique_ptr<sys::OutputFile> ComparedFiles::openAlone(const std::string& path,
                                                           const sys::LineCheck& /*mayEmpty*/)
 {

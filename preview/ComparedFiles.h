@@ -49,6 +49,7 @@ public:
     // Only logs do this: std::logic_error.
     void createFolder(const std::string& path) override;
     std::unique_ptr<sys::OutputFile> create(const std::string& path) override;
+    std::unique_ptr<sys::OutputFile> append(const std::string& path) override;
     std::unique_ptr<sys::OutputFile> openAlone(const std::string& path,
                                                const sys::LineCheck& mayEmpty) override;
 

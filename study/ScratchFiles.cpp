@@ -70,6 +70,14 @@ std::unique_ptr<sys::OutputFile> ScratchFiles::create(const std::string& path)
     return std::make_unique<ScratchOutput>(content);
 }
 
+std::unique_ptr<sys::OutputFile> ScratchFiles::append(const std::string& path)
+{
+    demandFolderOf(path);
+    if (!written_.contains(path) && real_.fileExists(path))
+        written_[path] = real_.read(path);
+    return std::make_unique<ScratchOutput>(written_[path]);
+}
+
 // What stands in the way of the real file is told by a run; a check only leaves alone what it
 // would.
 std::unique_ptr<sys::OutputFile> ScratchFiles::openAlone(const std::string& path,

@@ -21,6 +21,7 @@ public:
     bool isMissing(const std::string& path) override;
     void createFolder(const std::string& path) override;
     std::unique_ptr<sys::OutputFile> create(const std::string& path) override;
+    std::unique_ptr<sys::OutputFile> append(const std::string& path) override;
     std::unique_ptr<sys::OutputFile> openAlone(const std::string& path,
                                                const sys::LineCheck& mayEmpty) override;
     bool fileExists(const std::string& path) override;

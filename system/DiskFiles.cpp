@@ -49,7 +49,7 @@ using OpenFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
 OpenFile openedToRead(const std::string& path)
 {
-    OpenFile file(openFile(path, false), &std::fclose);
+    OpenFile file(openFile(path, Access::Read), &std::fclose);
     if (file == nullptr)
         fail(errno == ENOENT ? ErrorNumber::FileNotFound : ErrorNumber::FileError,
              "File not opened", lastError(), path);
@@ -142,6 +142,14 @@ private:
     std::FILE* file_;
 };
 
+std::unique_ptr<OutputFile> openedToWrite(const std::string& path, Access access)
+{
+    std::FILE* const file = openFile(path, access);
+    if (file == nullptr)
+        fail(ErrorNumber::FileError, "File not created", lastError(), path);
+    return std::make_unique<DiskOutputFile>(path, file);
+}
+
 }  // namespace
 
 bool DiskFiles::folderExists(const std::string& path)
@@ -166,10 +174,12 @@ void DiskFiles::createFolder(const std::string& path)
 
 std::unique_ptr<OutputFile> DiskFiles::create(const std::string& path)
 {
-    std::FILE* const file = openFile(path, true);
-    if (file == nullptr)
-        fail(ErrorNumber::FileError, "File not created", lastError(), path);
-    return std::make_unique<DiskOutputFile>(path, file);
+    return openedToWrite(path, Access::Write);
+}
+
+std::unique_ptr<OutputFile> DiskFiles::append(const std::string& path)
+{
+    return openedToWrite(path, Access::Append);
 }
 
 std::unique_ptr<OutputFile> DiskFiles::openAlone(const std::string& path, const LineCheck& mayEmpty)

@@ -77,6 +77,8 @@ public:
 
     /// Creates the file or empties the one that is there. Raises RuntimeError.
     virtual std::unique_ptr<OutputFile> create(const std::string& path) = 0;
+    /// The same behind what the file holds.
+    virtual std::unique_ptr<OutputFile> append(const std::string& path) = 0;
     /// Opens an ordinary file for this process alone, so that no other can open it like that until
     /// it is closed, and empties it. One that holds something is left as it is, and the result is
     /// null, when mayEmpty refuses its first line. Raises RuntimeError; PermissionDenied when
@@ -121,6 +123,7 @@ public:
     bool isMissing(const std::string& path) override;
     void createFolder(const std::string& path) override;
     std::unique_ptr<OutputFile> create(const std::string& path) override;
+    std::unique_ptr<OutputFile> append(const std::string& path) override;
     std::unique_ptr<OutputFile> openAlone(const std::string& path,
                                           const LineCheck& mayEmpty) override;
     bool fileExists(const std::string& path) override;

@@ -35,7 +35,7 @@ private:
 std::istringstream contentOf(const std::string& path)
 {
     std::string content;
-    if (std::FILE* const file = openFile(path, false)) {
+    if (std::FILE* const file = openFile(path, Access::Read)) {
         std::array<char, 4096> piece = {};
         while (const std::size_t got = std::fread(piece.data(), 1, piece.size(), file))
             content.append(piece.data(), got);

@@ -23,6 +23,11 @@ std::unique_ptr<OutputFile> PatientFiles::create(const std::string& path)
     return retriedWhileDenied(pause_, [&] { return disk_.create(path); });
 }
 
+std::unique_ptr<OutputFile> PatientFiles::append(const std::string& path)
+{
+    return retriedWhileDenied(pause_, [&] { return disk_.append(path); });
+}
+
 std::unique_ptr<OutputFile> PatientFiles::openAlone(const std::string& path,
                                                     const LineCheck& mayEmpty)
 {

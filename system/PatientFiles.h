@@ -44,6 +44,7 @@ public:
     bool isMissing(const std::string& path) override;
     void createFolder(const std::string& path) override;
     std::unique_ptr<OutputFile> create(const std::string& path) override;
+    std::unique_ptr<OutputFile> append(const std::string& path) override;
     std::unique_ptr<OutputFile> openAlone(const std::string& path,
                                           const LineCheck& mayEmpty) override;
     bool fileExists(const std::string& path) override;

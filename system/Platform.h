@@ -21,9 +21,15 @@ std::string fullPath(const std::string& path, std::error_code& reason);
 std::string foldedPath(const std::string& path);
 /// Whether the system takes the path for a device, whatever lies in its folder.
 bool namesDevice(const std::string& path);
+enum class Access
+{
+    Read,
+    Write,   // the file is emptied
+    Append,  // behind what the file holds
+};
 /// Binary; null when the file cannot be opened, and errno tells why: EISDIR when it is a folder,
 /// ENODEV when it is a pipe or a device that cannot stand for a file. Never waits for one.
-std::FILE* openFile(const std::string& path, bool forWriting);
+std::FILE* openFile(const std::string& path, Access access);
 /// For reading and writing, for this process alone, and only where an ordinary file is or can be
 /// made. Null when that cannot be, and the reason tells why: device_or_resource_busy while another
 /// process has it so. A file that is there keeps its content.

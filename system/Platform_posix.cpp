@@ -37,11 +37,13 @@ bool namesDevice(const std::string& /*path*/)
     return false;
 }
 
-std::FILE* openFile(const std::string& path, bool forWriting)
+std::FILE* openFile(const std::string& path, Access access)
 {
-    const int access = forWriting ? O_WRONLY | O_CREAT | O_TRUNC : O_RDONLY;
+    const bool forWriting = access != Access::Read;
+    const int position = access == Access::Append ? O_APPEND : O_TRUNC;
+    const int flags = forWriting ? O_WRONLY | O_CREAT | position : O_RDONLY;
     // Without waiting for the other end of a pipe.
-    const int file = open(path.c_str(), access | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666);
+    const int file = open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666);
     if (file < 0)
         return nullptr;
     struct stat status = {};

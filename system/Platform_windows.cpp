@@ -130,13 +130,16 @@ bool namesDevice(const std::string& path)
     return text.starts_with(ofDevices) || isDeviceName(name);
 }
 
-std::FILE* openFile(const std::string& path, bool forWriting)
+std::FILE* openFile(const std::string& path, Access access)
 {
+    const wchar_t* const mode = access == Access::Read    ? L"rb"
+                                : access == Access::Write ? L"wb"
+                                                          : L"ab";
     if (namesDevice(path) || isFolder(path)) {
         errno = namesDevice(path) ? ENODEV : EISDIR;
         return nullptr;
     }
-    std::FILE* const file = _wfopen(toPath(path).c_str(), forWriting ? L"wb" : L"rb");
+    std::FILE* const file = _wfopen(toPath(path).c_str(), mode);
     if (file == nullptr)
         return nullptr;
     const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));

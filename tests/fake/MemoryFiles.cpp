@@ -122,6 +122,15 @@ std::unique_ptr<sys::OutputFile> MemoryFiles::create(const std::string& path)
     return createNamed(path, path);
 }
 
+std::unique_ptr<sys::OutputFile> MemoryFiles::append(const std::string& path)
+{
+    const auto place = contents.find(path);
+    const std::string before = place == contents.end() ? "" : place->second;
+    auto file = createNamed(path, path);
+    contents[path] = before;
+    return file;
+}
+
 sys::TemporaryFile MemoryFiles::createBeside(const std::string& path)
 {
     const std::string beside = path + " in work";

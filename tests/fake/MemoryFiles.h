@@ -23,8 +23,9 @@ public:
     std::set<std::string> missingFolders;
     std::vector<std::string> createdFolders;
 
-    /// The number of the operation (create, write, flush, close, replace, demandReplaceable),
-    /// counted from 1, that fails; 0: none. A write fails after half of its bytes.
+    /// The number of the operation (create, append, write, flush, close, replace,
+    /// demandReplaceable), counted from 1, that fails; 0: none. A write fails after half of its
+    /// bytes.
     int failingOperation = 0;
     int operations = 0;
     std::set<std::string> openAloneNow;  // paths
@@ -41,6 +42,7 @@ public:
     bool isMissing(const std::string& path) override;
     void createFolder(const std::string& path) override;
     std::unique_ptr<sys::OutputFile> create(const std::string& path) override;
+    std::unique_ptr<sys::OutputFile> append(const std::string& path) override;
     std::unique_ptr<sys::OutputFile> openAlone(const std::string& path,
                                                const sys::LineCheck& mayEmpty) override;
     bool fileExists(const std::string& path) override;

@@ -49,6 +49,17 @@ TEST_F(DiskFilesTest, EmptiesTheFileThatIsThere)
     EXPECT_EQ(files.read(folder.path("out")), "short");
 }
 
+TEST_F(DiskFilesTest, AppendsToAFileAndMakesTheOneThatIsNotThere)
+{
+    for (const char* const piece : {"one ", "two"}) {
+        const auto file = files.append(folder.path("out"));
+        file->write(piece);
+        file->close();
+    }
+
+    EXPECT_EQ(files.read(folder.path("out")), "one two");
+}
+
 TEST_F(DiskFilesTest, ShowsWhatIsFlushedBeforeTheFileIsClosed)
 {
     const auto file = files.create(folder.path("out"));
