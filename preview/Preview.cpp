@@ -1,6 +1,7 @@
 #include "preview/Preview.h"
 
 #include "femap/ForwardingApplication.h"
+#include "form/NoWindow.h"
 #include "generate/GenerationDriver.h"
 #include "preview/ComparedFiles.h"
 
@@ -27,17 +28,6 @@ public:
     void feAppMessage(femap::MessageColour /*colour*/, const std::string& /*text*/) override {}
     void feAppStatusShow(bool /*enable*/, int /*maximum*/) override {}
     void feAppStatusUpdate(int /*current*/) override {}
-};
-
-class NoWindow : public form::FormHost
-{
-public:
-    std::intptr_t windowHandle() override { return 0; }
-    void hookEvents() override {}
-    void unhookEvents() override {}
-    void show() override {}
-    void showProgress() override {}
-    void unload() override {}
 };
 
 // Another form with all that "Apply" goes by but the rows.
@@ -76,7 +66,7 @@ public:
 
 private:
     sys::System system_;
-    NoWindow window_;
+    form::NoWindow window_;
     form::MainForm form_;
     form::Context context_;
 };

@@ -132,6 +132,13 @@ void selectEntities(form::Context& context, frmPropertyList& dialog, const Entit
 
 }  // namespace
 
+const FieldList* fieldListFor(std::string_view kind, int type)
+{
+    const auto* const found = std::ranges::find(propertyLists, type, &TypeList::type);
+    const bool isNamed = kind == form::propertyKind && found != std::end(propertyLists);
+    return findFieldList(kind, isNamed ? found->name : std::string_view());
+}
+
 void InputsButton_Click(form::Context& context, frmPropertyList& dialog)
 {
     logDebug(context.log, "Before click of Select for input parameter");

@@ -131,15 +131,39 @@ void logField(Context& context, MemberObject& load, const LoggedField& field)
     logDebug(context.log, field.text, value);
 }
 
+const LoadKind* findLoadKind(int dataType)
+{
+    const auto* const found =
+        std::ranges::find(loadKinds, static_cast<LoadDataType>(dataType), &LoadKind::dataType);
+    return found == std::end(loadKinds) ? nullptr : found;
+}
+
+constexpr std::string_view temperatureWord = "Temperature";
+constexpr const char* temperatureMember = "temp";
+constexpr const char* componentsMember = "load";
+
+// The name of a row before it is altered …
+std::string rawName(std::string_view title, int definition, std::string_view component)
+{
+    std::string name(title);
+    name.append("_").append(femap::signBlankText(std::int64_t{definition}));
+    return name.append("_").append(component);
+}
+
+// … and after that.
+std::string altered(const std::string& rawName)
+{
+    return without(rawName, " []./");
+}
+
 void addRow(Context& context, const Definition& definition, std::string_view prefix,
             const std::string& value, std::string_view kind)
 {
     const std::string id = femap::signBlankText(std::int64_t{definition.id});
-    std::string rawName = definition.title;
-    rawName.append("_").append(id).append("_").append(prefix);
-    logDebug(context.log, "Trying to alter the name ", rawName);
-    const std::string name = without(rawName, " []./");
-    logDebug(context.log, "Altered the name ", rawName, " to ", name);
+    const std::string raw = rawName(definition.title, definition.id, prefix);
+    logDebug(context.log, "Trying to alter the name ", raw);
+    const std::string name = altered(raw);
+    logDebug(context.log, "Altered the name ", raw, " to ", name);
 
     std::string row;
     form::InputCells{name, value, kind, id, "0", "0"}.joinIn(row);
@@ -176,19 +200,16 @@ void addComponents(Context& context, Outcome& outcome, const Definition& definit
     int index = 0;
     for (const std::string* const prefix : prefixes) {
         if (!prefix->empty())
-            addValue(context, outcome, definition, *prefix, kind, load, "load", index);
+            addValue(context, outcome, definition, *prefix, kind, load, componentsMember, index);
         ++index;
     }
 }
 
 void addLoad(Context& context, Outcome& outcome, const Definition& definition, MemberObject& load)
 {
-    const auto found =
-        std::find_if(std::begin(loadKinds), std::end(loadKinds), [&](const LoadKind& loadKind) {
-            return static_cast<int>(loadKind.dataType) == definition.dataType;
-        });
+    const LoadKind* const found = findLoadKind(definition.dataType);
     const form::RowKind* const rows = form::findLoadRowKind(definition.dataType);
-    if (found == std::end(loadKinds) || rows == nullptr) {
+    if (found == nullptr || rows == nullptr) {
         logDebug(context.log, "Load definition of load type = ", definition.loadType,
                  "and data type = ", definition.dataType, " not supported");  // sic: no blank
         return;
@@ -197,7 +218,8 @@ void addLoad(Context& context, Outcome& outcome, const Definition& definition, M
     for (const LoggedField& field : found->fields)
         logField(context, load, field);
     if (found->parameters == Parameters::TheTemperature)
-        addValue(context, outcome, definition, "Temperature", rows->tag, load, "temp", plainMember);
+        addValue(context, outcome, definition, temperatureWord, rows->tag, load, temperatureMember,
+                 plainMember);
     else
         addComponents(context, outcome, definition, rows->tag, load);
 }
@@ -272,6 +294,26 @@ void selectAndAdd(Context& context, Outcome& outcome)
 }
 
 }  // namespace
+
+std::vector<LoadComponent> loadComponents(int dataType, int loadType)
+{
+    const LoadKind* const kind = findLoadKind(dataType);
+    if (kind == nullptr)
+        return {};
+    if (kind->parameters == Parameters::TheTemperature)
+        return {{temperatureWord, {temperatureMember}}};
+    std::vector<LoadComponent> result;
+    const femap::LoadType* const type = femap::findLoadType(loadType);
+    for (int i = 0; type != nullptr && i < static_cast<int>(type->values.size()); ++i)
+        if (const std::string_view word = type->values[static_cast<std::size_t>(i)]; !word.empty())
+            result.push_back({word, {componentsMember, i}});
+    return result;
+}
+
+std::string loadVariableName(std::string_view title, int definition, std::string_view component)
+{
+    return altered(rawName(title, definition, component));
+}
 
 void initialisePrefix(Context& context, std::int32_t loadType)
 {
