@@ -16,9 +16,10 @@ import sys
 import tempfile
 import time
 
+sys.dont_write_bytecode = True  # leave nothing beside the scripts
+import page  # noqa: E402
+
 TOP = pathlib.Path(__file__).resolve().parent.parent
-PAGE = TOP / "docs" / "performance.md"
-BEGIN, END = "<!-- figures: begin -->", "<!-- figures: end -->"
 
 SMALL, MIDDLE, LARGE = 1000, 250_000, 1_000_000
 REPETITIONS = 7
@@ -179,13 +180,6 @@ def describe_machine():
             "work on the machine on average; ours is one.")
 
 
-def write_page(text):
-    page = PAGE.read_text(encoding="utf-8")
-    before, rest = page.split(BEGIN)
-    after = rest.split(END)[1]
-    PAGE.write_text(f"{before}{BEGIN}\n{text}\n{END}{after}", encoding="utf-8")
-
-
 def main():
     *options, build = sys.argv[1:]
     build = pathlib.Path(build).resolve()
@@ -205,7 +199,7 @@ def main():
         return
     print(text)
     if not options:
-        write_page(f"{describe_machine()}\n\n{text}")
+        page.put("figures", f"{describe_machine()}\n\n{text}")
 
 
 if __name__ == "__main__":

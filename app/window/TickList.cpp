@@ -142,6 +142,8 @@ void TickList::stretchTo(int item)
 
 void TickList::goTo(int item)
 {
+    // While one is selected, a list view may look through all others for what to deselect.
+    ListView_SetItemState(window_, focused(), 0, LVIS_SELECTED);
     ListView_SetItemState(window_, item, LVIS_FOCUSED | LVIS_SELECTED,
                           LVIS_FOCUSED | LVIS_SELECTED);
     ListView_EnsureVisible(window_, item, FALSE);
