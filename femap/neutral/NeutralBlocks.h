@@ -1,4 +1,5 @@
-// The blocks of a neutral file: finding them one by one, and the functions that read them.
+// The blocks of a neutral file: finding them one by one, and the functions that read what they
+// hold.
 #pragma once
 
 #include "femap/neutral/Model.h"
@@ -6,6 +7,7 @@
 #include "system/CodePage.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,6 +15,20 @@
 
 namespace femap::neutral
 {
+
+/// The numbers of the blocks that are read.
+inline constexpr int headerBlock = 100;
+inline constexpr int oldMaterialsBlock = 401;
+inline constexpr int propertiesBlock = 402;
+inline constexpr int nodesBlock = 403;
+inline constexpr int elementsBlock = 404;
+inline constexpr int functionsBlock = 420;
+inline constexpr int outputSetsBlock = 450;
+inline constexpr int outputVectorsBlock = 451;
+inline constexpr int loadSetsBlock = 507;
+inline constexpr int materialsBlock = 601;
+inline constexpr int layupsBlock = 927;
+inline constexpr int newOutputVectorsBlock = 1051;
 
 /// One block of a neutral file.
 struct Block
@@ -31,8 +47,6 @@ public:
 
     /// The next block; nothing at the end of the file.
     std::optional<Block> next();
-    /// Raises FormatError for a block that has no end.
-    [[noreturn]] void refuseWithoutEnd(const Block& block) const;
 
 private:
     bool skipToStart();
@@ -42,6 +56,20 @@ private:
     Lines lines_;
     bool first_ = true;
 };
+
+/// Raises FormatError for a block that has no end.
+[[noreturn]] void refuseWithoutEnd(const Block& block);
+
+using BlockVisitor = std::function<void(const Block& block, double version)>;
+
+/// Visits the blocks of a file but for its headers, with the version that they have. Raises
+/// FormatError without a header, for a version that cannot be read and for a block without an end;
+/// only that of the output vectors may lack it.
+void forEachBlock(std::string_view file, const BlockVisitor& visit);
+
+/// Calls read and raises RuntimeError "FILE:LINE: what is wrong" for its FormatError.
+void nameFileAndLine(std::string_view content, const std::string& fileName,
+                     const std::function<void()>& read);
 
 struct VectorOfSet
 {
@@ -79,17 +107,32 @@ struct BlockReading  // NOLINT(cppcoreguidelines-pro-type-member-init): always a
     std::string title();
 };
 
+// These read the next record.
+void readNode(BlockReading& block);
+void readElement(BlockReading& block);
+void readProperty(BlockReading& block);
+void readMaterial(BlockReading& block);
+void readOldMaterial(BlockReading& block);
+void readFunction(BlockReading& block);
+void readLoadSet(BlockReading& block);
+
+// These go behind the next record without reading all of it, and return its ID.
+int passNode(Lines& lines);
+int passElement(Lines& lines);
+
+// These read all records of the block.
 void readNodes(BlockReading& block);
 void readElements(BlockReading& block);
-void readProperties(BlockReading& block);
 void readLayups(BlockReading& block);
-void readMaterials(BlockReading& block);
-void readOldMaterials(BlockReading& block);
-void readFunctions(BlockReading& block);
-void readLoadSets(BlockReading& block);
 void readOutputSets(BlockReading& block);
 void readOutputVectors(BlockReading& block);
 void readNewOutputVectors(BlockReading& block);
+template <void (*readRecord)(BlockReading&)>
+void readAll(BlockReading& block)
+{
+    while (!block.lines.atEnd())
+        readRecord(block);
+}
 
 /// Reserves room for more rows: exactly for the first ones, later by half to copy them rarely.
 template <class Row>

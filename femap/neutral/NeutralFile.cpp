@@ -1,8 +1,6 @@
 #include "femap/neutral/NeutralFile.h"
 
-#include "femap/NumberText.h"
 #include "femap/neutral/NeutralBlocks.h"
-#include "system/RuntimeError.h"
 
 #include <algorithm>
 #include <iterator>
@@ -14,11 +12,6 @@ namespace femap::neutral
 namespace
 {
 
-constexpr int headerBlock = 100;
-constexpr int vectorBlock = 451;
-constexpr double firstVersion = 4.4;
-constexpr double firstUnknownVersion = 12;
-
 struct BlockKind
 {
     int number;
@@ -28,52 +21,19 @@ struct BlockKind
 
 // clang-format off
 constexpr BlockKind blockKinds[] = {
-    { 401, "materials",      readOldMaterials},
-    { 402, "properties",     readProperties},
-    { 403, "nodes",          readNodes},
-    { 404, "elements",       readElements},
-    { 420, "functions",      readFunctions},
-    { 450, "output sets",    readOutputSets},
-    { 451, "output vectors", readOutputVectors},
-    { 507, "loads",          readLoadSets},
-    { 601, "materials",      readMaterials},
-    { 927, "layups",         readLayups},
-    {1051, "output vectors", readNewOutputVectors},
+    {oldMaterialsBlock,     "materials",      readAll<readOldMaterial>},
+    {propertiesBlock,       "properties",     readAll<readProperty>},
+    {nodesBlock,            "nodes",          readNodes},
+    {elementsBlock,         "elements",       readElements},
+    {functionsBlock,        "functions",      readAll<readFunction>},
+    {outputSetsBlock,       "output sets",    readOutputSets},
+    {outputVectorsBlock,    "output vectors", readOutputVectors},
+    {loadSetsBlock,         "loads",          readAll<readLoadSet>},
+    {materialsBlock,        "materials",      readAll<readMaterial>},
+    {layupsBlock,           "layups",         readLayups},
+    {newOutputVectorsBlock, "output vectors", readNewOutputVectors},
 };
 // clang-format on
-
-double readVersion(const Block& header)
-{
-    Lines lines(header.content);
-    lines.skipText(1);  // title
-    Fields fields = lines.record();
-    const double version = fields.real();
-    if (version < firstVersion || version >= firstUnknownVersion)
-        fields.fail("the file has the version " + numberText(version) +
-                    ", but only the versions 4.4 to 11 can be read");
-    if (!lines.atEnd())
-        lines.record().fail("the header has more lines than a title and a version");
-    return version;
-}
-
-// A solver leaves out the last mark of its results.
-bool mayLackItsEnd(const Block& block)
-{
-    return block.hasEnd || block.number == vectorBlock;
-}
-
-// The layout of every other block depends on the version, so it must be known before them.
-double findVersion(std::string_view content)
-{
-    Blocks blocks(content);
-    while (const std::optional<Block> block = blocks.next()) {
-        if (!mayLackItsEnd(*block))
-            blocks.refuseWithoutEnd(*block);
-        if (block->number == headerBlock)
-            return readVersion(*block);
-    }
-    throw FormatError(content.data(), "this is no FEMAP neutral file, or its header is missing");
-}
 
 void readBlock(const Block& block, double version, const sys::CodePage& codePage,
                NeutralContents& contents)
@@ -94,21 +54,20 @@ void readBlock(const Block& block, double version, const sys::CodePage& codePage
 }
 
 // Results without their last mark are read when they end with a whole vector.
-void readCutBlock(const Blocks& blocks, Block block, double version, const sys::CodePage& codePage,
+void readCutBlock(const Block& cut, double version, const sys::CodePage& codePage,
                   NeutralContents& contents)
 {
-    if (!mayLackItsEnd(block))
-        blocks.refuseWithoutEnd(block);
-    block.content = block.content.substr(0, block.content.find_last_not_of(" \t\r\n") + 1);
+    Block block = cut;
+    block.content = cut.content.substr(0, cut.content.find_last_not_of(" \t\r\n") + 1);
     const std::size_t before = contents.vectors.size();
     try {
         readBlock(block, version, codePage, contents);
     }
     catch (const FormatError&) {
-        blocks.refuseWithoutEnd(block);
+        refuseWithoutEnd(cut);
     }
     if (contents.vectors.size() == before)
-        blocks.refuseWithoutEnd(block);
+        refuseWithoutEnd(cut);
     contents.remark(
         "The results may be cut short, for their last end mark is missing; compare them with the "
         "solver's");
@@ -117,16 +76,10 @@ void readCutBlock(const Blocks& blocks, Block block, double version, const sys::
 NeutralContents readContents(std::string_view content, const sys::CodePage& codePage)
 {
     NeutralContents contents;
-    double version = findVersion(content);
-    Blocks blocks(content);
-    while (const std::optional<Block> block = blocks.next()) {
-        if (!block->hasEnd)
-            readCutBlock(blocks, *block, version, codePage, contents);
-        else if (block->number == headerBlock)
-            version = readVersion(*block);  // files that were joined have several
-        else
-            readBlock(*block, version, codePage, contents);
-    }
+    forEachBlock(content, [&](const Block& block, double version) {
+        const auto read = block.hasEnd ? readBlock : readCutBlock;
+        read(block, version, codePage, contents);
+    });
     return contents;
 }
 
@@ -182,28 +135,13 @@ void mergeContents(NeutralContents contents, Model& model)
     mergeOutputSets(std::move(contents.outputSets), std::move(contents.vectors), model.outputSets);
 }
 
-// The line of a position in the text, counted from 1.
-std::ptrdiff_t lineNumber(std::string_view content, const char* position)
-{
-    return std::count(content.data(), position, '\n') + 1;
-}
-
 }  // namespace
 
 std::vector<std::string> readNeutralFile(std::string_view content, const std::string& fileName,
                                          const sys::CodePage& codePage, Model& model)
 {
     NeutralContents contents;
-    try {
-        contents = readContents(content, codePage);
-    }
-    catch (const FormatError& error) {
-        throw sys::RuntimeError(
-            sys::ErrorNumber::FileError,
-            fileName + ":" + std::to_string(lineNumber(content, error.position())) + ": " +
-                error.what() +
-                ". Export the model again from FEMAP as a neutral file of version 4.4 to 11.");
-    }
+    nameFileAndLine(content, fileName, [&] { contents = readContents(content, codePage); });
     std::vector<std::string> remarks = std::move(contents.remarks);
     for (std::string& remark : remarks)
         remark += ": " + fileName;

@@ -41,8 +41,8 @@ bool isLarge(std::string_view number)
 
 }  // namespace
 
-Fields::Fields(std::string_view line)
-    : begin_(line.data()), at_(line.data()), end_(line.data() + line.size())
+Fields::Fields(std::string_view line, Places* places)
+    : begin_(line.data()), at_(line.data()), end_(line.data() + line.size()), places_(places)
 {
     if (line.ends_with('\r'))
         --end_;
@@ -106,7 +106,7 @@ int Fields::integer()
     return static_cast<int>(negative ? -value : value);
 }
 
-double Fields::real()
+double Fields::plainReal()
 {
     constexpr std::string_view usualZero = "0.,";  // most numbers of a model
     const std::string_view rest(at_, static_cast<std::size_t>(end_ - at_));
@@ -205,7 +205,7 @@ std::string_view Lines::text()
 
 Fields Lines::record()
 {
-    return Fields(text());
+    return Fields(text(), places_);
 }
 
 void Lines::skipText(int count)

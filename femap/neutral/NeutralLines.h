@@ -1,6 +1,8 @@
 // The lines of a neutral file and the numbers in them.
 #pragma once
 
+#include "femap/neutral/NeutralPlaces.h"
+
 #include <cstddef>
 #include <stdexcept>
 #include <string>
@@ -29,7 +31,7 @@ private:
 class Fields
 {
 public:
-    explicit Fields(std::string_view line);
+    explicit Fields(std::string_view line, Places* places = nullptr);
 
     bool atEnd() const { return at_ == end_; }
     /// How many fields are left.
@@ -37,12 +39,16 @@ public:
 
     /// The next field; raises FormatError when there is none or it is no number of that kind.
     int integer();
-    double real();
     /// A whole number from 1 on.
     int id();
+    /// These may be replaced in the file: neither how to read on nor what a record is hangs on
+    /// them.
+    int freeInteger() { return places_ == nullptr ? integer() : place(&Fields::integer); }
+    double real() { return places_ == nullptr ? plainReal() : place(&Fields::plainReal); }
 
     /// Files may lack fields at the end of a line.
     int integerOr(int missing) { return atEnd() ? missing : integer(); }
+    int freeIntegerOr(int missing) { return atEnd() ? missing : freeInteger(); }
     double realOr(double missing) { return atEnd() ? missing : real(); }
 
     /// Raises when a field is left.
@@ -56,19 +62,30 @@ private:
     const char* fieldEnd() const;
     bool goOn(const char* fieldEnd);
     bool skipSeparator(const char* fieldEnd);
+    double plainReal();
     double unusualReal();
+    template <class Number>
+    int place(Number (Fields::*read)())
+    {
+        const Fields before = *this;
+        const Number number = (this->*read)();
+        return places_->note({before.at_, before.fieldEnd()}, number);
+    }
     [[noreturn]] void failField(const char* problem) const;
 
     const char* begin_;
     const char* at_;
     const char* end_;
+    Places* places_;
 };
 
 /// The lines of one block, taken one by one.
 class Lines
 {
 public:
-    explicit Lines(std::string_view block) : at_(block.data()), end_(block.data() + block.size()) {}
+    explicit Lines(std::string_view block, Places* places = nullptr)
+        : at_(block.data()), end_(block.data() + block.size()), places_(places)
+    {}
 
     bool atEnd() const { return at_ == end_; }
     std::string_view rest() const { return {at_, static_cast<std::size_t>(end_ - at_)}; }
@@ -93,6 +110,7 @@ public:
 private:
     const char* at_;
     const char* end_;
+    Places* places_;
 };
 
 }  // namespace femap::neutral

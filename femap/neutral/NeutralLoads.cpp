@@ -37,8 +37,8 @@ Load readLoad(Lines& lines, const std::vector<Load>& list)
     Fields head = lines.record();
     load.entityID = head.id();
     load.type = head.integer();
-    load.color = head.integerOr(load.color);
-    load.layer = head.integerOr(load.layer);
+    load.color = head.freeIntegerOr(load.color);
+    load.layer = head.freeIntegerOr(load.layer);
     head.integerOr(0);  // coordinate system
     load.subtype = head.integerOr(0);
     load.expanded = head.integerOr(0) != 0;
@@ -75,8 +75,8 @@ void readTemperatures(Lines& lines, std::vector<TemperatureLoad>& list)
         Fields fields = lines.record();
         TemperatureLoad& load = list.emplace_back();
         load.entityID = fields.id();
-        load.color = fields.integer();
-        load.layer = fields.integer();
+        load.color = fields.freeInteger();
+        load.layer = fields.freeInteger();
         load.temp = fields.real();
         load.phase = fields.realOr(0);
         fields.integerOr(0);  // function
@@ -170,7 +170,7 @@ bool makeMissingDefinitions(LoadSet& set)
     return complete;
 }
 
-LoadSet readLoadSet(BlockReading& block)
+LoadSet takeLoadSet(BlockReading& block)
 {
     Lines& lines = block.lines;
     LoadSet set;
@@ -191,10 +191,9 @@ LoadSet readLoadSet(BlockReading& block)
 
 }  // namespace
 
-void readLoadSets(BlockReading& block)
+void readLoadSet(BlockReading& block)
 {
-    while (!block.lines.atEnd())
-        block.contents.loadSets.push_back(readLoadSet(block));
+    block.contents.loadSets.push_back(takeLoadSet(block));
 }
 
 }  // namespace femap::neutral

@@ -11,7 +11,7 @@ namespace femap::neutral
 namespace
 {
 
-constexpr std::size_t linesOfElement = 7;
+constexpr int linesOfElement = 7;
 constexpr int releaseFlags = 12;
 constexpr int listFlags = 4;
 
@@ -22,7 +22,7 @@ void readNumbers(Fields fields, std::array<Number, size>& values, std::size_t fi
 {
     const auto next = [&fields] {
         if constexpr (std::is_same_v<Number, int>)
-            return fields.integer();
+            return fields.freeInteger();
         else
             return fields.real();
     };
@@ -47,52 +47,71 @@ void skipNodeLists(Lines& lines, Fields flags)
 void readElementHead(Fields fields, Element& element)
 {
     element.id = fields.id();
-    element.color = fields.integer();
-    element.propID = fields.integer();
+    element.color = fields.freeInteger();
+    element.propID = fields.freeInteger();
     element.type = fields.integer();
     element.topology = fields.integer();
-    element.layer = fields.integerOr(element.layer);
-    element.orientID = fields.integerOr(0);
+    element.layer = fields.freeIntegerOr(element.layer);
+    element.orientID = fields.freeIntegerOr(0);
     fields.integerOr(0);  // whether a material orientation is given
-    element.geomID = fields.integerOr(0);
+    element.geomID = fields.freeIntegerOr(0);
 }
 
 }  // namespace
 
+void readNode(BlockReading& block)
+{
+    Fields fields = block.lines.record();
+    Node& node = block.contents.nodes.emplace_back();
+    node.id = fields.id();
+    node.defCSys = fields.freeInteger();
+    node.outCSys = fields.freeInteger();
+    node.layer = fields.freeInteger();
+    node.color = fields.freeInteger();
+    for (bool& constrained : node.permBC)
+        constrained = fields.integer() != 0;
+    node.x = fields.real();
+    node.y = fields.real();
+    node.z = fields.real();
+    node.type = fields.integerOr(0);
+}
+
+void readElement(BlockReading& block)
+{
+    Lines& lines = block.lines;
+    Element& element = block.contents.elements.emplace_back();
+    readElementHead(lines.record(), element);
+    readNumbers(lines.record(), element.node, 0, 10);
+    readNumbers(lines.record(), element.node, 10, 10);
+    readNumbers(lines.record(), element.orient, 0, 3);
+    readNumbers(lines.record(), element.offset, 0, 3);
+    readNumbers(lines.record(), element.offset, 3, 3);
+    skipNodeLists(lines, lines.record());
+}
+
+int passNode(Lines& lines)
+{
+    return lines.record().id();
+}
+
+int passElement(Lines& lines)
+{
+    const int id = lines.record().id();
+    lines.skipText(linesOfElement - 2);
+    skipNodeLists(lines, lines.record());
+    return id;
+}
+
 void readNodes(BlockReading& block)
 {
     makeRoom(block.contents.nodes, block.lineCount);
-    while (!block.lines.atEnd()) {
-        Fields fields = block.lines.record();
-        Node& node = block.contents.nodes.emplace_back();
-        node.id = fields.id();
-        node.defCSys = fields.integer();
-        node.outCSys = fields.integer();
-        node.layer = fields.integer();
-        node.color = fields.integer();
-        for (bool& constrained : node.permBC)
-            constrained = fields.integer() != 0;
-        node.x = fields.real();
-        node.y = fields.real();
-        node.z = fields.real();
-        node.type = fields.integerOr(0);
-    }
+    readAll<readNode>(block);
 }
 
 void readElements(BlockReading& block)
 {
     makeRoom(block.contents.elements, block.lineCount / linesOfElement);
-    Lines& lines = block.lines;
-    while (!lines.atEnd()) {
-        Element& element = block.contents.elements.emplace_back();
-        readElementHead(lines.record(), element);
-        readNumbers(lines.record(), element.node, 0, 10);
-        readNumbers(lines.record(), element.node, 10, 10);
-        readNumbers(lines.record(), element.orient, 0, 3);
-        readNumbers(lines.record(), element.offset, 0, 3);
-        readNumbers(lines.record(), element.offset, 3, 3);
-        skipNodeLists(lines, lines.record());
-    }
+    readAll<readElement>(block);
 }
 
 }  // namespace femap::neutral

@@ -42,7 +42,7 @@ void readPoints(Lines& lines, Function& function)
     }
 }
 
-Function readFunction(BlockReading& block)
+Function takeFunction(BlockReading& block)
 {
     Function function;
     Fields head = block.lines.record();
@@ -85,14 +85,14 @@ std::vector<Layup> tryLayups(BlockReading block)
 // follow the material.
 int readMaterialHead(Fields& fields, Material& material)
 {
-    material.color = fields.integer();
+    material.color = fields.freeInteger();
     material.type = fields.integer();
     material.subtype = fields.integerOr(0);
-    material.layer = fields.integerOr(material.layer);
+    material.layer = fields.freeIntegerOr(material.layer);
     return fields.integerOr(0);
 }
 
-Material readMaterial(BlockReading& block)
+Material takeMaterial(BlockReading& block)
 {
     Lines& lines = block.lines;
     Material material;
@@ -110,12 +110,12 @@ Material readMaterial(BlockReading& block)
     while (isCountNext(lines))
         lines.countedReals();  // IDs of functions and tables
     for (int i = 0; i < functions; ++i)
-        readFunction(block);  // belongs to the material, not to the model
+        takeFunction(block);  // belongs to the material, not to the model
     return material;
 }
 
 // The values stand in the same order as in newer files; function IDs fill the remaining lines.
-Material readOldMaterial(BlockReading& block)
+Material takeOldMaterial(BlockReading& block)
 {
     Material material;
     Fields head = block.lines.record();
@@ -136,26 +136,24 @@ Material readOldMaterial(BlockReading& block)
 
 }  // namespace
 
-void readProperties(BlockReading& block)
+void readProperty(BlockReading& block)
 {
     Lines& lines = block.lines;
-    while (!lines.atEnd()) {
-        Property property;
-        Fields head = lines.record();
-        property.id = head.id();
-        property.color = head.integer();
-        property.matlID = head.integer();
-        property.type = head.integer();
-        property.layer = head.integerOr(property.layer);
-        property.refCS = head.integerOr(0);
-        property.layupID = head.integerOr(0);
-        property.title = block.title();
-        lines.skipNumbers(1);  // flags
-        lines.countedReals();  // whole numbers
-        property.pval = lines.countedReals();
-        skipOutlines(lines);
-        block.contents.properties.push_back(std::move(property));
-    }
+    Property property;
+    Fields head = lines.record();
+    property.id = head.id();
+    property.color = head.freeInteger();
+    property.matlID = head.freeInteger();
+    property.type = head.integer();
+    property.layer = head.freeIntegerOr(property.layer);
+    property.refCS = head.freeIntegerOr(0);
+    property.layupID = head.integerOr(0);
+    property.title = block.title();
+    lines.skipNumbers(1);  // flags
+    lines.countedReals();  // whole numbers
+    property.pval = lines.countedReals();
+    skipOutlines(lines);
+    block.contents.properties.push_back(std::move(property));
 }
 
 void readLayups(BlockReading& block)
@@ -172,22 +170,19 @@ void readLayups(BlockReading& block)
     }
 }
 
-void readMaterials(BlockReading& block)
+void readMaterial(BlockReading& block)
 {
-    while (!block.lines.atEnd())
-        block.contents.materials.push_back(readMaterial(block));
+    block.contents.materials.push_back(takeMaterial(block));
 }
 
-void readOldMaterials(BlockReading& block)
+void readOldMaterial(BlockReading& block)
 {
-    while (!block.lines.atEnd())
-        block.contents.materials.push_back(readOldMaterial(block));
+    block.contents.materials.push_back(takeOldMaterial(block));
 }
 
-void readFunctions(BlockReading& block)
+void readFunction(BlockReading& block)
 {
-    while (!block.lines.atEnd())
-        block.contents.functions.push_back(readFunction(block));
+    block.contents.functions.push_back(takeFunction(block));
 }
 
 }  // namespace femap::neutral
