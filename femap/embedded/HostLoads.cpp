@@ -166,17 +166,10 @@ std::unique_ptr<HostLoad> HostLoadDefinition::nextLoad()
     const LoadSet* const set = host_.openModel().loadSets.find(setID_);
     if (set == nullptr)
         return nullptr;
-    switch (static_cast<LoadDataType>(data_.dataType)) {
-    case LoadDataType::Mesh:
-        return next(set->meshLoads, meshLoad);
-    case LoadDataType::Geometry:
-        return next(set->geometryLoads, geometryLoad);
-    case LoadDataType::NodalTemperature:
-        return next(set->nodalTemperatures, nodalTemperature);
-    case LoadDataType::ElementalTemperature:
-        return next(set->elementTemperatures, elementalTemperature);
-    }
-    return nullptr;  // a kind of load that the host does not know
+    std::unique_ptr<HostLoad> load;
+    withLoads(data_.dataType,
+              [&](const auto list, const auto& show) { load = next(set->*list, show); });
+    return load;
 }
 
 template <class Loads, class Show>

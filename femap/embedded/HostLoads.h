@@ -1,6 +1,7 @@
 // Load definitions of the model host and the loads that they give out.
 #pragma once
 
+#include "femap/Constants.h"
 #include "femap/Objects.h"
 #include "femap/embedded/Members.h"
 #include "femap/neutral/Model.h"
@@ -20,6 +21,29 @@ MeshLoad meshLoad(const neutral::Load& load, int setID);
 GeometryLoad geometryLoad(const neutral::Load& load, int setID);
 NodalTemperature nodalTemperature(const neutral::TemperatureLoad& load, int setID);
 ElementalTemperature elementalTemperature(const neutral::TemperatureLoad& load, int setID);
+
+/// Calls the visitor with the list of loads in a load set that a definition's data type names, and
+/// with what shows one of them as a load object. False for a kind that the host does not know.
+template <class Visitor>
+bool withLoads(int dataType, const Visitor& visitor)
+{
+    using neutral::LoadSet;
+    switch (static_cast<LoadDataType>(dataType)) {
+    case LoadDataType::Mesh:
+        visitor(&LoadSet::meshLoads, meshLoad);
+        return true;
+    case LoadDataType::Geometry:
+        visitor(&LoadSet::geometryLoads, geometryLoad);
+        return true;
+    case LoadDataType::NodalTemperature:
+        visitor(&LoadSet::nodalTemperatures, nodalTemperature);
+        return true;
+    case LoadDataType::ElementalTemperature:
+        visitor(&LoadSet::elementTemperatures, elementalTemperature);
+        return true;
+    }
+    return false;
+}
 
 /// A copy of one load.
 class HostLoad : public MemberObject
