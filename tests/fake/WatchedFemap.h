@@ -313,7 +313,6 @@ public:
         return watched<WatchedLoadDefinition>(told("feLoadDefinition").feLoadDefinition(),
                                               "LoadDefinition");
     }
-    std::unique_ptr<femap::ModelChanges> changes() override { return told("changes").changes(); }
     femap::MassProperties feMeasureMeshMassProp(int elementSet, int coordinateSystem,
                                                 bool printResults, bool printDetails) override
     {
