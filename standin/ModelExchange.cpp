@@ -1,11 +1,18 @@
 // What of the stand-in's application takes values out of the model and results into it: decks,
 // results, and their end.
+#include "femap/embedded/ModelDifference.h"
+#include "femap/embedded/NeutralPatch.h"
+#include "femap/neutral/NeutralFile.h"
 #include "standin/ApplicationObject.h"
 #include "standin/Server.h"
 #include "system/Platform.h"
+#include "system/RuntimeError.h"
+#include "system/System.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <memory>
+#include <string>
 #include <system_error>
 
 namespace standin
@@ -22,6 +29,23 @@ void cutInHalf(const std::string& path)
     std::error_code reason;
     const std::filesystem::path file = sys::toPath(path);
     std::filesystem::resize_file(file, std::filesystem::file_size(file, reason) / 2, reason);
+}
+
+// For the deck panel.dat the model's neutral file with what was changed since, as panel.run.neu:
+// the examples' solver reads no decks.
+void writeNeutralBeside(const std::string& deck, embedded::Host& host)
+{
+    sys::System machine = sys::thisMachine();
+    const std::string content = machine.files.read(host.modelName);
+    femap::neutral::Model before;
+    readNeutralFile(content, host.modelName, sys::windows1252(), before);
+    const auto file = machine.files.create(deck.substr(0, deck.rfind('.')) + ".run.neu");
+    const auto problems = embedded::writePatched(
+        content, host.modelName, embedded::differences(before, host.openModel()),
+        [&](std::string_view piece) { file->write(piece); });
+    file->close();
+    for (const embedded::PatchProblem& problem : problems)
+        host.showMessage(femap::MessageColour::Warning, problem.what);
 }
 
 }  // namespace
@@ -55,6 +79,14 @@ int ApplicationObject::fileWriteNastran(int brand, const std::string& path)
     const std::optional<Fault> fault = faultOf("feFileWriteNastran");
     if (result == ReturnCode::Ok && (fault == Fault::Short || fault == Fault::Dies))
         cutInHalf(path);
+    if (result == ReturnCode::Ok && host.modelName.ends_with(".neu")) {
+        try {
+            writeNeutralBeside(path, host);
+        }
+        catch (const sys::RuntimeError& error) {
+            host.showMessage(femap::MessageColour::Error, error.description());
+        }
+    }
     return codeOf(result);
 }
 

@@ -1,9 +1,11 @@
 // Decks and results of the stand-in, as a program sees them that evaluates a design.
 #include "fake/TemporaryFolder.h"
 #include "femap/Objects.h"
+#include "femap/neutral/NeutralFile.h"
 #include "standin/Generations.h"
 #include "standin/StandinHere.h"
 #include "standin/StartedStandin.h"
+#include "system/CodePage.h"
 #include "system/Files.h"
 #include "windows/Text.h"
 
@@ -102,6 +104,23 @@ TEST_P(Exchange, WritesADeckThatFollowsThePresentValues)
     EXPECT_THAT(first, HasSubstr("$ feProp,"));
     EXPECT_NE(second, first);
     EXPECT_EQ(written(), first);
+}
+
+TEST_P(Exchange, LeavesTheModelWithItsPresentValuesBesideTheDeck)
+{
+    Dispatch property = femap().object("feProp");
+    property.call("Get", 1);
+    property.put("pval", 0, 3.25);
+    EXPECT_EQ(property.call("Put", 1).number(), fine);
+
+    EXPECT_EQ(femap().call("feFileWriteNastran", nastran, folder.path("panel.dat")).number(), fine);
+
+    const std::string run = content(folder.path("panel.run.neu"));
+    femap::neutral::Model model;
+    readNeutralFile(run, "panel.run.neu", sys::windows1252(), model);
+    EXPECT_EQ(model.properties.find(1)->pval[0], 3.25);
+    EXPECT_NE(run, content(panelModel()));
+    EXPECT_EQ(run.size(), content(panelModel()).size() + 2);  // "3." became "3.25"
 }
 
 TEST_P(Exchange, ReadsResultsBesideTheOldOnesAndDeletesThem)
