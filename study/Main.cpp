@@ -2,6 +2,7 @@
 #include "study/Platform.h"
 #include "study/StudyProgram.h"
 #include "system/Memory.h"
+#include "system/ProgramStart.h"
 #include "system/System.h"
 
 #include <cstdio>
@@ -15,7 +16,7 @@ namespace study
 int runHere(const std::vector<std::string>& arguments)
 {
     try {
-        prepareProcess();
+        sys::prepareProgram();
         sys::System system = sys::thisMachine();
         const bool showsColours = system.environment("NO_COLOR").empty() && errorsShowColours();
         return runStudy(arguments, {std::cin, std::cout, std::cerr, system, runningFemap(),

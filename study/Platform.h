@@ -13,9 +13,6 @@
 namespace study
 {
 
-/// Must be called before anything else.
-void prepareProcess();
-
 /// A connector to the FEMAP that runs on this machine, with its selection dialogs answered. Empty
 /// on platforms that FEMAP does not run on.
 std::function<std::unique_ptr<femap::Connector>(femap::SelectionDialogs&)> runningFemap();

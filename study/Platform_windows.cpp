@@ -8,8 +8,6 @@
 #include "study/Recorder.h"
 #include "system/RuntimeError.h"
 #include "system/System.h"
-#include "system/TemporaryFiles.h"
-#include "windows/Libraries.h"
 
 #include <windows.h>
 
@@ -47,12 +45,6 @@ void record(const std::string& script, const std::string& arguments)
 }
 
 }  // namespace
-
-void prepareProcess()
-{
-    windows::takeLibrariesFromSystemOnly();
-    sys::removeTemporariesWhenEnded();
-}
 
 std::function<std::unique_ptr<femap::Connector>(femap::SelectionDialogs&)> runningFemap()
 {
