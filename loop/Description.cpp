@@ -2,8 +2,10 @@
 
 #include "generate/ModelPath.h"
 #include "generate/Targets.h"
+#include "system/Platform.h"
 #include "system/RuntimeError.h"
 
+#include <system_error>
 #include <utility>
 
 namespace loop
@@ -47,8 +49,10 @@ std::optional<std::vector<std::string>> readLines(sys::System& system, const std
 {
     const std::string path = folder + file;
     if (system.files.isMissing(path)) {
-        const std::string place = folder.empty() ? "the working folder" : "the folder " + folder;
-        problems.add(file, 0, "the file is not in " + place + std::string(cure));
+        std::error_code unknown;
+        problems.add(file, 0,
+                     "the file is not in the folder " +
+                         sys::fullPath(folder.empty() ? "." : folder, unknown) + std::string(cure));
         return std::nullopt;
     }
     try {

@@ -12,7 +12,6 @@
 namespace loop
 {
 
-using femap::ModelValues;
 using femap::Value;
 using sys::JsonReader;
 using sys::quotedJson;

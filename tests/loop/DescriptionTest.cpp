@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace loop
 {
 
@@ -163,12 +165,12 @@ TEST(ADescription, ThatIsNotThereIsToldWithTheFolder)
     readDescription(machine.system, "/work/", inputExchange, problems);
     readDescription(machine.system, "", outputExchange, problems);
 
-    EXPECT_EQ(problems.text(),
-              "CAEInput.txt: the file is not in the folder /work/; go to the folder of the model, "
-              "or name it by --folder, and press \"Apply\" in the form if it is not there either\n"
-              "CAEOutput.txt: the file is not in the working folder; go to the folder of the "
-              "model, or name it by --folder, and press \"Apply\" in the form if it is not there "
-              "either\n");
+    const std::string cure =
+        "; go to the folder of the model, or name it by --folder, and press "
+        "\"Apply\" in the form if it is not there either\n";
+    EXPECT_EQ(problems.text(), "CAEInput.txt: the file is not in the folder /work/" + cure +
+                                   "CAEOutput.txt: the file is not in the folder " +
+                                   (std::filesystem::current_path() / "").string() + cure);
 }
 
 TEST(ADescription, ThatCannotBeReadIsTold)
