@@ -214,9 +214,12 @@ void Program::closeByHand()
 preview::Preview Program::preview(std::string_view wantedName)
 {
     preview::Preview made;
-    if (!closed_)
-        dispatcher_.run("Preview",
-                        [&] { made = preview::previewOfApply(session_.context, wantedName); });
+    if (closed_)
+        return made;
+    const Ended ended = dispatcher_.run(
+        "Preview", [&] { made = preview::previewOfApply(session_.context, wantedName); });
+    if (ended == Ended::ByError)
+        made.problem = lastFailure();
     return made;
 }
 

@@ -117,13 +117,17 @@ public:
     bool lookAtStudy() { return followStudy(false); }
     /// What was found last, by check() or after an action; none unless the study is watched.
     const findings::LatestFindings& latestFindings() const { return latestFindings_; }
+    /// Grows with each action, and when something else has changed what the form tells of the study
+    /// that is watched: what was made of it before may be out of date.
+    std::uint64_t studyChanges() const { return studyChanges_; }
 
     /// Whether each whole "Apply" leaves a provenance sheet beside its files from now on.
     void keepProvenance(bool keeps) { session_.keepsProvenance = keeps; }
+    bool keepsProvenance() const { return session_.keepsProvenance; }
 
     /// What "Apply" would write now but for that sheet, with the texts of the file of that name.
-    /// Changes nothing, and shows nothing in FEMAP. Empty while a procedure runs, or when FEMAP is
-    /// lost meanwhile.
+    /// Changes nothing, and shows nothing in FEMAP. Empty while a procedure runs; without files
+    /// when FEMAP is lost meanwhile, or the wait for it ended.
     preview::Preview preview(std::string_view wantedName = {});
 
     /// Unloads both forms; while a procedure runs, as soon as it has ended.
@@ -175,6 +179,7 @@ private:
     std::optional<KeptRows> kept_;
     findings::LatestFindings latestFindings_{session_.context};
     bool watchesStudy_ = false;
+    std::uint64_t studyChanges_ = 0;
     std::string toldFindings_;       // on the status line
     std::string modelOfStep_;        // its file, empty while never saved
     bool isReadAgainSince_ = false;  // the rows, since the step

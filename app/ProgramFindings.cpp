@@ -44,6 +44,8 @@ bool Program::followStudy(bool isAction)
     if (!watchesStudy_ || closed_ || dispatcher_.isBusy())
         return false;
     const bool hasLooked = latestFindings_.follow(form().openModel.value_or(""), isAction);
+    if (isAction || hasLooked)
+        ++studyChanges_;
     if (isAction || (hasLooked && !toldFindings_.empty()))
         tellFindings();
     return hasLooked;

@@ -103,6 +103,15 @@ const File* Preview::find(std::string_view name) const
     return found == files.end() ? nullptr : &*found;
 }
 
+const File* Preview::firstToLookAt() const
+{
+    const auto found =
+        std::ranges::find_if(files, [](const File& file) { return file.mark != Mark::Same; });
+    if (found != files.end())
+        return &*found;
+    return files.empty() ? nullptr : &files.front();
+}
+
 Preview previewOfApply(form::Context& context, std::string_view wantedName)
 {
     ComparedFiles files(context.system.files, wantedName);

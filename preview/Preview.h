@@ -62,6 +62,8 @@ struct Preview
 
     /// The file of that name; null when "Apply" would write none.
     const File* find(std::string_view name) const;
+    /// The first one that is not as it was, else the first one; null when there is none.
+    const File* firstToLookAt() const;
 };
 
 /// The form, the log, FEMAP and the disk stay as they are. No file's text is kept but that of the

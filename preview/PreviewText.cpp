@@ -1,6 +1,7 @@
 #include "preview/PreviewText.h"
 
 #include "preview/LineDifference.h"
+#include "preview/LinesWithChanges.h"
 
 #include <algorithm>
 #include <span>
@@ -13,7 +14,6 @@ namespace
 {
 
 constexpr std::size_t context = 3;  // lines around what changed
-constexpr std::string_view lineEnd = "\r\n";
 
 // A part of a text, as the head of its lines names it: "12,3".
 std::string placeOf(std::size_t first, std::size_t count)
@@ -72,12 +72,10 @@ private:
     void writeLines(char mark, const std::vector<std::string_view>& lines, std::size_t first,
                     std::size_t count) const
     {
-        for (std::string_view line : std::span(lines).subspan(first, count)) {
-            const bool isWhole = line.ends_with(lineEnd);
-            line = line.substr(0, line.find_last_not_of(lineEnd) + 1);
-            write_(mark + codePage_.decode(line) + '\n');
-            if (!isWhole)
-                write_("\\ This line does not end in CR LF\n");
+        for (const std::string_view line : std::span(lines).subspan(first, count)) {
+            write_(mark + codePage_.decode(withoutEnd(line)) + '\n');
+            if (!endsAsGenerated(line))
+                write_("\\ " + std::string(remarkOnEnd) + '\n');
         }
     }
 
@@ -109,8 +107,13 @@ std::string textOf(const Preview& preview)
     for (const File& file : preview.files)
         text += lineOf(file) + '\n';
     if (!preview.problem.empty())
-        text += "\"Apply\" would tell: " + preview.problem + '\n';
+        text += problemOf(preview) + '\n';
     return text;
+}
+
+std::string problemOf(const Preview& preview)
+{
+    return "\"Apply\" would tell: " + preview.problem;
 }
 
 void writeDifference(const Preview& preview, const File& file, const sys::CodePage& codePage,

@@ -17,6 +17,9 @@ std::string lineOf(const File& file);
 /// That of each file, and what would be told in place of the result.
 std::string textOf(const Preview& preview);
 
+/// What "Apply" would tell in place of its result, for a preview that has a problem.
+std::string problemOf(const Preview& preview);
+
 /// Takes pieces of a text.
 using Sink = std::function<void(std::string_view text)>;
 

@@ -59,6 +59,7 @@ TEST(PreviewOfAProgram, FindsOutThatFemapIsLost)
     const preview::Preview made = f.program.preview();
 
     EXPECT_THAT(made.files, IsEmpty());
+    EXPECT_EQ(made.problem, f.program.lastFailure());
     EXPECT_FALSE(f.program.isConnected());
 }
 

@@ -66,6 +66,25 @@ TEST_F(WatchedStudy, IsLookedAtAgainWhenATextWasTyped)
     EXPECT_THAT(status(), EndsWith("1 error, 1 warning: F8 shows them"));
 }
 
+TEST_F(WatchedStudy, CountsWhatMayHaveChangedIt)
+{
+    select();
+    const std::uint64_t before = program.studyChanges();
+
+    program.raise({"InputsList", form::What::KeyDown}, 40);  // a key that moves in the list
+    program.lookAtStudy();
+    program.preview();
+    program.check();
+    EXPECT_EQ(program.studyChanges(), before);
+
+    program.raise(form::click("GenerateButton"));
+    EXPECT_EQ(program.studyChanges(), before + 1) << "the files, at least";
+
+    form.CommandLine.Text = "";
+    program.lookAtStudy();
+    EXPECT_EQ(program.studyChanges(), before + 2);
+}
+
 TEST_F(WatchedStudy, HoldsWhatAllRulesFoundUntilTheNextAction)
 {
     select();

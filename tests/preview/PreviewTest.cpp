@@ -69,6 +69,18 @@ TEST_F(PreviewOfApply, TellsEveryFileOfTheTool)
     EXPECT_EQ(file("InputValues.txt").size, std::string("T1  0.25\r\n").size());
 }
 
+TEST_F(PreviewOfApply, LeadsToTheFirstFileThatIsNotAsItWas)
+{
+    EXPECT_EQ(Preview().firstToLookAt(), nullptr);
+    EXPECT_EQ(made().firstToLookAt()->name(), "CAEInput.txt");
+
+    apply();
+    EXPECT_EQ(made().firstToLookAt()->name(), "CAEInput.txt") << "where all are the same";
+
+    onDisk("FDFemap.bat") += "by hand\r\n";
+    EXPECT_EQ(made().firstToLookAt()->name(), "FDFemap.bat");
+}
+
 TEST_F(PreviewOfApply, MarksWhatIsTheSame)
 {
     apply();
