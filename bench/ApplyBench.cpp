@@ -1,6 +1,5 @@
 #include "bench/BenchForm.h"
 #include "bench/TimeStep.h"
-#include "findings/Findings.h"
 #include "generate/ControlFile.h"
 #include "generate/GenerationDriver.h"
 
@@ -15,29 +14,11 @@ namespace bench
 namespace
 {
 
-// So many rows in each grid: four fields of nodes for one of properties, four results at nodes for
-// one that becomes a constraint.
-void fillGrids(BenchForm& world, int rows)
-{
-    for (int i = 1; i <= rows; ++i) {
-        const std::string id = std::to_string(i);
-        const std::string value = std::to_string(i % 100'000) + ".125";
-        const bool isSpecial = i % 5 == 0;
-        world.form.InputsList.AddItem(
-            isSpecial ? "ThicknessAtProp" + id + '\t' + value + "\tProp\t" + id + "\tpval\t0"
-                      : "xAtNode" + id + '\t' + value + "\tNode\t" + id + "\tx");
-        const std::string name = isSpecial ? "ElemForceX7020AtElem" : "TotalTrans1AtNode";
-        world.form.OutputsList.AddItem(name + id + '\t' + value + '\t' + id + "\t1\tOutput");
-    }
-    world.form.InputsList.RemoveItem(1);
-    world.form.OutputsList.RemoveItem(1);
-}
-
 auto filledForm(const benchmark::State& state, const std::string& tool)
 {
     auto world = std::make_unique<BenchForm>();
     world->form.Optimizer.Text = tool;
-    fillGrids(*world, static_cast<int>(state.range(0)));
+    fillGrids(world->form, static_cast<int>(state.range(0)));
     return world;
 }
 
@@ -147,16 +128,6 @@ void loadControlFileBaseline(benchmark::State& state)
         });
 }
 
-// What follows each action, beside the reading of the same rows from their control file.
-void findFaults(benchmark::State& state)
-{
-    timeStep(
-        state, [&] { return filledForm(state, "Velmar"); },
-        [](BenchForm& world) {
-            benchmark::DoNotOptimize(findings::quickFindings(world.context, world.femap.modelName));
-        });
-}
-
 void sizes(benchmark::internal::Benchmark* benchmark)
 {
     benchmark->Arg(1000)->Arg(250'000)->Arg(1'000'000)->Iterations(1)->Unit(
@@ -169,7 +140,6 @@ BENCHMARK_CAPTURE(applyBaseline, Ombra, "Ombra")->Apply(sizes);
 BENCHMARK_CAPTURE(apply, Ombra, "Ombra")->Apply(sizes);
 BENCHMARK(loadControlFileBaseline)->Apply(sizes);
 BENCHMARK(loadControlFile)->Apply(sizes);
-BENCHMARK(findFaults)->Apply(sizes);
 
 }  // namespace
 }  // namespace bench

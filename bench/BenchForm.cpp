@@ -12,6 +12,8 @@ namespace bench
 namespace
 {
 
+constexpr int valueRange = 100'000;  // of what stands in rows
+
 sys::System systemWithTemp(const std::string& folder)
 {
     sys::System system = sys::thisMachine();
@@ -84,6 +86,27 @@ void BenchForm::pickNodes(int count)
     std::vector<int> ids(static_cast<std::size_t>(count));
     std::iota(ids.begin(), ids.end(), 1);
     dialogs.pick(std::move(ids));
+}
+
+void fillGrids(form::MainForm& form, int rows)
+{
+    for (int i = 1; i <= rows; ++i) {
+        const std::string id = std::to_string(i);
+        const std::string value = std::to_string(i % valueRange) + ".125";
+        const bool isSpecial = i % 5 == 0;
+        form.InputsList.AddItem(
+            isSpecial ? "ThicknessAtProp" + id + '\t' + value + "\tProp\t" + id + "\tpval\t0"
+                      : "xAtNode" + id + '\t' + value + "\tNode\t" + id + "\tx");
+        const std::string name = isSpecial ? "ElemForceX7020AtElem" : "TotalTrans1AtNode";
+        form.OutputsList.AddItem(name + id + '\t' + value + '\t' + id + "\t1\tOutput");
+    }
+    form.InputsList.RemoveItem(1);
+    form.OutputsList.RemoveItem(1);
+}
+
+double valueOfRow(int number)
+{
+    return number % valueRange + 0.125;
 }
 
 double coordinateOf(int node, int axis)

@@ -44,6 +44,13 @@ private:
     selection::frmPropertyList dialog_{femap, list_};
 };
 
+/// So many rows in each grid: four fields of nodes for one of properties, four results at nodes for
+/// one that becomes a constraint.
+void fillGrids(form::MainForm& form, int rows);
+
+/// The value in the rows of this number.
+double valueOfRow(int number);
+
 /// A coordinate that addNodes gives to a node.
 double coordinateOf(int node, int axis);
 

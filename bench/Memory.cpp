@@ -1,10 +1,16 @@
 #include "bench/BenchForm.h"
 #include "bench/NeutralModel.h"
+#include "generate/GenerationDriver.h"
+#include "preview/Preview.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
+#include <iterator>
 #include <malloc.h>
 #include <string>
+#include <string_view>
 #include <sys/resource.h>
 
 namespace
@@ -54,16 +60,49 @@ double ofRows(int rows, bool atPeak)
     return (after - before - textOf(grid)) / (grid.Rows() - 1);
 }
 
+// From now on the peak is that of what follows. What was freed goes back to the system, so that
+// nothing of it serves anew unseen.
+void forgetPeak()
+{
+    malloc_trim(0);
+    std::ofstream("/proc/self/clear_refs") << "5";
+}
+
+// MB beyond the rows while a preview of "Apply" is made, with the files of the last one there.
+double ofPreview(int rows)
+{
+    bench::BenchForm world;
+    bench::fillGrids(world.form, rows);
+    generate::GenerateButton_Click(world.context);
+    forgetPeak();
+    const double before = peak();
+    preview::previewOfApply(world.context);
+    return (peak() - before) / 1e6;
+}
+
+struct Figure
+{
+    std::string_view name;
+    double (*of)(int size);
+};
+
+constexpr Figure figures[] = {
+    {"model", ofModel},
+    {"rows", [](int rows) { return ofRows(rows, false); }},
+    {"rowsAtPeak", [](int rows) { return ofRows(rows, true); }},
+    {"preview", ofPreview},
+};
+
 }  // namespace
 
-// bench_memory model|rows|rowsAtPeak SIZE prints one number.
+// bench_memory model|rows|rowsAtPeak|preview SIZE prints one number.
 int main(int argc, char* argv[])
 {
-    const std::string what = argc == 3 ? argv[1] : "";
-    if (what != "model" && what != "rows" && what != "rowsAtPeak") {
-        std::cerr << "usage: bench_memory model|rows|rowsAtPeak SIZE\n";
+    const std::string_view what = argc == 3 ? argv[1] : "";
+    const auto* const figure = std::ranges::find(figures, what, &Figure::name);
+    if (figure == std::end(figures)) {
+        std::cerr << "usage: bench_memory model|rows|rowsAtPeak|preview SIZE\n";
         return 2;
     }
-    const int size = std::stoi(argv[2]);
-    std::cout << (what == "model" ? ofModel(size) : ofRows(size, what == "rowsAtPeak")) << '\n';
+    std::cout << figure->of(std::stoi(argv[2])) << '\n';
 }

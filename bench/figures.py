@@ -40,6 +40,8 @@ RATIOS = [
     ("Apply, Ombra", "apply/Ombra", "applyBaseline/Ombra", None),
     ("Load the control file", "loadControlFile", "loadControlFileBaseline", 1.5),
     ("Quick findings", "findFaults", "loadControlFile", 4),
+    ("Check", "checkStudy", "loadControlFile", 4),
+    ("Preview", "previewApply", "applyInMemory", None),
     ("Open the model", "openModel", "openModelBaseline", None),
 ]
 # The same work on four times the rows: linear work takes four times as long, and somewhat longer
@@ -54,6 +56,8 @@ GROWING = [
     ("Apply, Ombra", "apply/Ombra"),
     ("Load the control file", "loadControlFile"),
     ("Quick findings", "findFaults"),
+    ("Check", "checkStudy"),
+    ("Preview", "previewApply"),
 ]
 MOST_GROWTH = 6
 # title, benchmark, at least so many MB/s
@@ -66,6 +70,7 @@ MEMORY = [
     ("Memory of a row beyond its text", "rows", "bytes", 200),
     ("The same while rows are selected", "rowsAtPeak", "bytes", 200),
     ("Peak while a model is opened, for each byte of its file", "model", "bytes", 2.5),
+    ("Preview, beyond the rows", "preview", "MB", 64),
 ]
 
 

@@ -10,6 +10,7 @@
 #include "generate/TaskDescription.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 namespace findings
@@ -47,7 +48,18 @@ std::optional<std::string> textBesideModel(const Study& study, std::string_view 
     const std::string path = besideModel(study, fileName);
     if (!filesOf(study).fileExists(path))
         return std::nullopt;
-    return study.context().system.codePage.decode(filesOf(study).read(path));
+    std::string bytes = filesOf(study).read(path);
+    return sys::isAscii(bytes) ? std::move(bytes) : study.context().system.codePage.decode(bytes);
+}
+
+// The first bytes of one, which are more than its first line has.
+std::string beginningBesideModel(const Study& study, std::string_view fileName)
+{
+    constexpr std::size_t most = 4096;
+    const std::string path = besideModel(study, fileName);
+    if (!filesOf(study).fileExists(path))
+        return {};
+    return study.context().system.codePage.decode(filesOf(study).openToRead(path)->next(most));
 }
 
 // The tool goes by templates that somebody else makes.
@@ -57,17 +69,52 @@ bool needsTemplates(const Study& study)
            !study.writes(generate::inputTemplate);
 }
 
+// Visits the names in a template until one is refused; whether none was.
+template <class Visit>
+bool forEachNameInTemplate(std::string_view text, const Visit& visit)
+{
+    for (generate::LineReader lines(text); !lines.atEnd();)
+        if (const std::string_view name = generate::nameInTemplate(lines.next());
+            !name.empty() && !visit(name))
+            return false;
+    return true;
+}
+
 std::vector<std::string> namesInTemplate(std::string_view text)
 {
     std::vector<std::string> names;
-    for (generate::LineReader lines(text); !lines.atEnd();)
-        if (const std::string_view name = generate::nameInTemplate(lines.next()); !name.empty())
-            names.emplace_back(name);
+    forEachNameInTemplate(text, [&](std::string_view name) {
+        names.emplace_back(name);
+        return true;
+    });
     std::ranges::sort(names);
     return names;
 }
 
-// The names of a grid; those of functions, which have no value, may be in a template or not.
+// A function has no value, so that its name may be in a template or not.
+bool mayBeLeftOut(const std::string& row, Grid grid)
+{
+    return form::cellOf(row, form::nameColumn).empty() ||
+           (grid == Grid::Inputs &&
+            form::cellOf(row, form::inputColumn::kind) == form::functionKind);
+}
+
+// As "Apply" leaves it, which needs no search.
+bool hasNamesInOrder(std::string_view text, const Study& study, Grid grid)
+{
+    const std::span<const std::string> rows = study.rows(grid);
+    auto row = rows.begin();
+    const bool isEachThere = forEachNameInTemplate(text, [&](std::string_view name) {
+        while (row != rows.end() && form::cellOf(*row, form::nameColumn) != name &&
+               mayBeLeftOut(*row, grid))
+            ++row;
+        return row != rows.end() && form::cellOf(*row++, form::nameColumn) == name;
+    });
+    return isEachThere && std::all_of(row, rows.end(), [&](const std::string& rest) {
+               return mayBeLeftOut(rest, grid);
+           });
+}
+
 struct NamesOfGrid
 {
     std::vector<std::string_view> all;
@@ -77,11 +124,13 @@ struct NamesOfGrid
 NamesOfGrid namesOfGrid(const Study& study, Grid grid)
 {
     NamesOfGrid names;
-    forEachNamedRow(study, grid, [&](const form::ParameterRow& row, Place) {
-        names.all.push_back(row.name());
-        if (grid == Grid::Outputs || row.cell(form::inputColumn::kind) != form::functionKind)
-            names.needed.push_back(row.name());
-    });
+    for (const std::string& row : study.rows(grid)) {
+        const std::string_view name = form::cellOf(row, form::nameColumn);
+        if (!name.empty())
+            names.all.push_back(name);
+        if (!mayBeLeftOut(row, grid))
+            names.needed.push_back(name);
+    }
     std::ranges::sort(names.all);
     std::ranges::sort(names.needed);
     return names;
@@ -108,6 +157,32 @@ RowKey keyOf(std::string_view row)
     return {name, place.substr(0, place.find_last_not_of(form::cellSeparator) + 1)};
 }
 
+// Visits the rows of a control file until one is refused; whether none was.
+template <class Visit>
+bool forEachStoredRow(std::string_view text, const Visit& visit)
+{
+    for (generate::LineReader lines(text); !lines.atEnd();)
+        if (const RowKey key = keyOf(lines.next()); !key.first.empty() && !visit(key))
+            return false;
+    return true;
+}
+
+// Rows that came since may stand between, which needs no search.
+bool hasStoredRowsInOrder(std::string_view text, const Study& study)
+{
+    const std::span<const std::string> inputs = study.rows(Grid::Inputs);
+    const std::span<const std::string> outputs = study.rows(Grid::Outputs);
+    std::size_t at = 0;
+    return forEachStoredRow(text, [&](const RowKey& key) {
+        while (at < inputs.size() + outputs.size()) {
+            const std::size_t row = at++;
+            if (keyOf(row < inputs.size() ? inputs[row] : outputs[row - inputs.size()]) == key)
+                return true;
+        }
+        return false;
+    });
+}
+
 }  // namespace
 
 void templateIsMissing(const Study& study, Report& report)
@@ -125,7 +200,7 @@ void templateIsOfAnotherStudy(const Study& study, Report& report)
         return;
     for (const TemplateOfGrid& each : templates) {
         const std::optional<std::string> text = textBesideModel(study, each.target);
-        if (!text)
+        if (!text || hasNamesInOrder(*text, study, each.grid))
             continue;
         const std::vector<std::string> there = namesInTemplate(*text);
         const NamesOfGrid names = namesOfGrid(study, each.grid);
@@ -142,8 +217,8 @@ void folderServesAnotherModel(const Study& study, Report& report)
 {
     if (!study.model() || !study.writes(generate::inputDescription))
         return;
-    const auto text = textBesideModel(study, generate::inputDescription);
-    const std::string_view named = text ? generate::namedReference(*text) : std::string_view();
+    const std::string text = beginningBesideModel(study, generate::inputDescription);
+    const std::string_view named = generate::namedReference(text);
     if (!named.empty() &&
         !femap::isSameName(named.substr(0, named.rfind('.')), study.model()->name))
         report.add(generate::inputDescription, named);
@@ -178,18 +253,17 @@ void storedRowsWouldBeLost(const Study& study, Report& report)
     if (!study.model())
         return;
     const auto stored = generate::storedSelection(study.context(), *study.model());
-    if (!stored)
+    if (!stored || hasStoredRowsInOrder(*stored, study))
         return;
     std::vector<RowKey> keys;
     forEachNamedRow(
         study, [&](const form::ParameterRow& row, Place) { keys.push_back(keyOf(row.text())); });
     std::ranges::sort(keys);
-    for (generate::LineReader lines(*stored); !lines.atEnd();) {
-        const std::string_view line = lines.next();
-        if (const RowKey key = keyOf(line);
-            !key.first.empty() && !std::ranges::binary_search(keys, key))
+    forEachStoredRow(*stored, [&](const RowKey& key) {
+        if (!std::ranges::binary_search(keys, key))
             report.add(key.first);
-    }
+        return true;
+    });
 }
 
 // A later "Apply" without a sheet wrote another control file, last of all.

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <map>
 #include <optional>
-#include <set>
 #include <utility>
 
 namespace findings
@@ -125,19 +124,21 @@ private:
             vector_ = context_.femap().feOutput();
             vector_->prefetch(plan);
         }
-        std::map<std::string, std::set<int>> ids;
+        std::map<std::string, std::vector<int>> ids;
         for (const std::string& text : rows) {
             const ParameterRow row(text);
             if (row.cell(form::outputColumn::kind) != form::vectorValueKind)
                 continue;
             if (const auto id = numberAt(row, form::outputColumn::first))
-                ids[std::string(selection::entityWordIn(row.name()))].insert(*id);
+                ids[std::string(selection::entityWordIn(row.name()))].push_back(*id);
         }
-        for (const auto& [word, some] : ids) {
+        for (auto& [word, some] : ids) {
             if (word.empty())
                 continue;
+            std::ranges::sort(some);
+            some.erase(std::unique(some.begin(), some.end()), some.end());
             auto& entity = resultEntities_[word] = context_.femap().entity(word);
-            entity->prefetch({some.begin(), some.end()}, {});
+            entity->prefetch(some, {});
         }
     }
 

@@ -217,8 +217,9 @@ std::optional<std::string> storedSelection(Context& context, const ModelPath& mo
     const std::string path = targetPath(model, controlFile);
     if (!context.system.files.fileExists(path))
         return std::nullopt;
-    const std::string bytes = context.system.files.read(path);
-    return std::string(ControlText(bytes, context.system.codePage).text());
+    std::string bytes = context.system.files.read(path);
+    const ControlText file(bytes, context.system.codePage);
+    return file.text().data() == bytes.data() ? std::move(bytes) : std::string(file.text());
 }
 
 void Load_Click(Context& context, const std::string& modelFile)

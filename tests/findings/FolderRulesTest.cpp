@@ -63,6 +63,25 @@ TEST_F(FolderRules, TellTemplatesOfAnotherStudy)
     EXPECT_THAT(f.found("other-template"), IsEmpty());
 }
 
+TEST_F(FolderRules, DoNotMindTheOrderInATemplate)
+{
+    f.addInput({"Curve", "X-Y Values", "Function", " 2", "", ""});
+    f.addInput({"ExAtMatl1", "1", "Matl", "1", "Ex", ""});
+    const std::string thickness = "ThicknessAtProp7  !<ThicknessAtProp7%f!0.25>!\r\n";
+    const std::string curve = "Curve  !<Curve%f!X-Y Values>!\r\n";
+    const std::string stiffness = "ExAtMatl1  !<ExAtMatl1%f!1>!\r\n";
+
+    for (const std::string& text : {thickness + stiffness, thickness + curve + stiffness,
+                                    stiffness + thickness, stiffness + curve + thickness}) {
+        f.put("InputValues.txt.template", text);
+        EXPECT_THAT(f.found("other-template"), IsEmpty()) << text;
+    }
+    for (const std::string& text : {thickness, thickness + curve, stiffness + curve}) {
+        f.put("InputValues.txt.template", text);
+        EXPECT_THAT(f.found("other-template"), HasSubstr("it lacks")) << text;
+    }
+}
+
 TEST_F(FolderRules, TellAFolderThatServesAnotherModel)
 {
     f.put("CAEInput.txt", "Reference Model (FEMAP) = Beam.modfem\r\nNameValue = x\r\n");
@@ -111,6 +130,23 @@ TEST_F(FolderRules, TellRowsOfTheControlFileThatTheGridsLack)
     EXPECT_EQ(f.found("stored-rows-lost"),
               "warning stored-rows-lost ElemForces85002AtElem40: The control file has a row that "
               "the grids lack, ElemForces85002AtElem40; \"Apply\" would replace it.");
+}
+
+TEST_F(FolderRules, DoNotMindRowsThatCameOrAnotherOrderOfThem)
+{
+    const std::string stored = f.form.InputsList.rowText(1) + "\r\n";
+    const std::string other = "ExAtMatl1\t1\tMatl\t1\tEx\t\r\n";
+    const std::string outputs = "\r\n" + f.form.OutputsList.rowText(1) + "\r\n";
+    f.addInput({"DensityAtMatl1", "1", "Matl", "1", "Density", ""});
+    f.addInput({"ExAtMatl1", "1", "Matl", "1", "Ex", ""});
+
+    for (const std::string& text : {stored + other + outputs, other + stored + outputs,
+                                    stored + other + other + outputs, other + outputs}) {
+        f.put("beamControl.txt", text);
+        EXPECT_THAT(f.found("stored-rows-lost"), IsEmpty()) << text;
+    }
+    f.put("beamControl.txt", stored + "EyAtMatl1\t1\tMatl\t1\tEy\t\r\n" + other + outputs);
+    EXPECT_THAT(f.found("stored-rows-lost"), HasSubstr("a row that the grids lack, EyAtMatl1"));
 }
 
 // "Apply" leaves a sheet of its files, at this time.
