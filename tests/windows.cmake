@@ -47,6 +47,7 @@ velmar_test(app/window LOCK femap.model
         CommandsTest.cpp
         CopyKeysTest.cpp
         DialogPlaceTest.cpp
+        DifferenceViewTest.cpp
         DividerTest.cpp
         EndedWaitTest.cpp
         EventHookTest.cpp
@@ -65,6 +66,8 @@ velmar_test(app/window LOCK femap.model
         NameSearchTest.cpp
         NoMemoryTest.cpp
         PaneTest.cpp
+        PreviewKeysTest.cpp
+        PreviewWindowTest.cpp
         ProductBesideFemapTest.cpp
         PropertyListWindowTest.cpp
         RemoteHeapTest.cpp

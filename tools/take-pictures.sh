@@ -3,30 +3,29 @@
 # nobody sees, beside a stand-in for FEMAP with the example model open.
 #
 #   tools/take-pictures.sh              all of them
-#   tools/take-pictures.sh SCENE...     only these: empty filled small large contrast input output
-#                                       findings busy
+#   tools/take-pictures.sh SCENE...     only these: empty filled small contrast input output
+#                                       findings preview busy
 #
-# Look at each before it is committed.
+# With DOTS=144 they are taken on a screen of so many dots per inch, and with PICTURES=FOLDER they land
+# there, to be looked at only. Look at each before it is committed.
 set -euo pipefail
 top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$top"
 build=build/windows-release
 
 declare -A pictureOf=(
-    [empty]=form-empty [filled]=form-filled [small]=form-small [large]=form-150-percent
-    [contrast]=form-contrast
+    [empty]=form-empty [filled]=form-filled [small]=form-small [contrast]=form-contrast
     [input]=dialog-inputs [output]=dialog-outputs
-    [findings]=findings [busy]=form-busy)
+    [findings]=findings [preview]=preview [busy]=form-busy)
+pictures=${PICTURES:-docs/pictures}
 
 # Runs one scene on the screen that is there and takes its picture.
 take()
 {
     local scene=$1 folder
     folder=$(mktemp -d)
-    # The large one on a screen of 144 dots per inch; the Wine folder starts anew for that.
-    local dots=96
-    [[ $scene == large ]] && dots=144
-    wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dots" /f \
+    # The Wine folder starts anew for that.
+    wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "${DOTS:-96}" /f \
         >/dev/null 2>&1 </dev/null
     # What a theme draws here does not follow the colours.
     local theme=1
@@ -45,7 +44,7 @@ take()
         if [[ -e $folder/$scene.shown ]]; then
             place=$(tr -d '\r' <"$folder/$scene.shown")
             import -window root -crop "$place" +repage -colors 256 \
-                "PNG8:docs/pictures/${pictureOf[$scene]}.png"
+                "PNG8:$pictures/${pictureOf[$scene]}.png"
             rm "$folder/$scene.shown"
         fi
         sleep 0.1
@@ -55,7 +54,7 @@ take()
         exit 1
     fi
     rm -r "$folder"
-    echo "docs/pictures/${pictureOf[$scene]}.png"
+    echo "$pictures/${pictureOf[$scene]}.png"
 }
 
 if [[ ${1-} == --on-this-screen ]]; then
@@ -67,7 +66,7 @@ if [[ ${1-} == --on-this-screen ]]; then
 fi
 
 scenes=("$@")
-((${#scenes[@]})) || scenes=(empty filled small large contrast input output findings busy)
+((${#scenes[@]})) || scenes=(empty filled small contrast input output findings preview busy)
 for scene in "${scenes[@]}"; do
     if [[ ! -v pictureOf[$scene] ]]; then
         echo "There is no scene $scene." >&2
@@ -76,5 +75,5 @@ for scene in "${scenes[@]}"; do
 done
 cmake --preset windows-release >/dev/null
 cmake --build --preset windows-release --target form_scenes
-mkdir -p docs/pictures
+mkdir -p "$pictures"
 RUN_INSTEAD="tools/take-pictures.sh --on-this-screen ${scenes[*]}" tools/run-wine-tests.sh "$build"

@@ -1,4 +1,5 @@
-// The font of the user's message boxes, deleted with its owner.
+// The font of the user's message boxes, and one of its size for texts of files; deleted with its
+// owner.
 #pragma once
 
 #include <windows.h>
@@ -9,8 +10,14 @@ namespace windows
 class Font
 {
 public:
+    enum class Kind
+    {
+        Message,
+        FixedPitch,  // each letter is as wide as the others
+    };
+
     /// The font at a resolution.
-    explicit Font(UINT dotsPerInch);
+    explicit Font(UINT dotsPerInch, Kind kind = Kind::Message);
     ~Font() { DeleteObject(font_); }
     Font(const Font&) = delete;
     Font& operator=(const Font&) = delete;

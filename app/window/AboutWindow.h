@@ -1,17 +1,16 @@
 // A small window, modal to the form, that tells the version and where the log is.
 #pragma once
 
-#include "app/window/Controls.h"
+#include "app/window/DialogWindow.h"
 
 #include <windows.h>
 
-#include <memory>
 #include <string>
 
 namespace window
 {
 
-class AboutWindow
+class AboutWindow : public DialogWindow
 {
 public:
     // Fixed numbers of its controls.
@@ -20,28 +19,19 @@ public:
     static constexpr int idLog = 2103;
     static constexpr int idClose = IDCANCEL;  // Esc, and Enter for it is the only button
 
-    AboutWindow() = default;
-    AboutWindow(const AboutWindow&) = delete;
-    AboutWindow& operator=(const AboutWindow&) = delete;
-
     /// log: its path, which can be copied from there; or why there is none.
     void showModal(HWND owner, const std::string& version, const std::string& log);
     /// Closes it, if it is open.
     void cancel();
 
 private:
-    static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam);
-    void initialise();
-    void applyResolution(UINT dotsPerInch);
-    void layOut();
+    void initialise() override;
+    INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void layOut() override;
 
     HWND owner_ = nullptr;
-    HWND window_ = nullptr;
     std::string version_;
     std::string log_;
-    std::unique_ptr<Font> font_;
-    UINT dotsPerInch_ = USER_DEFAULT_SCREEN_DPI;
 };
 
 }  // namespace window

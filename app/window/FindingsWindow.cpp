@@ -1,15 +1,12 @@
 #include "app/window/FindingsWindow.h"
 
 #include "app/window/Clipboard.h"
-#include "app/window/Pixels.h"
 #include "findings/FindingText.h"
-#include "windows/Dialog.h"
 #include "windows/Text.h"
 
 #include <algorithm>
 #include <commctrl.h>
 #include <iterator>
-#include <stdexcept>
 #include <string_view>
 #include <utility>
 
@@ -24,10 +21,6 @@ namespace
 // Twips.
 constexpr int findingsMargin = 150;
 constexpr int findingsGap = 105;
-constexpr int findingsWidth = 12000;
-constexpr int findingsHeight = 4800;
-constexpr int leastFindingsWidth = 3600;
-constexpr int leastFindingsHeight = 2700;
 constexpr int wholeHeight = 900;  // three lines and more
 constexpr int noteHeight = 450;   // two lines, where it is narrow
 
@@ -52,39 +45,16 @@ constexpr FindingColumn columns[] = {
     {L"Cure", 3600},
 };
 
-bool isWithControl()
-{
-    return GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
-}
-
 }  // namespace
 
-void FindingsWindow::open(HWND owner)
-{
-    if (window_ == nullptr) {
-        window_ = windows::createEmptyDialog(owner, WS_EX_CONTROLPARENT, procedure, this);
-        if (window_ == nullptr)
-            throw std::runtime_error("Windows refused the window of findings");
-        createControls();
-        applyResolution(GetDpiForWindow(window_));
-        const SIZE size = windowSize(window_, findingsWidth, findingsHeight, dotsPerInch_);
-        const form::ScreenPlace form = placeOf(owner);
-        moveTo(window_, form::keptWithin({form.right, form.top, form.right + int(size.cx),
-                                          form.top + int(size.cy)},
-                                         workAreaOf(owner)));
-        layOut();
-        fill();
-    }
-    ShowWindow(window_, SW_SHOWNORMAL);
-    SetForegroundWindow(window_);
-    SetFocus(control(idList));
-}
-
-void FindingsWindow::close()
-{
-    if (window_ != nullptr)
-        DestroyWindow(window_);
-}
+FindingsWindow::FindingsWindow(std::function<void(std::size_t)> onGo)
+    : BesideWindow({.title = L"Findings",
+                    .size = {12000, 4800},
+                    .least = {3600, 2700},
+                    .refusal = "Windows refused the window of findings",
+                    .first = idList}),
+      onGo_(std::move(onGo))
+{}
 
 void FindingsWindow::show(std::span<const findings::Finding> found, const std::string& note)
 {
@@ -108,84 +78,22 @@ void FindingsWindow::show(std::span<const findings::Finding> found, const std::s
     showWhole();
 }
 
-// The window's own keys go before those that every dialog has.
-bool FindingsWindow::translate(MSG& message)
+bool FindingsWindow::pressed(HWND where, WPARAM letter)
 {
-    const bool isOurs =
-        window_ != nullptr && (message.hwnd == window_ || IsChild(window_, message.hwnd) != FALSE);
-    if (!isOurs)
-        return false;
-    if (message.message == WM_KEYDOWN && message.wParam == VK_F8) {
-        onCheck_();
-        return true;
-    }
-    if (message.message == WM_KEYDOWN && message.wParam == 'C' && isWithControl() &&
-        message.hwnd == control(idList)) {
+    const bool copies = letter == 'C' && where == control(idList);
+    if (copies)
         copySelected();
-        return true;
-    }
-    return IsDialogMessageW(window_, &message) != FALSE;
+    return copies;
 }
 
-INT_PTR CALLBACK FindingsWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+void FindingsWindow::command(int id)
 {
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrW(window, DWLP_USER, lParam);
-        return FALSE;  // the focus is set when there is a control for it
-    }
-    auto* const self = reinterpret_cast<FindingsWindow*>(GetWindowLongPtrW(window, DWLP_USER));
-    return self == nullptr || self->window_ != window ? FALSE
-                                                      : self->handle(message, wParam, lParam);
-}
-
-INT_PTR FindingsWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
-{
-    switch (message) {
-    case WM_COMMAND:
-        if (LOWORD(wParam) == IDOK)
-            goTo(selected());
-        else if (LOWORD(wParam) == IDCANCEL)
-            close();
-        return TRUE;
-    case WM_CLOSE:
-        close();
-        return TRUE;
-    case WM_NOTIFY:
-        notify(*reinterpret_cast<const NMHDR*>(lParam));
-        return TRUE;
-    case WM_SIZE:
-        layOut();
-        return TRUE;
-    // Not for the owner, which is FEMAP's window where the form is a pane.
-    case WM_HELP:
-    case WM_MOUSEWHEEL:
-    case WM_MOUSEHWHEEL:
-        return TRUE;
-    case WM_GETMINMAXINFO: {
-        const SIZE least =
-            windowSize(window_, leastFindingsWidth, leastFindingsHeight, dotsPerInch_);
-        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.cx, least.cy};
-        return TRUE;
-    }
-    case WM_DPICHANGED: {
-        const RECT& bounds = *reinterpret_cast<const RECT*>(lParam);
-        applyResolution(HIWORD(wParam));
-        moveTo(window_, {bounds.left, bounds.top, bounds.right, bounds.bottom});
-        return TRUE;
-    }
-    case WM_DESTROY:
-    case WM_NCDESTROY:  // Wine leaves the other one out when the owner's process ends
-        window_ = nullptr;
-        rows_.clear();
-        return TRUE;
-    default:
-        return FALSE;
-    }
+    if (id == IDOK)
+        goTo(selected());
 }
 
 void FindingsWindow::createControls()
 {
-    SetWindowTextW(window_, L"Findings");
     const HWND list = createControl(
         window_, WC_LISTVIEWW, "",
         WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,
@@ -204,29 +112,22 @@ void FindingsWindow::createControls()
     createControl(window_, L"STATIC", "", SS_LEFT | SS_NOPREFIX, 0, idNote);
 }
 
-void FindingsWindow::applyResolution(UINT dotsPerInch)
+void FindingsWindow::resolutionChanged()
 {
-    dotsPerInch_ = dotsPerInch;
-    auto font = std::make_unique<Font>(dotsPerInch);
-    for (const int id : {idList, idWhole, idNote})
-        setFont(control(id), *font);
-    font_ = std::move(font);  // the old one goes when nothing uses it any more
-    const Pixels pixels(dotsPerInch);
     for (int column = 0; column < static_cast<int>(std::size(columns)); ++column)
-        ListView_SetColumnWidth(control(idList), column, pixels.fromTwips(columns[column].width));
+        ListView_SetColumnWidth(control(idList), column, pixels_.fromTwips(columns[column].width));
 }
 
 void FindingsWindow::layOut()
 {
     RECT inside{};
     GetClientRect(window_, &inside);
-    const Pixels pixels(dotsPerInch_);
-    const int width = pixels.toTwips(inside.right) - 2 * findingsMargin;
-    const int noteTop = pixels.toTwips(inside.bottom) - findingsMargin - noteHeight;
+    const int width = pixels_.toTwips(inside.right) - 2 * findingsMargin;
+    const int noteTop = pixels_.toTwips(inside.bottom) - findingsMargin - noteHeight;
     const int wholeTop = noteTop - findingsGap - wholeHeight;
     const auto place = [&](int id, int top, int height) {
-        MoveWindow(control(id), pixels.fromTwips(findingsMargin), pixels.fromTwips(top),
-                   pixels.fromTwips(width), pixels.fromTwips(height), TRUE);
+        MoveWindow(control(id), pixels_.fromTwips(findingsMargin), pixels_.fromTwips(top),
+                   pixels_.fromTwips(width), pixels_.fromTwips(height), TRUE);
     };
     place(idList, findingsMargin, wholeTop - findingsGap - findingsMargin);
     place(idWhole, wholeTop, wholeHeight);
@@ -253,14 +154,15 @@ void FindingsWindow::fill()
     InvalidateRect(list, nullptr, TRUE);
 }
 
-void FindingsWindow::notify(const NMHDR& header)
+LRESULT FindingsWindow::notify(const NMHDR& header)
 {
     if (header.idFrom != idList)
-        return;
+        return 0;
     if (header.code == LVN_ITEMCHANGED)
         showWhole();
     else if (header.code == NM_DBLCLK)
         goTo(reinterpret_cast<const NMITEMACTIVATE&>(header).iItem);
+    return 0;
 }
 
 int FindingsWindow::selected() const

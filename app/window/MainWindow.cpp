@@ -59,8 +59,9 @@ LRESULT MainWindow::guarded(Step&& step)
 
 MainWindow::MainWindow(femap::Connector& connector, sys::System& system)
     : propertyList_([this] { return window_; }),
-      findings_([this](std::size_t number) { guarded([&] { goToFinding(number); }); },
-                [this] { guarded([&] { showFindings(); }); }),
+      findings_([this](std::size_t number) { guarded([&] { goToFinding(number); }); }),
+      preview_(system.codePage,
+               [this](const std::string& name) { guarded([&] { choosePreviewed(name); }); }),
       program_(connector, *this, propertyList_, system),
       system_(system),
       hook_([this](WPARAM code) { guarded([&] { raiseFemapEvent(code); }); })
@@ -182,10 +183,10 @@ int MainWindow::run()
     const AccessKeys accessKeys(keysOfCommands());
     MSG message{};
     while (mistake_ == nullptr && GetMessageW(&message, nullptr, 0, 0) > 0) {
-        const bool isDone =
-            window_ != nullptr &&
-            (findings_.translate(message) || accessKeys.translate(window_, message) ||
-             takeStepBack(message) || IsDialogMessageW(window_, &message) != FALSE);
+        const bool isDone = window_ != nullptr &&
+                            (findings_.translate(message) || preview_.translate(message) ||
+                             accessKeys.translate(window_, message) || takeStepBack(message) ||
+                             IsDialogMessageW(window_, &message) != FALSE);
         if (!isDone) {
             TranslateMessage(&message);
             DispatchMessageW(&message);
@@ -204,9 +205,7 @@ int MainWindow::run()
 
 void MainWindow::unload()
 {
-    propertyList_.cancel();
-    about_.cancel();
-    findings_.close();
+    closeWindows();
     if (window_ == nullptr)
         return;
     keepPlaces();
@@ -329,9 +328,7 @@ void MainWindow::destroyed()
         return;
     ready_ = false;
     hook_.restore();
-    propertyList_.cancel();
-    about_.cancel();
-    findings_.close();
+    closeWindows();
     if (program_.isClosed())
         PostQuitMessage(EXIT_SUCCESS);
     else

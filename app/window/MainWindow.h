@@ -13,6 +13,7 @@
 #include "app/window/InputBlock.h"
 #include "app/window/KeptPlaces.h"
 #include "app/window/PaneOwner.h"
+#include "app/window/PreviewWindow.h"
 #include "app/window/PropertyListWindow.h"
 #include "app/window/StatusView.h"
 #include "app/window/Viewer.h"
@@ -55,6 +56,8 @@ public:
     static constexpr int idRefreshRows = 0x8D0;
     static constexpr int idFindInList = 0x8E0;
     static constexpr int idFindings = 0x8F0;
+    static constexpr int idPreview = 0x900;
+    static constexpr int idStudySheet = 0x910;
 
     /// Everything given here must outlive the window.
     MainWindow(femap::Connector& connector, sys::System& system);
@@ -148,6 +151,7 @@ private:
         WORD key;                  // 0: none
         std::string_view caption;  // in the menu of the window; empty: not there
         void (MainWindow::*run)();
+        bool (app::Program::*isOn)() const = nullptr;  // has a tick then; null: never
     };
     static const Command commands[];
     // What the menu of a list has besides.
@@ -160,7 +164,7 @@ private:
     };
     static const ListCommand listCommands[];
     static std::vector<ACCEL> keysOfCommands();
-    static void addCommands(HMENU menu);
+    void addCommands(HMENU menu) const;
     static bool isCommand(WPARAM id);
     void runCommand(WPARAM id);
     void showMenu(HWND where, POINT place);
@@ -189,6 +193,14 @@ private:
     void showFindings();
     void listFindings();
     void goToFinding(std::size_t number);
+    void showPreview();
+    preview::Preview previewNow(const std::string& name);
+    preview::Preview previewOf(std::string& name);
+    void listPreview(preview::Preview made, const std::string& name);
+    std::string noteOf(const preview::Preview& made) const;
+    void choosePreviewed(const std::string& name);
+    void followPreview();
+    void toggleStudySheet();
     void showNewRows();
     void giveMoreToInputs();
     void giveMoreToOutputs();
@@ -201,6 +213,7 @@ private:
     void view(const std::string& path, std::string_view failure, std::string_view cure);
     void tellItself(const std::string& text);
     void showAbout();
+    void closeWindows();
 
     void command(int id, int notification);
     void pressKey(int id);
@@ -249,6 +262,8 @@ private:
     FindingsWindow findings_;
     findings::Place goneTo_{};                // from the list of findings
     std::optional<std::uint64_t> looksSeen_;  // that the list shows
+    PreviewWindow preview_;
+    std::optional<std::uint64_t> previewed_;  // the changes of the study that the preview goes by
     WindowsViewer windowsViewer_;
     Viewer* viewer_ = &windowsViewer_;
     std::string told_;  // by the window itself, not by a procedure

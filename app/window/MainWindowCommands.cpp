@@ -48,6 +48,9 @@ const MainWindow::Command MainWindow::commands[] = {
     {idMoreInputs,  FALT,     VK_NEXT,  "",            &MainWindow::giveMoreToInputs},
     {idMoreOutputs, FALT,     VK_PRIOR, "",            &MainWindow::giveMoreToOutputs},
     {idFindings,    0,        VK_F8,    "Findings",    &MainWindow::showFindings},
+    {idPreview,     0,        VK_F9,    "Preview",     &MainWindow::showPreview},
+    {idStudySheet,  0,        0,        "Write study sheet with Apply", &MainWindow::toggleStudySheet,
+     &app::Program::keepsProvenance},
     {idGuide,       0,        VK_F1,    "Open guide",  &MainWindow::openGuide},
     {idFolder,      0,        0,        "Open folder", &MainWindow::openFolder},
     {idLog,         0,        0,        "Open log",    &MainWindow::openLog},
@@ -65,12 +68,14 @@ std::vector<ACCEL> MainWindow::keysOfCommands()
     return keys;
 }
 
-void MainWindow::addCommands(HMENU menu)
+void MainWindow::addCommands(HMENU menu) const
 {
-    for (const Command& each : commands)
+    for (const Command& each : commands) {
+        const bool isOn = each.isOn != nullptr && (program_.*each.isOn)();
         if (!each.caption.empty())
-            AppendMenuW(menu, MF_STRING, static_cast<UINT_PTR>(each.id),
-                        toWide(each.caption).c_str());
+            AppendMenuW(menu, isOn ? MF_STRING | MF_CHECKED : MF_STRING,
+                        static_cast<UINT_PTR>(each.id), toWide(each.caption).c_str());
+    }
 }
 
 bool MainWindow::isCommand(WPARAM id)
@@ -153,6 +158,14 @@ void MainWindow::showAbout()
     const std::string log = program_.logPath();
     about_.showModal(window_, program_.form().Caption + " " + std::string(app::version()),
                      log.empty() ? "There is none" : log);
+}
+
+void MainWindow::closeWindows()
+{
+    propertyList_.cancel();
+    about_.cancel();
+    findings_.close();
+    preview_.close();
 }
 
 }  // namespace window

@@ -269,6 +269,7 @@ void MainWindow::afterEvent()
     mirror();
     layOut();
     listFindings();
+    followPreview();
 }
 
 // Brings the window up to date with the form.

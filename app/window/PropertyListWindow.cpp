@@ -1,9 +1,7 @@
 #include "app/window/PropertyListWindow.h"
 
 #include "app/window/AccessKeys.h"
-#include "app/window/Pixels.h"
 #include "app/window/Tips.h"
-#include "windows/Dialog.h"
 #include "windows/Text.h"
 
 #include <algorithm>
@@ -53,11 +51,10 @@ void PropertyListWindow::showModal(selection::frmPropertyList& dialog)
         return;
     }
     dialog_ = &dialog;
-    const INT_PTR result = windows::showEmptyDialog(owner_(), WS_EX_CONTROLPARENT, procedure, this);
+    const INT_PTR result = showModalTo(owner_());
     const bool wasShown = std::exchange(window_, nullptr) != nullptr;
     dialog_ = nullptr;
     list_.reset();
-    font_.reset();
     if (mistake_ != nullptr)
         std::rethrow_exception(std::exchange(mistake_, nullptr));
     if (!wasShown)
@@ -72,20 +69,10 @@ void PropertyListWindow::cancel()
         press(idCancel);
 }
 
-INT_PTR CALLBACK PropertyListWindow::procedure(HWND window, UINT message, WPARAM wParam,
-                                               LPARAM lParam)
+INT_PTR PropertyListWindow::answer(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrW(window, DWLP_USER, lParam);
-        auto& self = *reinterpret_cast<PropertyListWindow*>(lParam);
-        self.window_ = window;
-        self.guarded([&] { self.initialise(); });
-        return FALSE;  // the focus is set
-    }
-    auto* const self = reinterpret_cast<PropertyListWindow*>(GetWindowLongPtrW(window, DWLP_USER));
     INT_PTR result = FALSE;
-    if (self != nullptr)
-        self->guarded([&] { result = self->handle(message, wParam, lParam); });
+    guarded([&] { result = DialogWindow::answer(message, wParam, lParam); });
     return result;
 }
 
@@ -112,42 +99,29 @@ INT_PTR PropertyListWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_NOTIFY:
         notify(*reinterpret_cast<const NMHDR*>(lParam));
         return TRUE;
-    case WM_SIZE:
-        layOut();
-        return TRUE;
-    // Not for the owner, which is FEMAP's window where the form is a pane.
-    case WM_HELP:
-    case WM_MOUSEWHEEL:
-    case WM_MOUSEHWHEEL:
-        return TRUE;
-    case WM_GETMINMAXINFO: {
-        const SIZE smallest = windowSize(window_, dialogWidth, smallestHeight, dotsPerInch_);
-        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {smallest.cx, smallest.cy};
-        return TRUE;
-    }
-    case WM_DPICHANGED: {
-        const RECT& bounds = *reinterpret_cast<const RECT*>(lParam);
-        applyResolution(HIWORD(wParam));
-        SetWindowPos(window_, nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
-                     bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
-        return TRUE;
-    }
     default:
         return FALSE;
     }
 }
 
+SIZE PropertyListWindow::leastSize() const
+{
+    return {dialogWidth, smallestHeight};
+}
+
 void PropertyListWindow::initialise()
 {
-    SetWindowTextW(window_, toWide(dialog_->Caption).c_str());
-    createControls();
-    applyResolution(GetDpiForWindow(window_));
+    guarded([this] {
+        SetWindowTextW(window_, toWide(dialog_->Caption).c_str());
+        createControls();
+        applyResolution(GetDpiForWindow(window_));
 
-    const SIZE size = windowSize(window_, dialogWidth, dialogHeight, dotsPerInch_);
-    const form::ScreenPlace middle = form::centredOn(placeOf(owner_()), size.cx, size.cy);
-    moveTo(window_, form::keptWithin(middle, workAreaOf(owner_())));
-    layOut();
-    SetFocus(list_->window());
+        const SIZE size = windowSize(window_, dialogWidth, dialogHeight, pixels_.dotsPerInch());
+        const form::ScreenPlace middle = form::centredOn(placeOf(owner_()), size.cx, size.cy);
+        moveTo(window_, form::keptWithin(middle, workAreaOf(owner_())));
+        layOut();
+        SetFocus(list_->window());
+    });
 }
 
 void PropertyListWindow::createControls()
@@ -169,25 +143,15 @@ void PropertyListWindow::createControls()
     }
 }
 
-void PropertyListWindow::applyResolution(UINT dotsPerInch)
-{
-    dotsPerInch_ = dotsPerInch;
-    auto font = std::make_unique<Font>(dotsPerInch);
-    for (const int id : {idHeading, idAsked, idList, idSelect, idDeSelect, idAdd, idCancel})
-        setFont(GetDlgItem(window_, id), *font);
-    font_ = std::move(font);  // the old one goes when nothing uses it any more
-}
-
 void PropertyListWindow::layOut()
 {
     RECT inside{};
     GetClientRect(window_, &inside);
-    const Pixels pixels(dotsPerInch_);
-    const int width = pixels.toTwips(inside.right);
-    const int height = pixels.toTwips(inside.bottom);
+    const int width = pixels_.toTwips(inside.right);
+    const int height = pixels_.toTwips(inside.bottom);
     const auto setBounds = [&](int id, int left, int top, int controlWidth, int controlHeight) {
-        MoveWindow(GetDlgItem(window_, id), pixels.fromTwips(left), pixels.fromTwips(top),
-                   pixels.fromTwips(controlWidth), pixels.fromTwips(controlHeight), TRUE);
+        MoveWindow(control(id), pixels_.fromTwips(left), pixels_.fromTwips(top),
+                   pixels_.fromTwips(controlWidth), pixels_.fromTwips(controlHeight), TRUE);
     };
     const int askedTop = margin - gap / 2 + headingHeight;
     const int listTop = askedTop + headingHeight + gap / 2;

@@ -2,7 +2,7 @@
 // line that tells what the list is for.
 #pragma once
 
-#include "app/window/Controls.h"
+#include "app/window/DialogWindow.h"
 #include "app/window/TickList.h"
 #include "selection/PropertyListDialog.h"
 
@@ -18,7 +18,7 @@
 namespace window
 {
 
-class PropertyListWindow : public selection::PropertyListHost
+class PropertyListWindow : public selection::PropertyListHost, private DialogWindow
 {
 public:
     // Fixed numbers of the dialog's controls.
@@ -32,8 +32,6 @@ public:
 
     /// owner gives the window that the dialog belongs to; it is called when the dialog opens.
     explicit PropertyListWindow(std::function<HWND()> owner) : owner_(std::move(owner)) {}
-    PropertyListWindow(const PropertyListWindow&) = delete;
-    PropertyListWindow& operator=(const PropertyListWindow&) = delete;
 
     void showModal(selection::frmPropertyList& dialog) override;
 
@@ -43,12 +41,12 @@ public:
     static constexpr int keyToTickAgain = VK_F3;  // what was ticked in the last list of this kind
 
 private:
-    static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam);
-    void initialise();
+    INT_PTR answer(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void initialise() override;
+    INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void layOut() override;
+    SIZE leastSize() const override;
     void createControls();
-    void applyResolution(UINT dotsPerInch);
-    void layOut();
     void notify(const NMHDR& header);
     void say(const std::string& text);
     void tickAgain();
@@ -60,13 +58,10 @@ private:
     std::exception_ptr mistake_;
     std::function<HWND()> owner_;
     selection::frmPropertyList* dialog_ = nullptr;  // while it is shown
-    HWND window_ = nullptr;
     std::unique_ptr<TickList> list_;
     HWND tips_ = nullptr;
     bool restIsCancelled_ = false;                             // of the lists in this click
     std::map<std::string, std::set<std::string>> lastTicked_;  // by kind of list
-    std::unique_ptr<Font> font_;
-    UINT dotsPerInch_ = USER_DEFAULT_SCREEN_DPI;
 };
 
 }  // namespace window

@@ -52,16 +52,7 @@ struct Findings : driver::OwnForm
     }
     HWND list() const { return GetDlgItem(findings, FindingsWindow::idList); }
     std::string note() const { return textOf(GetDlgItem(findings, FindingsWindow::idNote)); }
-    std::string cell(int item, int column) const
-    {
-        wchar_t text[1000]{};
-        LVITEMW info{};
-        info.iSubItem = column;
-        info.pszText = text;
-        info.cchTextMax = 1000;
-        SendMessageW(list(), LVM_GETITEMTEXTW, WPARAM(item), reinterpret_cast<LPARAM>(&info));
-        return windows::fromWide(text);
-    }
+    std::string cell(int item, int column) const { return driver::cellIn(list(), item, column); }
     std::vector<std::string> sentences() const
     {
         std::vector<std::string> all;

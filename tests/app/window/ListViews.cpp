@@ -1,6 +1,7 @@
 #include "ListViews.h"
 
 #include "RemoteMemory.h"
+#include "windows/Text.h"
 
 #include <commctrl.h>
 
@@ -31,6 +32,19 @@ int pictureOf(HANDLE process, HWND listView, int item)
     there.write(info);
     SendMessageW(listView, LVM_GETITEMW, 0, there.parameter());
     return there.read<LVITEMW>().iImage;
+}
+
+std::string cellIn(HWND listView, int item, int column)
+{
+    constexpr int most = 1000;
+    wchar_t text[most]{};
+    LVITEMW info{};
+    info.iSubItem = column;
+    info.pszText = text;
+    info.cchTextMax = most;
+    SendMessageW(listView, LVM_GETITEMTEXTW, static_cast<WPARAM>(item),
+                 reinterpret_cast<LPARAM>(&info));
+    return windows::fromWide(text);
 }
 
 bool isTicked(HWND listView, int item)

@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <string>
+
 namespace driver
 {
 
@@ -13,6 +15,8 @@ POINT rowPlaceIn(HWND listView, int item);
 void postClick(HWND window, POINT place);
 /// The number of the picture before the text, of a list in this process.
 int pictureOf(HANDLE process, HWND listView, int item);
+/// A cell of a list in this process.
+std::string cellIn(HWND listView, int item, int column);
 /// Of a list with boxes.
 bool isTicked(HWND listView, int item);
 int tickedCount(HWND listView);

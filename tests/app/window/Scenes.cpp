@@ -4,6 +4,7 @@
 #include "FormDriver.h"
 #include "FormFiles.h"
 #include "app/window/MainWindow.h"
+#include "app/window/PreviewWindow.h"
 #include "app/window/PropertyListWindow.h"
 #include "standin/StandIn.h"
 
@@ -64,6 +65,38 @@ struct Scene : testing::Test
         form.settle();
     }
 
+    // A row has come since "Apply", a value was changed in its file, and the command line is
+    // another one.
+    void applyAndChange()
+    {
+        fill();
+        form.press("GenerateButton");
+        EXPECT_TRUE(waitUntil([&] { return files.has("panelControl.txt"); }));
+        form.settle();
+        std::string values = files.read("InputValues.txt");
+        values.replace(values.find("70000"), 5, "69000");
+        std::ofstream(files.folder() / "InputValues.txt", std::ios::binary) << values;
+        form.setText("CommandLine", L"nastran.exe panel.dat memory=4gb");
+        add("InputSelection", "Properties", "4", {"I1"});
+        form.settle();
+    }
+
+    // By a command of the form; the window that is there then, at the right.
+    HWND openBeside(int command, int height)
+    {
+        SetWindowPos(form.window(), nullptr, 0, 0, 480, height, SWP_NOZORDER);
+        form.settle();
+        PostMessageW(form.window(), WM_SYSCOMMAND, WPARAM(command), 0);
+        HWND shown = nullptr;
+        EXPECT_TRUE(waitUntil([&] {
+            shown = driver::visibleWindow(process.id(), L"#32770");
+            return shown != nullptr;
+        }));
+        SetWindowPos(shown, nullptr, 480, 0, 800, height, SWP_NOZORDER);
+        form.settle();
+        return shown;
+    }
+
     // With another window of the form's process beside it, both.
     void show(HWND beside = nullptr)
     {
@@ -117,13 +150,6 @@ TEST_F(Scene, contrast)
     show();
 }
 
-TEST_F(Scene, large)
-{
-    fill();
-
-    show();
-}
-
 TEST_F(Scene, input)
 {
     fill();
@@ -149,15 +175,16 @@ TEST_F(Scene, findings)
 {
     fill();
     add("InputSelection", "Properties", "4", {"I1"});
-    SetWindowPos(form.window(), nullptr, 0, 0, 480, 640, SWP_NOZORDER);
-    form.settle();
-    PostMessageW(form.window(), WM_SYSCOMMAND, window::MainWindow::idFindings, 0);
-    HWND shown = nullptr;
-    EXPECT_TRUE(waitUntil([&] {
-        shown = driver::visibleWindow(process.id(), L"#32770");
-        return shown != nullptr;
-    }));
-    SetWindowPos(shown, nullptr, 480, 0, 800, 640, SWP_NOZORDER);
+
+    show(openBeside(window::MainWindow::idFindings, 640));
+}
+
+// One value has changed since "Apply", and a row has come.
+TEST_F(Scene, preview)
+{
+    applyAndChange();
+    const HWND shown = openBeside(window::MainWindow::idPreview, 760);
+    PostMessageW(GetDlgItem(shown, window::PreviewWindow::idFiles), WM_KEYDOWN, VK_DOWN, 0);
     form.settle();
 
     show(shown);
