@@ -7,6 +7,7 @@
 #include "generate/Targets.h"
 #include "logging/Module1.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace generate
@@ -182,6 +183,21 @@ End Task Task1
 constexpr FixedBounds bounds = {wordBehind(optimisation, "@property input@ LowerBound:"),
                                 wordBehind(optimisation, "LowerBound: 0.01 UpperBound:")};
 static_assert(simulationCodes.find(settingsFile) != std::string_view::npos);
+
+constexpr bool isDeleted(std::string_view ending)
+{
+    constexpr std::string_view deletion = "del @model@.";
+    std::size_t at = simulationCodes.find(deletion);
+    while (at != std::string_view::npos &&
+           !simulationCodes.substr(at + deletion.size()).starts_with(ending))
+        at = simulationCodes.find(deletion, at + 1);
+    return at != std::string_view::npos;
+}
+static_assert(std::ranges::all_of(leftBySolver, isDeleted) && isDeleted("@results@"));
+static_assert(std::ranges::all_of(codesOfSolver, [](int code) {
+    const char text[] = {' ', static_cast<char>('0' + code), '\n'};
+    return simulationCodes.find(std::string_view(text, sizeof text)) != std::string_view::npos;
+}));
 
 LinePieces inputLine(const ParameterRow& row)
 {

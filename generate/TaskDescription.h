@@ -29,6 +29,11 @@ constexpr std::string_view constrainedNameStart = "Elem";
 /// for a solver without.
 std::string copiedSettings(const SolverFormat& solver);
 constexpr std::string_view settingsFile = "nastran.ini";
+/// The endings of what the script deletes besides the results: files of the model's name that a run
+/// of the solver leaves.
+constexpr std::string_view leftBySolver[] = {"Log", "rsf"};
+/// The codes with which the solver may end.
+constexpr int codesOfSolver[] = {0, 1};
 
 // The parts of the task description.
 void WriteDescFileHead(form::Context& context, TextFile& file);

@@ -39,6 +39,8 @@ velmar_test(standin LOCK femap.model
         PutTest.cpp
         SelectionWindowTest.cpp
     LINK form_driver controlled_standin)
+velmar_test(loop/evaluate SOURCES ProcessTest_windows.cpp LINK loop_evaluate)
+add_dependencies(loop_evaluate_test velmar-evaluate)
 velmar_test(app/window LOCK femap.model
     SOURCES
         BoxesTest.cpp
