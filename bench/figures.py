@@ -43,6 +43,7 @@ RATIOS = [
     ("Check", "checkStudy", "loadControlFile", 4),
     ("Preview", "previewApply", "applyInMemory", None),
     ("Open the model", "openModel", "openModelBaseline", None),
+    ("Replace 100 numbers in the model's file", "patchModel", "patchModelBaseline", 2),
 ]
 # The same work on four times the rows: linear work takes four times as long, and somewhat longer
 # where the rows no longer fit into the processor's cache.
