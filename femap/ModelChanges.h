@@ -45,7 +45,7 @@ public:
     virtual void feFileReadNastranResults(SolverBrand brand, const std::string& path) = 0;
     /// Deletes output sets.
     virtual void deleteOutputSets(const std::vector<int>& ids) = 0;
-    /// Makes an output set the active one; 0: none is.
+    /// Makes an output set the active one.
     virtual void activateOutputSet(int id) = 0;
 };
 

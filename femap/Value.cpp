@@ -3,6 +3,7 @@
 #include "femap/NumberText.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace femap
 {
@@ -20,11 +21,28 @@ struct ToText
     std::string operator()(const std::string& text) const { return withoutControlCharacters(text); }
 };
 
+struct ToReal
+{
+    using Real = std::optional<double>;
+
+    Real operator()(std::monostate) const { return {}; }
+    Real operator()(bool) const { return {}; }
+    Real operator()(std::int64_t number) const { return static_cast<double>(number); }
+    Real operator()(double number) const { return std::isfinite(number) ? Real(number) : Real(); }
+    Real operator()(float number) const { return (*this)(double{number}); }
+    Real operator()(const std::string& text) const { return realNumber(text); }
+};
+
 }  // namespace
 
 std::string toText(const Value& value)
 {
     return std::visit(ToText{}, value);
+}
+
+std::optional<double> realOf(const Value& value)
+{
+    return std::visit(ToReal{}, value);
 }
 
 std::string withoutControlCharacters(std::string text)

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -17,6 +18,9 @@ using Value = std::variant<std::monostate, bool, std::int64_t, float, double, st
 /// The text that a grid cell shows for the value: "True"/"False", numbers as in NumberText.h,
 /// text with every control character made a blank, empty for nothing.
 std::string toText(const Value& value);
+
+/// The value as a finite number, also that of a text; nothing for what is none.
+std::optional<double> realOf(const Value& value);
 
 /// Text as FEMAP's titles are read: each control character becomes a blank.
 std::string withoutControlCharacters(std::string text);

@@ -1,4 +1,4 @@
-// What is known about reading in bulk from one FEMAP.
+// What is known about reading and putting in bulk with one FEMAP.
 #pragma once
 
 #include "femap/com/Dispatch.h"
@@ -40,6 +40,7 @@ struct BulkCapabilities
     std::shared_ptr<bulk::VectorCapabilities> vectors =
         std::make_shared<bulk::VectorCapabilities>();
     bulk::Capability sets;
+    std::map<std::string, bulk::Capability> puts;  // by the same words
     MaterialIndices materialIndices;
 };
 

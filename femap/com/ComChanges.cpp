@@ -2,8 +2,11 @@
 
 #include "femap/ValueRuns.h"
 #include "femap/com/BulkCalls.h"
+#include "femap/com/BulkCapabilities.h"
+#include "femap/com/BulkPuts.h"
 #include "femap/com/Codes.h"
 #include "femap/com/MemberPut.h"
+#include "femap/com/bulk/BulkPut.h"
 #include "system/RuntimeError.h"
 
 #include <optional>
@@ -19,6 +22,7 @@ namespace
 {
 
 constexpr const char* refusal = "FEMAP refuses it";
+constexpr const char* activeMember = "Info_ActiveID";
 
 // Calls a member that returns a status, which must be Ok.
 template <class... Arguments>
@@ -137,9 +141,9 @@ public:
     void activateOutputSet(int id) override
     {
         sys::naming("Making output set " + std::to_string(id) + " active", [&] {
-            constexpr const char* active = "Info_ActiveID";
-            application().put(active, number(EntityType::OutputSet), id);
-            const int now = application().call(active, number(EntityType::OutputSet)).number();
+            application().put(activeMember, number(EntityType::OutputSet), id);
+            const int now =
+                application().call(activeMember, number(EntityType::OutputSet)).number();
             if (now != id)
                 throw RuntimeError(ErrorNumber::ObjectFailed,
                                    "output set " + std::to_string(now) + " stays active");
@@ -151,16 +155,27 @@ private:
 
     void putEntities(std::span<const EntityValue> values)
     {
-        std::optional<Dispatch> object;
-        std::string word;
-        forEachRun(values, [&](std::span<const EntityValue> run) {
-            if (!object || run.front().word != word) {
-                word = run.front().word;
-                object.reset();
-                object.emplace(application().object("fe" + word));
-            }
-            putEntity(*object, run);
-        });
+        for (std::size_t begin = 0, end = 0; begin < values.size(); begin = end) {
+            const std::string& word = values[begin].word;
+            for (end = begin + 1; end < values.size() && values[end].word == word;)
+                ++end;
+            Dispatch object = application().object("fe" + word);
+            const std::vector<EntityValue> plain =
+                withoutBulk(word, object, values.subspan(begin, end - begin));
+            forEachRun(std::span(plain),
+                       [&](std::span<const EntityValue> run) { putEntity(object, run); });
+        }
+    }
+
+    // Puts what can be put in bulk, and returns the rest.
+    std::vector<EntityValue> withoutBulk(const std::string& word, Dispatch& object,
+                                         std::span<const EntityValue> values)
+    {
+        const std::unique_ptr<bulk::EntityPutter> putter =
+            context_.bulk == nullptr ? nullptr : makePutter(word, context_, object);
+        if (putter == nullptr)
+            return {values.begin(), values.end()};
+        return bulk::putInBulk(values, *putter, context_.bulk->puts[word]);
     }
 
     ComContext context_;

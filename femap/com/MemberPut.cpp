@@ -5,15 +5,11 @@
 #include "system/RuntimeError.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstdint>
 #include <iterator>
 #include <optional>
 #include <span>
 #include <string_view>
-#include <type_traits>
 #include <utility>
-#include <variant>
 
 namespace femap::com
 {
@@ -55,22 +51,6 @@ Variant orRefuse(const std::optional<Number>& number, const Value& value, const 
     if (!number)
         throw RuntimeError(ErrorNumber::InvalidCall, '"' + toText(value) + "\" is no " + kind);
     return *number;
-}
-
-std::optional<double> realOf(const Value& value)
-{
-    return std::visit(
-        []<class Held>(const Held& held) -> std::optional<double> {
-            if constexpr (std::is_same_v<Held, std::string>)
-                return realNumber(held);
-            else if constexpr (std::is_same_v<Held, float> || std::is_same_v<Held, double>)
-                return std::isfinite(held) ? std::optional<double>(held) : std::nullopt;
-            else if constexpr (std::is_same_v<Held, std::int64_t>)
-                return static_cast<double>(held);
-            else
-                return std::nullopt;
-        },
-        value);
 }
 
 std::optional<bool> flagOf(const Value& value)

@@ -198,7 +198,7 @@ int Host::activeID(EntityType type)
 ReturnCode Host::activate(EntityType type, int id)
 {
     Model& open = openModel();
-    if (type == EntityType::OutputSet && (id == 0 || open.outputSets.find(id) != nullptr))
+    if (type == EntityType::OutputSet && open.outputSets.find(id) != nullptr)
         open.activeOutputSet = id;
     else if (type == EntityType::LoadSet && open.loadSets.find(id) != nullptr)
         open.activeLoadSet = id;

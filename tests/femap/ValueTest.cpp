@@ -4,9 +4,11 @@
 
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
 
 using femap::firstCharacters;
+using femap::realOf;
 using femap::toText;
 using femap::Value;
 using femap::withoutControlCharacters;
@@ -43,6 +45,22 @@ TEST(ToText, KeepsTextButForControlCharacters)
 {
     EXPECT_EQ(toText(Value(std::string("Träger Ø12"))), "Träger Ø12");
     EXPECT_EQ(toText(Value(std::string("a\tb"))), "a b");
+}
+
+TEST(RealOf, IsTheFiniteNumberThatAValueIsOrShows)
+{
+    EXPECT_EQ(realOf(Value(std::int64_t{-7})), -7.0);
+    EXPECT_EQ(realOf(Value(0.1)), 0.1);
+    EXPECT_EQ(realOf(Value(0.5F)), 0.5);
+    EXPECT_EQ(realOf(Value(std::string(" 1E-3 "))), 0.001);
+}
+
+TEST(RealOf, IsNothingForWhatIsNoNumber)
+{
+    for (const Value& value : {Value(), Value(true), Value(std::string("wide")),
+                               Value(std::string()), Value(std::numeric_limits<double>::infinity()),
+                               Value(std::numeric_limits<float>::quiet_NaN())})
+        EXPECT_EQ(realOf(value), std::nullopt) << toText(value);
 }
 
 TEST(WithoutControlCharacters, MakesEachOfThemOneBlank)

@@ -193,30 +193,38 @@ void Changer::exchange()
 
 std::vector<EntityValue> newValues()
 {
-    return {{"Node", 1, {"x"}, 0.125},
-            {"Node", 1, {"layer"}, std::int64_t{3}},
-            {"Node", 1, {"permBC", 5}, true},
-            {"Node", 2, {"Z"}, -0.1},
-            {"Node", 2, {"x"}, std::int64_t{7}},
-            {"Node", 3, {"y"}, std::string("1E-3")},
-            {"Node", 3, {"z"}, 0.5F},
-            {"Elem", 1, {"orient", 0}, 30.5},
-            {"Elem", 1, {"propID"}, 2.0},
-            {"Elem", 2, {"node", 1}, std::int64_t{6}},
-            {"Elem", 2, {"color"}, std::string("12")},
-            {"Prop", 1, {"pval", 7}, 2.5},
-            {"Prop", 1, {"pval", 100}, 1e-300},
-            {"Prop", 1, {"matlID"}, std::int64_t{2}},
-            {"Prop", 2, {"PVAL", 0}, 0.1 + 0.2},
-            {"Prop", 2, {"title"}, std::string("Träger")},
-            {"Prop", 3, {"pval", 0}, std::string("12.5")},
-            {"Matl", 1, {"Damping"}, 0.03},
-            {"Matl", 1, {"mval", 49}, 7.85},
-            {"Matl", 1, {"Nuxy"}, 0.25},
-            {"Matl", 2, {"ex"}, 7e10},
-            {"Matl", 2, {"Ey"}, 6e10},
-            {"Matl", 2, {"Alphazx"}, 1e-5},
-            {"Matl", 2, {"TsaiWu"}, -0.5}};
+    std::vector<EntityValue> values = {{"Node", 1, {"x"}, 0.125},
+                                       {"Node", 1, {"layer"}, std::int64_t{3}},
+                                       {"Node", 1, {"permBC", 5}, true},
+                                       {"Node", 2, {"Z"}, -0.1},
+                                       {"Node", 2, {"x"}, std::int64_t{7}},
+                                       {"Node", 3, {"y"}, std::string("1E-3")},
+                                       {"Node", 3, {"z"}, 0.5F},
+                                       {"Elem", 1, {"orient", 0}, 30.5},
+                                       {"Elem", 1, {"propID"}, 2.0},
+                                       {"Elem", 2, {"node", 1}, std::int64_t{6}},
+                                       {"Elem", 2, {"color"}, std::string("12")},
+                                       {"Prop", 1, {"pval", 7}, 2.5},
+                                       {"Prop", 1, {"pval", 100}, 1e-300},
+                                       {"Prop", 1, {"matlID"}, std::int64_t{2}},
+                                       {"Prop", 2, {"PVAL", 0}, 0.1 + 0.2},
+                                       {"Prop", 2, {"title"}, std::string("Träger")},
+                                       {"Prop", 3, {"pval", 0}, std::string("12.5")},
+                                       {"Matl", 1, {"Damping"}, 0.03},
+                                       {"Matl", 1, {"mval", 49}, 7.85},
+                                       {"Matl", 1, {"Nuxy"}, 0.25},
+                                       {"Matl", 2, {"ex"}, 7e10},
+                                       {"Matl", 2, {"Ey"}, 6e10},
+                                       {"Matl", 2, {"Alphazx"}, 1e-5},
+                                       {"Matl", 2, {"TsaiWu"}, -0.5}};
+    // Enough of each kind to be put at once.
+    for (int i = 0; i < 12; ++i) {
+        values.push_back({"Node", 4 + i / 2, {i % 2 == 0 ? "x" : "z"}, 0.25 + i});
+        values.push_back({"Prop", 1 + i % 3, {"pval", 20 + i}, 0.125 + i});
+        values.push_back({"Matl", 1 + i % 2, {"mval", 60 + i}, 0.0625 + i});
+    }
+    std::ranges::stable_sort(values, {}, &EntityValue::word);
+    return values;
 }
 
 std::vector<LoadValue> newLoads(Application& femap, int loadSet)
@@ -256,8 +264,12 @@ ModelValues presentValues(Application& femap, const ModelValues& places)
         const std::unique_ptr<Entity> entity = femap.entity(each.word);
         each.value = entity->Get(each.id) == ReturnCode::Ok ? read(*entity, each.member) : Value();
     }
-    for (LoadValue& each : result.loads) {
-        const auto load = loadOf(femap, each.loadSet, each.definition, each.load);
+    std::unique_ptr<MemberObject> load;
+    for (std::size_t i = 0; i < result.loads.size(); ++i) {
+        LoadValue& each = result.loads[i];
+        const LoadValue& before = places.loads[i == 0 ? 0 : i - 1];
+        if (i == 0 || !isOfSame(before, each) || before.load != each.load)
+            load = loadOf(femap, each.loadSet, each.definition, each.load);
         each.value = load == nullptr ? Value() : read(*load, each.member);
     }
     const std::unique_ptr<Function> function = femap.feFunction();
@@ -290,7 +302,7 @@ SolverFolder::SolverFolder()
     std::ofstream(std::filesystem::path(windows::toWide(path("run.op2")))) << "x";
 }
 
-std::vector<std::string> ofChanges(Application& femap, const SolverFolder& folder)
+std::string ofChanges(Application& femap, const SolverFolder& folder)
 {
     Changer changer(femap, folder);
     changer.putAll();
@@ -298,7 +310,10 @@ std::vector<std::string> ofChanges(Application& femap, const SolverFolder& folde
     changer.refuse();
     changer.switchDialogs();
     changer.exchange();
-    return changer.lines;
+    std::string text;
+    for (const std::string& line : changer.lines)
+        text += line + '\n';
+    return text;
 }
 
 }  // namespace comtest

@@ -34,7 +34,7 @@ private:
 };
 
 /// Changes the panel in every way there is, and writes down what FEMAP has then, or how the refusal
-/// begins. Two FEMAPs give the same lines.
-std::vector<std::string> ofChanges(femap::Application& femap, const SolverFolder& folder);
+/// begins, line by line. Two FEMAPs give the same text.
+std::string ofChanges(femap::Application& femap, const SolverFolder& folder);
 
 }  // namespace comtest

@@ -5,7 +5,6 @@
 #include "standin/QueuedSelections.h"
 #include "standin/StartedStandin.h"
 #include "standin/Transcript.h"
-#include "system/Files.h"
 #include "system/RuntimeError.h"
 
 #include <gmock/gmock.h>
@@ -120,19 +119,6 @@ TEST_P(Adapter, MeasuresMassAsTheEmbeddedHostDoes)
 
     EXPECT_EQ(lines, ofMassProperties(*inProcess));
     EXPECT_THAT(lines, Contains(HasSubstr("mass = ")));
-}
-
-TEST_P(Adapter, ChangesTheModelAsTheEmbeddedHostDoes)
-{
-    const SolverFolder folder;
-
-    const Lines lines = ofChanges(*com, folder);
-    const std::string deck = sys::DiskFiles().read(folder.path("panel.dat"));
-
-    EXPECT_EQ(lines, ofChanges(*inProcess, folder));
-    EXPECT_EQ(deck, sys::DiskFiles().read(folder.path("panel.dat")));
-    EXPECT_THAT(lines, Contains("pval(7) of Prop 1 = 2.5"));
-    EXPECT_THAT(lines, Contains("Prop 1 is refused: Putting pval(500) of Prop 1"));
 }
 
 TEST_P(Adapter, GivesBackEveryReference)
