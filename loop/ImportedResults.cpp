@@ -104,14 +104,14 @@ private:
 
     std::string unlikeBefore(std::size_t made) const
     {
-        const std::string start = "FEMAP made " + counted(made) +
-                                  " of the results, and the model " + "had " +
-                                  counted(before_.size()) + " before, so it cannot be " +
-                                  "told which one the study reads; ";
-        return start + (before_.empty()
-                            ? "solve one subcase, or load the results into the model that the "
-                              "study is made with"
-                            : "leave in the model only the results of one run of these subcases");
+        constexpr std::string_view cureOfNone =
+            "solve one subcase, or load the results into the model that the study is made with";
+        constexpr std::string_view cureOfSome =
+            "leave in the model only the results of one run of these subcases";
+        return "FEMAP made " + counted(made) + " of the results, and the model had " +
+               counted(before_.size()) +
+               " before, so it cannot be told which one the study reads; " +
+               std::string(before_.empty() ? cureOfNone : cureOfSome);
     }
 
     static std::string notDeleted(const std::vector<int>& made)

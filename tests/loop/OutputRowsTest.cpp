@@ -157,26 +157,26 @@ TEST_F(OutputRows, WhoseValueIsNoNumberAreTold)
 TEST_F(OutputRows, WhoseVectorHasAnotherTitleNowAreTold)
 {
     EXPECT_EQ(problemOf("T1Translat1AtNode12\t\t12\t1\tOutput"),
-              "CAEOutput.txt:4: \"T1Translat1AtNode12\" points at what is \"TotalTrans1AtNode12\" "
-              "now; choose it again in the form and press \"Apply\"\n");
+              "CAEOutput.txt:4: \"T1Translat1AtNode12\" now points at what is called "
+              "\"TotalTrans1AtNode12\"; choose it again in the form and press \"Apply\"\n");
 }
 
 TEST_F(OutputRows, OfAnotherEntityThanTheirNameSaysAreTold)
 {
     EXPECT_THAT(problemOf("TotalTrans1AtNode12\t\t13\t1\tOutput"),
-                HasSubstr("\"TotalTrans1AtNode13\" now"));
+                HasSubstr("called \"TotalTrans1AtNode13\""));
 }
 
 TEST_F(OutputRows, OfAnotherExtremeThanTheirNameSaysAreTold)
 {
     EXPECT_THAT(problemOf("TotalTranslatiMaxAtNode1\t\t1\t1\tminval"),
-                HasSubstr("\"TotalTranslatiMinAtNode1\" now"));
+                HasSubstr("called \"TotalTranslatiMinAtNode1\""));
 }
 
 TEST_F(OutputRows, OfAnotherQuantityThanTheirNameSaysAreTold)
 {
     EXPECT_THAT(problemOf("TotalMass\t\tMassStructural\t\tMassProperties"),
-                HasSubstr("\"StructuralMass\" now"));
+                HasSubstr("called \"StructuralMass\""));
 }
 
 TEST_F(OutputRows, OfAnUnknownQuantityOrComponentOfTheMassAreTold)

@@ -5,6 +5,7 @@
 #include "femap/NumberText.h"
 #include "generate/GenerationDriver.h"
 #include "loop/Output.h"
+#include "loop/OutputFiles.h"
 #include "selection/MassQuantities.h"
 #include "selection/OutputList.h"
 #include "selection/ValueRefresh.h"
@@ -68,7 +69,9 @@ public:
         form::Context context(form, f.host, f.system);
         context.application = f.femap.attach();
 
-        takeOutputValues(context, outputs, resultsFile(), problems);
+        readOutputs(context, outputs, resultsFile(), problems);
+        if (problems.empty())
+            writeOutputValues(context, generate::inWork("OutputValues.txt"));
 
         EXPECT_EQ(f.femap.idsOf(EntityType::OutputSet), before);
         EXPECT_EQ(f.femap.activeID(EntityType::OutputSet), active);
