@@ -4,12 +4,15 @@
 #include "femap/embedded/MemberTables.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
-#include <type_traits>
 #include <utility>
 #include <variant>
+#include <vector>
 
 namespace femap::embedded
 {
@@ -27,36 +30,49 @@ Value asValue(const Plain& plain)
     return plain;
 }
 
-template <class Each>
-constexpr bool isOneValue = std::is_arithmetic_v<Each> || std::is_same_v<Each, std::string>;
+using Take = std::function<void(const MemberName& member, const Value& value)>;
+
+template <class Plain>
+void compare(const std::string& name, const Plain& before, const Plain& now, const Take& take)
+{
+    if (before != now)
+        take({name}, asValue(now));
+}
+void compare(const std::string&, const std::string&, const std::string&, const Take&) {}
+
+template <class Numbers>
+void compareEach(const std::string& name, const Numbers& before, const Numbers& now,
+                 const Take& take)
+{
+    for (std::size_t i = 0; i < std::min(before.size(), now.size()); ++i)
+        if (before[i] != now[i])
+            take({name, static_cast<int>(i)}, asValue(now[i]));
+}
+template <class Number, std::size_t size>
+void compare(const std::string& name, const std::array<Number, size>& before,
+             const std::array<Number, size>& now, const Take& take)
+{
+    compareEach(name, before, now, take);
+}
+void compare(const std::string& name, const std::vector<double>& before,
+             const std::vector<double>& now, const Take& take)
+{
+    compareEach(name, before, now, take);
+}
 
 // Hands on the members in which the data differ, titles and IDs apart.
-template <class Data, class Take>
+template <class Data>
 void forEachDifference(const Data& before, const Data& now, const Take& take)
 {
     for (const Member<Data>& member : membersOf(Kind<Data>())) {
         const bool isRead = member.element < 0 && member.name != "ID" &&
                             (member.appliesTo == nullptr || member.appliesTo(now));
-        if (!isRead)
-            continue;
-        const auto compare = [&](const auto& old, const auto& fresh) {
-            using Each = std::decay_t<decltype(old)>;
-            if constexpr (std::is_same_v<Each, std::string>) {
-                return;
-            }
-            else if constexpr (isOneValue<Each>) {
-                if (old != fresh)
-                    take(MemberName{std::string(member.name)}, asValue(fresh));
-            }
-            else {
-                for (std::size_t i = 0; i < std::min(old.size(), fresh.size()); ++i)
-                    if (old[i] != fresh[i])
-                        take(MemberName{std::string(member.name), static_cast<int>(i)},
-                             asValue(fresh[i]));
-            }
-        };
-        std::visit([&](const auto& pointer) { compare(before.*pointer, now.*pointer); },
-                   member.pointer);
+        if (isRead)
+            std::visit(
+                [&](const auto& pointer) {
+                    compare(std::string(member.name), before.*pointer, now.*pointer, take);
+                },
+                member.pointer);
     }
 }
 
