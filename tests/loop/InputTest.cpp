@@ -11,8 +11,6 @@ namespace loop
 
 using testing::AllOf;
 using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 using testing::StartsWith;
 
 namespace
