@@ -1,6 +1,9 @@
 #include "loop/ChangedModel.h"
 
+#include "generate/ModelPath.h"
+#include "generate/Targets.h"
 #include "loop/PresentValues.h"
+#include "loop/WholeFile.h"
 #include "system/PendingError.h"
 #include "system/RuntimeError.h"
 
@@ -25,6 +28,19 @@ void putAndCompare(femap::Application& femap, femap::ModelChanges& changes,
                            "FEMAP does not hold what was put into it: " + difference);
 }
 
+bool holdsNothing(const femap::ModelValues& values)
+{
+    return values.entities.empty() && values.loads.empty() && values.functions.empty();
+}
+
+void putBackInputValues(sys::System& system, const std::string& journal, const std::string& bytes)
+{
+    const std::string folder = generate::modelFolder(journal);
+    WholeFile file(system, folder + std::string(generate::inputValues));
+    file.write(bytes);
+    file.close();
+}
+
 }  // namespace
 
 ChangedModel::ChangedModel(Session& session, std::string journal, Former former, bool isLocked)
@@ -35,6 +51,8 @@ ChangedModel::ChangedModel(Session& session, std::string journal, Former former,
 {
     if (isLocked && keepsJournal())
         ofCaller_ = findFormer(system(), journal_);
+    if (ofCaller_ && holdsNothing(ofCaller_->values))
+        ofCaller_->values = former_.values;
     switches_ = changes_->dialogSwitches();
 }
 
@@ -108,13 +126,16 @@ std::string putBackFormer(Session& session, const std::string& journal)
 {
     sys::System& system = session.context().system;
     const std::optional<Former> former = findFormer(system, journal);
-    if (!former || session.connection().isEmbedded())
+    // Values that are in FEMAP do not come back with the model host.
+    if (!former || (session.connection().isEmbedded() && !holdsNothing(former->values)))
         return {};
     const std::unique_ptr<femap::ModelChanges> changes = session.femap().changes();
     try {
         putAndCompare(session.femap(), *changes, former->values);
         if (former->switches)
             changes->setDialogSwitches(*former->switches);
+        if (former->inputValues)
+            putBackInputValues(system, journal, *former->inputValues);
     }
     catch (const RuntimeError& error) {
         throw RuntimeError(

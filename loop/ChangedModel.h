@@ -18,7 +18,8 @@ namespace loop
 class ChangedModel
 {
 public:
-    /// journal: its path. isLocked: the caller may have one of its own there, which stays.
+    /// journal: its path. isLocked: the caller may have one of its own there, which stays. It gets
+    /// the former values unless it has some already.
     ChangedModel(Session& session, std::string journal, Former former, bool isLocked);
 
     /// Keeps the journal. Nothing may be changed before.
@@ -78,8 +79,9 @@ private:
     bool switchesAreSet_ = false;
 };
 
-/// What an earlier run left that was ended by force is put back: values and switches. Tells it;
-/// empty where there is nothing. Raises RuntimeError when that cannot be done.
+/// What an earlier run left that was ended by force is put back: values, switches and
+/// InputValues.txt as far as the journal has them. Tells it; empty where there is nothing. Raises
+/// RuntimeError when that cannot be done.
 std::string putBackFormer(Session& session, const std::string& journal);
 
 }  // namespace loop

@@ -22,10 +22,12 @@ namespace
 constexpr std::string_view programName = "CAEInput";
 constexpr std::string_view checkFlag = "--check";
 constexpr std::string_view noDeckFlag = "--no-deck";
-constexpr std::string_view ownFlags[] = {checkFlag, noDeckFlag};
+constexpr std::string_view backFlag = "--back";
+constexpr std::string_view ownFlags[] = {checkFlag, noDeckFlag, backFlag};
 
 constexpr std::string_view usage =
     R"text(usage: CAEInput [--femap=running|embedded] [--folder DIR] [--check] [--no-deck] [--locked]
+       CAEInput [--femap=running|embedded] [--folder DIR] --back [--locked]
        CAEInput --help
 
 Puts the values of InputValues.txt and FunctionsInputvalues.txt into the model that CAEInput.txt
@@ -37,6 +39,7 @@ names, and writes the deck for the solver.
   --folder DIR      the folder of the study; else the working folder
   --check           tell every problem and change nothing
   --no-deck         write no deck
+  --back            put back what a run left that was ended by force, and nothing else
   --locked          the caller keeps the folder for this program
 
 Exit code 0: done. 1: not done; the reasons are on standard error. 2: wrong arguments.
@@ -53,6 +56,8 @@ public:
     int run()
     {
         const std::unique_ptr<sys::FolderLock> lock = lockFolder(call_, system_);
+        if (call_.has(backFlag))
+            return putBackAlone();
         readFiles();
         sys::PendingError noModel;
         if (!description_.model.empty() && !noModel.attempt([&] { lookIntoModel(); }))
@@ -83,36 +88,69 @@ private:
         remark(functions_.remark);
     }
 
-    void lookIntoModel()
+    void openSession()
     {
         Connection connection = connect(call_, environment_);
-        const std::string file =
-            connection.isEmbedded() ? neutralFile(description_) : description_.model;
-        session_.emplace(system_, std::move(connection), description_.pathOf(file));
+        modelFile_ = connection.isEmbedded() ? neutralFile(description_) : description_.model;
+        session_.emplace(system_, std::move(connection), description_.pathOf(modelFile_));
         journal_ = description_.pathOf(formerFile(description_.name()));
+    }
+
+    int putBackAlone()
+    {
+        // What is wrong with rows is nothing to this.
+        description_ = readDescription(system_, call_.folder, generate::inputExchange, problems_);
+        if (description_.model.empty()) {
+            environment_.errors << problems_.text();
+            return exitNotDone;
+        }
+        openSession();
+        const std::string told = putBackFormer(*session_, journal_);
+        environment_.output << description_.model << ": "
+                            << (told.empty() ? "there is nothing to put back" : told) << '\n';
+        return exitDone;
+    }
+
+    // What the file of values holds is not what this run is to put any more when it came back, too.
+    void putBackFirst()
+    {
+        if (!system_.files.fileExists(journal_))
+            return;
+        const std::string values = description_.pathOf(description_.valuesFile);
+        const std::string before = system_.files.read(values);
+        remark(putBackFormer(*session_, journal_));
+        if (system_.files.read(values) != before)
+            problems_.add(description_.valuesFile, 0,
+                          "the file holds again what it held before that run; write the values "
+                          "that are to be put, and start again");
+    }
+
+    void lookIntoModel()
+    {
+        openSession();
         if (call_.has(checkFlag) && system_.files.fileExists(journal_))
             remark(
                 "An earlier run was ended before its time; its values are in the model until "
                 "the next run without --check");
         else if (!call_.isLocked)
-            remark(putBackFormer(*session_, journal_));
+            putBackFirst();
         inputs_ = inputsInModel(session_->context(), description_, values_, functions_, problems_);
         deck_.emplace(*session_, description_);
         if (writesDeck())
             deck_->demandPossible(problems_);
         if (session_->connection().isEmbedded())
-            patchFile(file);
+            patchFile();
     }
 
     // The text of the model's file with the values in it.
-    void patchFile(const std::string& file)
+    void patchFile()
     {
-        const std::string path = description_.pathOf(file);
+        const std::string path = description_.pathOf(modelFile_);
         const std::string text = system_.files.read(path);
         const std::vector<UnfitValue> unfit = session_->connection().patch(
             text, path, inputs_.wanted, [&](std::string_view piece) { patched_ += piece; });
         for (const UnfitValue& each : unfit)
-            problems_.add(file, each.line, each.what);
+            problems_.add(modelFile_, each.line, each.what);
     }
 
     void changeModel()
@@ -187,6 +225,7 @@ private:
     std::vector<GivenValue> values_;
     GivenFunctions functions_;
     std::optional<Session> session_;
+    std::string modelFile_;  // as the FEMAP of the run opens it
     std::string journal_;
     Inputs inputs_;
     std::optional<Deck> deck_;

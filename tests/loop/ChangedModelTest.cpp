@@ -252,10 +252,51 @@ TEST(AChangedModel, KeepsTheJournalOfTheCaller)
     EXPECT_EQ(study.told(), "");
     EXPECT_EQ(study.values(), InputStudy::wantedValues);
     EXPECT_EQ(study.read(journalName), kept);
+}
 
-    EXPECT_EQ(study.run({"--no-deck"}), 0);
-    EXPECT_THAT(study.told(), StartsWith("CAEInput: An earlier run"));
+TEST(AChangedModel, GivesItsFormerValuesToTheJournalOfACallerThatHasNone)
+{
+    InputStudy study;
+    Former ofCaller;
+    ofCaller.model = "beam.modfem";
+    ofCaller.inputValues = study.read("InputValues.txt");
+    keepFormer(study.machine, study.folder.path(journalName), ofCaller);
+
+    EXPECT_EQ(study.run({"--locked"}), 0);
+    EXPECT_EQ(study.values(), InputStudy::wantedValues);
+    study.change("InputValues.txt", "xAtNode4  -.125", "xAtNode4  8");
+    EXPECT_EQ(study.run({"--locked"}), 0);
+    EXPECT_EQ(study.run({"--back", "--locked"}), 0);
+
+    EXPECT_EQ(study.said(),
+              "beam.modfem: An earlier run was ended before its time; the former "
+              "values are in the model again\n");
+    EXPECT_EQ(study.values(), InputStudy::formerValues);
+    EXPECT_EQ(study.read("InputValues.txt"), *ofCaller.inputValues);
     EXPECT_FALSE(study.has(journalName));
+    EXPECT_EQ(study.run({"--back"}), 0);
+    EXPECT_EQ(study.said(), "beam.modfem: there is nothing to put back\n");
+}
+
+TEST(AChangedModel, IsNotChangedAgainByARunWhoseValuesWentWithWhatCameBack)
+{
+    InputStudy study;
+    Former ofCaller;
+    ofCaller.inputValues = study.read("InputValues.txt");
+    keepFormer(study.machine, study.folder.path(journalName), ofCaller);
+    EXPECT_EQ(study.run({"--locked"}), 0);
+    study.change("InputValues.txt", "xAtNode4  -.125", "xAtNode4  8");
+
+    EXPECT_EQ(study.run(), 1);
+
+    EXPECT_EQ(study.told(),
+              "CAEInput: An earlier run was ended before its time; the former values "
+              "are in the model again\n"
+              "InputValues.txt: the file holds again what it held before that run; "
+              "write the values that are to be put, and start again\n");
+    EXPECT_EQ(study.values(), InputStudy::formerValues);
+    EXPECT_EQ(study.read("InputValues.txt"), *ofCaller.inputValues);
+    EXPECT_EQ(study.run(), 0);
 }
 
 TEST(AChangedModel, ThatCannotBePutBackIsToldWithTheJournal)
