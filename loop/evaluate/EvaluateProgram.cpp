@@ -4,7 +4,6 @@
 #include "loop/evaluate/WayBack.h"
 #include "loop/evaluate/Ways.h"
 #include "system/Memory.h"
-#include "system/PatientFiles.h"
 #include "system/PendingError.h"
 #include "system/Platform.h"
 
@@ -41,21 +40,6 @@ std::string folderOf(const Call& call)
     return folder + sys::pathSeparator;
 }
 
-// As "Apply" keeps it, and for so long.
-std::unique_ptr<sys::FolderLock> lockFolder(const sys::System& system, const std::string& folder)
-{
-    constexpr int tries = 30;  // a tenth of a second each
-    try {
-        return sys::retriedWhileDenied(
-            system.wait, [&] { return system.files.lockFolder(folder); }, tries);
-    }
-    catch (const RuntimeError& held) {
-        throw RuntimeError(held.number(),
-                           "Another program works in the same folder: " + held.description() +
-                               ". Try again when it has ended. Folder: " + folder);
-    }
-}
-
 int runWay(const Call& call, const Environment& environment, const Setting& setting,
            const std::string& folder)
 {
@@ -82,7 +66,17 @@ int runBetween(const Call& call, const Environment& environment, const Setting& 
         readDescription(environment.system, folder, generate::inputExchange, problems);
     if (!problems.empty())
         return tellProblems(problems, environment);
-    WayBack wayBack(setting, inputs, environment.errors);
+    WayBack wayBack(setting, inputs, environment.running, environment.errors);
+    wayBack.putBackLeft();
+    const bool givesPoints = !call.points.empty() || !call.dakotaParameters.empty();
+    if (wayBack.hasChangedInputs() && !givesPoints)
+        throw RuntimeError(ErrorNumber::InvalidCall,
+                           inputs.valuesFile +
+                               " has its values from before that run; write those "
+                               "of your point again and repeat the call");
+    wayBack.keep(givesPoints, problems);
+    if (!problems.empty())
+        return tellProblems(problems, environment);
     int code = exitNotDone;
     sys::PendingError failed;
     if (!failed.attempt([&] { code = runWay(call, environment, setting, folder); }))
@@ -102,7 +96,9 @@ int runCall(const Call& call, const Environment& environment)
         return exitWrongCall;
     }
     const std::string folder = folderOf(call);
-    const std::unique_ptr<sys::FolderLock> lock = lockFolder(environment.system, folder);
+    loop::Call ofFolder;
+    ofFolder.folder = folder;
+    const std::unique_ptr<sys::FolderLock> lock = lockFolder(ofFolder, environment.system);
     const Setting setting = {environment.system, environment.programFolder,
                              call.isEmbedded.value_or(!hasFemap()), call.timeout, call.solver};
     if (call.writesTable)

@@ -1,6 +1,7 @@
 // velmar-evaluate: runs one point of a study or many, for whoever optimises it.
 #pragma once
 
+#include "loop/Program.h"
 #include "system/System.h"
 
 #include <functional>
@@ -19,6 +20,7 @@ struct Environment
     sys::System& system;
     std::string programFolder;  // where CAEInput and CAEOutput are, as the beginning of paths
     std::function<bool()> isToStop;
+    std::function<Connection()> running = {};  // empty where FEMAP does not run
 };
 
 /// Returns the exit code: 0 when all is done, 1 when not, 2 for wrong arguments.

@@ -1,11 +1,11 @@
 // Platform.h on Linux and other POSIX systems.
 #include "generate/Targets.h"
 #include "loop/evaluate/Platform.h"
+#include "system/ProgramStart.h"
 
 #include <array>
 #include <climits>
 #include <csignal>
-#include <fcntl.h>
 #include <unistd.h>
 
 namespace loop::evaluate
@@ -21,24 +21,11 @@ void askToStop(int /*signal*/)
     wasAskedToStop = 1;
 }
 
-// What a file is opened as, where a standard stream is closed, would get what the stream is told.
-void openStandardStreams()
-{
-    int stream = 0;
-    while (stream >= 0 && stream <= STDERR_FILENO)
-        stream = open("/dev/null", O_RDWR);
-    if (stream > STDERR_FILENO)
-        close(stream);
-}
-
 }  // namespace
 
 void prepareProcess()
 {
-    openStandardStreams();
-    // A reader that is gone, and a file that may not grow, are told as other failures are.
-    for (const int signal : {SIGPIPE, SIGXFSZ})
-        static_cast<void>(std::signal(signal, SIG_IGN));
+    sys::prepareProgram();
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         struct sigaction action = {};
         if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN)

@@ -1,8 +1,8 @@
 // Platform.h on Windows.
 #include "generate/Targets.h"
 #include "loop/evaluate/Platform.h"
+#include "system/ProgramStart.h"
 #include "system/RuntimeError.h"
-#include "windows/Libraries.h"
 #include "windows/Text.h"
 
 #include <windows.h>
@@ -30,7 +30,7 @@ BOOL WINAPI askToStop(DWORD event)
 
 void prepareProcess()
 {
-    windows::takeLibrariesFromSystemOnly();
+    sys::prepareProgram();
     SetConsoleOutputCP(CP_UTF8);
     SetConsoleCtrlHandler(askToStop, TRUE);
 }

@@ -4,6 +4,7 @@
 #include "loop/evaluate/Csv.h"
 
 #include <algorithm>
+#include <map>
 
 namespace loop::evaluate
 {
@@ -19,23 +20,28 @@ std::vector<std::size_t> placesOf(std::span<const NamedValue> wanted,
                                   std::span<const std::string> names, std::string_view file,
                                   Problems& problems)
 {
+    std::map<std::string, std::vector<std::size_t>> known;
+    for (std::size_t i = 0; i < names.size(); ++i)
+        known[withoutBlanks(names[i])].push_back(i);
+    std::map<std::string, std::size_t> times;
+    for (const NamedValue& each : wanted)
+        ++times[withoutBlanks(each.name)];
+
     std::vector<std::size_t> places;
+    std::map<std::string, std::size_t> taken;
     for (const NamedValue& each : wanted) {
         const std::string name = withoutBlanks(each.name);
-        std::vector<std::size_t> found;
-        for (std::size_t i = 0; i < names.size(); ++i)
-            if (withoutBlanks(names[i]) == name)
-                found.push_back(i);
-        if (found.empty())
+        const std::vector<std::size_t>& rows = known[name];
+        const std::size_t time = taken[name]++;
+        if (rows.empty())
             problems.add(file, each.line,
                          "the study has no \"" + name + "\"; write its names as they are");
-        else if (found.size() > 1)
-            problems.add(
-                file, each.line,
-                "the study has \"" + name + "\" twice; give one of them another name in the form");
-        else if (std::ranges::find(places, found.front()) != places.end())
-            problems.add(file, each.line, '"' + name + "\" stands there twice; take one away");
-        places.push_back(found.empty() ? 0 : found.front());
+        else if (time == 0 && times[name] != rows.size())
+            problems.add(file, each.line,
+                         "the study has " + std::to_string(rows.size()) + " of \"" + name +
+                             "\", not " + std::to_string(times[name]) +
+                             "; name it as often as it is there, in its order");
+        places.push_back(time < rows.size() ? rows[time] : 0);
     }
     return places;
 }

@@ -34,8 +34,9 @@ struct NamedValue
 /// Without those around it.
 std::string withoutBlanks(std::string_view text);
 
-/// Which of the names each of the wanted ones is, blanks around them aside. One that is none of
-/// them, of two of them or wanted twice is a problem of its line of the file.
+/// Which of the names each of the wanted ones is, blanks around them aside. Several of one name, as
+/// the loads of a definition have it, are wanted in their order. One that is none of them, or that
+/// is wanted more or less often than it is there, is a problem of its line of the file.
 std::vector<std::size_t> placesOf(std::span<const NamedValue> wanted,
                                   std::span<const std::string> names, std::string_view file,
                                   Problems& problems);

@@ -75,7 +75,7 @@ int prove(const Work& work)
         return tellProblems(missing, work.environment);
     const std::string before = system.files.read(file);
 
-    const Result result = runInFolder(work, nominalValues(work.study));
+    const Result result = runInFolder(work, std::nullopt);
     if (result.problem.empty())
         writeReport(work, stored, result.outputs);
     writeWhole(system, file, before);

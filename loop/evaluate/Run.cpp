@@ -2,6 +2,7 @@
 
 #include "femap/NumberText.h"
 #include "generate/TaskDescription.h"
+#include "loop/StudyFiles.h"
 #include "loop/evaluate/Platform.h"
 #include "system/PendingError.h"
 
@@ -34,7 +35,6 @@ constinit const Run::Step Run::steps[] = {
 namespace
 {
 
-constexpr std::string_view endingOfNeutralResults = ".results.neu";
 constexpr std::size_t linesShown = 20;
 
 // The last lines of a text that say something, in UTF-8.
@@ -93,13 +93,15 @@ std::string runLog(const Study& study, const std::string& folder)
     return folder + study.name() + "Evaluate.log";
 }
 
-Run::Run(const Setting& setting, const Study& study, std::string folder, const Values& values)
+Run::Run(const Setting& setting, const Study& study, std::string folder,
+         const std::optional<Values>& values)
     : setting_(setting), study_(study), folder_(std::move(folder))
 {
     try {
         setting_.system.files.remove(pathOf(study_.outputs.valuesFile));
-        writeWhole(setting_.system, pathOf(study_.inputs.valuesFile),
-                   valuesBytes(setting_.system, study_, values));
+        if (values)
+            writeWhole(setting_.system, pathOf(study_.inputs.valuesFile),
+                       valuesBytes(setting_.system, study_, *values));
         makeEmpty(setting_.system, runLog(study_, folder_));
     }
     catch (const RuntimeError& error) {
@@ -201,7 +203,7 @@ std::vector<std::string> Run::resultFiles() const
 {
     std::vector<std::string> files = {study_.outputs.solverFile};
     if (setting_.isEmbedded)
-        files.push_back(study_.name() + std::string(endingOfNeutralResults));
+        files.push_back(neutralResults(study_.outputs));
     return files;
 }
 

@@ -49,7 +49,9 @@ class Run
 {
 public:
     /// Setting and study must outlive it. The folder is the study's own or a copy of it.
-    Run(const Setting& setting, const Study& study, std::string folder, const Values& values);
+    /// No values: those that InputValues.txt has there.
+    Run(const Setting& setting, const Study& study, std::string folder,
+        const std::optional<Values>& values);
 
     /// Goes on as far as it can without waiting; false: it has ended.
     bool goesOn();

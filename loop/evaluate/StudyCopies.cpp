@@ -2,6 +2,7 @@
 
 #include "generate/Targets.h"
 #include "generate/TaskDescription.h"
+#include "loop/StudyFiles.h"
 #include "system/Platform.h"
 #include "system/RuntimeError.h"
 
@@ -16,8 +17,6 @@ namespace
 
 namespace fs = std::filesystem;
 using sys::ErrorNumber;
-
-constexpr std::string_view endingOfModel = ".neu";
 
 // Of those that are not there a run has no need, or says so itself.
 constexpr std::string_view copiedIfThere[] = {generate::inputDescription,  generate::inputValues,
@@ -53,7 +52,7 @@ StudyCopies::StudyCopies(const Study& study, std::size_t count,
             if (reason)
                 throw sys::DiskError(ErrorNumber::PathNotFound, "Folder not created",
                                      sys::conditionOf(reason).message(), folder);
-            const std::string model = study.name() + std::string(endingOfModel);
+            const std::string model = neutralFile(study.inputs);
             copy(study.pathOf(model), folder + model);
             for (const std::string_view file : copiedIfThere)
                 if (fs::exists(sys::toPath(study.pathOf(file)), reason))

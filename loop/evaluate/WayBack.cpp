@@ -1,6 +1,9 @@
 #include "loop/evaluate/WayBack.h"
 
-#include <ostream>
+#include "loop/ChangedModel.h"
+#include "loop/Inputs.h"
+#include "loop/StudyFiles.h"
+#include "loop/Values.h"
 
 namespace loop::evaluate
 {
@@ -11,9 +14,7 @@ using sys::RuntimeError;
 namespace
 {
 
-constexpr std::string_view endingOfRunModel = ".run.neu";
-
-bool holdsValues(const Former& former)
+bool isOfFemap(const Former& former)
 {
     return !former.values.entities.empty() || !former.values.loads.empty() ||
            !former.values.functions.empty() || former.switches;
@@ -21,53 +22,67 @@ bool holdsValues(const Former& former)
 
 }  // namespace
 
-WayBack::WayBack(const Setting& setting, const Description& inputs, std::ostream& told)
-    : setting_(setting), inputs_(inputs)
+WayBack::WayBack(const Setting& setting, const Description& inputs,
+                 const std::function<Connection()>& running, std::ostream& told)
+    : setting_(setting), inputs_(inputs), told_(told)
 {
-    sys::System& system = setting_.system;
-    if (const std::optional<Former> left = findFormer(system, journal())) {
-        putBack(*left);
-        told << "velmar-evaluate: an earlier run was ended; the values from before it are put "
-                "back\n";
-    }
+    if (setting_.isEmbedded)
+        return;
+    loop::Call call;
+    call.isEmbedded = false;
+    session_.emplace(system(), connect(call, {told, told, system(), {}, running}),
+                     pathOf(inputs_.model));
+}
+
+void WayBack::putBackLeft()
+{
+    const std::optional<Former> left = findFormer(system(), journal());
+    if (!left)
+        return;
+    hasChangedInputs_ =
+        left->inputValues && *left->inputValues != system().files.read(pathOf(inputs_.valuesFile));
+    putBack(*left);
+    told_ << "velmar-evaluate: an earlier run was ended; the values from before it are put back\n";
+}
+
+void WayBack::keep(bool changesInputs, Problems& problems)
+{
     Former former;
     former.model = inputs_.model;
-    former.inputValues = system.files.read(pathOf(inputs_.valuesFile));
-    keepFormer(system, journal(), former);
+    if (changesInputs)
+        former.inputValues = system().files.read(pathOf(inputs_.valuesFile));
+    if (session_)
+        former.values = valuesInModel(problems);
+    if (problems.empty())
+        keepFormer(system(), journal(), former);
 }
 
 void WayBack::putBack()
 {
-    if (const std::optional<Former> former = findFormer(setting_.system, journal()))
+    if (const std::optional<Former> former = findFormer(system(), journal()))
         putBack(*former);
+}
+
+femap::ModelValues WayBack::valuesInModel(Problems& problems)
+{
+    const std::vector<GivenValue> values = readValues(system(), inputs_, problems);
+    const GivenFunctions functions = readFunctions(system(), inputs_, problems);
+    return inputsInModel(session_->context(), inputs_, values, functions, problems).former;
 }
 
 void WayBack::putBack(const Former& former)
 {
-    if (holdsValues(former))
-        putBackByInput();
+    if (!session_ && isOfFemap(former))
+        throw RuntimeError(ErrorNumber::InvalidCall,
+                           "an earlier run was ended, and its values are still in FEMAP's model; "
+                           "run it with --femap=running first, so that they are put back");
     if (former.inputValues)
-        writeWhole(setting_.system, pathOf(inputs_.valuesFile), *former.inputValues);
-    setting_.system.files.remove(pathOf(inputs_.name() + std::string(endingOfRunModel)));
-    forgetFormer(setting_.system, journal());
-}
-
-// Only CAEInput speaks with FEMAP.
-void WayBack::putBackByInput()
-{
-    const std::string& folder = inputs_.folder;
-    const std::string log = pathOf(inputs_.name() + "Evaluate.log");
-    Process input(programCommand(setting_, "CAEInput", folder, {"--back"}), folder, log);
-    const double began = setting_.system.monotonicSeconds();
-    std::optional<int> code = input.exitCode();
-    for (; !code; code = input.exitCode())
-        setting_.system.wait(pauseAfter(setting_.system.monotonicSeconds() - began));
-    if (*code != 0)
-        throw RuntimeError(ErrorNumber::ObjectFailed,
-                           "The values that the model had are not put back; they are kept, and the "
-                           "next run of CAEInput, CAEOutput or velmar-evaluate puts them back. "
-                           "The reason is at the end of " +
-                               log);
+        writeWhole(system(), pathOf(inputs_.valuesFile), *former.inputValues);
+    if (session_)
+        putBackFormer(*session_, journal());
+    else
+        system().files.remove(pathOf(runFile(inputs_)));
+    forgetFormer(system(), journal());
 }
 
 }  // namespace loop::evaluate

@@ -73,7 +73,7 @@ int tellTally(const Tally& tally, std::size_t doneBefore, std::size_t failedBefo
 
 }  // namespace
 
-Result runInFolder(const Work& work, const Values& values)
+Result runInFolder(const Work& work, const std::optional<Values>& values)
 {
     Run run(work.setting, work.study, work.study.folder, values);
     const Environment& environment = work.environment;
@@ -87,7 +87,7 @@ Result runInFolder(const Work& work, const Values& values)
 
 int runPoint(const Work& work)
 {
-    const Result result = runInFolder(work, nominalValues(work.study));
+    const Result result = runInFolder(work, std::nullopt);
     if (!result.problem.empty())
         return exitNotDone;
     work.environment.output << work.study.outputs.valuesFile

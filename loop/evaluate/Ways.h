@@ -35,13 +35,10 @@ int writeTable(const Work& work);
 /// What a line on standard error begins with, but where it begins with a file.
 constexpr std::string_view ownName = "velmar-evaluate: ";
 
-/// Runs values in the study's own folder, and tells what fails.
-Result runInFolder(const Work& work, const Values& values);
+/// Runs values in the study's own folder, or those that InputValues.txt has there; tells what
+/// fails.
+Result runInFolder(const Work& work, const std::optional<Values>& values);
 /// Tells problems, and that nothing was run.
 int tellProblems(const Problems& problems, const Environment& environment);
-
-constexpr int exitDone = 0;
-constexpr int exitNotDone = 1;
-constexpr int exitWrongCall = 2;
 
 }  // namespace loop::evaluate

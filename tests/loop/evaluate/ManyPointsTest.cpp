@@ -177,10 +177,12 @@ TEST_F(ManyPoints, NeedNamesOfTheStudy)
     EXPECT_EQ(evaluatePoints(), 1);
 
     const std::string line = path("points.csv") + ":1: ";
-    EXPECT_EQ(errors.str(),
-              line + "the study has no \"skin\"; write its names as they are\n" + line +
-                  "\"Skin\" stands there twice; take one away\n" + line +
-                  "the study has no \"Load  history\"; write its names as they are\n");
+    EXPECT_EQ(
+        errors.str(),
+        line +
+            "the study has 1 of \"Skin\", not 2; name it as often as it is there, in its order\n" +
+            line + "the study has no \"skin\"; write its names as they are\n" + line +
+            "the study has no \"Load  history\"; write its names as they are\n");
 }
 
 TEST_F(ManyPoints, NeedATable)
@@ -272,17 +274,6 @@ TEST_F(ManyPoints, SideBySideNeedTheModelAndTheFilesNamed)
     std::filesystem::remove(path("panel.neu"));
     EXPECT_EQ(evaluatePoints({"-j", "2"}), 1);
     EXPECT_THAT(errors.str(), EndsWith(path("panel.neu") + "\n"));
-}
-
-TEST_F(ManyPoints, BesideFemapRunOneAfterTheOther)
-{
-    write("points.csv", "Skin\n1\n2\n");
-
-    EXPECT_EQ(evaluatePoints({"-j", "2", "--femap=running"}), 0) << errors.str();
-
-    EXPECT_THAT(errors.str(), StartsWith("velmar-evaluate: -j is for the model host; FEMAP takes "
-                                         "one point after the other\n"));
-    EXPECT_EQ(callsOf("solver"), 2);
 }
 
 TEST_F(ManyPoints, StopWhenSomebodyWantsIt)

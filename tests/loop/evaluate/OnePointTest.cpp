@@ -88,16 +88,13 @@ TEST_F(OnePoint, MayEndInTheCodesZeroAndOneOfTheSolver)
     EXPECT_EQ(errors.str(), "velmar-evaluate: solver ended with code 2: licence\n");
 }
 
-TEST_F(OnePoint, TakesResultsInANeutralFileFromTheModelHostOnly)
+TEST_F(OnePoint, TakesResultsInANeutralFileFromTheModelHost)
 {
     write("FDFemap.bat", ". ./solve; cp panel.op2 panel.results.neu; mv panel.op2 kept\r\n");
     write("output.fails", "");
 
     evaluate();
     EXPECT_THAT(errors.str(), StartsWith("velmar-evaluate: CAEOutput ended with code 1"));
-
-    evaluate({"--femap=running"});
-    EXPECT_EQ(errors.str(), "velmar-evaluate: solver left no results, which would be panel.op2\n");
 }
 
 TEST_F(OnePoint, TellsWhichStepFailedAndTheEndOfItsOutput)
@@ -193,8 +190,8 @@ TEST_F(OnePoint, WaitsForTheFolderAndTellsWhoHasIt)
     EXPECT_EQ(evaluate(), 1);
 
     EXPECT_THAT(errors.str(),
-                AllOf(StartsWith("velmar-evaluate: Another program works in the same folder: "),
-                      EndsWith(". Try again when it has ended. Folder: " + folder.path() + "/\n")));
+                AllOf(StartsWith("velmar-evaluate: another program works in the folder: "),
+                      EndsWith(". Try again when it has ended\n")));
     EXPECT_THAT(calls(), IsEmpty());
 }
 
@@ -206,27 +203,6 @@ TEST_F(OnePoint, OfAWrongCallShowsHowToCall)
 
     EXPECT_EQ(evaluate({"--help"}), 0);
     EXPECT_THAT(output.str(), StartsWith("usage: velmar-evaluate "));
-}
-
-// Beside FEMAP the model itself changes, and CAEInput adds what it held to the journal.
-TEST_F(OnePoint, BesideFemapLetsCaeInputPutTheModelBack)
-{
-    write(
-        "FDFemap.bat",
-        ". ./solve; sed -i 's/\"entities\":\\[\\]/\"entities\":[[[\"Prop\",\"1\"],[\"pval\",\"0\"],"
-        "[\"double\",\"1.5\"]]]/' panelFormer.json\r\n");
-
-    EXPECT_EQ(evaluate({"--femap=running"}), 0) << errors.str();
-
-    EXPECT_THAT(calls().back(), AllOf(StartsWith("CAEInput --femap=running"), EndsWith(" --back")));
-    EXPECT_FALSE(has("panelFormer.json"));
-
-    write("back", "1");
-    EXPECT_EQ(evaluate({"--femap=running"}), 1);
-    EXPECT_THAT(errors.str(), HasSubstr("The values that the model had are not put back; they are "
-                                        "kept, and the next run"));
-    EXPECT_TRUE(has("panelFormer.json"));
-    EXPECT_THAT(read("panelEvaluate.log"), EndsWith("FEMAP is gone\n"));
 }
 
 }  // namespace
