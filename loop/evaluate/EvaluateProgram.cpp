@@ -85,6 +85,18 @@ int runBetween(const Call& call, const Environment& environment, const Setting& 
     return code;
 }
 
+void demandPrograms(const Environment& environment)
+{
+    for (const char* const program : {"CAEInput", "CAEOutput"}) {
+        const std::string file = environment.programFolder + programFile(program);
+        if (!environment.system.files.fileExists(file))
+            throw RuntimeError(ErrorNumber::FileNotFound,
+                               "A program is missing; install the tool again, all of it in one "
+                               "folder: " +
+                                   file);
+    }
+}
+
 int runCall(const Call& call, const Environment& environment)
 {
     if (call.wantsHelp) {
@@ -103,6 +115,7 @@ int runCall(const Call& call, const Environment& environment)
                              call.isEmbedded.value_or(!hasFemap()), call.timeout, call.solver};
     if (call.writesTable)
         return runWay(call, environment, setting, folder);
+    demandPrograms(environment);
     return runBetween(call, environment, setting, folder);
 }
 

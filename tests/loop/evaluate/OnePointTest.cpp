@@ -159,14 +159,16 @@ TEST_F(OnePoint, EndsAndPutsBackWhenItIsToStop)
 
 TEST_F(OnePoint, NeedsItsProgramsBesideItself)
 {
-    std::filesystem::remove(programs.path("CAEInput"));
+    std::filesystem::remove(programs.path("CAEOutput"));
 
     EXPECT_EQ(evaluate(), 1);
 
     EXPECT_EQ(errors.str(),
-              "velmar-evaluate: CAEInput could not be run: Program not started: No "
-              "such file or directory: " +
-                  programs.path("CAEInput") + "\n");
+              "velmar-evaluate: A program is missing; install the tool again, all of "
+              "it in one folder: " +
+                  programs.path("CAEOutput") + "\n");
+    EXPECT_THAT(calls(), IsEmpty());
+    EXPECT_TRUE(has("OutputValues.txt"));
 }
 
 TEST_F(OnePoint, NeedsAStudyInTheFolder)
