@@ -54,7 +54,7 @@ int numberIn(const ParameterRow& row, int column)
 void proveName(form::Context& context, const ParameterRow& row, const std::string& name)
 {
     if (inCodePage(context.system.codePage, name) != row.name())
-        refuse('"' + std::string(row.name()) + "\" now points at what is called \"" + name + '"' +
+        refuse('"' + std::string(row.name()) + "\" points at what is \"" + name + "\" now" +
                std::string(chooseAgain));
 }
 

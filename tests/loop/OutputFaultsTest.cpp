@@ -165,7 +165,7 @@ TEST(TakingOutputs, TellsAllRowsThatHaveNoNumberAndWritesNothing)
     study.run();
 
     EXPECT_THAT(study.f.problems.text(), HasSubstr("CAEOutput.txt:8: FEMAP has no Node"));
-    EXPECT_THAT(study.f.problems.text(), HasSubstr("CAEOutput.txt:9: \"TotalMass\" now points at"));
+    EXPECT_THAT(study.f.problems.text(), HasSubstr("CAEOutput.txt:9: \"TotalMass\" points at"));
     study.expectAllOrNothingAndTold();
 }
 

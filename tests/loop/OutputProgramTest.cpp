@@ -76,7 +76,7 @@ const Obstacle obstacles[] = {
      [](FolderOfRun& s) {
          s.write("beam.results.neu", textOfResults({{{1, "T1", 7, {{4, 0.25}}}}}));
      },
-     "\"TotalTrans1AtNode4\" now points at what is called \"T11AtNode4\""},
+     "\"TotalTrans1AtNode4\" points at what is \"T11AtNode4\" now"},
 };
 // clang-format on
 

@@ -157,26 +157,26 @@ TEST_F(OutputRows, WhoseValueIsNoNumberAreTold)
 TEST_F(OutputRows, WhoseVectorHasAnotherTitleNowAreTold)
 {
     EXPECT_EQ(problemOf("T1Translat1AtNode12\t\t12\t1\tOutput"),
-              "CAEOutput.txt:4: \"T1Translat1AtNode12\" now points at what is called "
-              "\"TotalTrans1AtNode12\"; choose it again in the form and press \"Apply\"\n");
+              "CAEOutput.txt:4: \"T1Translat1AtNode12\" points at what is \"TotalTrans1AtNode12\" "
+              "now; choose it again in the form and press \"Apply\"\n");
 }
 
 TEST_F(OutputRows, OfAnotherEntityThanTheirNameSaysAreTold)
 {
     EXPECT_THAT(problemOf("TotalTrans1AtNode12\t\t13\t1\tOutput"),
-                HasSubstr("called \"TotalTrans1AtNode13\""));
+                HasSubstr("\"TotalTrans1AtNode13\" now"));
 }
 
 TEST_F(OutputRows, OfAnotherExtremeThanTheirNameSaysAreTold)
 {
     EXPECT_THAT(problemOf("TotalTranslatiMaxAtNode1\t\t1\t1\tminval"),
-                HasSubstr("called \"TotalTranslatiMinAtNode1\""));
+                HasSubstr("\"TotalTranslatiMinAtNode1\" now"));
 }
 
 TEST_F(OutputRows, OfAnotherQuantityThanTheirNameSaysAreTold)
 {
     EXPECT_THAT(problemOf("TotalMass\t\tMassStructural\t\tMassProperties"),
-                HasSubstr("called \"StructuralMass\""));
+                HasSubstr("\"StructuralMass\" now"));
 }
 
 TEST_F(OutputRows, OfAnUnknownQuantityOrComponentOfTheMassAreTold)
