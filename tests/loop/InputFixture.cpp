@@ -3,8 +3,7 @@
 #include "femap/NumberText.h"
 #include "loop/Input.h"
 
-#include <array>
-#include <filesystem>
+#include <gtest/gtest.h>
 
 namespace loop
 {
@@ -79,7 +78,7 @@ InputStudy::InputStudy()
     write("FunctionsInputvalues.txt",
           "Function Definition\r\n 3 \r\nE over T\r\n 2\r\n 0_ 2\r\n 1_ 3\r\n");
     write("beam.op2", "old results");
-    write("beam.dat", "old deck");
+    write("beam.dat", oldDeck);
 }
 
 int InputStudy::run(std::vector<std::string> arguments)
@@ -133,6 +132,14 @@ std::string InputStudy::values()
         text += femap::numberText(function.x[i]) + ',' + femap::numberText(function.y[i]) +
                 (i + 1 < function.x.size() ? ":" : "");
     return text;
+}
+
+void expectAsBefore(InputStudy& study)
+{
+    EXPECT_EQ(study.values(), InputStudy::formerValues);
+    EXPECT_FALSE(study.has(journalName));
+    EXPECT_EQ(study.read("beam.dat"), oldDeck);
+    EXPECT_FALSE(study.has("beam.new.dat"));
 }
 
 }  // namespace loop

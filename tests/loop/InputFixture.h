@@ -51,4 +51,10 @@ public:
     std::ostringstream errors;
 };
 
+inline const std::string journalName = "beamFormer.json";
+inline const std::string oldDeck = "old deck";
+
+/// The model, the deck and the folder are as they were before a run, but for old results.
+void expectAsBefore(InputStudy& study);
+
 }  // namespace loop
