@@ -173,7 +173,7 @@ private:
 }  // namespace
 
 std::vector<ReadFunction> readFunctionBlocks(std::span<const std::string> lines,
-                                              const LineProblem& tell)
+                                             const LineProblem& tell)
 {
     return BlockReader(lines, tell).blocks();
 }

@@ -28,7 +28,7 @@ using LineProblem = std::function<void(std::size_t line, const std::string& what
 /// Reads the file back, from lines without their ends. What is not as it should be is told, and its
 /// block left out.
 std::vector<ReadFunction> readFunctionBlocks(std::span<const std::string> lines,
-                                              const LineProblem& tell);
+                                             const LineProblem& tell);
 
 void WriteFunctionInputs(form::Context& context, form::Progress& progress);
 

@@ -4,8 +4,8 @@
 namespace sys
 {
 
-/// Signals, standard streams and libraries as such a program needs them; its temporary files go with
-/// it when it is told to end. Must be called before anything else.
+/// Signals, standard streams and libraries as such a program needs them; its temporary files go
+/// with it when it is told to end. Must be called before anything else.
 void prepareProgram();
 
 }  // namespace sys
