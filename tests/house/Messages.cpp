@@ -10,14 +10,33 @@ namespace house
 namespace
 {
 
-constexpr std::array<std::string_view, 26> makers = {
-    "note",           "tellAtLeastHere", "RuntimeError",      "runtime_error",
-    "ConnectionLost", "ScriptError",     "Unavailable",       "FormatError",
-    "fail",           "failField",       "failWithCure",      "demand",
-    "demandOk",       "rowNamed",        "tellEngineer",      "showMessage",
-    "Progress",       "tellProblems",    "tryToTellEngineer", "tellResult",
-    "tellHint",       "tellProblem",     "tellFailure",       "showWaiting",
-    "remark",         "naming"};
+constexpr std::array<std::string_view, 27> makers = {"note",
+                                                     "tellAtLeastHere",
+                                                     "RuntimeError",
+                                                     "runtime_error",
+                                                     "ConnectionLost",
+                                                     "ScriptError",
+                                                     "Unavailable",
+                                                     "FormatError",
+                                                     "fail",
+                                                     "failField",
+                                                     "failWithCure",
+                                                     "demand",
+                                                     "demandOk",
+                                                     "rowNamed",
+                                                     "tellEngineer",
+                                                     "showMessage",
+                                                     "Progress",
+                                                     "tellProblems",
+                                                     "tryToTellEngineer",
+                                                     "tellResult",
+                                                     "tellHint",
+                                                     "tellProblem",
+                                                     "tellFailure",
+                                                     "showWaiting",
+                                                     "remark",
+                                                     "naming",
+                                                     "refuse"};
 // Variables and constants that hold a message or a part of one.
 constexpr std::array<std::string_view, 15> holders = {
     "femapIsGone",   "noModelOpen",      "cure",          "startingWithFemap",

@@ -13,7 +13,6 @@
 using driver::cellIn;
 using driver::clipboardText;
 using preview::Sign;
-using testing::HasSubstr;
 using window::coloursOf;
 using window::DifferenceView;
 
