@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 namespace standin
@@ -31,7 +32,9 @@ void cutInHalf(const std::string& path)
     std::filesystem::resize_file(file, std::filesystem::file_size(file, reason) / 2, reason);
 }
 
-// For the deck panel.dat the model's neutral file with what was changed since, as panel.run.neu:
+constexpr std::string_view endingOfModels = ".neu";
+
+// Beside a deck of panel.neu the same neutral file with what was changed since, as panel.run.neu:
 // the examples' solver reads no decks.
 void writeNeutralBeside(const std::string& deck, embedded::Host& host)
 {
@@ -39,7 +42,11 @@ void writeNeutralBeside(const std::string& deck, embedded::Host& host)
     const std::string content = machine.files.read(host.modelName);
     femap::neutral::Model before;
     readNeutralFile(content, host.modelName, sys::windows1252(), before);
-    const auto file = machine.files.create(deck.substr(0, deck.rfind('.')) + ".run.neu");
+    const std::string_view model = host.modelName;
+    const std::string_view name = model.substr(model.find_last_of(sys::pathSeparators) + 1);
+    const std::string folder = deck.substr(0, deck.find_last_of(sys::pathSeparators) + 1);
+    const auto file = machine.files.create(
+        folder + std::string(name.substr(0, name.size() - endingOfModels.size())) + ".run.neu");
     const auto problems = embedded::writePatched(
         content, host.modelName, embedded::differences(before, host.openModel()),
         [&](std::string_view piece) { file->write(piece); });
@@ -79,7 +86,7 @@ int ApplicationObject::fileWriteNastran(int brand, const std::string& path)
     const std::optional<Fault> fault = faultOf("feFileWriteNastran");
     if (result == ReturnCode::Ok && (fault == Fault::Short || fault == Fault::Dies))
         cutInHalf(path);
-    if (result == ReturnCode::Ok && host.modelName.ends_with(".neu")) {
+    if (result == ReturnCode::Ok && host.modelName.ends_with(endingOfModels)) {
         try {
             writeNeutralBeside(path, host);
         }

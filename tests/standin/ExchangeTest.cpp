@@ -113,7 +113,7 @@ TEST_P(Exchange, LeavesTheModelWithItsPresentValuesBesideTheDeck)
     property.put("pval", 0, 3.25);
     EXPECT_EQ(property.call("Put", 1).number(), fine);
 
-    EXPECT_EQ(femap().call("feFileWriteNastran", nastran, folder.path("panel.dat")).number(), fine);
+    EXPECT_EQ(femap().call("feFileWriteNastran", nastran, folder.path("deck.dat")).number(), fine);
 
     const std::string run = content(folder.path("panel.run.neu"));
     femap::neutral::Model model;

@@ -79,6 +79,8 @@ TEST_F(FindKeys, TakeTheLastLineOfTheListWhileTheFieldIsOpen)
     const RECT before = form.placeOf("InputsList");
     hand.key({"ctrl+f"});
     ASSERT_TRUE(opens());
+    EXPECT_TRUE(waitUntil([&] { return form.placeOf("InputsList").bottom < before.bottom; }));
+    form.settle();
     const RECT during = form.placeOf("InputsList");
     RECT of{};
     GetWindowRect(field(), &of);

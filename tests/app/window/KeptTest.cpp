@@ -98,9 +98,9 @@ TEST_F(FromRunToRun, PlaceColumnsAndShareStayAsTheyWere)
 
     start();
 
+    EXPECT_TRUE(waitUntil([&] { return columnWidth("OutputsList", 0) == given + 37; }));
     const RECT after = place();
     EXPECT_TRUE(EqualRect(&after, &before));
-    EXPECT_EQ(columnWidth("OutputsList", 0), given + 37);
     EXPECT_EQ(columnWidth("InputsList", 0), given);
     close();
 }

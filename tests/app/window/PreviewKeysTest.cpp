@@ -199,11 +199,10 @@ struct WindowsBesidePane : driver::Product
         ASSERT_TRUE(
             waitUntil([&] { return GetAncestor(form->window(), GA_ROOT) != form->window(); }));
         form->settle();
-        // The names of the first and the second one begin others.
         femap.pick("all");
         form->choose("InputSelection", "Nodes");
         form->press("InputsButton");
-        form->add({"x"});
+        form->add({"defCSys"});
         form->settle();
         takeKeyboard();
     }
@@ -246,8 +245,8 @@ TEST_F(WindowsBesidePane, LeadFromAFindingToItsRow)
     const HWND findings = awaitDialogWith(process->id(), FindingsWindow::idWhole);
     hand.awaitKeyboardAt(findings);
     const auto isThere = [&] {
-        return textOf(GetDlgItem(findings, FindingsWindow::idWhole)).find("beginning of another") !=
-               std::string::npos;
+        return textOf(GetDlgItem(findings, FindingsWindow::idWhole))
+                   .find("whole numbers in FEMAP") != std::string::npos;
     };
     for (int i = 0; i < 10 && !waitUntil(isThere, std::chrono::milliseconds(500)); ++i)
         hand.key({"Down"});
