@@ -18,8 +18,8 @@ top = pathlib.Path(__file__).resolve().parent.parent
 docs = top / "docs"
 # In this order; headings of all but the first are one level lower and have the page's name in
 # their marks, for some stand in several pages.
-pages = ["guide.md", "install.md", "first-study.md", "study-scripts.md", "file-formats.md",
-         "messages.md", "findings.md", "behaviour.md"]
+pages = ["guide.md", "install.md", "first-study.md", "loop.md", "optimisers.md", "study-scripts.md",
+         "file-formats.md", "messages.md", "findings.md", "behaviour.md"]
 
 
 def slug(text):
