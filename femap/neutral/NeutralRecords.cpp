@@ -15,9 +15,9 @@ namespace
 template <class Data>
 struct RecordKind
 {
-    int block;
-    std::vector<Data> NeutralContents::*rows;
-    void (*read)(BlockReading& block);
+    int block = 0;
+    std::vector<Data> NeutralContents::*rows = nullptr;
+    void (*read)(BlockReading& block) = nullptr;
     int (*pass)(Lines& lines) = nullptr;  // without it those that are not sought are read, too
 };
 

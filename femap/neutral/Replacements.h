@@ -28,7 +28,7 @@ public:
 private:
     struct Replacement
     {
-        std::size_t size;  // of what is replaced
+        std::size_t size = 0;  // of what is replaced
         std::string text;
     };
 
