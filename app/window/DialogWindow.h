@@ -14,12 +14,12 @@ namespace window
 class DialogWindow
 {
 public:
+    virtual ~DialogWindow() = default;
     DialogWindow(const DialogWindow&) = delete;
     DialogWindow& operator=(const DialogWindow&) = delete;
 
 protected:
     DialogWindow() = default;
-    virtual ~DialogWindow() = default;
 
     /// Returns what it was ended with.
     INT_PTR showModalTo(HWND owner);

@@ -60,7 +60,7 @@ std::string programFile(const std::string& name)
 
 std::string batchLine(sys::System& system, const std::string& folder)
 {
-    const std::string file(generate::batchFile);
+    std::string file(generate::batchFile);
     if (!system.files.fileExists(folder + file))
         throw sys::RuntimeError(sys::ErrorNumber::FileNotFound, "File not found: " + folder + file);
     return file;

@@ -113,6 +113,14 @@ for study in panel ombra; do
         fail "$study.study wrote other files than the golden ones"
 done
 
+says "The loop runs as the readme of the try-out shows"
+mkdir "$work/loop"
+cp "$folder"/try-it/{panel.neu,loop.study} "$work/loop/"
+(cd "$work/loop" && export WINEPATH="$(winepath -w "$folder/try-it" 2>/dev/null)" &&
+    wine "$folder/velmar-study.exe" --femap=embedded --quiet loop.study &&
+    wine "$folder/velmar-evaluate.exe" --femap=embedded --prove) \
+    </dev/null >"$work/loop.out" 2>&1 || fail "the loop: $(cat "$work/loop.out")"
+
 says "A form that ends by an error says why, and where its log is"
 code=0
 wine "$folder/VelmarFemapInterface.exe" '$end.log$ALWAYS' </dev/null >/dev/null 2>"$work/end.err" || code=$?
