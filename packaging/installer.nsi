@@ -64,6 +64,9 @@ VIAddVersionKey "LegalCopyright" "${PUBLISHER}"
 !macro EndWhenAnyRuns FOLDER
     !insertmacro EndWhenRunning "${FOLDER}" "${PROGRAM}"
     !insertmacro EndWhenRunning "${FOLDER}" "velmar-study.exe"
+    !insertmacro EndWhenRunning "${FOLDER}" "CAEInput.exe"
+    !insertmacro EndWhenRunning "${FOLDER}" "CAEOutput.exe"
+    !insertmacro EndWhenRunning "${FOLDER}" "velmar-evaluate.exe"
     !insertmacro EndWhenRunning "${FOLDER}" "try-it\femap-standin.exe"
 !macroend
 

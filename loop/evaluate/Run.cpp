@@ -154,9 +154,10 @@ void Run::begin()
 
 void Run::endStep(int code)
 {
+    const Step& step = steps[step_];
     process_.reset();
     result_.seconds.push_back(setting_.system.monotonicSeconds() - began_);
-    (this->*steps[step_].judge)(code);
+    (this->*step.judge)(code);
     if (!hasEnded_)
         hasEnded_ = ++step_ == std::size(steps);
 }
