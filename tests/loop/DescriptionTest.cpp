@@ -31,8 +31,8 @@ struct ReadDescription
     ReadDescription(const std::string& text, const generate::ExchangeFormat& format)
     {
         fake::MemoryMachine machine;
-        machine.files.contents["/work/" + std::string(format.description)] = text;
-        result = readDescription(machine.system, "/work/", format, problems);
+        machine.files.contents["/study/" + std::string(format.description)] = text;
+        result = readDescription(machine.system, "/study/", format, problems);
     }
 
     std::vector<std::string> rows() const
@@ -61,7 +61,7 @@ TEST(ADescription, TellsModelSolverAndFiles)
     EXPECT_EQ(read.result.solver->brand, femap::SolverBrand::NxNastran);
     EXPECT_EQ(read.result.solverFile, "beam.dat");
     EXPECT_EQ(read.result.valuesFile, "InputValues.txt");
-    EXPECT_EQ(read.result.pathOf(read.result.solverFile), "/work/beam.dat");
+    EXPECT_EQ(read.result.pathOf(read.result.solverFile), "/study/beam.dat");
     EXPECT_THAT(read.rows(), IsEmpty());
 }
 
@@ -162,13 +162,13 @@ TEST(ADescription, ThatIsNotThereIsToldWithTheFolder)
 {
     fake::MemoryMachine machine;
     Problems problems;
-    readDescription(machine.system, "/work/", inputExchange, problems);
+    readDescription(machine.system, "/study/", inputExchange, problems);
     readDescription(machine.system, "", outputExchange, problems);
 
     const std::string cure =
         "; go to the folder of the model, or name it by --folder, and press "
         "\"Apply\" in the form if it is not there either\n";
-    EXPECT_EQ(problems.text(), "CAEInput.txt: the file is not in the folder /work/" + cure +
+    EXPECT_EQ(problems.text(), "CAEInput.txt: the file is not in the folder /study/" + cure +
                                    "CAEOutput.txt: the file is not in the folder " +
                                    (std::filesystem::current_path() / "").string() + cure);
 }
@@ -176,11 +176,11 @@ TEST(ADescription, ThatIsNotThereIsToldWithTheFolder)
 TEST(ADescription, ThatCannotBeReadIsTold)
 {
     fake::MemoryMachine machine;
-    machine.files.contents["/work/CAEInput.txt"] = inputHead;
+    machine.files.contents["/study/CAEInput.txt"] = inputHead;
     machine.files.deniedReads = 1;
     Problems problems;
 
-    readDescription(machine.system, "/work/", inputExchange, problems);
+    readDescription(machine.system, "/study/", inputExchange, problems);
 
     EXPECT_THAT(problems.text(), StartsWith("CAEInput.txt: "));
 }

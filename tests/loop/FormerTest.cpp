@@ -14,7 +14,7 @@ using testing::IsEmpty;
 namespace
 {
 
-const std::string journal = "/work/beamFormer.json";
+const std::string journal = "/study/beamFormer.json";
 
 Former anyFormer()
 {

@@ -24,7 +24,7 @@ struct GivenStudy
 {
     explicit GivenStudy(std::vector<std::string> rows)
     {
-        inputs.folder = "/work/";
+        inputs.folder = "/study/";
         inputs.file = "CAEInput.txt";
         inputs.valuesFile = "InputValues.txt";
         std::size_t line = 3;
@@ -34,7 +34,7 @@ struct GivenStudy
 
     std::vector<std::optional<double>> read(const std::string& text)
     {
-        machine.files.contents["/work/InputValues.txt"] = text;
+        machine.files.contents["/study/InputValues.txt"] = text;
         std::vector<std::optional<double>> numbers;
         for (const GivenValue& value : readValues(machine.system, inputs, problems))
             numbers.push_back(value.number);
@@ -42,7 +42,7 @@ struct GivenStudy
     }
     GivenFunctions readPoints(const std::string& text)
     {
-        machine.files.contents["/work/FunctionsInputvalues.txt"] = text;
+        machine.files.contents["/study/FunctionsInputvalues.txt"] = text;
         return readFunctions(machine.system, inputs, problems);
     }
 
@@ -101,7 +101,7 @@ TEST(GivenValues, MayHaveEitherLineEndAndBlankLines)
 TEST(GivenValues, KnowTheirLine)
 {
     GivenStudy study(threeRows);
-    study.machine.files.contents["/work/InputValues.txt"] = "depth  3\n\nx  1\nx y  2\n";
+    study.machine.files.contents["/study/InputValues.txt"] = "depth  3\n\nx  1\nx y  2\n";
 
     const std::vector<GivenValue> values =
         readValues(study.machine.system, study.inputs, study.problems);
@@ -203,7 +203,7 @@ TEST(GivenValues, OfAFileThatIsNotThereAreTold)
 
     EXPECT_THAT(readValues(study.machine.system, study.inputs, study.problems), SizeIs(3));
     EXPECT_EQ(study.problems.text(),
-              "InputValues.txt: the file is not in the folder /work/; let the optimiser write it, "
+              "InputValues.txt: the file is not in the folder /study/; let the optimiser write it, "
               "or press \"Apply\" in the form again\n");
 }
 
@@ -266,10 +266,10 @@ TEST(GivenFunctions, OfAnotherApplyAreLeftOutAndThatIsSaid)
 {
     const std::string block = "Function Definition\n 3 \nt\n 0\n";
     GivenStudy study({});
-    study.machine.files.contents["/work/CAEInput.txt"] = "";
-    study.machine.files.times["/work/CAEInput.txt"] = 1000;
+    study.machine.files.contents["/study/CAEInput.txt"] = "";
+    study.machine.files.times["/study/CAEInput.txt"] = 1000;
     const auto readAt = [&](std::int64_t time) {
-        study.machine.files.times["/work/FunctionsInputvalues.txt"] = time;
+        study.machine.files.times["/study/FunctionsInputvalues.txt"] = time;
         return study.readPoints(block);
     };
 
@@ -280,7 +280,7 @@ TEST(GivenFunctions, OfAnotherApplyAreLeftOutAndThatIsSaid)
     EXPECT_EQ(readAt(997).remark,
               "FunctionsInputvalues.txt is older than CAEInput.txt and left out: it is of another "
               "\"Apply\". Remove it, or press \"Apply\" in the form again");
-    study.machine.files.times["/work/FunctionsInputvalues.txt"] = 1;
+    study.machine.files.times["/study/FunctionsInputvalues.txt"] = 1;
     EXPECT_EQ(study.readPoints("").remark, "");
     EXPECT_EQ(study.problems.text(), "");
 }
